@@ -1,0 +1,77 @@
+// Port: the controls of the program's forms. A form's controls exist as long as the form object;
+// while the form is not loaded, reading them gives empty values and writing is forgotten.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Text.h"
+
+namespace tellwick {
+
+class Control {
+public:
+    virtual ~Control() = default;
+    virtual bool Enabled() const = 0;
+    virtual void SetEnabled(bool enabled) = 0;
+    virtual bool Visible() const = 0;
+    virtual void SetVisible(bool visible) = 0;
+    virtual void SetFocus() = 0;
+    virtual bool HasFocus() const = 0;
+    // Caption of labels, buttons, check boxes and frames, with "&" before the mnemonic; other
+    // controls have none. A tool tip of "" is none.
+    virtual Text Caption() const = 0;
+    virtual void SetCaption(TextView caption) = 0;
+    virtual void SetToolTip(TextView text) = 0;
+};
+
+class CheckBox : public virtual Control {
+public:
+    virtual bool Checked() const = 0;
+    virtual void SetChecked(bool checked) = 0;
+};
+
+// A text with a caret. Positions count UTF-16 code units from 0; a line break counts two.
+// Setting a different text puts the caret at 0 and raises the change event before it returns.
+class TextBox : public virtual Control {
+public:
+    virtual Text GetText() const = 0;
+    virtual void SetText(TextView text) = 0;
+    virtual std::int32_t SelectionStart() const = 0;
+    virtual std::int32_t SelectionLength() const = 0;
+    // Out-of-range values are brought into range.
+    virtual void Select(std::int32_t start, std::int32_t length) = 0;
+    // Replaces the selection (inserts at the caret when it is empty), leaves the caret behind the
+    // new text and raises the change event.
+    virtual void ReplaceSelection(TextView text) = 0;
+};
+
+// Items count from 0; an index of -1 is none.
+class ItemList : public virtual Control {
+public:
+    virtual void Clear() = 0;
+    virtual void Add(TextView item) = 0;
+    virtual std::int32_t Count() const = 0;
+    virtual Text Item(std::int32_t index) const = 0;
+    virtual std::int32_t SelectedIndex() const = 0;
+    // Raises no event. In a combo box the item's text goes to the edit field.
+    virtual void SetSelectedIndex(std::int32_t index) = 0;
+};
+
+class ListBox : public virtual ItemList {};
+
+// A drop-down list with an edit field. Clearing the list keeps the text of the edit field.
+class ComboBox : public virtual ItemList, public virtual TextBox {};
+
+class ProgressBar : public virtual Control {
+public:
+    // 0 to 100.
+    virtual void SetValue(std::int32_t percent) = 0;
+};
+
+class StatusBar : public virtual Control {
+public:
+    virtual Text GetText() const = 0;
+    virtual void SetText(TextView text) = 0;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,27 @@
+// Port: the system's ANSI code page and the user's locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Text.h"
+
+namespace tellwick {
+
+class Locale {
+public:
+    virtual ~Locale() = default;
+
+    // The one conversion between the program's text and the bytes of files. A character that the
+    // code page lacks becomes "?" (or the system's nearest one).
+    virtual Text FromAnsi(std::string_view bytes) = 0;
+    virtual std::string ToAnsi(TextView text) = 0;
+
+    // A locale's information of the given type, as many characters as the system counts (its
+    // count includes the closing NUL). Empty optional when the system knows none.
+    virtual std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) = 0;
+};
+
+}  // namespace tellwick

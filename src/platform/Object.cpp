@@ -1,0 +1,63 @@
+#include "platform/Object.h"
+
+namespace tellwick {
+
+namespace {
+
+bool IsSet(PendingError& errors, const ObjectPtr& object) {
+    if (object) return true;
+    errors.Note(error::ObjectNotSet, u"Object variable or With block variable not set");
+    return false;
+}
+
+}  // namespace
+
+Text TypeName(const ObjectPtr& object) {
+    return object ? object->TypeName() : Text(u"Nothing");
+}
+
+Value Get(PendingError& errors, const ObjectPtr& object, TextView member,
+          const std::vector<Value>& arguments) {
+    return IsSet(errors, object) ? object->Get(member, arguments) : Value();
+}
+
+void Put(PendingError& errors, const ObjectPtr& object, TextView member, const Value& value) {
+    if (IsSet(errors, object)) object->Put(member, value);
+}
+
+Value Call(PendingError& errors, const ObjectPtr& object, TextView member,
+           const std::vector<Value>& arguments, const std::vector<NamedValue>& named) {
+    return IsSet(errors, object) ? object->Call(member, arguments, named) : Value();
+}
+
+Text AsText(const Value& value) {
+    if (const auto* text = std::get_if<Text>(&value)) return *text;
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return NumberText(*number);
+    if (const auto* number = std::get_if<double>(&value)) return NumberText(std::int64_t(*number));
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth ? u"True" : u"False";
+    return {};
+}
+
+std::int32_t AsNumber(const Value& value) {
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
+    if (const auto* number = std::get_if<double>(&value)) {
+        return *number > -2147483648.0 && *number < 2147483648.0 ? std::int32_t(*number) : 0;
+    }
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth ? -1 : 0;
+    if (const auto* text = std::get_if<Text>(&value)) return LeadingNumber32(*text);
+    return 0;
+}
+
+bool AsBoolean(const Value& value) {
+    if (const auto* text = std::get_if<Text>(&value)) {
+        return EqualFolded(*text, u"True") || LeadingNumber(*text) != 0;
+    }
+    return AsNumber(value) != 0;
+}
+
+ObjectPtr AsObject(const Value& value) {
+    const auto* object = std::get_if<ObjectPtr>(&value);
+    return object ? *object : nullptr;
+}
+
+}  // namespace tellwick

@@ -1,0 +1,41 @@
+// Port: the system's registry.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/Text.h"
+
+namespace tellwick {
+
+// The predefined root handles, by their system values.
+enum class Hive : std::uint32_t {
+    ClassesRoot = 0x80000000,
+    CurrentUser = 0x80000001,
+    LocalMachine = 0x80000002,
+};
+
+enum class RegistryType : std::uint32_t { String = 1, ExpandString = 2, Number = 4 };
+
+// Key paths are relative to the hive, without a leading "\". A value name of "" is the key's
+// default value. No function notes a pending error: the caller decides from the result.
+class Registry {
+public:
+    virtual ~Registry() = default;
+
+    // The value as text: strings without their terminating NUL, 32-bit numbers in (unsigned)
+    // decimal. Empty optional when key or value is missing, cannot be read, or has another type.
+    virtual std::optional<Text> Read(Hive hive, TextView key, TextView name) = 0;
+
+    // Creates the key with its missing levels, then writes. False when either fails.
+    virtual bool WriteString(Hive hive, TextView key, TextView name, TextView value) = 0;
+    virtual bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) = 0;
+
+    // False when there is nothing to delete or it cannot be deleted.
+    virtual bool DeleteValue(Hive hive, TextView key, TextView name) = 0;
+
+    // Deletes the sub-key (with its values) of key; sub-keys below it make it fail, as on NT.
+    virtual bool DeleteKey(Hive hive, TextView key, TextView subkey) = 0;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,97 @@
+// The trace: every procedure reports its entry and exit here; when tracing is on, each record
+// becomes a line of the trace file (or, in registry mode, the one record kept in the registry).
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Locale.h"
+#include "platform/PendingError.h"
+#include "platform/Programs.h"
+#include "platform/Text.h"
+
+namespace tellwick {
+
+class InifilesLite;
+class LanguageTexts;
+class Paths;
+class QuestionBox;
+class RegEdit;
+
+// Levels of DebugTrace; any other number is a checkpoint inside the procedure.
+namespace trace {
+inline constexpr std::int32_t Enter = 0;
+inline constexpr std::int32_t Exit = 999;
+inline constexpr std::int32_t FreeText = -1;
+}  // namespace trace
+
+class Debug {
+public:
+    Debug(PendingError& errors, RegEdit& regEdit, InifilesLite& inifilesLite, Paths& paths,
+          LanguageTexts& language, QuestionBox& questionBox, FileSystem& fileSystem,
+          Programs& programs, Clock& clock, Locale& locale);
+
+    // Writes one record. While tracing is off and no error is pending it counts, and every 256th
+    // call looks whether tracing was switched on meanwhile. Never raises, never clears the error.
+    void DebugTrace(TextView name, std::int32_t level) {
+        if (!active && !errors.number) {
+            if ((++idleCount & 0xFF) == 0xFF) LookForSwitchOn();
+        } else {
+            Trace(name, level);
+        }
+    }
+    // Free text (level FreeText) is folded in place.
+    void DebugTrace(Text& name, std::int32_t level);
+
+    // Decides whether tracing is on, asks the user, and begins the trace file. With keyOnly it
+    // only names the registry key; with force it decides anew and does not ask.
+    void DebugInit(bool force, bool keyOnly);
+
+    bool Active() const { return active; }
+    std::int32_t Mode() const { return mode; }
+
+    // The pending error of the procedure that runs now.
+    PendingError& Errors() { return errors; }
+
+private:
+    void LookForSwitchOn();
+    void Trace(TextView name, std::int32_t level);
+
+    bool active = false;
+    std::int32_t mode = 0;
+    std::uint32_t idleCount = 0;
+    Text traceFile;
+    Text indent;
+    Text addInKey;
+
+    PendingError& errors;
+    RegEdit& regEdit;
+    InifilesLite& inifilesLite;
+    Paths& paths;
+    LanguageTexts& language;
+    QuestionBox& questionBox;
+    FileSystem& fileSystem;
+    Programs& programs;
+    Clock& clock;
+    Locale& locale;
+};
+
+// First line of every traced procedure: clears the pending error and writes the entry record; the
+// exit record follows when the procedure is left, with the error that is pending then.
+class Procedure {
+public:
+    Procedure(Debug& debug, TextView name) : debug(debug), name(name) {
+        debug.Errors().Clear();
+        debug.DebugTrace(name, trace::Enter);
+    }
+    ~Procedure() { debug.DebugTrace(name, trace::Exit); }
+    Procedure(const Procedure&) = delete;
+    Procedure& operator=(const Procedure&) = delete;
+
+private:
+    Debug& debug;
+    TextView name;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,49 @@
+// Message boxes: the one wrapper for all of them, and the numbered messages whose texts live in
+// the language file.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Dialogs.h"
+#include "platform/Text.h"
+
+namespace tellwick {
+
+class Debug;
+class InifilesLite;
+class LanguageTexts;
+
+class QuestionBox {
+public:
+    // Style bits of the program's own, which the system's box never sees.
+    static constexpr std::uint32_t RememberedAnswer = 0x90000000;
+    static constexpr std::uint32_t AffirmativeIsOne = 0x80;
+
+    QuestionBox(Debug& debug, LanguageTexts& language, InifilesLite& inifilesLite,
+                Dialogs& dialogs);
+
+    // Shows the part of the message before its first "|". An empty title becomes the
+    // application's and is handed back.
+    Answer MsgBoxEx(TextView message, std::uint32_t flags, Text& title);
+    Answer MsgBoxEx(TextView message, std::uint32_t flags);
+
+    // Shows text "Msg" + number of section "Messages", every occurrence of the placeholder
+    // replaced. With RememberedAnswer in the flags the user may have the answer remembered and is
+    // then not asked again; with AffirmativeIsOne a Yes comes back as Answer::Ok (1).
+    Answer MsgBoxMessage(std::int32_t number, std::uint32_t flags, TextView placeholder = {},
+                         TextView replacement = {}, Text title = {});
+
+    // Takes back every remembered answer.
+    void ForgetAnswers();
+
+    // A box with a text field; Cancel gives the empty text.
+    Text InputBox(TextView prompt);
+
+private:
+    Debug& debug;
+    LanguageTexts& language;
+    InifilesLite& inifilesLite;
+    Dialogs& dialogs;
+};
+
+}  // namespace tellwick
