@@ -1,5 +1,7 @@
 #include "platform/Object.h"
 
+#include <utility>
+
 namespace tellwick {
 
 namespace {
@@ -11,6 +13,22 @@ bool IsSet(PendingError& errors, const ObjectPtr& object) {
 }
 
 }  // namespace
+
+bool SunkObject::Set(PendingError& errors, const ObjectPtr& object, const EventInterface& events,
+                     EventHandler handler) {
+    if (!IsSet(errors, object)) return false;
+    SubscriptionPtr advised = object->Advise(events, std::move(handler));
+    if (!advised) return false;
+    Clear();
+    held = object;
+    subscription = std::move(advised);
+    return true;
+}
+
+void SunkObject::Clear() {
+    subscription.reset();
+    held.reset();
+}
 
 Text TypeName(const ObjectPtr& object) {
     return object ? object->TypeName() : Text(u"Nothing");

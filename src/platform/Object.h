@@ -63,6 +63,21 @@ public:
     virtual SubscriptionPtr Advise(const EventInterface& events, EventHandler handler) = 0;
 };
 
+// An object held together with its events. Setting it fails, and leaves it as it was, when the new
+// object does not offer the events.
+class SunkObject {
+public:
+    bool Set(PendingError& errors, const ObjectPtr& object, const EventInterface& events,
+             EventHandler handler);
+    void Clear();
+    explicit operator bool() const { return held != nullptr; }
+    const ObjectPtr& Reference() const { return held; }
+
+private:
+    ObjectPtr held;
+    SubscriptionPtr subscription;
+};
+
 // "Nothing" for the empty reference, else the object's own type name.
 Text TypeName(const ObjectPtr& object);
 

@@ -36,12 +36,18 @@ char16_t LowerCase(char16_t unit) {
         return In(unit, 0xC0, 0xDE) && unit != 0xD7 ? char16_t(unit + 32) : unit;
     }
     switch (unit) {
-        case 0x0130: return u'i';
-        case 0x0178: return 0x00FF;
-        case 0x0386: return 0x03AC;
-        case 0x038C: return 0x03CC;
-        case 0x1E9E: return 0x00DF;
-        default: break;
+        case 0x0130:
+            return u'i';
+        case 0x0178:
+            return 0x00FF;
+        case 0x0386:
+            return 0x03AC;
+        case 0x038C:
+            return 0x03CC;
+        case 0x1E9E:
+            return 0x00DF;
+        default:
+            break;
     }
     if (In(unit, 0x0388, 0x038A)) return char16_t(unit + 37);
     if (In(unit, 0x038E, 0x038F)) return char16_t(unit + 63);
@@ -67,10 +73,9 @@ bool EqualFolded(TextView left, TextView right) {
 
 std::size_t FindFolded(TextView text, TextView what, std::size_t start) {
     if (start > text.size()) return TextView::npos;
-    const auto found = std::search(text.begin() + std::ptrdiff_t(start), text.end(), what.begin(),
-                                   what.end(), [](char16_t a, char16_t b) {
-                                       return LowerCase(a) == LowerCase(b);
-                                   });
+    const auto found =
+        std::search(text.begin() + std::ptrdiff_t(start), text.end(), what.begin(), what.end(),
+                    [](char16_t a, char16_t b) { return LowerCase(a) == LowerCase(b); });
     if (found == text.end() && !what.empty()) return TextView::npos;
     return std::size_t(found - text.begin());
 }

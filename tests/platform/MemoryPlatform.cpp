@@ -1,0 +1,301 @@
+#include "platform/MemoryPlatform.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tellwick::test {
+
+namespace {
+
+Text ValuePath(Hive hive, TextView key, TextView name) {
+    return HexText(std::uint32_t(hive)).append(u"\\").append(key).append(u"\\").append(name);
+}
+
+Text WithoutSlash(TextView folder) {
+    return Text(folder.ends_with(u'\\') ? folder.substr(0, folder.size() - 1) : folder);
+}
+
+// Code page 1252 from 0x80 to 0x9F; the undefined bytes stand for themselves.
+constexpr std::array<char16_t, 32> Upper1252 = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+}  // namespace
+
+std::optional<Text> MemoryRegistry::Read(Hive hive, TextView key, TextView name) {
+    ++reads;
+    const auto found = values.find(ValuePath(hive, key, name));
+    if (found == values.end()) return {};
+    return found->second;
+}
+
+bool MemoryRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
+    if (failWrites) return false;
+    writes.push_back(Text(key).append(u"\\").append(name).append(u"=").append(value));
+    values[ValuePath(hive, key, name)] = value;
+    return true;
+}
+
+bool MemoryRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) {
+    return WriteString(hive, key, name, NumberText(value));
+}
+
+bool MemoryRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
+    return values.erase(ValuePath(hive, key, name)) != 0;
+}
+
+bool MemoryRegistry::DeleteKey(Hive hive, TextView key, TextView subkey) {
+    const Text path = ValuePath(hive, key, subkey) + u"\\";
+    return std::erase_if(
+               values, [&](const auto& entry) { return StartsWithFolded(entry.first, path); }) != 0;
+}
+
+bool MemoryFileSystem::Exists(TextView path) {
+    return files.contains(Text(path)) || FolderExists(path);
+}
+
+bool MemoryFileSystem::FolderExists(TextView path) {
+    return folders.contains(WithoutSlash(path));
+}
+
+std::int64_t MemoryFileSystem::Length(TextView path) {
+    const auto found = files.find(Text(path));
+    return found == files.end() ? -1 : std::int64_t(found->second.contents.size());
+}
+
+std::uint64_t MemoryFileSystem::ModifiedTime(TextView path) {
+    const auto found = files.find(Text(path));
+    return found == files.end() ? 0 : found->second.modified;
+}
+
+std::optional<std::string> MemoryFileSystem::Read(TextView path) {
+    ++reads;
+    const auto found = files.find(Text(path));
+    if (found != files.end()) return found->second.contents;
+    errors.Note(FolderExists(path) ? error::PathFileAccess : error::FileNotFound,
+                u"File not found");
+    return {};
+}
+
+bool MemoryFileSystem::MayWrite(TextView path) {
+    const auto found = files.find(Text(path));
+    const bool readOnly = found != files.end() && found->second.readOnly;
+    if (failWrites || readOnly || FolderExists(path)) {
+        errors.Note(error::PathFileAccess, u"Path/File access error");
+    } else if (path.empty() || !FolderExists(ParentFolderName(path))) {
+        errors.Note(error::PathNotFound, u"Path not found");
+    } else {
+        ++writes;
+        return true;
+    }
+    return false;
+}
+
+bool MemoryFileSystem::Write(TextView path, std::string_view contents, WriteMode mode) {
+    if (!MayWrite(path)) return false;
+    File& file = files[Text(path)];
+    if (mode == WriteMode::Replace) file.contents.clear();
+    file.contents.append(contents);
+    file.modified = ++time;
+    return true;
+}
+
+bool MemoryFileSystem::Swap(TextView path, std::string_view contents) {
+    return Write(path, contents, WriteMode::Replace);
+}
+
+bool MemoryFileSystem::Delete(TextView path) {
+    if (files.erase(Text(path))) return true;
+    errors.Note(error::FileNotFound, u"File not found");
+    return false;
+}
+
+bool MemoryFileSystem::CreateFolder(TextView path) {
+    const Text parent = ParentFolderName(path);
+    if (failWrites || files.contains(Text(path)) || !FolderExists(parent)) {
+        errors.Note(error::PathNotFound, u"Path not found");
+        return false;
+    }
+    folders[WithoutSlash(path)] = true;
+    return true;
+}
+
+Text MemoryFileSystem::ParentFolderName(TextView path) {
+    const Text whole = WithoutSlash(path);
+    const std::size_t slash = whole.rfind(u'\\');
+    return slash == Text::npos ? Text() : whole.substr(0, slash);
+}
+
+Text MemoryFileSystem::CreateTempFile(TextView folder, TextView prefix) {
+    const Text path = Text(folder).append(prefix) + HexText(std::uint32_t(++tempFiles)) + u".tmp";
+    files[path].modified = ++time;
+    return path;
+}
+
+Text MemoryFileSystem::ReadProfileString(TextView path, TextView section, TextView key, TextView) {
+    profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key));
+    return u"from the system";
+}
+
+bool MemoryFileSystem::WriteProfileString(TextView path, TextView section, TextView key,
+                                          std::optional<TextView> value) {
+    profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key) + u"=" +
+                           Text(value.value_or(u"(removed)")));
+    return true;
+}
+
+std::vector<std::uint32_t> MemoryPrograms::ProcessIdentifiers(std::size_t) {
+    std::vector<std::uint32_t> identifiers;
+    for (std::uint32_t process = 0; process < paths.size(); ++process) {
+        identifiers.push_back(process);
+    }
+    return identifiers;
+}
+
+Text MemoryPrograms::FirstModulePath(std::uint32_t process) {
+    return paths.at(process);
+}
+
+bool MemoryPrograms::Start(TextView application, TextView startLine, WindowStyle style) {
+    if (failStart) {
+        errors.Note(error::FileNotFound, u"File not found");
+        return false;
+    }
+    started.push_back({Text(application), Text(startLine), style});
+    return true;
+}
+
+bool MemoryPrograms::OpenAssociated(TextView document) {
+    opened.emplace_back(document);
+    return !failStart;
+}
+
+Answer MemoryDialogs::Next(std::uint32_t flags) {
+    if (answers.empty()) return (flags & box::ButtonMask) == box::YesNo ? Answer::Yes : Answer::Ok;
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+Answer MemoryDialogs::MessageBox(TextView text, std::uint32_t flags, TextView title) {
+    shown.push_back({Text(text), flags, Text(title), {}});
+    return Next(flags);
+}
+
+Answer MemoryDialogs::CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+                                        TextView title, TextView checkBoxText, bool& checked) {
+    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText)});
+    checked = check;
+    return Next(buttons);
+}
+
+Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView, TextView) {
+    shown.push_back({Text(prompt), 0, Text(title), {}});
+    if (inputs.empty()) return {};
+    const Text input = inputs.front();
+    inputs.pop_front();
+    return input;
+}
+
+Text MemoryLocale::FromAnsi(std::string_view bytes) {
+    Text text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        text += code >= 0x80 && code < 0xA0 ? Upper1252[code - 0x80u] : char16_t(code);
+    }
+    return text;
+}
+
+std::string MemoryLocale::ToAnsi(TextView text) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+        const auto upper = std::find(Upper1252.begin(), Upper1252.end(), unit);
+        if (upper != Upper1252.end()) {
+            bytes += char(0x80 + (upper - Upper1252.begin()));
+        } else {
+            bytes += unit < 0x80 || (unit >= 0xA0 && unit < 0x100) ? char(unit) : '?';
+        }
+    }
+    return bytes;
+}
+
+std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t) {
+    const auto found = languages.find(locale);
+    if (found == languages.end()) return {};
+    return found->second;
+}
+
+ObjectPtr MemoryAutomation::Create(TextView programmaticIdentifier) {
+    const auto found = factories.find(Text(programmaticIdentifier));
+    if (found != factories.end()) return found->second();
+    errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
+    return nullptr;
+}
+
+ObjectPtr MemoryAutomation::Running(TextView programmaticIdentifier) {
+    const auto found = running.find(Text(programmaticIdentifier));
+    if (found != running.end()) return found->second;
+    errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
+    return nullptr;
+}
+
+namespace {
+
+struct MemoryPicture : Object {
+    explicit MemoryPicture(BitmapHandle bitmap) : bitmap(bitmap) {}
+    Value Get(TextView, const std::vector<Value>&) override { return {}; }
+    void Put(TextView, const Value&) override {}
+    Value Call(TextView, const std::vector<Value>&, const std::vector<NamedValue>&) override {
+        return {};
+    }
+    Text TypeName() override { return u"Picture"; }
+    SubscriptionPtr Advise(const EventInterface&, EventHandler) override { return nullptr; }
+    BitmapHandle bitmap;
+};
+
+}  // namespace
+
+BitmapHandle MemoryBitmaps::CreateMapped(std::int32_t resource, SystemColour lightGrey) {
+    return BitmapHandle(resource + (lightGrey == SystemColour::Number0 ? 2000 : 3000));
+}
+
+ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {
+    return std::make_shared<MemoryPicture>(bitmap);
+}
+
+BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {
+    const auto memoryPicture = std::dynamic_pointer_cast<MemoryPicture>(picture);
+    return memoryPicture ? memoryPicture->bitmap : 0;
+}
+
+class MemoryTimer : public Timer {
+public:
+    explicit MemoryTimer(MemoryTimers& owner) : owner(owner) { owner.timers.push_back(this); }
+    ~MemoryTimer() override { std::erase(owner.timers, this); }
+    void Start(std::uint32_t, std::function<void()> newTick) override { tick = std::move(newTick); }
+    void Stop() override { tick = nullptr; }
+
+    std::function<void()> tick;
+
+private:
+    MemoryTimers& owner;
+};
+
+std::unique_ptr<Timer> MemoryTimers::Create() {
+    return std::make_unique<MemoryTimer>(*this);
+}
+
+int MemoryTimers::Tick() {
+    int ticked = 0;
+    for (MemoryTimer* timer : std::vector<MemoryTimer*>(timers)) {
+        if (std::find(timers.begin(), timers.end(), timer) == timers.end()) continue;
+        if (const auto tick = timer->tick) {
+            tick();
+            ++ticked;
+        }
+    }
+    return ticked;
+}
+
+}  // namespace tellwick::test

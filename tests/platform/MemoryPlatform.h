@@ -1,0 +1,222 @@
+// The add-in's surroundings in memory: one implementation of every port, open for tests to look
+// into and to make fail.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace tellwick::test {
+
+// Names of files, keys and values: letter case is ignored.
+struct FoldedLess {
+    bool operator()(const Text& left, const Text& right) const {
+        return LowerCase(left) < LowerCase(right);
+    }
+};
+
+class MemoryRegistry : public Registry {
+public:
+    std::optional<Text> Read(Hive hive, TextView key, TextView name) override;
+    bool WriteString(Hive hive, TextView key, TextView name, TextView value) override;
+    bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) override;
+    bool DeleteValue(Hive hive, TextView key, TextView name) override;
+    bool DeleteKey(Hive hive, TextView key, TextView subkey) override;
+
+    // Hive, key and name in one text, "80000001\Software\...\name".
+    std::map<Text, Text, FoldedLess> values;
+    std::vector<Text> writes;  // key, name and value of every write, "key\name=value"
+    bool failWrites = false;
+    int reads = 0;
+};
+
+class MemoryFileSystem : public FileSystem {
+public:
+    explicit MemoryFileSystem(PendingError& errors) : errors(errors) {}
+    bool Exists(TextView path) override;
+    bool FolderExists(TextView path) override;
+    std::int64_t Length(TextView path) override;
+    std::uint64_t ModifiedTime(TextView path) override;
+    std::optional<std::string> Read(TextView path) override;
+    bool Write(TextView path, std::string_view contents, WriteMode mode) override;
+    bool Swap(TextView path, std::string_view contents) override;
+    bool Delete(TextView path) override;
+    bool CreateFolder(TextView path) override;
+    Text ParentFolderName(TextView path) override;
+    Text TempFolder() override { return u"C:\\Temp\\"; }
+    Text CreateTempFile(TextView folder, TextView prefix) override;
+    Text ReadProfileString(TextView path, TextView section, TextView key,
+                           TextView defaultValue) override;
+    bool WriteProfileString(TextView path, TextView section, TextView key,
+                            std::optional<TextView> value) override;
+
+    struct File {
+        std::string contents;
+        std::uint64_t modified = 0;
+        bool readOnly = false;
+    };
+    std::map<Text, File, FoldedLess> files;
+    std::map<Text, bool, FoldedLess> folders{
+        {u"C:", true}, {u"C:\\Temp", true}, {u"C:\\Program", true}, {u"C:\\Data", true}};
+    bool failWrites = false;
+    int reads = 0;
+    int writes = 0;
+    std::vector<Text> profileCalls;  // path, section and key of every profile call
+
+private:
+    bool MayWrite(TextView path);
+
+    PendingError& errors;
+    std::uint64_t time = 0;
+    int tempFiles = 0;
+};
+
+class MemoryPrograms : public Programs {
+public:
+    explicit MemoryPrograms(PendingError& errors) : errors(errors) {}
+    Text LibraryFolder() override { return u"C:\\Program\\"; }
+    Text CommandLine() override { return commandLine; }
+    std::int32_t PlatformId() override { return platformId; }
+    std::vector<Text> SnapshotNames() override { return snapshot; }
+    std::vector<std::uint32_t> ProcessIdentifiers(std::size_t entries) override;
+    Text FirstModulePath(std::uint32_t process) override;
+    bool Start(TextView application, TextView startLine, WindowStyle style) override;
+    bool OpenAssociated(TextView document) override;
+
+    struct Started {
+        Text application;
+        Text commandLine;
+        WindowStyle style;
+    };
+    Text commandLine;
+    std::int32_t platformId = 2;
+    std::vector<Text> snapshot;
+    std::vector<Text> paths;  // of the first module of each process
+    std::vector<Started> started;
+    std::vector<Text> opened;
+    bool failStart = false;
+
+private:
+    PendingError& errors;
+};
+
+class MemoryMessageLoop : public MessageLoop {
+public:
+    void DoEvents() override {
+        if (onDoEvents) onDoEvents();
+    }
+    void Sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
+    bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
+              std::uint64_t second) override {
+        posted.push_back({window, message, first, second});
+        return true;
+    }
+
+    struct Posted {
+        std::uint64_t window;
+        std::uint32_t message;
+        std::uint64_t first, second;
+        bool operator==(const Posted&) const = default;
+    };
+    std::function<void()> onDoEvents;
+    std::uint32_t slept = 0;  // milliseconds
+    std::vector<Posted> posted;
+};
+
+// Answers come from the queue; with none left, a box is answered with its first button.
+class MemoryDialogs : public Dialogs {
+public:
+    Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
+    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+                             TextView title, TextView checkBoxText, bool& checked) override;
+    Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
+                  TextView cancelText) override;
+
+    struct Shown {
+        Text text;
+        std::uint32_t flags;
+        Text title;
+        Text checkBoxText;
+    };
+    std::vector<Shown> shown;
+    std::deque<Answer> answers;
+    std::deque<Text> inputs;
+    bool check = false;  // the user ticks the check box
+
+private:
+    Answer Next(std::uint32_t flags);
+};
+
+class MemoryClock : public Clock {
+public:
+    float SecondsSinceMidnight() override { return seconds; }
+    float seconds = 0;
+};
+
+// Code page 1252.
+class MemoryLocale : public Locale {
+public:
+    Text FromAnsi(std::string_view bytes) override;
+    std::string ToAnsi(TextView text) override;
+    std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
+    std::map<std::uint32_t, Text> languages;  // by locale, as the system returns them
+};
+
+class MemoryAutomation : public Automation {
+public:
+    explicit MemoryAutomation(PendingError& errors) : errors(errors) {}
+    ObjectPtr Create(TextView programmaticIdentifier) override;
+    ObjectPtr Running(TextView programmaticIdentifier) override;
+    std::map<Text, std::function<ObjectPtr()>> factories;
+    std::map<Text, ObjectPtr> running;
+
+private:
+    PendingError& errors;
+};
+
+// Bitmaps are numbers: 1000 + resource, or 2000 + resource when light grey was replaced by the
+// system colour 0, 3000 + resource by another one. Pictures remember theirs.
+class MemoryBitmaps : public Bitmaps {
+public:
+    BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
+    BitmapHandle Load(std::int32_t resource) override { return BitmapHandle(1000 + resource); }
+    ObjectPtr CreatePicture(BitmapHandle bitmap) override;
+    void ClearClipboard() override { clipboard = 0; }
+    void PutOnClipboard(const ObjectPtr& picture) override { clipboard = BitmapOf(picture); }
+    static BitmapHandle BitmapOf(const ObjectPtr& picture);
+    BitmapHandle clipboard = 0;
+};
+
+// Ticks by hand.
+class MemoryTimers : public Timers {
+public:
+    std::unique_ptr<Timer> Create() override;
+    // Lets every running timer tick once; the number of those that did.
+    int Tick();
+    std::vector<class MemoryTimer*> timers;
+};
+
+struct MemoryPlatform {
+    PendingError errors;
+    MemoryRegistry registry;
+    MemoryFileSystem fileSystem{errors};
+    MemoryPrograms programs{errors};
+    MemoryMessageLoop messageLoop;
+    MemoryDialogs dialogs;
+    MemoryClock clock;
+    MemoryLocale locale;
+    MemoryAutomation automation{errors};
+    MemoryBitmaps bitmaps;
+    MemoryTimers timers;
+
+    Platform Ports() {
+        return {errors, registry, fileSystem, programs, messageLoop, dialogs,
+                clock,  locale,   automation, bitmaps,  timers};
+    }
+};
+
+}  // namespace tellwick::test
