@@ -1,0 +1,26 @@
+# Shared by the steps of `run`; sourced, not run.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+tools=$root/tools
+build=$root/build
+# Outside the checkout, so that every clone of one user shares it.
+wine32Root=${XDG_CACHE_HOME:-$HOME/.cache}/tellwick/wine32-root
+
+say() { printf '== %s\n' "$*"; }
+fail() { printf 'error: %s\n' "$*" >&2 && exit 1; }
+
+# Configures and builds the named presets.
+buildPresets() {
+    if command -v ccache >/dev/null; then
+        export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+    fi
+    local preset
+    for preset in "$@"; do
+        say "build $preset"
+        (cd "$root" && cmake --preset "$preset" >"$build/$preset-configure.log" 2>&1) ||
+            { cat "$build/$preset-configure.log" && fail "configuring $preset failed"; }
+        (cd "$root" && cmake --build --preset "$preset" -- --quiet) || fail "building $preset failed"
+    done
+}
+mkdir -p "$build"
