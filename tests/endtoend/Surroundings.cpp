@@ -1,11 +1,29 @@
+// What every other case takes for granted of the machine and of the hands and eyes used here.
 #include <doctest.h>
-#include <windows.h>
 
-// The surroundings that every other case takes for granted.
-TEST_CASE("a window can be made and the code page is Western European") {
-    HWND window = CreateWindowW(L"EDIT", L"x", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200,
-                                nullptr, nullptr, nullptr, nullptr);
-    CHECK(window != nullptr);
+#include "endtoend/Desktop.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+TEST_CASE("a window of another process is found, typed into and read") {
     CHECK(GetACP() == 1252);
-    DestroyWindow(window);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    wchar_t commandLine[] = L"notepad";
+    REQUIRE(CreateProcessW(nullptr, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                           &startup, &process));
+    const HWND notepad = WaitForWindow(L"Notepad", 20000);
+    REQUIRE(notepad != nullptr);
+    const HWND edit = FindByClass(notepad, L"Edit");
+    Click(edit);
+    CHECK(WaitUntil([&] { return Focus() == edit; }));
+    Type(L"Gr\u00fc\u00dfe, 5;\nA_b");
+    CHECK(WaitUntil([&] { return TextOf(edit).ends_with(L"b"); }));
+    CHECK(TextOf(edit) == L"Gr\u00fc\u00dfe, 5;\r\nA_b");
+    TerminateProcess(process.hProcess, 0);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
 }

@@ -1,0 +1,172 @@
+#include "endtoend/Machine.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+
+#include <doctest.h>
+#include <fstream>
+#include <iterator>
+
+namespace tellwick::endtoend {
+
+namespace {
+
+constexpr wchar_t Classes[] = L"Software\\Classes\\";
+constexpr wchar_t ProgId[] = L"TellwickOutlookAddIn.Connect";
+
+std::wstring Folder(int id) {
+    wchar_t path[MAX_PATH]{};
+    SHGetFolderPathW(nullptr, id, nullptr, SHGFP_TYPE_CURRENT, path);
+    return std::wstring(path) + L"\\";
+}
+
+std::wstring TemporaryFolder() {
+    wchar_t path[MAX_PATH]{};
+    GetTempPathW(MAX_PATH, path);
+    return path;
+}
+
+void DeleteFiles(const std::wstring& folder, const std::wstring& pattern) {
+    WIN32_FIND_DATAW found;
+    HANDLE search = FindFirstFileW((folder + pattern).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        const std::wstring path = folder + found.cFileName;
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        DeleteFileW(path.c_str());
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+}
+
+void CopyFiles(const std::wstring& from, const std::wstring& pattern, const std::wstring& to) {
+    CreateDirectoryW(to.c_str(), nullptr);
+    WIN32_FIND_DATAW found;
+    HANDLE search = FindFirstFileW((from + pattern).c_str(), &found);
+    REQUIRE_MESSAGE(search != INVALID_HANDLE_VALUE, "nothing to install");
+    do {
+        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            REQUIRE(CopyFileW((from + found.cFileName).c_str(), (to + found.cFileName).c_str(), FALSE));
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+}
+
+// The classes that the library registers for the user: its ProgID and its CLSID.
+std::vector<std::wstring> RegisteredClasses() {
+    std::vector<std::wstring> classes{ProgId};
+    if (const auto clsid = ReadText(Classes + std::wstring(ProgId) + L"\\CLSID", L""))
+        classes.push_back(L"CLSID\\" + *clsid);
+    return classes;
+}
+
+}  // namespace
+
+std::wstring ProgramsFolder() {
+    wchar_t path[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring file = path;
+    return file.substr(0, file.rfind(L'\\') + 1);
+}
+
+std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name) {
+    wchar_t text[4096]{};
+    DWORD bytes = sizeof text - sizeof *text;
+    DWORD type = 0;
+    HKEY handle;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &handle)) return {};
+    const LSTATUS status =
+        RegQueryValueExW(handle, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text), &bytes);
+    RegCloseKey(handle);
+    if (status || type != REG_SZ) return {};
+    return text;
+}
+
+std::optional<DWORD> ReadNumber(const std::wstring& key, const std::wstring& name) {
+    DWORD value = 0;
+    DWORD bytes = sizeof value;
+    DWORD type = 0;
+    if (SHGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), &type, &value, &bytes) ||
+        type != REG_DWORD)
+        return {};
+    return value;
+}
+
+void WriteText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+    SHSetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), REG_SZ, text.c_str(),
+                static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+void DeleteKey(const std::wstring& key) { SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str()); }
+
+bool KeyExists(HKEY hive, const std::wstring& key) {
+    HKEY handle;
+    if (RegOpenKeyExW(hive, key.c_str(), 0, KEY_READ, &handle)) return false;
+    RegCloseKey(handle);
+    return true;
+}
+
+bool FileExists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string ReadBytes(const std::wstring& path) {
+    std::ifstream file(path.c_str(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void WriteBytes(const std::wstring& path, const std::string& bytes) {
+    std::ofstream(path.c_str(), std::ios::binary) << bytes;
+}
+
+Finished Run(const std::wstring& commandLine) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    std::wstring line = commandLine;
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process))
+        return {GetLastError(), false};
+    Finished finished{0, WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0};
+    GetExitCodeProcess(process.hProcess, &finished.exitCode);
+    if (!finished.inTime) TerminateProcess(process.hProcess, 1);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return finished;
+}
+
+Machine::Machine() : programFolder(L"C:\\Tellwick for Outlook\\") {
+    DeleteKey(RootKey);
+    DeleteFiles(TemporaryFolder(), L"sms*.tmp");
+    DeleteFiles(SettingsFolder(), L"*");
+    DeleteFiles(programFolder, L"*");
+    CopyFiles(ProgramsFolder(), L"TellwickOutlookAddIn.dll", programFolder);
+    CopyFiles(ProgramsFolder(), L"Tellwick.exe", programFolder);
+    CopyFiles(ProgramsFolder() + L"lang\\", L"*.lng", programFolder + L"lang\\");
+    Register();
+}
+
+Machine::~Machine() { Unregister(); }
+
+std::wstring Machine::SettingsFolder() const { return Folder(CSIDL_APPDATA) + L"Tellwick\\"; }
+
+void Machine::Register() {
+    const auto done = Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
+    REQUIRE(done.inTime);
+    REQUIRE(done.exitCode == 0);
+    // Wine looks for classes in the machine's part of the registry only.
+    for (const std::wstring& name : RegisteredClasses()) {
+        HKEY copy;
+        REQUIRE(!RegCreateKeyW(HKEY_LOCAL_MACHINE, (Classes + name).c_str(), &copy));
+        SHCopyKeyW(HKEY_CURRENT_USER, (Classes + name).c_str(), copy, 0);
+        RegCloseKey(copy);
+    }
+}
+
+void Machine::Unregister() {
+    for (const std::wstring& name : RegisteredClasses())
+        SHDeleteKeyW(HKEY_LOCAL_MACHINE, (Classes + name).c_str());
+    const auto done = Run(L"regsvr32 /u /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
+    CHECK(done.inTime);
+    CHECK(done.exitCode == 0);
+}
+
+}  // namespace tellwick::endtoend
