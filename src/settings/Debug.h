@@ -38,14 +38,15 @@ public:
         if (!active && !errors.number) {
             if ((++idleCount & 0xFF) == 0xFF) LookForSwitchOn();
         } else {
-            Trace(name, level);
+            TraceCopy(name, level);
         }
     }
-    // Free text (level FreeText) is folded in place.
+    // The same; while tracing is on, a free text has its German letters folded in place.
     void DebugTrace(Text& name, std::int32_t level);
 
     // Decides whether tracing is on, asks the user, and begins the trace file. With keyOnly it
-    // only names the registry key; with force it decides anew and does not ask.
+    // only switches off and names the registry key. With force it decides anew although a trace
+    // file is named already, and takes the question of a first switch-on as answered with OK.
     void DebugInit(bool force, bool keyOnly);
 
     bool Active() const { return active; }
@@ -56,10 +57,19 @@ public:
 
 private:
     void LookForSwitchOn();
-    void Trace(TextView name, std::int32_t level);
+    void TraceCopy(TextView name, std::int32_t level);
+    void Trace(Text& name, std::int32_t level);
+    void Record(const PendingError& pending, Text& name, std::int32_t level);
+    bool AskFirstSwitchOn(bool force);
+    void AskWhetherToStayOn();
+    void StartFile();
+    void CheckVirusScanner();
+    Text MessageText(TextView key);
 
     bool active = false;
     std::int32_t mode = 0;
+    bool timeStamps = false;  // split off the mode
+    bool silent = false;      // records are dropped: one is being written, or a text looked up
     std::uint32_t idleCount = 0;
     Text traceFile;
     Text indent;

@@ -24,21 +24,28 @@ public:
     // Locates all settings files and loads the language. Until then reads yield their defaults.
     void GetIniFile();
 
+    // Whether GetIniFile has run, or runs now.
+    bool Located() const { return located; }
+
     // The settings folder for a storage kind, ending in "\"; empty when the user gave up.
     Text GetIniFilename_(std::int32_t kind);
 
-    // A missing or empty entry yields the default. Never raises.
+    // A missing or empty entry yields the default. Never raises. Flags other than 0 look first
+    // whether another program changed the settings file; else what is in memory answers.
     Text GetIniSetting(TextView section, TextView key, TextView defaultValue = {},
                        bool registryFallback = false, std::int16_t flags = 0);
+    // 0 when the value begins with no number, or with one beyond 32 bits.
     std::int32_t GetIniSettingNum(TextView section, TextView key, TextView defaultValue = {},
                                   std::int16_t flags = 0);
+    // Whether the value begins with a number other than 0.
     bool GetIniSettingBool(TextView section, TextView key, TextView defaultValue = {},
                            std::int16_t flags = 0);
     // Reads the base file even while a profile is in use.
     Text GetBaseIniSetting(TextView section, TextView key, TextView defaultValue = {},
                            bool registryFallback = false, std::int16_t flags = 0);
 
-    // False when the value could not be written.
+    // False when the value could not be written. An empty value removes the entry. The flags have
+    // no meaning for writing.
     bool SetIniSetting(TextView section, TextView key, TextView value, std::int16_t flags = 0);
     bool SetIniSetting(TextView section, TextView key, std::int16_t value, std::int16_t flags = 0);
     bool SetIniSetting(TextView section, TextView key, std::int32_t value, std::int16_t flags = 0);
@@ -47,10 +54,42 @@ public:
                                std::int16_t flags = 0);
 
     // A phone model's setting, with the inheritance of "SameAs".
-    Text GetMobileSetting(TextView section, TextView key, TextView defaultValue,
-                          bool userFileFirst, std::int16_t flags, bool ignoreUserFile);
+    Text GetMobileSetting(TextView section, TextView key, TextView defaultValue, bool userFileFirst,
+                          std::int16_t flags, bool ignoreUserFile);
+    // Whether the last phone-model read followed at least one "SameAs".
+    bool ModelInherited() const { return modelInherited; }
+
+    // Full paths; empty before GetIniFile has run. ConfigFile stays empty when there is none.
+    const Text& BaseFile() const { return baseFile; }
+    const Text& CurrentFile() const { return currentFile; }
+    const Text& ConfigFile() const { return configFile; }
 
 private:
+    friend class SettingsBatch;
+
+    Text LocateFile(std::int32_t kind);
+    Text DefaultFolder(std::int32_t kind);
+    Text Read(const Text& file, TextView section, TextView key, TextView defaultValue,
+              bool registryFallback, std::int16_t flags);
+    bool Write(const Text& file, TextView section, TextView key, TextView value);
+    Text WalkModels(const Text& section, TextView key, std::int16_t flags);
+
+    // Where settings live: 2 the registry, 0 INI files in the user's application-data folder,
+    // anything else INI files in the program folder.
+    std::int32_t saveIn = 0;
+    Text baseFile;
+    Text currentFile;  // the profile file, or the base file
+    Text defaultsFile;
+    Text configFile;
+    Text userModelFile;      // the user's own phone models; no part of the program names one
+    Text iniFolderOverride;  // settings folder chosen by the user
+    bool profileWarned = false;
+    bool located = false;
+    Text lastModelSection;  // first section and first target of the last walk through models
+    Text lastSameAs;
+    bool modelInherited = false;
+    int batches = 0;
+
     Debug& debug;
     RegEdit& regEdit;
     IniFile& iniFile;
@@ -59,6 +98,19 @@ private:
     LanguageTexts& language;
     QuestionBox& questionBox;
     FileSystem& fileSystem;
+};
+
+// While one exists, settings are written to memory only; the end of the last one writes the file
+// once.
+class SettingsBatch {
+public:
+    explicit SettingsBatch(InifilesLite& inifilesLite);
+    ~SettingsBatch();
+    SettingsBatch(const SettingsBatch&) = delete;
+    SettingsBatch& operator=(const SettingsBatch&) = delete;
+
+private:
+    InifilesLite& inifilesLite;
 };
 
 }  // namespace tellwick

@@ -13,6 +13,9 @@ public:
     // a missing text is shown to the user.
     virtual Text GetLanguageString(TextView section, TextView key, bool warn = false) = 0;
 
+    // The same text, or the one built into the program where the language file has none.
+    virtual Text TextOrBuiltIn(TextView section, TextView key) = 0;
+
     // Chooses and loads the language file; only the first call does anything.
     virtual void LoadLanguageFile() = 0;
 };

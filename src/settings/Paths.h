@@ -18,6 +18,9 @@ public:
     // application-data folders from the shell's folder list.
     void PathsInit();
 
+    // The folder of the library; the first call initialises the paths.
+    const Text& ProgramFolder();
+
     Text programFolder;
     Text applicationData;
     Text localApplicationData;

@@ -40,6 +40,8 @@ public:
     Text InputBox(TextView prompt);
 
 private:
+    Answer AskRemembered(std::int32_t number, std::uint32_t flags, TextView text, TextView title);
+
     Debug& debug;
     LanguageTexts& language;
     InifilesLite& inifilesLite;

@@ -1,0 +1,91 @@
+#include "language/BuiltInTexts.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr BuiltInTextEntry texts[] = {
+    {u"Messages", u"Debug1",
+     u"Tellwick schreibt ein Protokoll seiner Arbeit in die Datei\r\r%f\r\rDas Protokoll hilft bei "
+     u"der Fehlersuche, macht Outlook aber langsamer.%e"},
+    {u"Messages", u"Debug2",
+     u"Tellwick schreibt ein Protokoll seiner Arbeit. Das hilft bei der Fehlersuche, macht Outlook "
+     u"aber langsamer.\r\rSoll das Protokoll eingeschaltet bleiben?"},
+    {u"Messages", u"Msg52",
+     u"Möchten Sie die Liste der zuletzt verwendeten Rufnummern wirklich löschen?"},
+    {u"Messages", u"Msg60",
+     u"Die Profildatei\r\r%f\r\rwurde nicht gefunden. Tellwick verwendet die "
+     u"Standardeinstellungen."},
+    {u"Messages", u"Msg126",
+     u"Tellwick läuft, ist aber ausgeschaltet.\r\rMöchten Sie Tellwick einschalten, damit Ihre SMS "
+     u"gesendet werden?"},
+    {u"Messages", u"Msg127",
+     u"Tellwick läuft nicht.\r\rMöchten Sie Tellwick starten, damit Ihre SMS gesendet werden?"},
+    {u"Messages", u"Msg138",
+     u"Für Ihre Sprache gibt es keine Hilfe zu %m. Es wird die englische Hilfe geöffnet."},
+    {u"Messages", u"Msg232",
+     u"Auf diesem Computer ist Kaspersky Anti-Virus installiert. Der Virenscanner kann Outlook "
+     u"stark verlangsamen, während Tellwick ein Protokoll schreibt."},
+    {u"Messages", u"DoNotAskAgain", u"Nicht mehr &nachfragen"},
+    {u"Messages", u"DoNotShowAgain", u"Diese Meldung nicht mehr &anzeigen"},
+    {u"Messages", u"OK", u"OK"},
+    {u"Messages", u"Cancel", u"Abbrechen"},
+    {u"Misc", u"Default", u"Standard"},
+    {u"FormSmsSend", u"Caption", u"Corvane - SMS erstellen"},
+    {u"FormSmsSend", u"ButtonTo", u"A&n:"},
+    {u"FormSmsSend", u"ButtonTo.ToolTip", u"Empfänger aus den Outlook-Kontakten auswählen"},
+    {u"FormSmsSend", u"FrameOptions", u"Optionen"},
+    {u"FormSmsSend", u"CheckFlash", u"Fl&ash SMS"},
+    {u"FormSmsSend", u"CheckFlash.ToolTip",
+     u"Die SMS erscheint beim Empfänger sofort auf dem Display"},
+    {u"FormSmsSend", u"CheckLong", u"Lange SMS &verketten"},
+    {u"FormSmsSend", u"CheckLong.ToolTip",
+     u"Das Telefon des Empfängers setzt die Teile einer langen SMS wieder zusammen"},
+    {u"FormSmsSend", u"FrameTextbausteine", u"Textbausteine"},
+    {u"FormSmsSend", u"ButtonAdd", u"&Hinzufügen"},
+    {u"FormSmsSend", u"ButtonAdd.ToolTip", u"Den eingegebenen Text als Textbaustein aufnehmen"},
+    {u"FormSmsSend", u"ButtonDel", u"&Löschen"},
+    {u"FormSmsSend", u"ButtonDel.ToolTip", u"Den ausgewählten Textbaustein löschen"},
+    {u"FormSmsSend", u"ButtonInsert", u"Ein&fügen"},
+    {u"FormSmsSend", u"ButtonInsert.ToolTip",
+     u"Den ausgewählten Textbaustein in die Nachricht einfügen"},
+    {u"FormSmsSend", u"ButtonSend", u"SMS senden"},
+    {u"FormSmsSend", u"ButtonStore", u"SMS speichern"},
+    {u"FormSmsSend", u"ButtonOK", u"&Ende"},
+    {u"FormSmsSend", u"ButtonExpand", u"E&rweitern >>"},
+    {u"FormSmsSend", u"ButtonHex", u"Hex"},
+    {u"FormSmsSend", u"ButtonHex.On", u"Text"},
+    {u"FormSmsSend", u"ButtonHex.ToolTip",
+     u"Den Text als hexadezimale Zeichencodes anzeigen oder zurückwandeln"},
+    {u"FormSmsSend", u"ButtonUcs2", u"Unicode"},
+    {u"FormSmsSend", u"ButtonUcs2.On", u"ANSI"},
+    {u"FormSmsSend", u"ButtonUcs2.ToolTip",
+     u"Zwei Bytes oder ein Byte je Zeichen in der hexadezimalen Anzeige"},
+    {u"FormSmsSend", u"7", u"Zeichen: %n"},
+    {u"FormSmsSend", u"MsgBox3", u"Bitte geben Sie einen Empfänger ein."},
+    {u"FormSmsSend", u"MsgBox4", u"Bitte geben Sie einen Text ein."},
+    {u"FormSmsSend", u"MsgBox12",
+     u"Der Text ist länger als 160 Zeichen und wird auf mehrere SMS verteilt."},
+    {u"FormSmsSend", u"ListClear", u"(Liste löschen)"},
+    {u"FormSmsSelectAddress", u"Caption", u"Empfänger auswählen"},
+    {u"FormSmsSelectAddress", u"LabelSearch", u"&Suchen:"},
+    {u"FormSmsSelectAddress", u"ButtonAdd", u"&Hinzufügen"},
+    {u"FormSmsSelectAddress", u"ButtonAdd.ToolTip",
+     u"Den ausgewählten Eintrag als Empfänger übernehmen"},
+    {u"FormSmsSelectAddress", u"ButtonOK", u"S&chließen"},
+};
+
+}  // namespace
+
+std::span<const BuiltInTextEntry> BuiltInTexts() {
+    return texts;
+}
+
+TextView BuiltInText(TextView section, TextView key) {
+    for (const BuiltInTextEntry& entry : texts) {
+        if (entry.section == section && entry.key == key) return entry.text;
+    }
+    return {};
+}
+
+}  // namespace tellwick

@@ -1,0 +1,225 @@
+#include "language/Language.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "language/BuiltInTexts.h"
+#include "settings/Debug.h"
+#include "settings/IniFile.h"
+#include "settings/InifilesLite.h"
+#include "settings/Paths.h"
+#include "settings/QuestionBox.h"
+#include "settings/RegEdit.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr TextView FileEnding = u".lng";
+constexpr TextView EnglishFile = u"English.lng";
+constexpr TextView LineEnd = u"\r";
+
+// Some names carry the ending and some do not: harmless, since it is appended where missing.
+TextView LanguageOfLocale(TextView code) {
+    struct Entry {
+        TextView start, name;
+    };
+    static constexpr Entry table[] = {
+        {u"FR", u"Francais"},     {u"ES", u"Espanol"},   {u"PO", u"Portugues-BR"},
+        {u"PT", u"Portugues-BR"}, {u"CZ", u"Cesky.lng"}, {u"NL", u"Nederlands.lng"},
+        {u"PL", u"Polski.lng"},
+    };
+    if (code == u"DEU") return u"Deutsch";
+    for (const Entry& entry : table) {
+        if (StartsWith(code, entry.start)) return entry.name;
+    }
+    return u"English";
+}
+
+Text WithoutAccents(TextView name) {
+    Text plain(name);
+    for (char16_t& letter : plain) {
+        if (letter == 234) letter = u'e';
+        if (letter == 241) letter = u'n';
+        if (letter == 231) letter = u'c';
+    }
+    return plain;
+}
+
+}  // namespace
+
+Language::Language(Debug& debug, RegEdit& regEdit, IniFile& iniFile, InifilesLite& inifilesLite,
+                   Paths& paths, QuestionBox& questionBox, FileSystem& fileSystem, Locale& locale)
+    : debug(debug),
+      regEdit(regEdit),
+      iniFile(iniFile),
+      inifilesLite(inifilesLite),
+      paths(paths),
+      questionBox(questionBox),
+      fileSystem(fileSystem),
+      locale(locale) {}
+
+Text Language::WindowsLocaleCode() {
+    const auto read = [this](TextView key, TextView name) {
+        return regEdit.ReadValue(Hive::CurrentUser, key, name);
+    };
+    Text code = read(u"Control Panel\\International", u"sLanguage");
+    if (!code.empty()) return code;
+    code = read(u"Control Panel\\Microsoft Input Devices\\Mouse", u"Language");
+    if (!code.empty()) return code;
+    code = read(u"Control Panel\\International", u"Locale");
+    // The value is hexadecimal and is read as decimal: only German is recognised, and its "DE" is
+    // in no table. Deliberate.
+    constexpr std::uint32_t AbbreviatedLanguageName = 3;
+    if (const auto name =
+            locale.LocaleInfo(std::uint32_t(LeadingNumber32(code)), AbbreviatedLanguageName)) {
+        code = *name;
+    }
+    return LeadingNumber(code) == 407 ? Text(u"DE") : code;
+}
+
+// Of the language files, the program folder's sub-folder "lang" where there is one.
+Text Language::LanguageFolder() {
+    const Text folder = paths.ProgramFolder() + u"lang\\";
+    return fileSystem.FolderExists(folder) ? folder : paths.ProgramFolder();
+}
+
+Text Language::ChosenName() {
+    Text name = inifilesLite.GetIniSetting(u"Settings", u"Language");
+    if (name.empty()) {
+        Text sibling = ReplaceAll(inifilesLite.BaseFile(), u"settings.ini", u"corvane.ini");
+        sibling = ReplaceAll(sibling, u"\\Tellwick\\", u"\\Corvane\\");
+        name = iniFile.ReadFromIniFile(sibling, u"Settings", u"Language");
+    }
+    if (name.empty()) name = LanguageOfLocale(WindowsLocaleCode());
+    if (!EndsWithFolded(name, FileEnding)) name += FileEnding;
+    return name;
+}
+
+void Language::LoadLanguageFile() {
+    if (loaded) return;
+    loaded = true;
+    Procedure procedure{debug, u"LoadLanguageFile"};
+    if (!inifilesLite.Located()) inifilesLite.GetIniFile();
+
+    const Text folder = LanguageFolder();
+    Text name = ChosenName();
+    if (!fileSystem.Exists(folder + name)) name = WithoutAccents(name);
+    if (!fileSystem.Exists(folder + name)) name = EnglishFile;
+
+    std::string contents = fileSystem.Read(folder + name).value_or(std::string());
+    if (contents.empty()) {
+        contents = fileSystem.Read(folder + Text(EnglishFile)).value_or(std::string());
+    }
+    SetText(contents);
+    NameManualAndHelp(TextView(name).substr(0, name.size() - FileEnding.size()));
+    if (languageText.empty() &&
+        !inifilesLite.GetIniSettingBool(u"Settings", u"NoLanguageFileMessage")) {
+        questionBox.MsgBoxEx(u"The language file '" + name + u"' seems to be empty!",
+                             box::IconExclamation);
+    }
+    ReadLoadedTexts(folder);
+}
+
+void Language::SetText(std::string_view bytes) {
+    languageText = ReplaceAll(locale.FromAnsi(bytes), LineBreak, LineEnd);
+    std::replace(languageText.begin(), languageText.end(), LineFeed, CarriageReturn);
+    sections.clear();
+    brackets.clear();
+    for (std::size_t at = languageText.find(u'['); at != Text::npos;
+         at = languageText.find(u'[', at + 1)) {
+        brackets.push_back(at);
+    }
+}
+
+void Language::NameManualAndHelp(TextView name) {
+    const Text& folder = paths.ProgramFolder();
+    manualFolder = folder + u"Manual\\" + Text(name) + u"\\";
+    if (!fileSystem.FolderExists(manualFolder)) manualFolder = folder + u"Manual\\English\\";
+
+    Text letters = LowerCase(name.substr(0, 2));
+    if (letters == u"po") letters = u"pt";
+    if (letters == u"ne") letters = u"nl";
+    languageHelpFile = folder + u"cv" + letters + u".chm";
+    helpFile = languageHelpFile;
+    if (!fileSystem.Exists(helpFile)) helpFile = folder + u"cven.chm";
+}
+
+void Language::ReadLoadedTexts(const Text& folder) {
+    const auto orEnglish = [&](TextView key) {
+        const Text text = GetLanguageString(u"Calendar", key);
+        if (!text.empty()) return text;
+        return iniFile.ReadFromIniFile(folder + u"english.lng", u"Calendar", key);
+    };
+    loadedTexts.infrared = GetLanguageString(u"Misc", u"Infrared");
+    loadedTexts.outlook = GetLanguageString(u"Misc", u"Outlook");
+    loadedTexts.anniversary = orEnglish(u"Anniversary");
+    loadedTexts.birthday = orEnglish(u"Birthday");
+}
+
+Language::Section* Language::FindSection(const Text& bracketed) {
+    const auto known = sections.find(bracketed);
+    if (known != sections.end()) return &known->second;
+    const TextView text = languageText;
+    const auto isHeader = [&](std::size_t at) { return StartsWith(text.substr(at), bracketed); };
+    const auto begin = std::find_if(brackets.begin(), brackets.end(), isHeader);
+    if (begin == brackets.end()) return nullptr;
+
+    const auto isLineStart = [&](std::size_t at) { return at > 0 && text[at - 1] == LineEnd[0]; };
+    auto next = std::find_if(begin + 1, brackets.end(), isLineStart);
+    // A line "[=" is an entry and ends no section; only the first following line is looked at.
+    if (next != brackets.end() && StartsWith(text.substr(*next), u"[=")) {
+        next = std::find_if(next + 1, brackets.end(), isLineStart);
+    }
+    const std::size_t end = next == brackets.end() ? text.size() : *next - 1;
+    return &sections.emplace(bracketed, Section(*begin, end)).first->second;
+}
+
+Text Language::Lookup(const Text& bracketed, TextView key) {
+    Section* section = FindSection(bracketed);
+    if (!section) return {};
+    const std::size_t entry = section->Find(languageText, LineEnd, key, std::identity{});
+    if (entry == Section::NotFound) return {};
+    const std::size_t begin = entry + LineEnd.size() + key.size() + 1;
+    const std::size_t end = std::min(languageText.find(LineEnd, begin), languageText.size());
+    Text value = languageText.substr(begin, end - begin);
+    if (!Contains(value, u"\\")) return value;
+    return ReplaceAll(ReplaceAll(value, u"\\n", u"\r"), u"\\t", u"\t");
+}
+
+Text Language::GetLanguageString(TextView section, TextView key, bool warn) {
+    std::optional<Procedure> procedure;
+    if (debug.Active()) {
+        procedure.emplace(debug, u"GetLanguageString");
+        debug.DebugTrace(Text(section).append(u" ").append(key), trace::FreeText);
+    }
+    if (languageText.empty()) LoadLanguageFile();
+    const Text bracketed = section.starts_with(u'[') ? Text(section) : u"[" + Text(section) + u"]";
+    const Text value = Lookup(bracketed, key);
+    if (warn && value.empty() && !languageText.empty()) {
+        questionBox.MsgBoxEx(
+            u"Missing '" + Text(key) + u"' in " + bracketed + u" in the language file!",
+            box::IconExclamation);
+    }
+    return value;
+}
+
+Text Language::TextOrBuiltIn(TextView section, TextView key) {
+    const Text text = GetLanguageString(section, key);
+    return text.empty() ? Text(BuiltInText(section, key)) : text;
+}
+
+void Language::GetLanguageStringsForForm(TextView formName, FormView& view) {
+    Procedure procedure{debug, u"GetLanguageStringsForForm"};
+    const Text caption = TextOrBuiltIn(formName, u"Caption");
+    if (!caption.empty()) view.SetCaption(caption);
+    view.ForEachControl([&](TextView name, Control& control) {
+        const Text text = TextOrBuiltIn(formName, name);
+        if (!text.empty()) control.SetCaption(text);
+        const Text toolTip = TextOrBuiltIn(formName, Text(name) + u".ToolTip");
+        if (!toolTip.empty()) control.SetToolTip(toolTip);
+    });
+}
+
+}  // namespace tellwick

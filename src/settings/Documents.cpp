@@ -1,0 +1,69 @@
+#include "settings/Documents.h"
+
+#include "settings/Debug.h"
+#include "settings/RegEdit.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr TextView FilePlace = u"\"%l\"";
+
+// A command may name the file's place as %1, %l or %L, in quotes or not, or not at all.
+Text WithFilePlace(Text command) {
+    for (std::size_t at = command.find(u'%'); at != Text::npos; at = command.find(u'%', at + 1)) {
+        const char16_t letter = at + 1 < command.size() ? command[at + 1] : u' ';
+        if (letter != u'1' && letter != u'l' && letter != u'L') continue;
+        const bool quoted =
+            at > 0 && command[at - 1] == u'"' && at + 2 < command.size() && command[at + 2] == u'"';
+        return quoted ? command.replace(at - 1, 4, FilePlace) : command.replace(at, 2, FilePlace);
+    }
+    return command.append(u" ").append(FilePlace);
+}
+
+}  // namespace
+
+Documents::Documents(Debug& debug, RegEdit& regEdit, Programs& programs)
+    : debug(debug), regEdit(regEdit), programs(programs) {}
+
+bool Documents::ExecApp(TextView document, [[maybe_unused]] std::int32_t flag) {
+    Procedure procedure{debug, u"ExecApp"};
+    // A quote would end the argument it stands in.
+    if (document.empty() || Contains(document, u"\"")) return false;
+    if (programs.OpenAssociated(document)) return true;
+    const Text quoted = u"\"" + Text(document) + u"\"";
+    const bool mail = StartsWithFolded(document, u"mailto:");
+    const bool page = Contains(document, u"://") || EndsWithFolded(document, u".htm") ||
+                      EndsWithFolded(document, u".html");
+    if (page && !mail) {
+        const Text browser = GetApplForExt(u"htm");
+        if (!browser.empty() &&
+            programs.Start({}, ReplaceAll(browser, FilePlace, quoted), WindowStyle::Normal)) {
+            return true;
+        }
+    }
+    return programs.Start({}, u"cmd /c start \"\" " + quoted, WindowStyle::MinimisedWithFocus);
+}
+
+Text Documents::GetApplForExt(TextView extension) {
+    Procedure procedure{debug, u"GetApplForExt"};
+    const Text dotted = u"." + Text(extension);
+    const Text choices =
+        u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\" + dotted;
+    const Text userChoice = choices + u"\\UserChoice";
+    for (const Text& progId : {regEdit.ReadValue(Hive::CurrentUser, userChoice, u"ProgId"),
+                               regEdit.ReadValue(Hive::CurrentUser, choices, u"ProgID"),
+                               regEdit.ReadValue(Hive::ClassesRoot, dotted, u"")}) {
+        const Text command = progId.empty() ? Text() : OpenCommand(progId);
+        if (!command.empty()) return command;
+    }
+    return {};
+}
+
+Text Documents::OpenCommand(TextView progId) {
+    const Text command =
+        regEdit.ReadValue(Hive::ClassesRoot, Text(progId).append(u"\\shell\\open\\command"), u"");
+    return command.empty() ? command : WithFilePlace(command);
+}
+
+}  // namespace tellwick

@@ -1,0 +1,89 @@
+// The INI file engine: holds one file's text in memory, finds entries in it, and writes changes
+// back. Files at or above a size limit go through the system's own profile functions instead.
+//
+// A section begins with "[name]", wherever that stands in the text, and ends where a line begins
+// with "[". An entry is a line that begins with the key and "=", no blank between; its value is the
+// rest of the line, untrimmed. Letter case of section and key is ignored. There are no comments.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/FileSystem.h"
+#include "platform/Locale.h"
+#include "platform/Text.h"
+#include "settings/SectionEntries.h"
+
+namespace tellwick {
+
+class Debug;
+class Files;
+class InifilesLite;
+
+class IniFile {
+public:
+    IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSystem& fileSystem,
+            Locale& locale);
+
+    // The value; the default when file, section or key is missing or unreadable. Never raises.
+    // Flags other than 0 look first whether the file changed on disk, as checkFileTime does.
+    Text ReadFromIniFile(TextView file, TextView section, TextView key, TextView defaultValue = {},
+                         std::int16_t flags = 0);
+
+    // An empty value removes the entry, unless keepEmpty is set. With writeNow the file is written
+    // at once, else by a later flush. False when the file cannot be read or written; the change
+    // then stays in memory and a later flush tries again.
+    bool WriteToIniFile(TextView file, TextView section, TextView key, TextView value,
+                        bool writeNow = true, bool keepEmpty = false);
+
+    // Writes the changes that are in memory only. False when that fails.
+    bool Flush();
+
+    // Every read looks whether the file changed on disk and reads it anew if so; changes not yet
+    // written are lost then.
+    bool checkFileTime = false;
+
+private:
+    enum class Held { Yes, TooBig, Unreadable };
+    using FoldTable = std::array<char, 256>;
+    struct Fold {
+        const FoldTable* table;
+        char operator()(char byte) const { return (*table)[std::uint8_t(byte)]; }
+    };
+    using Section = SectionEntries<char, Fold>;
+
+    void SetUp();
+    void ReadLetterCase();
+    void DropCache();
+    bool ChangedOnDisk();
+    Held Load(TextView file);
+    Section* FindSection(const std::string& name);
+    std::size_t FindHeader(std::string_view name) const;
+    std::size_t LineEnd(std::size_t position) const;
+    bool Change(std::string_view section, std::string_view key, std::string_view value,
+                bool keepEmpty);
+    void AppendEntry(const std::string& entry);
+    std::string ToBytes(TextView text);
+    Text ToText(std::string_view bytes);
+
+    Text cacheFile;         // empty when no file is held
+    std::string cacheText;  // the file's bytes; empty when it is missing or empty
+    std::uint64_t cacheTime = 0;
+    bool cacheDirty = false;
+    // The sections found so far, by the name they were asked for with.
+    std::unordered_map<std::string, Section> sections;
+    bool setUp = false;
+    std::int32_t maxSize = 0;  // bytes
+    FoldTable lowerCase{};     // of the bytes of the code page
+
+    Debug& debug;
+    InifilesLite& inifilesLite;
+    Files& files;
+    FileSystem& fileSystem;
+    Locale& locale;
+};
+
+}  // namespace tellwick
