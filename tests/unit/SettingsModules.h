@@ -1,0 +1,74 @@
+// The modules of settings and language, wired over the platform in memory.
+#pragma once
+
+#include "language/Language.h"
+#include "platform/MemoryPlatform.h"
+#include "platform/Product.h"
+#include "settings/Debug.h"
+#include "settings/Documents.h"
+#include "settings/Files.h"
+#include "settings/IniFile.h"
+#include "settings/InifilesLite.h"
+#include "settings/Paths.h"
+#include "settings/QuestionBox.h"
+#include "settings/RegEdit.h"
+
+namespace tellwick::test {
+
+constexpr TextView TraceFile = u"C:\\Program\\TellwickAddIn.dbg.xml";
+constexpr TextView CurrentFile = u"C:\\Data\\Tellwick\\corvane.ini";
+
+struct SettingsModules {
+    MemoryPlatform platform;
+    PendingError& errors = platform.errors;
+    MemoryFileSystem& disk = platform.fileSystem;
+    MemoryDialogs& dialogs = platform.dialogs;
+    RegEdit regEdit{platform.registry, debug};
+    Debug debug{errors,      regEdit, inifilesLite,      paths,          language,
+                questionBox, disk,    platform.programs, platform.clock, platform.locale};
+    Paths paths{regEdit, platform.programs};
+    QuestionBox questionBox{debug, language, inifilesLite, dialogs};
+    Files files{errors, debug, questionBox, disk, platform.locale};
+    IniFile iniFile{debug, inifilesLite, files, disk, platform.locale};
+    InifilesLite inifilesLite{debug, regEdit, iniFile, files, paths, language, questionBox, disk};
+    Language language{debug, regEdit,     iniFile, inifilesLite,
+                      paths, questionBox, disk,    platform.locale};
+    Documents documents{debug, regEdit, platform.programs};
+
+    // The language file in use holds the given bytes.
+    explicit SettingsModules(std::string_view english = "[x]\r\n") {
+        SetFile(u"C:\\Program\\English.lng", english);
+        SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
+                    u"AppData", u"C:\\Data");
+    }
+
+    void SetRegistry(TextView key, TextView name, TextView value, Hive hive = Hive::CurrentUser) {
+        platform.registry.WriteString(hive, key, name, value);
+    }
+    Text Registry(TextView key, TextView name) {
+        return platform.registry.Read(Hive::CurrentUser, key, name).value_or(u"(missing)");
+    }
+    void SetFile(TextView path, std::string_view contents) {
+        const Text folder = disk.ParentFolderName(path);
+        if (!disk.FolderExists(folder)) disk.folders[folder] = true;
+        disk.Write(path, contents, WriteMode::Replace);
+    }
+    std::string File(TextView path) {
+        const auto file = disk.files.find(Text(path));
+        return file == disk.files.end() ? "(missing)" : file->second.contents;
+    }
+};
+
+}  // namespace tellwick::test
+
+// Lets doctest show texts.
+namespace doctest {
+template <>
+struct StringMaker<tellwick::Text> {
+    static String convert(const tellwick::Text& text) {
+        std::string shown;
+        for (const char16_t unit : text) shown += unit < 0x80 ? char(unit) : '?';
+        return shown.c_str();
+    }
+};
+}  // namespace doctest
