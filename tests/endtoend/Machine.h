@@ -23,6 +23,9 @@ void WriteText(const std::wstring& key, const std::wstring& name, const std::wst
 void DeleteKey(const std::wstring& key);
 bool KeyExists(HKEY hive, const std::wstring& key);
 
+// Where the programs under test were built, with a trailing "\".
+std::wstring ProgramsFolder();
+
 bool FileExists(const std::wstring& path);
 std::string ReadBytes(const std::wstring& path);
 void WriteBytes(const std::wstring& path, const std::string& bytes);

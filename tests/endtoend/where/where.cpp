@@ -1,0 +1,23 @@
+// where TITLE CONTROL: prints the middle of a control on the screen, "x y", for a script that moves
+// a real mouse there. The control is named by its text or its window class.
+#include <cstdio>
+
+#include "endtoend/Desktop.h"
+
+using namespace tellwick::endtoend;
+
+int wmain(int count, wchar_t** arguments) {
+    if (count != 3) return 2;
+    HWND control = nullptr;
+    WaitUntil([&] {
+        const HWND window = FindTopWindow(arguments[1]);
+        if (window) control = FindByText(window, arguments[2]);
+        if (window && !control) control = FindByClass(window, arguments[2]);
+        return control != nullptr && IsWindowVisible(control);
+    }, 20000);
+    if (!control) return 1;
+    RECT place{};
+    GetWindowRect(control, &place);
+    std::printf("%ld %ld\n", (place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    return 0;
+}
