@@ -1,0 +1,256 @@
+#include "model/Items.h"
+
+#include <algorithm>
+
+#include "model/OutlookModel.h"
+#include "platform/OutlookEvents.h"
+
+namespace tellwick::standin {
+
+namespace {
+
+using namespace tellwick::outlook;
+
+void PutField(Item& item, TextView name, const Value& value) {
+    Text text;
+    if (Convert(value, text)) {
+        item.SetField(name, text);
+    } else {
+        item.Fail(error::TypeMismatch);
+    }
+}
+
+Members<Item> ItemMembers(std::int32_t itemClass) {
+    Members<Item> members;
+    for (const TextView name : FieldNames(itemClass)) {
+        members.Property(
+            name, [name](Item& self) { return self.Field(name); },
+            [name](Item& self, const Value& value) { PutField(self, name, value); });
+    }
+    members.Property(u"Application", [](Item& self) { return self.outlook.Application(); })
+        .Property(u"Class", [](Item& self) { return self.itemClass; })
+        .Property(u"Parent", [](Item& self) { return HandleOf(self.folder.lock()); })
+        .Property(u"UserProperties", [](Item& self) { return self.userProperties->Handle(); })
+        .Method(
+            u"Display", {u"Modal"},
+            [](Item& self, const Arguments&) {
+                self.outlook.OpenInspector(std::static_pointer_cast<Item>(self.shared_from_this()));
+                return Value();
+            })
+        .Method(u"Save", {}, [](Item&, const Arguments&) { return Value(); })
+        .Method(u"Delete", {}, [](Item& self, const Arguments&) {
+            self.outlook.DeleteItem(std::static_pointer_cast<Item>(self.shared_from_this()));
+            return Value();
+        });
+    if (itemClass == MailClass) {
+        members.Method(u"Reply", {}, [](Item& self, const Arguments&) {
+            return HandleOf(
+                self.outlook.PrepareReply(std::static_pointer_cast<Item>(self.shared_from_this()))
+                    .response);
+        });
+    }
+    return members;
+}
+
+}  // namespace
+
+const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
+    static const std::vector<TextView> mail{
+        u"Subject", u"Body", u"SenderName",   u"SentOnBehalfOfName",
+        u"To",      u"CC",   u"MessageClass", u"EntryID"};
+    static const std::vector<TextView> contact{u"FullName",
+                                               u"FirstName",
+                                               u"LastName",
+                                               u"CompanyName",
+                                               u"FileAs",
+                                               u"Subject",
+                                               u"Body",
+                                               u"Email1Address",
+                                               u"MessageClass",
+                                               u"EntryID",
+                                               u"MobileTelephoneNumber",
+                                               u"HomeTelephoneNumber",
+                                               u"Home2TelephoneNumber",
+                                               u"BusinessTelephoneNumber",
+                                               u"Business2TelephoneNumber",
+                                               u"CarTelephoneNumber",
+                                               u"PrimaryTelephoneNumber",
+                                               u"OtherTelephoneNumber",
+                                               u"AssistantTelephoneNumber",
+                                               u"CompanyMainTelephoneNumber",
+                                               u"CallbackTelephoneNumber",
+                                               u"RadioTelephoneNumber",
+                                               u"TTYTDDTelephoneNumber",
+                                               u"ISDNNumber",
+                                               u"PagerNumber",
+                                               u"TelexNumber",
+                                               u"BusinessFaxNumber",
+                                               u"HomeFaxNumber",
+                                               u"OtherFaxNumber"};
+    static const std::vector<TextView> appointment{u"Subject", u"Body", u"Location",
+                                                   u"MessageClass", u"EntryID"};
+    static const std::vector<TextView> list{u"DLName", u"Subject", u"Body", u"MessageClass",
+                                            u"EntryID"};
+    switch (itemClass) {
+        case ContactClass:
+            return contact;
+        case AppointmentClass:
+            return appointment;
+        case DistributionListClass:
+            return list;
+        default:
+            return mail;
+    }
+}
+
+const MemberTable& UserProperty::Table() const {
+    static const MemberTable table =
+        Members<UserProperty>()
+            .Property(u"Name", [](UserProperty& self) { return self.name; })
+            .Property(
+                u"Value", [](UserProperty& self) { return self.value; },
+                [](UserProperty& self, const Value& value) { self.value = value; });
+    return table;
+}
+
+const MemberTable& UserProperties::Table() const {
+    static const MemberTable table =
+        Members<UserProperties>()
+            .Property(u"Count", [](UserProperties& self) { return std::int32_t(self.all.size()); })
+            .Method(u"Item", {u"Index"},
+                    [](UserProperties& self, const Arguments& arguments) -> Value {
+                        const auto* name = std::get_if<Text>(&arguments[0]);
+                        if (!name) return ItemAt(self, self.all, arguments[0]);
+                        const auto found = self.Find(*name);
+                        // Outlook 2000 raises an error for an unknown name, later versions give
+                        // the empty reference.
+                        if (!found && self.outlook.version < 10) {
+                            return self.Fail(error::SubscriptOutOfRange);
+                        }
+                        return HandleOf(found);
+                    })
+            .Method(u"Find", {u"Name", u"Custom"},
+                    [](UserProperties& self, const Arguments& arguments) {
+                        return HandleOf(self.Find(AsText(arguments[0])));
+                    });
+    return table;
+}
+
+std::shared_ptr<UserProperty> UserProperties::Find(TextView name) const {
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& property) {
+        return EqualFolded(property->name, name);
+    });
+    return found == all.end() ? nullptr : *found;
+}
+
+Item::Item(OutlookModel& outlook, std::int32_t itemClass)
+    : ModelObject(outlook),
+      itemClass(itemClass),
+      userProperties(std::make_shared<UserProperties>(outlook)) {}
+
+TextView Item::ClassName() const {
+    switch (itemClass) {
+        case AppointmentClass:
+            return u"AppointmentItem";
+        case ContactClass:
+            return u"ContactItem";
+        case DistributionListClass:
+            return u"DistListItem";
+        default:
+            return u"MailItem";
+    }
+}
+
+const MemberTable& Item::Table() const {
+    static const std::map<std::int32_t, MemberTable> tables{
+        {AppointmentClass, ItemMembers(AppointmentClass)},
+        {ContactClass, ItemMembers(ContactClass)},
+        {DistributionListClass, ItemMembers(DistributionListClass)},
+        {MailClass, ItemMembers(MailClass)}};
+    const auto found = tables.find(itemClass);
+    return found == tables.end() ? tables.at(MailClass) : found->second;
+}
+
+const EventInterface* Item::Events() const {
+    return &ItemEvents;
+}
+
+Text Item::Field(TextView name) const {
+    const auto found = fields.find(LowerCase(name));
+    return found == fields.end() ? Text() : found->second;
+}
+
+void Item::SetUserProperty(TextView name, Value value) {
+    if (const auto property = userProperties->Find(name)) {
+        property->value = std::move(value);
+    } else {
+        userProperties->all.push_back(
+            std::make_shared<UserProperty>(outlook, Text(name), std::move(value)));
+    }
+}
+
+Text Item::Title() const {
+    switch (itemClass) {
+        case ContactClass:
+            return Field(u"FullName");
+        case DistributionListClass:
+            return Field(u"DLName");
+        default:
+            return Field(u"Subject");
+    }
+}
+
+const MemberTable& Items::Table() const {
+    static const auto itemAtNext = [](Items& self) -> Value {
+        return self.next < self.all.size() ? self.all[self.next++]->Handle() : ObjectPtr();
+    };
+    static const MemberTable table =
+        Members<Items>()
+            .Property(u"Application", [](Items& self) { return self.outlook.Application(); })
+            .Property(u"Count", [](Items& self) { return std::int32_t(self.all.size()); })
+            .Method(u"Item", {u"Index"},
+                    [](Items& self, const Arguments& arguments) {
+                        return ItemAt(self, self.all, arguments[0]);
+                    })
+            .Method(u"GetFirst", {},
+                    [](Items& self, const Arguments&) {
+                        self.next = 0;
+                        return itemAtNext(self);
+                    })
+            .Method(u"GetNext", {}, [](Items& self, const Arguments&) { return itemAtNext(self); });
+    return table;
+}
+
+const MemberTable& Folder::Table() const {
+    static const MemberTable table =
+        Members<Folder>()
+            .Property(u"Application", [](Folder& self) { return self.outlook.Application(); })
+            .Property(u"Name", [](Folder& self) { return self.name; })
+            .Property(u"Items", [](Folder& self) { return self.items->Handle(); });
+    return table;
+}
+
+const MemberTable& SafeMailItem::Table() const {
+    static const MemberTable table = [] {
+        Members<SafeMailItem> members;
+        members.Property(
+            u"Item", [](SafeMailItem& self) { return HandleOf(self.item); },
+            [](SafeMailItem& self, const Value& value) {
+                const auto item = TargetAs<Item>(AsObject(value));
+                if (item && item->itemClass == MailClass) {
+                    self.item = item;
+                } else {
+                    self.Fail(error::TypeMismatch);
+                }
+            });
+        for (const TextView name : FieldNames(MailClass)) {
+            members.Property(name, [name](SafeMailItem& self) -> Value {
+                return self.item ? self.item->Field(name) : self.Fail(error::ObjectNotSet);
+            });
+        }
+        return members;
+    }();
+    return table;
+}
+
+}  // namespace tellwick::standin

@@ -1,0 +1,242 @@
+// The stand-in Outlook: the application with its windows, and the hands that drive it. What the
+// driving functions take and give are the model's own objects; only what goes out through a
+// handle counts as referenced from outside.
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "model/CommandBars.h"
+#include "model/Items.h"
+#include "model/ModelObject.h"
+
+namespace tellwick::standin {
+
+class ApplicationObject;
+
+// An explorer or an inspector.
+class Window : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    bool IsGone() const override { return closed; }
+    virtual Text Caption() const = 0;
+    // The dispatch identifiers of its events, one set for both kinds.
+    void RaiseActivate();
+    void RaiseDeactivate();
+    void RaiseClose();
+
+    std::shared_ptr<CommandBars> commandBars;
+    bool displayed = false;
+    bool closed = false;
+};
+
+// A main window: a folder's list of items.
+class Explorer : public Window {
+public:
+    using Window::Window;
+    TextView ClassName() const override { return u"Explorer"; }
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+    Text Caption() const override;
+    // A control of the bar "Standard" by its caption; null when there is none.
+    std::shared_ptr<CommandBarControl> ToolbarControl(TextView caption) const;
+    // An entry of the drop-down of the first control of "Standard".
+    std::shared_ptr<CommandBarControl> NewMenuEntry(TextView caption) const;
+
+    std::shared_ptr<Folder> folder;
+    std::vector<std::shared_ptr<Item>> selection;
+};
+
+// A window that shows one item.
+class Inspector : public Window {
+public:
+    using Window::Window;
+    TextView ClassName() const override { return u"Inspector"; }
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+    Text Caption() const override;
+
+    std::shared_ptr<Item> item;
+};
+
+// A collection of a window kind.
+template <class Type>
+class WindowCollection : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override;
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+
+    std::vector<std::shared_ptr<Type>> all;
+};
+
+// What was selected in an explorer when it was asked.
+class Selection : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"Selection"; }
+    const MemberTable& Table() const override;
+
+    std::vector<std::shared_ptr<Item>> all;
+};
+
+class NameSpace : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"NameSpace"; }
+    const MemberTable& Table() const override;
+};
+
+// An add-in as the host knows it.
+class ComAddIn : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"COMAddIn"; }
+    const MemberTable& Table() const override;
+
+    Text progId;
+    Text description;
+    bool connected = false;
+    ObjectPtr object;
+};
+
+class ComAddIns : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"COMAddIns"; }
+    const MemberTable& Table() const override;
+
+    std::vector<std::shared_ptr<ComAddIn>> all;
+};
+
+using Fields = std::initializer_list<std::pair<TextView, TextView>>;
+
+class OutlookModel {
+public:
+    // Errors of calls from outside are noted in `errors`. The major version is 9 (2000), 10
+    // (2002), 11 (2003) or 16. Starts without windows and items.
+    OutlookModel(PendingError& errors, std::int32_t majorVersion);
+    // Every handle still held fails from then on.
+    ~OutlookModel();
+    OutlookModel(const OutlookModel&) = delete;
+    OutlookModel& operator=(const OutlookModel&) = delete;
+
+    ObjectPtr Application();
+    // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
+    std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {});
+    // What Create("Redemption.SafeMailItem") gives.
+    ObjectPtr CreateSafeMailItem();
+
+    // Opens a window: NewExplorer (it counts already, but another one may be the active one), then
+    // the events of Display.
+    std::shared_ptr<Explorer> OpenExplorer();
+    // The same without Display, as Outlook has its first window when it connects its add-ins.
+    std::shared_ptr<Explorer> CreateExplorer();
+    // Brings the window to the front: Deactivate of the one before, Activate, and the first time
+    // the SelectionChange of an explorer. Activate comes in any case, as when the user returns
+    // from another program.
+    void Activate(const std::shared_ptr<Window>& window);
+    // Close (the window still counts), then it is gone and the one below becomes active.
+    void CloseExplorer(const std::shared_ptr<Explorer>& explorer);
+    // NewInspector, then Open of the item and Activate. Brings the item's inspector to the front
+    // when there is one.
+    std::shared_ptr<Inspector> OpenInspector(const std::shared_ptr<Item>& item);
+    void CloseInspector(const std::shared_ptr<Inspector>& inspector);
+    // Changes the selection, then SelectionChange.
+    void Select(const std::shared_ptr<Explorer>& explorer,
+                std::vector<std::shared_ptr<Item>> items);
+    void SwitchFolder(const std::shared_ptr<Explorer>& explorer,
+                      const std::shared_ptr<Folder>& folder);
+    // Null while there is none. The active one is the one last in front; one that has not been
+    // displayed yet lies below the others.
+    std::shared_ptr<Explorer> ActiveExplorer() const;
+    std::shared_ptr<Inspector> ActiveInspector() const;
+
+    struct Answer {
+        std::shared_ptr<Item> response;
+        bool cancelled;  // by a handler
+    };
+    // Makes the reply and raises the item's Reply.
+    Answer PrepareReply(const std::shared_ptr<Item>& item);
+    // Presses Reply on an item. True when Outlook's own reply opens, false when a handler
+    // cancelled it.
+    bool PressReply(const std::shared_ptr<Item>& item);
+    // Clicks a button as a user does; false when that control cannot be clicked.
+    bool ClickButton(const std::shared_ptr<CommandBarControl>& control);
+    // Closes every window, calls shutDownAddIns, raises Quit. Opening an explorer afterwards is a
+    // new start of the same Outlook, which has forgotten the temporary controls.
+    void Quit();
+
+    // Puts an item with these fields into the default folder of its kind. Any of the four item
+    // classes.
+    std::shared_ptr<Item> AddItem(std::int32_t itemClass, Fields fields = {});
+    void DeleteItem(const std::shared_ptr<Item>& item);
+    // An inbox for every number that is not the contacts' or the calendar's.
+    const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
+
+    // Lets every use of the member fail with the error; 0 ends that. Class as in TypeName.
+    void FailMember(TextView className, TextView member, std::int32_t error);
+    std::int32_t FailureOf(TextView className, TextView member) const;
+
+    struct Referenced {
+        Text className;
+        std::int32_t count;  // references held
+    };
+    // The objects still referenced from outside.
+    std::vector<Referenced> StillReferenced() const;
+    // The sources of the handlers still advised: "Explorer", "CommandBarButton", …
+    std::vector<Text> LiveSubscriptions() const;
+
+    std::vector<std::shared_ptr<CommandBarButton>> Buttons() const;
+    void Changed() const {
+        if (changed) changed();
+    }
+
+    PendingError& errors;
+    const std::int32_t version;
+    // False plays a host whose application object has no events.
+    bool applicationHasEvents = true;
+
+    // What surrounds the model; each may be missing.
+    std::function<void()> changed;              // windows, items or toolbars may look different
+    std::function<void()> quitRequested;        // instead of quitting at once in Application.Quit
+    std::function<void()> shutDownAddIns;       // between the last window's Close and Quit
+    std::function<std::uintptr_t()> pasteFace;  // the clipboard's bitmap, the host's own; 0: none
+
+    std::shared_ptr<WindowCollection<Explorer>> explorers;
+    std::shared_ptr<WindowCollection<Inspector>> inspectors;
+    std::shared_ptr<ComAddIns> comAddIns;
+    std::vector<std::shared_ptr<Folder>> folders;
+
+    // Kept by the handles and subscriptions themselves.
+    std::set<Reference*> references;
+    std::vector<std::weak_ptr<Sink>> sinks;
+
+private:
+    std::shared_ptr<CommandBars> NewBars(const std::shared_ptr<Window>& window);
+    template <class Type>
+    void CloseWindow(WindowCollection<Type>& windows, const std::shared_ptr<Type>& window);
+
+    std::shared_ptr<ApplicationObject> application;
+    std::vector<std::shared_ptr<Window>> stack;  // the window in front is the last
+    std::shared_ptr<CommandBars> remembered;     // of the explorer closed last
+    std::map<std::pair<Text, Text>, std::int32_t> failures;
+};
+
+class ApplicationObject : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"Application"; }
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+
+    const std::shared_ptr<NameSpace>& Session();
+
+private:
+    std::shared_ptr<NameSpace> session;
+};
+
+}  // namespace tellwick::standin

@@ -1,0 +1,293 @@
+// What the add-in's tests take for granted of their Outlook: if one of these breaks, tests of the
+// add-in pass or fail for the wrong reason.
+#include <doctest.h>
+
+#include "model/OutlookModel.h"
+#include "platform/OutlookEvents.h"
+
+using namespace tellwick;
+using namespace tellwick::outlook;
+using namespace tellwick::standin;
+
+namespace {
+
+struct Host {
+    explicit Host(std::int32_t version = 11) : outlook(errors, version) {}
+
+    ObjectPtr Child(const ObjectPtr& object, TextView member, std::vector<Value> arguments = {}) {
+        return AsObject(object->Get(member, arguments));
+    }
+    // The error that the last step left, taken away.
+    std::int32_t TakeError() {
+        const std::int32_t number = errors.number;
+        errors.Clear();
+        return number;
+    }
+    SubscriptionPtr Log(const ObjectPtr& source, const EventInterface& events, Text name) {
+        return source->Advise(events, [this, name](std::int32_t event, std::vector<Value>&) {
+            log += name + u":" + HexText(std::uint32_t(event)) + u" ";
+        });
+    }
+    ObjectPtr StandardControls(const std::shared_ptr<Explorer>& explorer) {
+        const ObjectPtr bars = Child(explorer->Handle(), u"CommandBars");
+        return Child(Child(bars, u"Item", {Text(u"Standard")}), u"Controls");
+    }
+
+    PendingError errors;
+    OutlookModel outlook;
+    Text log;
+};
+
+}  // namespace
+
+TEST_CASE("members fail as automation members do") {
+    Host host;
+    host.outlook.OpenExplorer();
+    const ObjectPtr application = host.outlook.Application();
+    const ObjectPtr explorers = host.Child(application, u"explorers");
+    CHECK(explorers->TypeName() == u"Explorers");
+    CHECK(AsNumber(explorers->Get(u"COUNT")) == 1);
+
+    CHECK(host.Child(explorers, u"Item", {1})->TypeName() == u"Explorer");
+    CHECK(host.TakeError() == 0);
+    for (const std::int32_t index : {-1, 0, 2}) {
+        CHECK(host.Child(explorers, u"Item", {index}) == nullptr);
+        CHECK(host.TakeError() == standin::error::SubscriptOutOfRange);
+    }
+    explorers->Get(u"Item", {Text(u"x")});
+    CHECK(host.TakeError() == standin::error::TypeMismatch);
+    explorers->Get(u"Item", {1, 2});
+    CHECK(host.TakeError() == standin::error::WrongNumberOfArguments);
+    explorers->Get(u"Colour");
+    CHECK(host.TakeError() == standin::error::NoSuchMember);
+    explorers->Put(u"Count", 3);
+    CHECK(host.TakeError() == standin::error::NoSuchMember);
+    CHECK(explorers->Advise(ExplorerEvents, [](std::int32_t, std::vector<Value>&) {}) == nullptr);
+    CHECK(host.TakeError() == standin::error::NoSuchEvents);
+
+    host.outlook.FailMember(u"Application", u"Version", 440);
+    CHECK(AsText(application->Get(u"Version")).empty());
+    CHECK(host.TakeError() == 440);
+}
+
+TEST_CASE("a new explorer counts before it is active, a closing window until it has closed") {
+    Host host;
+    const auto first = host.outlook.OpenExplorer();
+    const ObjectPtr application = host.outlook.Application();
+    const ObjectPtr explorers = host.Child(application, u"Explorers");
+    const ObjectPtr inspectors = host.Child(application, u"Inspectors");
+    const auto count = [&](const ObjectPtr& all) { return AsNumber(all->Get(u"Count")); };
+
+    std::vector<SubscriptionPtr> subscriptions;
+    subscriptions.push_back(host.Log(first->Handle(), ExplorerEvents, u"first"));
+    subscriptions.push_back(
+        explorers->Advise(ExplorersEvents, [&](std::int32_t, std::vector<Value>& arguments) {
+            CHECK(count(explorers) == 2);
+            CHECK(AsObject(application->Call(u"ActiveExplorer")) == first->Handle());
+            host.log += u"new ";
+            subscriptions.push_back(host.Log(AsObject(arguments[0]), ExplorerEvents, u"second"));
+        }));
+    const auto second = host.outlook.OpenExplorer();
+    CHECK(host.log == u"new first:F006 second:F001 second:F007 ");
+    host.log.clear();
+
+    const auto mail = host.outlook.AddItem(MailClass, {{u"Subject", u"Hello"}});
+    const auto inspector = host.outlook.OpenInspector(mail);
+    subscriptions.push_back(
+        inspector->Handle()->Advise(InspectorEvents, [&](std::int32_t event, std::vector<Value>&) {
+            if (event == event::InspectorClose) CHECK(count(inspectors) == 1);
+        }));
+    host.outlook.CloseInspector(inspector);
+    CHECK(count(inspectors) == 0);
+    host.outlook.CloseExplorer(second);
+    CHECK(host.log == u"second:F006 second:F001 second:F008 first:F001 ");
+    second->Handle()->Get(u"Caption");
+    CHECK(host.TakeError() == 440);
+
+    host.outlook.CloseExplorer(first);
+    CHECK(AsObject(application->Call(u"ActiveExplorer")) == nullptr);
+    CHECK(host.TakeError() == 0);
+}
+
+TEST_CASE("controls take named arguments, and the temporary ones are forgotten at exit") {
+    Host host;
+    const auto explorer = host.outlook.OpenExplorer();
+    const ObjectPtr controls = host.StandardControls(explorer);
+    const std::int32_t builtIn = AsNumber(controls->Get(u"Count"));
+
+    const ObjectPtr temporary =
+        AsObject(controls->Call(u"Add", {}, {{u"Type", 1}, {u"Before", 2}, {u"Temporary", true}}));
+    REQUIRE(temporary);
+    CHECK(temporary->TypeName() == u"CommandBarButton");
+    CHECK(host.Child(controls, u"Item", {2}) == temporary);
+    temporary->Put(u"Caption", Text(u"Short-lived"));
+    temporary->Put(u"Style", 99);
+    CHECK(host.TakeError() == standin::error::InvalidCall);
+    temporary->Put(u"Visible", Text(u"x"));
+    CHECK(host.TakeError() == standin::error::TypeMismatch);
+    controls->Call(u"Add", {}, {{u"Colour", 1}});
+    CHECK(host.TakeError() == standin::error::NamedArgumentNotFound);
+    controls->Call(u"Add", {}, {{u"Before", builtIn + 5}});
+    CHECK(host.TakeError() == standin::error::InvalidCall);
+
+    const ObjectPtr lasting = AsObject(controls->Call(u"Add", {}, {}));
+    lasting->Put(u"Caption", Text(u"Lasting"));
+    const ObjectPtr menu = host.Child(host.Child(controls, u"Item", {1}), u"Controls");
+    AsObject(menu->Call(u"Add", {}, {{u"Temporary", true}}))->Put(u"Caption", Text(u"Entry"));
+    CHECK(explorer->NewMenuEntry(u"Entry"));
+
+    host.outlook.Quit();
+    lasting->Get(u"Caption");
+    CHECK(host.TakeError() == 440);
+    const auto next = host.outlook.OpenExplorer();
+    CHECK(next->ToolbarControl(u"Lasting"));
+    CHECK_FALSE(next->ToolbarControl(u"Short-lived"));
+    CHECK_FALSE(next->NewMenuEntry(u"Entry"));
+
+    const ObjectPtr again = next->ToolbarControl(u"Lasting")->Handle();
+    CHECK_FALSE(AsBoolean(again->Get(u"BuiltIn")));
+    again->Call(u"Delete");
+    CHECK_FALSE(next->ToolbarControl(u"Lasting"));
+}
+
+TEST_CASE("Picture and Mask come with Outlook 2003, PasteFace takes the clipboard") {
+    for (const std::int32_t version : {9, 10, 11, 16}) {
+        CAPTURE(version);
+        Host host(version);
+        const auto explorer = host.outlook.OpenExplorer();
+        const auto button = explorer->commandBars->Find(u"Standard")->AddButton(u"Face");
+        button->Handle()->Put(u"Picture", host.outlook.Application());
+        CHECK(host.TakeError() == (version < 11 ? standin::error::NoSuchMember : 0));
+        CHECK(bool(button->picture) == (version >= 11));
+        button->Handle()->Call(u"PasteFace");
+        CHECK(host.TakeError() == 440);
+        host.outlook.pasteFace = [] { return std::uintptr_t(77); };
+        button->Handle()->Call(u"PasteFace");
+        CHECK(button->pastedFace == 77);
+        button->picture.reset();
+    }
+}
+
+TEST_CASE("a click reaches the sinks of every button with the same tag, and only those") {
+    Host host;
+    std::vector<std::shared_ptr<CommandBarButton>> buttons;
+    std::vector<SubscriptionPtr> subscriptions;
+    for (const TextView tag : {u"101", u"101", u"", u""}) {
+        const auto window = host.outlook.OpenExplorer();
+        const auto button = window->commandBars->Find(u"Standard")->AddButton(u"SMS");
+        button->tag = tag;
+        subscriptions.push_back(button->Handle()->Advise(
+            CommandBarButtonEvents,
+            [&host, number = buttons.size()](std::int32_t, std::vector<Value>& arguments) {
+                host.log += NumberText(std::int64_t(number)) + AsObject(arguments[0])->TypeName();
+                arguments[1] = true;
+            }));
+        buttons.push_back(button);
+    }
+    CHECK(host.outlook.ClickButton(buttons[1]));
+    CHECK(host.log == u"0CommandBarButton1CommandBarButton");
+    host.log.clear();
+    CHECK(host.outlook.ClickButton(buttons[2]));
+    CHECK(host.log == u"2CommandBarButton");
+    buttons[2]->visible = false;
+    CHECK_FALSE(host.outlook.ClickButton(buttons[2]));
+}
+
+TEST_CASE("a handler may drop its own and other subscriptions while it runs") {
+    Host host;
+    const auto explorer = host.outlook.OpenExplorer();
+    SubscriptionPtr first;
+    SubscriptionPtr second;
+    int calls = 0;
+    auto token = std::make_shared<int>(0);
+    first =
+        explorer->Handle()->Advise(ExplorerEvents, [&, token](std::int32_t, std::vector<Value>&) {
+            first.reset();
+            second.reset();
+            ++calls;
+            ++*token;
+        });
+    second = explorer->Handle()->Advise(ExplorerEvents,
+                                        [&](std::int32_t, std::vector<Value>&) { ++calls; });
+    CHECK(host.outlook.LiveSubscriptions().size() == 2);
+    host.outlook.Select(explorer, {});
+    host.outlook.Select(explorer, {});
+    CHECK(calls == 1);
+    CHECK(token.use_count() == 1);
+    CHECK(host.outlook.LiveSubscriptions().empty());
+}
+
+TEST_CASE("Reply opens Outlook's own answer unless a handler cancels it") {
+    Host host;
+    const auto mail = host.outlook.AddItem(
+        MailClass,
+        {{u"Subject", u"Hello"}, {u"SentOnBehalfOfName", u"+491701234567"}, {u"Body", u"Text"}});
+    CHECK(host.outlook.PressReply(mail));
+    REQUIRE(host.outlook.inspectors->all.size() == 1);
+    CHECK(host.outlook.inspectors->all[0]->item->Field(u"Subject") == u"RE: Hello");
+    host.outlook.CloseInspector(host.outlook.inspectors->all[0]);
+
+    const SubscriptionPtr subscription =
+        mail->Handle()->Advise(ItemEvents, [&](std::int32_t event, std::vector<Value>& arguments) {
+            if (event != event::ItemReply) return;
+            CHECK(AsText(AsObject(arguments[0])->Get(u"To")) == u"+491701234567");
+            arguments[1] = true;
+        });
+    CHECK_FALSE(host.outlook.PressReply(mail));
+    CHECK(host.outlook.inspectors->all.empty());
+    CHECK_FALSE(host.outlook.PressReply(host.outlook.AddItem(ContactClass)));
+}
+
+TEST_CASE("items, their user properties, and the safe way to read them") {
+    for (const std::int32_t version : {9, 11}) {
+        CAPTURE(version);
+        Host host(version);
+        const auto mail = host.outlook.AddItem(MailClass, {{u"Body", u"Hello"}});
+        mail->SetUserProperty(u"IsSMS", true);
+        const ObjectPtr properties = host.Child(mail->Handle(), u"UserProperties");
+        CHECK(AsBoolean(host.Child(properties, u"Item", {Text(u"issms")})->Get(u"Value")));
+        CHECK(host.Child(properties, u"Item", {Text(u"Other")}) == nullptr);
+        CHECK(host.TakeError() == (version < 10 ? standin::error::SubscriptOutOfRange : 0));
+
+        const ObjectPtr safe = host.outlook.CreateSafeMailItem();
+        safe->Get(u"Body");
+        CHECK(host.TakeError() == standin::error::ObjectNotSet);
+        safe->Put(u"Item", host.outlook.AddItem(ContactClass)->Handle());
+        CHECK(host.TakeError() == standin::error::TypeMismatch);
+        safe->Put(u"Item", mail->Handle());
+        CHECK(AsText(safe->Get(u"Body")) == u"Hello");
+
+        host.outlook.AddItem(ContactClass,
+                             {{u"FullName", u"J\u00FCrgen"}, {u"MobileTelephoneNumber", u"0171"}});
+        const ObjectPtr session =
+            AsObject(host.outlook.Application()->Call(u"GetNamespace", {Text(u"MAPI")}));
+        const ObjectPtr folder = AsObject(session->Call(u"GetDefaultFolder", {ContactsFolder}));
+        const ObjectPtr contact = host.Child(host.Child(folder, u"Items"), u"Item", {2});
+        CHECK(contact->TypeName() == u"ContactItem");
+        CHECK(AsNumber(contact->Get(u"Class")) == ContactClass);
+        CHECK(AsText(contact->Get(u"MobileTelephoneNumber")) == u"0171");
+        CHECK(host.TakeError() == 0);
+    }
+}
+
+TEST_CASE("the model tells what is still referenced, and survives whoever keeps a reference") {
+    PendingError errors;
+    auto outlook = std::make_unique<OutlookModel>(errors, 11);
+    const auto window = outlook->OpenExplorer();
+    CHECK(outlook->StillReferenced().empty());
+    ObjectPtr explorer = window->Handle();
+    const ObjectPtr second = explorer;
+    SubscriptionPtr subscription =
+        explorer->Advise(ExplorerEvents, [](std::int32_t, std::vector<Value>&) {});
+    const auto held = outlook->StillReferenced();
+    REQUIRE(held.size() == 1);
+    CHECK(held[0].className == u"Explorer");
+    CHECK(held[0].count == 2);
+    CHECK(outlook->LiveSubscriptions() == std::vector<Text>{u"Explorer"});
+
+    outlook.reset();
+    explorer->Get(u"Caption");
+    CHECK(errors.number == standin::error::ServerGone);
+    CHECK(explorer->TypeName().empty());
+    subscription.reset();
+}
