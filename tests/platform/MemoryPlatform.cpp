@@ -72,7 +72,7 @@ std::uint64_t MemoryFileSystem::ModifiedTime(TextView path) {
 std::optional<std::string> MemoryFileSystem::Read(TextView path) {
     ++reads;
     const auto found = files.find(Text(path));
-    if (found != files.end()) return found->second.contents;
+    if (found != files.end() && !failReads) return found->second.contents;
     errors.Note(FolderExists(path) ? error::PathFileAccess : error::FileNotFound,
                 u"File not found");
     return {};

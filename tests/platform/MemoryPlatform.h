@@ -63,6 +63,7 @@ public:
     std::map<Text, bool, FoldedLess> folders{
         {u"C:", true}, {u"C:\\Temp", true}, {u"C:\\Program", true}, {u"C:\\Data", true}};
     bool failWrites = false;
+    bool failReads = false;
     int reads = 0;
     int writes = 0;
     std::vector<Text> profileCalls;  // path, section and key of every profile call

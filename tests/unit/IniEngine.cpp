@@ -1,0 +1,201 @@
+// The INI file engine: what it finds, what it changes, and when it goes to the disk.
+#include <doctest.h>
+
+#include "SettingsModules.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+using namespace std::string_literals;
+
+namespace {
+
+constexpr TextView File1 = u"C:\\Data\\one.ini";
+constexpr TextView File2 = u"C:\\Data\\new\\deep\\two.ini";
+
+struct Engine : SettingsModules {
+    Text Read(TextView section, TextView key, TextView file = File1) {
+        return iniFile.ReadFromIniFile(file, section, key, u"default");
+    }
+};
+
+}  // namespace
+
+TEST_CASE("entries are found by section and key") {
+    struct Case {
+        std::string file;
+        TextView section, key, value;
+    };
+    const Case cases[] = {
+        {"[Settings]\r\nVolume=5\r\n", u"settings", u"VOLUME", u"5"},
+        {"[S]\r\nVolume =5\r\n", u"S", u"Volume", u"default"},
+        {"[S]\r\n Volume=5\r\n", u"S", u"Volume", u"default"},
+        {"[S]\r\nVolume= 5 \t\r\n", u"S", u"Volume", u" 5 \t"},
+        {"[S]\r\nVolume=\r\n", u"S", u"Volume", u""},
+        {"[S]\r\n;Volume=5\r\n", u"S", u"Volume", u"default"},
+        {"[S]\r\nv=a=b\r\n", u"S", u"v", u"a=b"},
+        {"[S]\r\nv=a=b\r\n", u"S", u"v=a", u"b"},
+        {"[S]\r\nk=1\r\nk=2\r\n", u"S", u"k", u"1"},
+        {"[S]\r\nlast=1", u"S", u"last", u"1"},
+        {"junk [S] junk\r\nk=1\r\n", u"S", u"k", u"1"},
+        {"[S]\r\n[T]\r\nk=1\r\n", u"S", u"k", u"default"},
+        {"[S]\r\n[T\r\nk=1\r\n", u"S", u"k", u"default"},
+        {"[S]\nk=1\n", u"S", u"k", u"default"},
+        {"[S]\r\nk=a\nb\r\n", u"S", u"k", u"a\nb"},
+        {"k=1\r\n[S]\r\n", u"", u"k", u"default"},
+        {"\xEF\xBB\xBF[S]\r\nk=1\r\n", u"S", u"k", u"1"},
+        {"[S]\r\na=\0b\0\r\nk=1\r\n"s, u"S", u"k", u"1"},
+        {"[\xC4rger]\r\n\xD6l=gr\xFCn \x80\r\n", u"ärger", u"öL", u"grün €"},
+        {"[S]\r\nk=\x81\r\n", u"S", u"k", u"\x81"},
+        {"[S", u"S", u"k", u"default"},
+        {"[S]", u"S", u"k", u"default"},
+        {"", u"S", u"k", u"default"},
+    };
+    for (const Case& c : cases) {
+        Engine engine;
+        engine.SetFile(File1, c.file);
+        // The first search reads through, later ones use an index.
+        for (int search = 0; search < 3; ++search) {
+            CAPTURE(c.file);
+            CHECK(engine.Read(c.section, c.key) == c.value);
+        }
+    }
+    Engine engine;
+    CHECK(engine.Read(u"S", u"k") == u"default");
+    CHECK(engine.Read(u"S", u"k", u"") == u"default");
+    CHECK(engine.Read(u"S", u"k", u"C:\\Data") == u"default");
+}
+
+TEST_CASE("writing changes no byte it does not concern") {
+    struct Case {
+        std::string before;
+        TextView section, key, value;
+        bool keepEmpty;
+        std::string after;
+    };
+    const Case cases[] = {
+        {"", u"S", u"k", u"1", false, "[S]\r\nk=1\r\n"},
+        {"\r\n\r\n", u"S", u"k", u"1", false, "[S]\r\nk=1\r\n"},
+        {"[A]\r\na=1\r\n\r\n\r\n", u"S", u"k", u"1", false, "[A]\r\na=1\r\n[S]\r\nk=1\r\n"},
+        {"[A]\r\na=1", u"S", u"k", u"1", false, "[A]\r\na=1\r\n[S]\r\nk=1\r\n"},
+        {"[A]\r\na=1\r\n", u"S", u"k", u"", false, "[A]\r\na=1\r\n"},
+        {"[A]\r\na=1\r\n", u"S", u"k", u"", true, "[A]\r\na=1\r\n[S]\r\nk=\r\n"},
+        {"[S]\r\na=1\r\n", u"S", u"k", u"", false, "[S]\r\na=1\r\n"},
+        {"[S]\r\na=1\r\n", u"S", u"k", u"", true, "[S]\r\na=1\r\nk=\r\n"},
+        {"[s]\r\nK=1\r\nb=2\r\n", u"S", u"k", u"9", false, "[s]\r\nK=9\r\nb=2\r\n"},
+        {"[S]\r\nk=1\r\nb=2\r\n", u"S", u"k", u"", false, "[S]\r\nb=2\r\n"},
+        {"[S]\r\nk=1\r\nb=2\r\n", u"S", u"k", u"", true, "[S]\r\nk=\r\nb=2\r\n"},
+        {"[S]\r\na=1\r\nk=1", u"S", u"k", u"", false, "[S]\r\na=1"},
+        {"[S]\r\na=1\r\nk=1", u"S", u"k", u"2", false, "[S]\r\na=1\r\nk=2"},
+        {"[S]\r\na=1\r\n\r\n\r\n", u"S", u"k", u"1", false, "[S]\r\na=1\r\nk=1\r\n"},
+        {"[S]\r\na=1\r\n\r\n\r\n[T]\r\n", u"S", u"k", u"1", false,
+         "[S]\r\na=1\r\nk=1\r\n\r\n\r\n[T]\r\n"},
+        {"[S]\r\n[T]\r\nk=1\r\n", u"S", u"k", u"2", false, "[S]\r\nk=2\r\n[T]\r\nk=1\r\n"},
+        {"\r\n[S]", u"S", u"k", u"1", false, "\r\n[S]\r\nk=1\r\n"},
+        {"[]\r\n", u"", u"k", u"1", false, "[]\r\n\r\nk=1\r\n"},
+        {"[S]\nk=1\n", u"S", u"k", u"2", false, "[S]\nk=1\n\r\nk=2\r\n"},
+        {"\xEF\xBB\xBF;\0\x81\xFF\r\n[S]\r\n\x8D=\x90\r\n[T]"s, u"S", u"k", u"ß", false,
+         "\xEF\xBB\xBF;\0\x81\xFF\r\n[S]\r\n\x8D=\x90\r\nk=\xDF\r\n[T]"s},
+    };
+    for (const Case& c : cases) {
+        CAPTURE(c.before);
+        Engine engine;
+        engine.SetFile(File1, c.before);
+        CHECK(engine.iniFile.WriteToIniFile(File1, c.section, c.key, c.value, true, c.keepEmpty));
+        CHECK(engine.File(File1) == c.after);
+        // What is remembered of the sections describes the changed text.
+        CHECK(engine.Read(c.section, c.key) ==
+              (c.value.empty() && !c.keepEmpty ? TextView(u"default") : c.value));
+    }
+    Engine engine;
+    // Codes below the blank at a section's end go with the blank lines.
+    engine.SetFile(File1, "[S]\r\na=1\t\r\n[T]");
+    CHECK(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"2"));
+    CHECK(engine.File(File1) == "[S]\r\na=1\r\nk=2\t\r\n[T]");
+    const Text big(65536, u'v');
+    CHECK(engine.iniFile.WriteToIniFile(File1, u"T", u"big", big));
+    CHECK((engine.Read(u"T", u"big") == big));
+}
+
+TEST_CASE("one file is held, and written when it must be") {
+    Engine engine;
+    engine.SetFile(File1, "[S]\r\nk=1\r\n");
+    CHECK(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"2", false));
+    CHECK(engine.File(File1) == "[S]\r\nk=1\r\n");
+    CHECK(engine.Read(u"S", u"k") == u"2");
+    const int reads = engine.disk.reads;
+    CHECK(engine.Read(u"T", u"k", File2) == u"default");
+    CHECK(engine.File(File1) == "[S]\r\nk=2\r\n");
+    CHECK(engine.iniFile.WriteToIniFile(File2, u"T", u"k", u"3"));
+    CHECK(engine.File(File2) == "[T]\r\nk=3\r\n");
+    CHECK(engine.disk.reads == reads);
+
+    // A file that cannot be written keeps its change in memory until a later flush.
+    engine.disk.files[Text(File1)].readOnly = true;
+    CHECK_FALSE(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"4"));
+    CHECK(engine.Read(u"S", u"k") == u"4");
+    CHECK_FALSE(engine.iniFile.Flush());
+    engine.disk.files[Text(File1)].readOnly = false;
+    CHECK(engine.iniFile.Flush());
+    CHECK(engine.File(File1) == "[S]\r\nk=4\r\n");
+    CHECK_FALSE(engine.iniFile.WriteToIniFile(u"C:\\Data", u"S", u"k", u"1"));
+    CHECK_FALSE(engine.iniFile.WriteToIniFile(u"", u"S", u"k", u"1"));
+}
+
+TEST_CASE("changes by another program") {
+    Engine engine;
+    engine.SetFile(File1, "[S]\r\nk=1\r\n");
+    CHECK(engine.Read(u"S", u"k") == u"1");
+    engine.SetFile(File1, "[S]\r\nk=2\r\nother=1\r\n");
+    CHECK(engine.Read(u"S", u"k") == u"1");
+    SUBCASE("seen by a read that looks") {
+        CHECK(engine.iniFile.ReadFromIniFile(File1, u"S", u"k", {}, 1) == u"2");
+    }
+    SUBCASE("seen by every read when that is switched on, even over unwritten changes") {
+        engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);
+        engine.SetFile(File1, "[S]\r\nk=4\r\n");
+        engine.iniFile.checkFileTime = true;
+        CHECK(engine.Read(u"S", u"k") == u"4");
+        CHECK(engine.iniFile.Flush());
+        CHECK(engine.File(File1) == "[S]\r\nk=4\r\n");
+        // Its own writes are no such changes.
+        engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"5");
+        const int reads = engine.disk.reads;
+        CHECK(engine.Read(u"S", u"k") == u"5");
+        CHECK(engine.disk.reads == reads);
+    }
+    SUBCASE("kept by a write") {
+        engine.iniFile.WriteToIniFile(File1, u"S", u"new", u"1");
+        CHECK(engine.File(File1) == "[S]\r\nk=2\r\nother=1\r\nnew=1\r\n");
+    }
+    SUBCASE("a file that cannot be read just now is not wiped by a write") {
+        engine.disk.failReads = true;
+        CHECK_FALSE(engine.iniFile.WriteToIniFile(File1, u"S", u"new", u"1"));
+        CHECK(engine.Read(u"S", u"k") == u"default");
+        CHECK(engine.File(File1) == "[S]\r\nk=2\r\nother=1\r\n");
+    }
+}
+
+TEST_CASE("files at the size limit go through the system's functions") {
+    struct Case {
+        TextView maxSize;
+        std::size_t size;
+        bool big;
+    };
+    for (const Case& c :
+         {Case{u"", 511999, false}, Case{u"", 512000, true}, Case{u"10239", 10240, false},
+          Case{u"10240", 10239, false}, Case{u"10240", 10240, true}, Case{u"20000", 20000, true}}) {
+        Engine engine;
+        engine.SetFile(CurrentFile, "[S]\r\n");
+        engine.SetFile(u"C:\\Data\\Tellwick\\settings.ini",
+                       "[Files]\r\nMaxSize=" + std::string(c.maxSize.begin(), c.maxSize.end()));
+        engine.inifilesLite.GetIniFile();
+        std::string contents = "[S]\r\nk=held\r\n";
+        contents.resize(c.size, 'x');
+        engine.SetFile(File1, contents);
+        CHECK(engine.Read(u"S", u"k") == (c.big ? u"from the system" : u"held"));
+        CHECK(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u""));
+        CHECK(engine.disk.profileCalls ==
+              (c.big ? std::vector<Text>{Text(File1) + u"|S|k", Text(File1) + u"|S|k=(removed)"}
+                     : std::vector<Text>{}));
+    }
+}
