@@ -168,7 +168,9 @@ bool MemoryPrograms::Start(TextView application, TextView startLine, WindowStyle
 
 bool MemoryPrograms::OpenAssociated(TextView document) {
     opened.emplace_back(document);
-    return !failStart;
+    if (!failOpen) return true;
+    errors.Note(error::FileNotFound, u"File not found");
+    return false;
 }
 
 Answer MemoryDialogs::Next(std::uint32_t flags) {

@@ -100,6 +100,7 @@ public:
     std::vector<Started> started;
     std::vector<Text> opened;
     bool failStart = false;
+    bool failOpen = false;  // nothing is associated
 
 private:
     PendingError& errors;

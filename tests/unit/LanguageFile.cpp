@@ -1,0 +1,186 @@
+// The language: which file is loaded, and what a lookup in it yields.
+#include <doctest.h>
+
+#include "SettingsModules.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+using namespace std::string_literals;
+
+TEST_CASE("texts are found by section and key") {
+    struct Case {
+        std::string file;
+        TextView section, key, value;
+    };
+    const std::string plain = "[Misc]\r\nOk=fine\r\nxNo=never\r\n[Other]\r\nOnly=here\r\nlast=end";
+    const Case cases[] = {
+        {plain, u"Misc", u"Ok", u"fine"},
+        {plain, u"[Misc]", u"Ok", u"fine"},
+        {plain, u"misc", u"Ok", u""},
+        {plain, u"Misc", u"ok", u""},
+        {plain, u"Misc", u"No", u""},
+        {plain, u"Misc", u"Only", u""},
+        {plain, u"Other", u"last", u"end"},
+        {plain, u"None", u"Ok", u""},
+        {"[A]\r\nk=one\\ntwo\\tthree\\x\\\\n\r\n", u"A", u"k", u"one\rtwo\tthree\\x\\\r"},
+        {"[A]\nk=1\n\nj=2\rl=3\r\n", u"A", u"j", u"2"},
+        {"[A]\nk=1\n\nj=2\rl=3\r\n", u"A", u"l", u"3"},
+        {"[A]\r\nk=Gr\xFC\xDF"
+         "e \x80\x81\r\n",
+         u"A", u"k", u"Grüße €\x81"},
+        // "[=" is an entry, but only the first following line is looked at.
+        {"[A]\r\n[=1\r\nk=2\r\n[B]\r\nj=3\r\n", u"A", u"k", u"2"},
+        {"[A]\r\n[=1\r\nk=2\r\n[B]\r\nj=3\r\n", u"A", u"[", u"1"},
+        {"[A]\r\n[=1\r\nk=2\r\n[B]\r\nj=3\r\n", u"A", u"j", u""},
+        {"[A]\r\n[=1\r\n[=2\r\nk=3\r\n", u"A", u"k", u""},
+        {"[A]\r\n[=1\r\nk=2", u"A", u"k", u"2"},
+        {"x=[B]\r\nk=1\r\n", u"B", u"k", u"1"},
+        {"[A]\r\nk=\0\r\nj=1"s, u"A", u"j", u"1"},
+        {"\xEF\xBB\xBF[A]\r\nk=1", u"A", u"k", u"1"},
+        {"[A]\r\na=b=c", u"A", u"a=b", u"c"},
+        {"[A", u"A", u"k", u""},
+        {"k=1", u"", u"k", u""},
+    };
+    for (const Case& c : cases) {
+        CAPTURE(c.file);
+        SettingsModules m(c.file);
+        for (int search = 0; search < 3; ++search) {
+            CHECK((m.language.GetLanguageString(c.section, c.key) == c.value));
+        }
+    }
+}
+
+TEST_CASE("a missing text is told on demand, and only while there is a file") {
+    SettingsModules m("[A]\r\nk=1\r\n");
+    CHECK((m.language.GetLanguageString(u"A", u"k", true) == u"1"));
+    CHECK(m.dialogs.shown.empty());
+    m.language.GetLanguageString(u"[B]", u"j", true);
+    REQUIRE(m.dialogs.shown.size() == 1);
+    CHECK((m.dialogs.shown[0].text == u"Missing 'j' in [B] in the language file!"));
+
+    SettingsModules without("");
+    without.language.GetLanguageString(u"A", u"k", true);
+    REQUIRE(without.dialogs.shown.size() == 1);
+    CHECK((without.dialogs.shown[0].text == u"The language file 'English.lng' seems to be empty!"));
+    CHECK((without.language.TextOrBuiltIn(u"Misc", u"Default") == u"Standard"));
+    CHECK(without.dialogs.shown.size() == 1);
+}
+
+TEST_CASE("a lookup is traced with section and key while tracing is on") {
+    SettingsModules m;
+    m.SetRegistry(AddInKey, u"DebugMode", u"1");
+    m.SetRegistry(AddInKey, u"Active", u"1");
+    m.inifilesLite.GetIniFile();
+    m.debug.DebugInit(true, false);
+    const std::size_t before = m.File(TraceFile).size();
+    m.language.GetLanguageString(u"A", u"k");
+    CHECK(m.File(TraceFile)
+              .substr(before, 80)
+              .starts_with(" <GetLanguageString>_\r\n  A k\r\n </GetLanguageString>\r\n"));
+}
+
+TEST_CASE("the language that is chosen") {
+    constexpr TextView international = u"Control Panel\\International";
+    struct Case {
+        TextView setting, sibling, sLanguage, mouse, locale, file;
+    };
+    const Case cases[] = {
+        {u"Deutsch", u"", u"", u"", u"", u"Deutsch"},
+        {u"DEUTSCH.LNG", u"Polski", u"", u"", u"", u"Deutsch"},
+        {u"Fran\u00E7ais", u"", u"", u"", u"", u"Francais"},
+        {u"Klingon", u"", u"DEU", u"", u"", u"English"},
+        {u"", u"Cesky.lng", u"DEU", u"", u"", u"Cesky"},
+        {u"", u"", u"DEU", u"", u"", u"Deutsch"},
+        {u"", u"", u"DEA", u"", u"", u"English"},
+        {u"", u"", u"FRA", u"ENU", u"", u"Francais"},
+        {u"", u"", u"", u"PTB", u"00000409", u"Portugues-BR"},
+        {u"", u"", u"POR", u"", u"", u"Portugues-BR"},
+        {u"", u"", u"NLD", u"", u"", u"Nederlands"},
+        {u"", u"", u"ENU", u"", u"", u"English"},
+        // "00000407" is read as 407, which no locale has, and gives "DE", which is no "DEU".
+        {u"", u"", u"", u"", u"00000407", u"English"},
+        {u"", u"", u"", u"", u"0000040c", u"Polski"},
+        {u"", u"", u"", u"", u"", u"English"},
+    };
+    for (const Case& c : cases) {
+        CAPTURE(Text(c.file));
+        SettingsModules m;
+        for (const TextView name : {TextView(u"Deutsch"), TextView(u"Francais"), TextView(u"Cesky"),
+                                    TextView(u"Portugues-BR"), TextView(u"Nederlands"),
+                                    TextView(u"Polski"), TextView(u"English")}) {
+            const std::string ascii(name.begin(), name.end());
+            m.SetFile(u"C:\\Program\\lang\\" + Text(name) + u".lng", "[F]\r\nname=" + ascii);
+        }
+        m.SetFile(u"C:\\Data\\Corvane\\corvane.ini", "");
+        m.iniFile.WriteToIniFile(u"C:\\Data\\Corvane\\corvane.ini", u"Settings", u"Language",
+                                 c.sibling);
+        m.SetFile(CurrentFile, "");
+        m.iniFile.WriteToIniFile(CurrentFile, u"Settings", u"Language", c.setting);
+        m.SetRegistry(international, u"sLanguage", c.sLanguage);
+        m.SetRegistry(u"Control Panel\\Microsoft Input Devices\\Mouse", u"Language", c.mouse);
+        m.SetRegistry(international, u"Locale", c.locale);
+        m.platform.locale.languages[40] = u"PLK\0"s;
+        CHECK((m.language.GetLanguageString(u"F", u"name") == c.file));
+        CHECK(m.dialogs.shown.empty());
+    }
+    SettingsModules german;
+    german.SetRegistry(international, u"Locale", u"00000407");
+    CHECK((german.language.WindowsLocaleCode() == u"DE"));
+}
+
+TEST_CASE("manual and help are named by the language") {
+    struct Case {
+        TextView language, code, manual;
+    };
+    for (const Case& c :
+         {Case{u"Deutsch", u"de", u"Deutsch"}, Case{u"Polski", u"pt", u"English"},
+          Case{u"Portugues-BR", u"pt", u"English"}, Case{u"Nederlands.lng", u"nl", u"English"}}) {
+        SettingsModules m;
+        m.SetFile(u"C:\\Program\\" + Text(c.language.substr(0, c.language.find(u'.'))) + u".lng",
+                  "[x]");
+        m.disk.folders[u"C:\\Program\\Manual\\Deutsch"] = true;
+        m.SetFile(u"C:\\Program\\cvde.chm", "help");
+        m.SetFile(CurrentFile, "");
+        m.iniFile.WriteToIniFile(CurrentFile, u"Settings", u"Language", c.language);
+        m.language.LoadLanguageFile();
+        const Text own = u"C:\\Program\\cv" + Text(c.code) + u".chm";
+        CHECK((m.language.LanguageHelpFile() == own));
+        CHECK((m.language.HelpFile() == (c.code == u"de" ? own : u"C:\\Program\\cven.chm")));
+        CHECK((m.language.ManualFolder() == u"C:\\Program\\Manual\\" + Text(c.manual) + u"\\"));
+    }
+}
+
+TEST_CASE("texts read once fall back on English") {
+    SettingsModules m;
+    m.SetFile(u"C:\\Program\\Deutsch.lng",
+              "[Misc]\r\nInfrared=Infrarot\r\n[Calendar]\r\nBirthday=Geburtstag\r\n");
+    m.SetFile(u"C:\\Program\\English.lng", "[Calendar]\r\nAnniversary=Anniversary\r\n");
+    m.SetRegistry(u"Control Panel\\International", u"sLanguage", u"DEU");
+    m.inifilesLite.GetIniFile();
+    CHECK((m.language.Loaded().infrared == u"Infrarot"));
+    CHECK((m.language.Loaded().outlook == u""));
+    CHECK((m.language.Loaded().anniversary == u"Anniversary"));
+    CHECK((m.language.Loaded().birthday == u"Geburtstag"));
+}
+
+TEST_CASE("an empty language file gives way to the English one") {
+    SettingsModules m("[F]\r\nname=English\r\n");
+    m.SetFile(u"C:\\Program\\Deutsch.lng", "");
+    m.SetRegistry(u"Control Panel\\International", u"sLanguage", u"DEU");
+    CHECK((m.language.GetLanguageString(u"F", u"name") == u"English"));
+    m.SetFile(u"C:\\Program\\English.lng", "");
+    SettingsModules none("");
+    none.SetFile(u"C:\\Program\\Deutsch.lng", "");
+    none.SetRegistry(u"Control Panel\\International", u"sLanguage", u"DEU");
+    SUBCASE("and is told of when that is empty, too, by the first name") {
+        none.language.LoadLanguageFile();
+        REQUIRE(none.dialogs.shown.size() == 1);
+        CHECK(
+            (none.dialogs.shown[0].text == u"The language file 'Deutsch.lng' seems to be empty!"));
+    }
+    SUBCASE("unless the user does not want to know") {
+        none.SetFile(CurrentFile, "[Settings]\r\nNoLanguageFileMessage=1\r\n");
+        none.language.LoadLanguageFile();
+        CHECK(none.dialogs.shown.empty());
+    }
+}

@@ -1,0 +1,161 @@
+// Message boxes and their remembered answers, whole files and folders, opening of documents.
+#include <doctest.h>
+
+#include "SettingsModules.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+
+TEST_CASE("the system's box sees what it knows, and the part before the bar") {
+    SettingsModules m("[Messages]\r\nMsg60=No %f, %f|hidden\r\n");
+    Text title;
+    CHECK(m.questionBox.MsgBoxEx(u"Saved.|And more", 4 | 32, title) == Answer::Yes);
+    CHECK(title == u"Tellwick");
+    CHECK(m.dialogs.shown.back().text == u"Saved.");
+    CHECK(m.dialogs.shown.back().title == u"Tellwick");
+    title = u"Mine";
+    m.questionBox.MsgBoxEx(u"x", 0x90000000 | 128 | 16, title);
+    CHECK(m.dialogs.shown.back().flags == 16);
+    CHECK(m.dialogs.shown.back().title == u"Mine");
+    m.questionBox.MsgBoxMessage(60, box::IconExclamation, u"%f", u"a%fb|c");
+    CHECK(m.dialogs.shown.back().text == u"No a%fb");
+    // The list question takes a Yes as 1.
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        m.dialogs.answers = {answer};
+        CHECK(m.questionBox.MsgBoxMessage(52, 132) ==
+              (answer == Answer::Yes ? Answer::Ok : answer));
+        CHECK(m.dialogs.shown.back().flags == 4);
+    }
+    m.dialogs.inputs = {u"typed"};
+    CHECK(m.questionBox.InputBox(u"Where?") == u"typed");
+}
+
+TEST_CASE("answers are remembered per message until they are taken back") {
+    struct Case {
+        std::int32_t number;
+        std::uint32_t style;
+        std::uint32_t shown;
+        Answer given;
+        TextView invalid;
+    };
+    for (const Case& c :
+         {Case{126, 0x90000001, 4, Answer::Yes, u"1"}, Case{127, 0x90000002, 4, Answer::No, u"2"},
+          Case{138, 0x90000010, 16, Answer::Ok, u"6"}}) {
+        SettingsModules m("[Messages]\r\nDoNotAskAgain=no more\r\nDoNotShowAgain=no more\r\n");
+        m.inifilesLite.GetIniFile();
+        const Text key = u"Answer" + NumberText(c.number);
+        m.inifilesLite.SetIniSetting(u"QuestionBox", key, c.invalid);
+        const auto ask = [&] { return m.questionBox.MsgBoxMessage(c.number, c.style); };
+        m.dialogs.answers = {c.given, c.given};
+        CHECK(ask() == c.given);  // the answer kept is none of this box
+        CHECK(m.dialogs.shown.back().flags == c.shown);
+        CHECK(m.dialogs.shown.back().checkBoxText == u"no more");
+        m.dialogs.check = true;
+        CHECK(ask() == c.given);
+        CHECK(m.dialogs.shown.size() == 2);
+        CHECK(ask() == c.given);
+        CHECK(m.dialogs.shown.size() == 2);
+        m.questionBox.ForgetAnswers();
+        CHECK(m.inifilesLite.GetIniSetting(u"QuestionBox", key) == u"");
+        ask();
+        CHECK(m.dialogs.shown.size() == 3);
+    }
+}
+
+TEST_CASE("a numbered message is traced with its number") {
+    SettingsModules m;
+    m.SetRegistry(AddInKey, u"DebugMode", u"1");
+    m.SetRegistry(AddInKey, u"Active", u"1");
+    m.debug.DebugInit(true, false);
+    m.questionBox.MsgBoxMessage(60, 0);
+    CHECK(m.File(TraceFile).find(" MsgBoxMessage:60\r\n") != std::string::npos);
+}
+
+TEST_CASE("whole files are written, with the folders they need") {
+    struct Case {
+        TextView path, cleaned;
+        bool written;
+        bool told;
+    };
+    for (const Case& c :
+         {Case{u"C:\\q\\a/b\\what?.txt", u"C:\\q\\a_b\\what_.txt", true, false},
+          Case{u"M:\\x.txt", u"M:\\x.txt", false, false}, Case{u"m:x", u"m:x", false, false},
+          Case{u"Z:\\x.txt", u"Z:\\x.txt", false, true},
+          Case{u"C:\\Data", u"C:\\Data", false, true}, Case{u"", u"", false, false}}) {
+        for (const bool showError : {false, true}) {
+            SettingsModules m;
+            Text path(c.path);
+            CHECK(m.files.WriteFileConents(path, u"Grüße €", false, 0, showError) == c.written);
+            CHECK(path == c.cleaned);
+            CHECK(m.dialogs.shown.size() == (c.told && showError ? 1 : 0));
+            if (!c.written) continue;
+            CHECK(m.File(path) ==
+                  "Gr\xFC\xDF"
+                  "e \x80");
+            CHECK(m.files.WriteFileConents(path, u"+", true, 0, showError));
+            CHECK(m.File(path) ==
+                  "Gr\xFC\xDF"
+                  "e \x80+");
+            CHECK(m.errors.number == 0);
+        }
+    }
+    SettingsModules m;
+    Text path(u"Z:\\x.txt");
+    m.files.WriteFileConents(path, u"", false, 0, true);
+    CHECK(m.dialogs.shown.back().text == u"Error writing file: Z:\\x.txt, Path not found");
+}
+
+TEST_CASE("paths are normalised") {
+    struct Case {
+        TextView path, normal;
+    };
+    for (const Case& c :
+         {Case{u"C:\\a\\\\b\\.\\c", u"C:\\a\\b\\c"}, Case{u"C:\\a\\..\\b", u"C:\\b"},
+          Case{u"C:\\..\\..\\b", u"C:\\b"}, Case{u"C:\\a\\", u"C:\\a\\"},
+          Case{u"\\\\server\\share\\..\\x", u"\\\\server\\share\\x"}, Case{u"\\a\\..\\b", u"\\b"},
+          Case{u"..\\a", u"..\\a"}, Case{u"a\\..\\b", u"b"}, Case{u"", u""}}) {
+        CHECK(Files::NormalisePath(c.path) == c.normal);
+    }
+}
+
+TEST_CASE("the command of an extension") {
+    struct Case {
+        TextView command, found;
+    };
+    for (const Case& c :
+         {Case{u"hh.exe %1", u"hh.exe \"%l\""},
+          Case{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
+          Case{u"a %L", u"a \"%l\""}, Case{u"a \"%l\"", u"a \"%l\""}, Case{u"a", u"a \"%l\""},
+          Case{u"%x% a", u"%x% a \"%l\""}, Case{u"", u""}}) {
+        SettingsModules m;
+        m.SetRegistry(u".chm", u"", u"machine", Hive::ClassesRoot);
+        m.SetRegistry(u"machine\\shell\\open\\command", u"", c.command, Hive::ClassesRoot);
+        CHECK(m.documents.GetApplForExt(u"chm") == c.found);
+        m.SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\.chm",
+                      u"ProgID", u"user");
+        CHECK(m.documents.GetApplForExt(u"chm") == c.found);
+        m.SetRegistry(u"user\\shell\\open\\command", u"", u"own %1", Hive::ClassesRoot);
+        CHECK(m.documents.GetApplForExt(u"chm") == u"own \"%l\"");
+    }
+}
+
+TEST_CASE("documents and addresses are opened as well as the machine can") {
+    SettingsModules m;
+    CHECK(m.documents.ExecApp(u"C:\\a.htm", -1));
+    CHECK(m.platform.programs.opened.back() == u"C:\\a.htm");
+    CHECK_FALSE(m.documents.ExecApp(u"", -1));
+    CHECK_FALSE(m.documents.ExecApp(u"a\" & b", -1));
+    m.platform.programs.failOpen = true;
+    m.SetRegistry(u".htm", u"", u"html", Hive::ClassesRoot);
+    m.SetRegistry(u"html\\shell\\open\\command", u"", u"browse \"%1\"", Hive::ClassesRoot);
+    struct Case {
+        TextView document, commandLine;
+    };
+    for (const Case& c : {Case{u"C:\\a b.htm", u"browse \"C:\\a b.htm\""},
+                          Case{u"http://x/y", u"browse \"http://x/y\""},
+                          Case{u"mailto:a@b", u"cmd /c start \"\" \"mailto:a@b\""},
+                          Case{u"C:\\a.doc", u"cmd /c start \"\" \"C:\\a.doc\""}}) {
+        CHECK(m.documents.ExecApp(c.document, -1));
+        CHECK(m.platform.programs.started.back().commandLine == c.commandLine);
+    }
+}
