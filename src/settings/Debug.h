@@ -2,6 +2,7 @@
 // becomes a line of the trace file (or, in registry mode, the one record kept in the registry).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/Clock.h"
@@ -40,6 +41,11 @@ public:
         } else {
             TraceCopy(name, level);
         }
+    }
+    // The length of a literal is known at once; a text view would count it at every call.
+    template <std::size_t Size>
+    void DebugTrace(const char16_t (&name)[Size], std::int32_t level) {
+        DebugTrace(TextView(name, Size - 1), level);
     }
     // The same; while tracing is on, a free text has its German letters folded in place.
     void DebugTrace(Text& name, std::int32_t level);
@@ -91,9 +97,10 @@ private:
 // exit record follows when the procedure is left, with the error that is pending then.
 class Procedure {
 public:
-    Procedure(Debug& debug, TextView name) : debug(debug), name(name) {
+    template <std::size_t Size>
+    Procedure(Debug& debug, const char16_t (&name)[Size]) : debug(debug), name(name, Size - 1) {
         debug.Errors().Clear();
-        debug.DebugTrace(name, trace::Enter);
+        debug.DebugTrace(this->name, trace::Enter);
     }
     ~Procedure() { debug.DebugTrace(name, trace::Exit); }
     Procedure(const Procedure&) = delete;

@@ -31,7 +31,7 @@ bool Documents::ExecApp(TextView document, [[maybe_unused]] std::int32_t flag) {
     // A quote would end the argument it stands in.
     if (document.empty() || Contains(document, u"\"")) return false;
     if (programs.OpenAssociated(document)) return true;
-    const Text quoted = u"\"" + Text(document) + u"\"";
+    const Text quoted = Text(u"\"").append(document).append(u"\"");
     const bool mail = StartsWithFolded(document, u"mailto:");
     const bool page = Contains(document, u"://") || EndsWithFolded(document, u".htm") ||
                       EndsWithFolded(document, u".html");
@@ -47,7 +47,7 @@ bool Documents::ExecApp(TextView document, [[maybe_unused]] std::int32_t flag) {
 
 Text Documents::GetApplForExt(TextView extension) {
     Procedure procedure{debug, u"GetApplForExt"};
-    const Text dotted = u"." + Text(extension);
+    const Text dotted = Text(u".").append(extension);
     const Text choices =
         u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\" + dotted;
     const Text userChoice = choices + u"\\UserChoice";

@@ -2,6 +2,7 @@
 // into and to make fail.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -15,7 +16,9 @@ namespace tellwick::test {
 // Names of files, keys and values: letter case is ignored.
 struct FoldedLess {
     bool operator()(const Text& left, const Text& right) const {
-        return LowerCase(left) < LowerCase(right);
+        return std::lexicographical_compare(
+            left.begin(), left.end(), right.begin(), right.end(),
+            [](char16_t a, char16_t b) { return LowerCase(a) < LowerCase(b); });
     }
 };
 

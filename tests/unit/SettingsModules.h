@@ -1,42 +1,26 @@
 // The modules of settings and language, wired over the platform in memory.
 #pragma once
 
-#include "language/Language.h"
 #include "platform/MemoryPlatform.h"
+#include "platform/Modules.h"
 #include "platform/Product.h"
-#include "settings/Debug.h"
-#include "settings/Documents.h"
-#include "settings/Files.h"
-#include "settings/IniFile.h"
-#include "settings/InifilesLite.h"
-#include "settings/Paths.h"
-#include "settings/QuestionBox.h"
-#include "settings/RegEdit.h"
 
 namespace tellwick::test {
 
 constexpr TextView TraceFile = u"C:\\Program\\TellwickAddIn.dbg.xml";
 constexpr TextView CurrentFile = u"C:\\Data\\Tellwick\\corvane.ini";
 
-struct SettingsModules {
+struct HeldMemoryPlatform {
     MemoryPlatform platform;
+};
+
+struct SettingsModules : HeldMemoryPlatform, Modules {
     PendingError& errors = platform.errors;
     MemoryFileSystem& disk = platform.fileSystem;
     MemoryDialogs& dialogs = platform.dialogs;
-    RegEdit regEdit{platform.registry, debug};
-    Debug debug{errors,      regEdit, inifilesLite,      paths,          language,
-                questionBox, disk,    platform.programs, platform.clock, platform.locale};
-    Paths paths{regEdit, platform.programs};
-    QuestionBox questionBox{debug, language, inifilesLite, dialogs};
-    Files files{errors, debug, questionBox, disk, platform.locale};
-    IniFile iniFile{debug, inifilesLite, files, disk, platform.locale};
-    InifilesLite inifilesLite{debug, regEdit, iniFile, files, paths, language, questionBox, disk};
-    Language language{debug, regEdit,     iniFile, inifilesLite,
-                      paths, questionBox, disk,    platform.locale};
-    Documents documents{debug, regEdit, platform.programs};
 
     // The language file in use holds the given bytes.
-    explicit SettingsModules(std::string_view english = "[x]\r\n") {
+    explicit SettingsModules(std::string_view english = "[x]\r\n") : Modules(platform.Ports()) {
         SetFile(u"C:\\Program\\English.lng", english);
         SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
                     u"AppData", u"C:\\Data");
