@@ -1,0 +1,69 @@
+// The text of the message: counted, limited, and shown as text or as hexadecimal digits.
+#pragma once
+
+#include <cstdint>
+
+#include "compose/FormSmsSendView.h"
+
+namespace tellwick {
+
+class Debug;
+class LanguageTexts;
+class Locale;
+
+class MessageText {
+public:
+    MessageText(FormSmsSendView& view, Debug& debug, LanguageTexts& language, Locale& locale);
+
+    // Module character mode: codes are UTF-16 units; else bytes of the ANSI code page.
+    bool wideCharacters = true;
+
+    // Starts anew: the box shows text, nothing is counted beside it.
+    void Reset();
+
+    // The text changed: counts it, cuts it to five parts, and tells the user.
+    void Message_Change();
+
+    // True when the key is not to reach the box: in the hexadecimal view all but digits.
+    bool Message_KeyPress(char16_t character) const;
+
+    // The word-wise keys; true when the key was used up.
+    bool Message_KeyDown(std::int32_t keyCode, std::int32_t shift);
+
+    void ButtonHex_Click();
+    void ButtonUcs2_Click();
+    void SetHexButton();
+
+    // Turns digits in the box back into text; nothing while the box shows text.
+    void ShowText();
+
+    // Puts a text in place of the selection, as digits while the box shows digits.
+    void Insert(TextView text);
+
+    // Two upper-case digits for each character. A character whose code is above 255 notes an
+    // overflow and gets the digits of the one before it.
+    Text ConvertTextToHexText(TextView text);
+
+    // The characters that pairs of digits stand for; an odd last digit and pairs that are no digits
+    // are left out.
+    Text ConvertHexTextToText(TextView digits) const;
+
+private:
+    Text ToDigits(TextView text);
+    Text FromDigits(TextView digits) const;
+    std::int32_t CodeOf(char16_t character) const;
+    char16_t CharacterOf(std::int32_t code) const;
+    Text FormText(TextView key);
+
+    bool hexFlag = false;
+    bool unicodeFlag = false;
+    std::int32_t extraLength = 0;     // characters counted beside the box's own text
+    std::int32_t previousLength = 0;  // counted at the end of the change before
+
+    FormSmsSendView& view;
+    Debug& debug;
+    LanguageTexts& language;
+    Locale& locale;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,57 @@
+// Telephone numbers: what a phone can dial, and the country prefixes of the settings.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "platform/Text.h"
+
+namespace tellwick {
+
+class Debug;
+class InifilesLite;
+class LanguageTexts;
+
+class Prefixes {
+public:
+    // By first digit of the country code (0 to 9; 0 stays empty), then by position.
+    using Table = std::array<std::vector<Text>, 10>;
+
+    Prefixes(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& language);
+
+    // The number as a phone can dial it: digits, "+", "#", "*", "p", and a leading "00" as "+".
+    Text ConvertPhoneNumber(TextView number);
+
+    // Reads the country prefixes of the settings into the table; the upper bound of its rows.
+    std::int32_t ReadPrefixes(Table& table);
+
+    // The number at the end of an address-list entry ("Meier, Hans  (+491712345678)"), normalised,
+    // and in national form where its country prefix is one of those to be replaced.
+    Text GetNumber(TextView entry);
+
+    // Loads both tables where that is due.
+    void LoadPrefixes();
+
+    // Splits a text into at most 201 elements and returns the upper bound of the list. Empty
+    // elements are replaced by "(no)" when keepEmpty is set, elements by their language text when
+    // translate is, and with quoted a separator inside double quotes does not separate.
+    std::int32_t GetList(std::vector<Text>& list, TextView text, TextView separator, bool keepEmpty,
+                         bool translate, bool quoted);
+
+private:
+    Text EmptyElement();
+
+    std::vector<Text> Remove0Prefixes;
+    Table CountryPrefixTable;
+    std::int32_t CountryPrefixBound = -1;  // -1: never read
+    Text emptyElement;                     // computed once
+    // Nothing assigns it; the results that follow from its being empty are deliberate.
+    const Text OwnCountryCode;
+
+    Debug& debug;
+    InifilesLite& inifilesLite;
+    LanguageTexts& language;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,183 @@
+#include "recipients/RecipientField.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "recipients/Contacts.h"
+#include "recipients/Prefixes.h"
+#include "settings/Debug.h"
+#include "settings/InifilesLite.h"
+#include "settings/LanguageTexts.h"
+#include "settings/QuestionBox.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr TextView FormSection = u"FormSmsSend";
+constexpr TextView ListSection = u"SMSNumberList";
+constexpr std::int32_t FirstUnread = 50;  // so many keys less one are ever read
+constexpr std::int32_t AskClear = 52;
+constexpr std::uint32_t AskClearStyle = QuestionBox::AffirmativeIsOne | box::YesNo;
+constexpr std::int32_t LongestList = 10000;  // whatever the setting says
+constexpr std::size_t MostRowsFilled = 500;  // nobody scrolls through more matches
+constexpr std::size_t MostRowsShown = 10;
+
+Text NumberKey(std::int32_t position) {
+    return u"Number" + NumberText(position);
+}
+
+// Where the last of the field's recipients begins.
+std::size_t SearchStart(TextView field) {
+    const std::size_t separator = field.find_last_of(u";,");
+    const std::size_t start = separator == TextView::npos ? 0 : separator + 1;
+    return std::min(field.find_first_not_of(u' ', start), field.size());
+}
+
+}  // namespace
+
+RecipientField::RecipientField(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& language,
+                               QuestionBox& questionBox, Prefixes& prefixes, Contacts& contacts,
+                               ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
+                               ListPlacer placeList)
+    : debug(debug),
+      inifilesLite(inifilesLite),
+      language(language),
+      questionBox(questionBox),
+      prefixes(prefixes),
+      contacts(contacts),
+      textTo(textTo),
+      listBoxNumbers(listBoxNumbers),
+      statusBar1(statusBar1),
+      placeList(std::move(placeList)) {}
+
+void RecipientField::GetListNumbers() {
+    Procedure procedure{debug, u"GetListNumbers"};
+    NumberList.clear();
+    for (std::int32_t position = 1; position < FirstUnread; ++position) {
+        Text number = inifilesLite.GetIniSetting(ListSection, NumberKey(position));
+        if (number.empty()) break;
+        NumberList.push_back(std::move(number));
+    }
+    if (NumberList.empty()) NumberList.emplace_back();
+    NumberListBound = std::int32_t(NumberList.size()) - 1;
+    Refill(NumberList.size());
+    if (textTo.Count() >= 1) textTo.Add(language.TextOrBuiltIn(FormSection, u"ListClear"));
+    if (textTo.Count() >= 2) textTo.SetSelectedIndex(0);
+}
+
+void RecipientField::Refill(std::size_t count) {
+    textTo.Clear();
+    for (std::size_t index = 0; index < count; ++index) {
+        if (!NumberList[index].empty()) textTo.Add(NumberList[index]);
+    }
+}
+
+void RecipientField::AddNumberToList(TextView number) {
+    Procedure procedure{debug, u"AddNumberToList"};
+    // A number that is there already keeps its place.
+    if (std::find(NumberList.begin(), NumberList.end(), number) != NumberList.end()) return;
+    if (NumberList.empty() || !NumberList.back().empty()) ++NumberListBound;
+    NumberList.resize(std::size_t(NumberListBound) + 1);
+    std::move_backward(NumberList.begin(), NumberList.end() - 1, NumberList.end());
+    // The list is padded to one cell more than intended, and grows by one with every further
+    // number once that is full; deliberate.
+    const std::int32_t intended = std::min(NumUsedNumber, LongestList);
+    if (intended >= NumberListBound) {
+        NumberListBound = intended;
+        NumberList.resize(std::size_t(NumberListBound) + 1);
+    }
+    NumberList[0] = number;
+    // The last cell is not shown, and the item that clears the list is missing here; deliberate.
+    Refill(std::size_t(NumberListBound));
+}
+
+void RecipientField::Save() {
+    for (std::int32_t index = 0; index <= NumberListBound; ++index) {
+        inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1),
+                                   NumberList[std::size_t(index)]);
+    }
+}
+
+void RecipientField::SetText(TextView text) {
+    setting = true;
+    textTo.SetText(text);
+    setting = false;
+    fieldText = text;
+}
+
+void RecipientField::TextTo_Click() {
+    Procedure procedure{debug, u"TextTo_Click"};
+    if (textTo.GetText() != language.TextOrBuiltIn(FormSection, u"ListClear")) {
+        fieldText = textTo.GetText();
+        return;
+    }
+    const bool clear = questionBox.MsgBoxMessage(AskClear, AskClearStyle) == Answer::Ok;
+    if (clear) {
+        // One key more than there are items; deliberate.
+        for (std::int32_t index = 0, count = textTo.Count(); index <= count; ++index) {
+            inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1), u"");
+        }
+        NumberList.clear();
+        NumberListBound = -1;
+        textTo.Clear();
+    }
+    // The item's text is no recipient.
+    SetText(Text(fieldText));
+}
+
+void RecipientField::TextTo_Change() {
+    if (setting) return;
+    Procedure procedure{debug, u"TextTo_Change"};
+    fieldText = textTo.GetText();
+    ShowMatches(Trimmed(TextView(fieldText).substr(SearchStart(fieldText))));
+}
+
+void RecipientField::ShowMatches(TextView search) {
+    const AddressList* addresses = search.empty() ? nullptr : &contacts.Addresses();
+    matches = addresses ? addresses->Matches(search) : std::vector<std::size_t>();
+    if (matches.empty()) {
+        CloseMatches();
+        return;
+    }
+    listBoxNumbers.Clear();
+    for (std::size_t row = 0; row < std::min(matches.size(), MostRowsFilled); ++row) {
+        listBoxNumbers.Add(addresses->Entry(matches[row]));
+    }
+    placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
+    listBoxNumbers.SetVisible(true);
+    statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Matches"), u"%n",
+                                  NumberText(std::int64_t(matches.size()))));
+}
+
+bool RecipientField::MoveInMatches(std::int32_t step) {
+    if (!listBoxNumbers.Visible()) return false;
+    listBoxNumbers.SetSelectedIndex(
+        std::clamp(listBoxNumbers.SelectedIndex() + step, 0, listBoxNumbers.Count() - 1));
+    return true;
+}
+
+void RecipientField::TakeMatch() {
+    const std::int32_t row = listBoxNumbers.SelectedIndex();
+    const AddressList& addresses = contacts.Addresses();
+    if (row >= 0 && std::size_t(row) < matches.size() &&
+        matches[std::size_t(row)] < addresses.Size()) {
+        const Text field = textTo.GetText();
+        const Text taken = field.substr(0, SearchStart(field)) +
+                           prefixes.GetNumber(addresses.Entry(matches[std::size_t(row)]));
+        SetText(taken);
+        textTo.Select(std::int32_t(taken.size()), 0);
+    }
+    CloseMatches();
+}
+
+void RecipientField::CloseMatches() {
+    matches.clear();
+    if (listBoxNumbers.Visible()) {
+        listBoxNumbers.SetVisible(false);
+        listBoxNumbers.Clear();
+    }
+    statusBar1.SetText(u"");
+}
+
+}  // namespace tellwick

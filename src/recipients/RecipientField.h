@@ -1,0 +1,81 @@
+// The recipient field: the list of recently used numbers, and the matches from the address list
+// while the user types.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "platform/Controls.h"
+
+namespace tellwick {
+
+class Contacts;
+class Debug;
+class InifilesLite;
+class LanguageTexts;
+class Prefixes;
+class QuestionBox;
+
+class RecipientField {
+public:
+    // Places and sizes the match list for a number of rows (1 to 10).
+    using ListPlacer = std::function<void(std::int32_t rows)>;
+
+    RecipientField(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& language,
+                   QuestionBox& questionBox, Prefixes& prefixes, Contacts& contacts,
+                   ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
+                   ListPlacer placeList);
+
+    // The intended length of the list; read by the form from its settings.
+    std::int32_t NumUsedNumber = 10;
+
+    // Loads the list, 49 numbers at most, and fills the drop-down.
+    void GetListNumbers();
+
+    // Puts a number at the head, unless it is in the list already, and refills the drop-down.
+    void AddNumberToList(TextView number);
+
+    // Writes the list back to the settings.
+    void Save();
+
+    // Sets the field's text without looking for matches.
+    void SetText(TextView text);
+
+    // An item of the drop-down was chosen; the one that clears the list asks first.
+    void TextTo_Click();
+
+    // The text changed; when the user did it, shows the entries of the address list that match.
+    void TextTo_Change();
+
+    // Moves up (-1) or down (1) in the open match list; false when it is not open.
+    bool MoveInMatches(std::int32_t step);
+
+    // Replaces the search text by the number of the chosen match, if one is, and closes the list.
+    void TakeMatch();
+
+    void CloseMatches();
+
+private:
+    void Refill(std::size_t count);
+    void ShowMatches(TextView search);
+
+    std::vector<Text> NumberList{1};   // most recent first
+    std::int32_t NumberListBound = 0;  // upper index; -1 once the list was cleared
+    std::vector<std::size_t> matches;  // indexes into the address list
+    Text fieldText;                    // before the item that clears the list was chosen
+    bool setting = false;              // the program, not the user, changes the field
+
+    Debug& debug;
+    InifilesLite& inifilesLite;
+    LanguageTexts& language;
+    QuestionBox& questionBox;
+    Prefixes& prefixes;
+    Contacts& contacts;
+    ComboBox& textTo;
+    ListBox& listBoxNumbers;
+    StatusBar& statusBar1;
+    ListPlacer placeList;
+};
+
+}  // namespace tellwick

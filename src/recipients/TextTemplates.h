@@ -1,0 +1,52 @@
+// The text templates: short texts that the user keeps and inserts into messages.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "platform/Controls.h"
+
+namespace tellwick {
+
+class Debug;
+class InifilesLite;
+
+// Sorts in place, ascending by the character codes of the lower-cased texts, up to the index
+// `bound`; a negative bound stands for the list's own upper bound.
+void SortList(Debug& debug, std::vector<Text>& list, std::int32_t bound);
+
+class TextTemplates {
+public:
+    // Puts a text into the message, at the caret.
+    using Inserter = std::function<void(TextView text)>;
+
+    TextTemplates(Debug& debug, InifilesLite& inifilesLite, ComboBox& comboBoxTextbausteine,
+                  Inserter insert);
+
+    // Loads the templates, 100 at most, and sorts them.
+    void GetTextbausteine();
+    // Fills the drop-down.
+    void Refill();
+    // Writes the templates back to the settings.
+    void Save();
+
+    // Adds the drop-down's text as a template, deletes the chosen one, inserts the current one.
+    void ButtonAdd_Click();
+    void ButtonDel_Click();
+    void ButtonInsert_Click();
+
+private:
+    void InsertText(TextView text);
+    bool IsEmpty() const { return TemplateListBound < 1 && TemplateList[0].empty(); }
+
+    std::vector<Text> TemplateList{1};  // never shorter; one empty text stands for no template
+    std::int32_t TemplateListBound = 0;
+
+    Debug& debug;
+    InifilesLite& inifilesLite;
+    ComboBox& comboBoxTextbausteine;
+    Inserter insert;
+};
+
+}  // namespace tellwick
