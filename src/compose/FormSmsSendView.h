@@ -31,7 +31,8 @@ public:
 
     // The window was activated by the user or the system.
     virtual void Form_Activate() = 0;
-    // The user closed the window by its frame; the window is unloaded by the handler, not by itself.
+    // The user closed the window by its frame; the window is unloaded by the handler, not by
+    // itself.
     virtual void Form_Close() = 0;
     virtual void Form_Resize() = 0;
     // Comes before any control's own key handler.

@@ -1,0 +1,51 @@
+#include "addin/Connect.h"
+
+#include "addin/OutlookAddIn.h"
+#include "addin/Program.h"
+#include "platform/Outlook.h"
+#include "platform/Product.h"
+
+namespace tellwick {
+
+Connect::Connect(Program& program) : program(program) {}
+
+OutlookAddIn& Connect::AddIn() {
+    if (!outlookAddIn) outlookAddIn = program.CreateOutlookAddIn();
+    return *outlookAddIn;
+}
+
+void Connect::AddinInstance_OnConnection(const ObjectPtr& application,
+                                         [[maybe_unused]] std::int32_t connectMode,
+                                         const ObjectPtr& addInInstance) {
+    PendingError& errors = program.errors;
+    errors.Clear();
+    const outlook::Application outlookApplication(errors, application);
+    // A count that cannot be read is no reason to stay away.
+    const std::int32_t explorers = outlookApplication.Explorers().Count();
+    const std::int32_t inspectors = outlookApplication.Inspectors().Count();
+    if (!errors && explorers == 0 && inspectors == 0) return;
+
+    program.processValues.applicationTitle = ComponentTitle;
+    const Text progId = AsText(Get(errors, addInInstance, u"ProgId"));
+    program.inifilesLite.GetIniFile();
+    AddIn().Initialise(application, progId);
+    program.debug.DebugInit(false, false);
+}
+
+void Connect::AddinInstance_OnBeginShutdown() {
+    ReleaseAddIn();
+}
+
+void Connect::AddinInstance_OnDisconnection([[maybe_unused]] std::int32_t removeMode) {
+    ReleaseAddIn();
+    // The release has written the same already; the repetition is intended.
+    program.regEdit.WriteValue(Hive::CurrentUser, RootKey, u"OlAddInActive", u"");
+}
+
+void Connect::ReleaseAddIn() {
+    const std::shared_ptr<OutlookAddIn> addIn = (AddIn(), outlookAddIn);
+    addIn->Release(nullptr);
+    outlookAddIn.reset();
+}
+
+}  // namespace tellwick

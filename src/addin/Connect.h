@@ -1,0 +1,36 @@
+// The add-in object that Outlook creates: the connection events.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/Object.h"
+
+namespace tellwick {
+
+class OutlookAddIn;
+class Program;
+
+class Connect {
+public:
+    explicit Connect(Program& program);
+
+    // Does nothing while Outlook has no window at all; otherwise brings the add-in to life.
+    void AddinInstance_OnConnection(const ObjectPtr& application, std::int32_t connectMode,
+                                    const ObjectPtr& addInInstance);
+    void AddinInstance_OnStartupComplete() {}
+    void AddinInstance_OnAddInsUpdate() {}
+    void AddinInstance_OnBeginShutdown();
+    void AddinInstance_OnDisconnection(std::int32_t removeMode);
+    void AddinInstance_Terminate() {}
+
+private:
+    OutlookAddIn& AddIn();
+    void ReleaseAddIn();
+
+    Program& program;
+    // Created by whichever handler needs it first.
+    std::shared_ptr<OutlookAddIn> outlookAddIn;
+};
+
+}  // namespace tellwick

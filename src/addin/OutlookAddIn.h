@@ -1,0 +1,60 @@
+// The one object that holds Outlook for the add-in: its application, its window collections with
+// their events, and a wrapper for every explorer window.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "addin/ProcessValues.h"
+#include "addin/cOlExplorer.h"
+#include "platform/Forms.h"
+#include "platform/Object.h"
+
+namespace tellwick {
+
+class Contacts;
+class RegEdit;
+
+class OutlookAddIn : public std::enable_shared_from_this<OutlookAddIn> {
+public:
+    using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
+
+    OutlookAddIn(PendingError& errors, RegEdit& regEdit, Contacts& contacts, Forms& forms,
+                 ProcessValues& processValues, ExplorerFactory createExplorer);
+
+    // Takes hold of Outlook and wraps its first explorer, which gets its button at once.
+    void Initialise(const ObjectPtr& application, TextView progId);
+
+    // Lets go of Outlook and unloads the forms. Does nothing unless `explorer` is empty.
+    void Release(const ObjectPtr& explorer);
+
+    // Empty before the initialisation and after the release.
+    ObjectPtr GetOlApp() const { return golApp.Reference(); }
+
+private:
+    void colExpl_NewExplorer(const ObjectPtr& explorer);
+    void colInsp_NewInspector(const ObjectPtr& inspector);
+    void objInsp_Close(const ObjectPtr&);
+    void golApp_Quit(const ObjectPtr&);
+    void CleanUpForQuit();
+    Text TagText() const;
+
+    SunkObject golApp;
+    SunkObject colExpl;
+    SunkObject colInsp;
+    SunkObject objInsp;
+    ObjectPtr objMailItem;
+    Text sProgId;
+    // One per explorer window. A wrapper whose window has closed stays until its place is reused.
+    std::vector<std::shared_ptr<cOlExplorer>> explorers;
+
+    PendingError& errors;
+    RegEdit& regEdit;
+    Contacts& contacts;
+    Forms& forms;
+    ProcessValues& processValues;
+    ExplorerFactory createExplorer;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,45 @@
+#include "addin/Program.h"
+
+#include "addin/OutlookAddIn.h"
+
+namespace tellwick {
+
+// Modules that need each other in a circle are handed references to ones that are made later; they
+// only keep them.
+Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
+                 FormSmsSelectAddressView& formSmsSelectAddressView)
+    : errors(platform.errors),
+      regEdit(platform.registry, debug),
+      debug(errors, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
+            platform.programs, platform.clock, platform.locale),
+      paths(regEdit, platform.programs),
+      questionBox(debug, language, inifilesLite, platform.dialogs),
+      files(errors, debug, questionBox, platform.fileSystem, platform.locale),
+      iniFile(debug, inifilesLite, files, platform.fileSystem, platform.locale),
+      inifilesLite(debug, regEdit, iniFile, files, paths, language, questionBox,
+                   platform.fileSystem),
+      language(debug, regEdit, iniFile, inifilesLite, paths, questionBox, platform.fileSystem,
+               platform.locale),
+      prefixes(debug, inifilesLite, language),
+      contacts(errors, platform.automation, prefixes),
+      process(debug, platform.programs),
+      tellwick(debug, regEdit, process, questionBox, platform.programs, platform.messageLoop),
+      smsQueue(regEdit, files, platform.fileSystem),
+      formSmsSend(formSmsSendView, formSmsSelectAddressView, forms, debug, inifilesLite, language,
+                  questionBox, platform.messageLoop, platform.locale, prefixes, contacts, smsQueue,
+                  tellwick),
+      formT1(forms, platform.timers),
+      olButtons(regEdit, platform.bitmaps),
+      automation(platform.automation) {}
+
+std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
+    return std::make_shared<OutlookAddIn>(errors, regEdit, contacts, forms, processValues, [this] {
+        return std::make_shared<cOlExplorer>(
+            errors, debug, language, olButtons, formT1, automation, processValues,
+            [this](const ObjectPtr& application) {
+                formSmsSend.Open(contacts.SelectedRecipients(application));
+            });
+    });
+}
+
+}  // namespace tellwick

@@ -1,0 +1,63 @@
+// The program: every module once, each given the modules it uses.
+#pragma once
+
+#include <memory>
+
+#include "addin/FormT1.h"
+#include "addin/OlButtons.h"
+#include "addin/ProcessValues.h"
+#include "compose/FormSmsSend.h"
+#include "compose/Process.h"
+#include "compose/SmsQueue.h"
+#include "compose/Tellwick.h"
+#include "language/Language.h"
+#include "platform/Platform.h"
+#include "recipients/Contacts.h"
+#include "recipients/Prefixes.h"
+#include "settings/Debug.h"
+#include "settings/Files.h"
+#include "settings/IniFile.h"
+#include "settings/InifilesLite.h"
+#include "settings/Paths.h"
+#include "settings/QuestionBox.h"
+#include "settings/RegEdit.h"
+
+namespace tellwick {
+
+class OutlookAddIn;
+
+class Program {
+public:
+    Program(const Platform& platform, FormSmsSendView& formSmsSendView,
+            FormSmsSelectAddressView& formSmsSelectAddressView);
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // The object that holds Outlook for one connection.
+    std::shared_ptr<OutlookAddIn> CreateOutlookAddIn();
+
+    PendingError& errors;
+    RegEdit regEdit;
+    Debug debug;
+    Paths paths;
+    QuestionBox questionBox;
+    Files files;
+    IniFile iniFile;
+    InifilesLite inifilesLite;
+    Language language;
+    Prefixes prefixes;
+    Contacts contacts;
+    Process process;
+    Tellwick tellwick;
+    SmsQueue smsQueue;
+    Forms forms;
+    FormSmsSend formSmsSend;
+    FormT1 formT1;
+    OlButtons olButtons;
+    ProcessValues processValues;
+
+private:
+    Automation& automation;
+};
+
+}  // namespace tellwick

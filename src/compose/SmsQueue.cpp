@@ -1,0 +1,33 @@
+#include "compose/SmsQueue.h"
+
+#include "platform/Product.h"
+#include "settings/Files.h"
+#include "settings/RegEdit.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr std::int64_t EntryNumbers = 0x100000;  // after 0xFFFFF comes 0
+constexpr TextView Counter = u"cOut";
+
+}  // namespace
+
+SmsQueue::SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem)
+    : regEdit(regEdit), files(files), fileSystem(fileSystem) {}
+
+void SmsQueue::AddEntry(TextView recipient, TextView message) {
+    Text path = fileSystem.CreateTempFile(fileSystem.TempFolder(), u"sms");
+    files.WriteFileConents(path, Text(recipient).append(1, Tab).append(message), false, 0, true);
+
+    const Text key = Text(RootKey).append(u"\\SMSQueue");
+    // One step back only, on purpose: a counter far beyond the range comes back into it slowly.
+    std::int64_t number =
+        LeadingNumber32(regEdit.ReadValue(Hive::CurrentUser, key, Counter)) + std::int64_t(1);
+    if (number >= EntryNumbers) number -= EntryNumbers;
+    // The entry before the counter: who reads the counter finds the entry there.
+    regEdit.WriteValue(Hive::CurrentUser, key, NumberText(number), path);
+    regEdit.WriteValue(Hive::CurrentUser, key, Counter, NumberText(number));
+}
+
+}  // namespace tellwick
