@@ -1,0 +1,49 @@
+// The window of the recipient selection.
+#pragma once
+
+#include "windows/FormWindow.h"
+
+#include "compose/FormSmsSelectAddressView.h"
+
+namespace tellwick::windows {
+
+class FormSmsSelectAddressWindow : public FormSmsSelectAddressView, private FormWindow {
+public:
+    FormSmsSelectAddressWindow();
+
+    bool Load() override;
+    bool Loaded() const override { return FormWindow::Window() != nullptr; }
+    void Show() override { ShowWindowed(); }
+    void Unload() override { Destroy(); }
+    FormPlace Place() const override { return WindowPlace(); }
+    void SetPlace(const FormPlace& place) override { SetWindowPlace(place); }
+    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
+    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
+        VisitControls(visit);
+    }
+
+    TextBox& TextSearch() override { return textSearch; }
+    ListBox& ListAddresses() override { return listAddresses; }
+    Control& ButtonAdd() override { return buttonAdd; }
+    Control& ButtonOK() override { return buttonOK; }
+    StatusBar& StatusBar1() override { return statusBar1; }
+    void SetEvents(FormSmsSelectAddressEvents& newEvents) override { events = &newEvents; }
+
+private:
+    void OnActivate() override {}
+    void OnClose() override { events->Form_Close(); }
+    void OnSize() override;
+    bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
+    void OnCommand(HWND control, WORD notification) override;
+
+    FormSmsSelectAddressEvents* events = nullptr;
+
+    WindowControl labelSearch;
+    WindowTextBox textSearch;
+    WindowListBox listAddresses;
+    WindowControl buttonAdd;
+    WindowControl buttonOK;
+    WindowStatusBar statusBar1;
+};
+
+}  // namespace tellwick::windows

@@ -1,0 +1,91 @@
+// The library's entry points, and the one program it holds.
+#include "windows/Com.h"
+
+#include <olectl.h>
+
+#include "addin/Program.h"
+#include "windows/AutomationObject.h"
+#include "windows/ConnectServer.h"
+#include "windows/FormSmsSelectAddressWindow.h"
+#include "windows/FormSmsSendWindow.h"
+#include "windows/Lifetime.h"
+#include "windows/Server.h"
+#include "windows/SystemPorts.h"
+#include "windows/WindowsBitmaps.h"
+#include "windows/WindowsDialogs.h"
+#include "windows/WindowsFileSystem.h"
+
+namespace tellwick::windows {
+
+namespace {
+
+HMODULE library = nullptr;
+
+// The program over the real system.
+struct Assembly {
+    PendingError errors;
+    WindowsRegistry registry;
+    WindowsAutomation automation{errors};
+    WindowsFileSystem fileSystem{errors, automation};
+    WindowsPrograms programs{errors, library};
+    WindowsMessageLoop messageLoop;
+    WindowsDialogs dialogs;
+    WindowsClock clock;
+    WindowsLocale locale;
+    WindowsBitmaps bitmaps{errors, library};
+    WindowsTimers timers;
+    FormSmsSendWindow formSmsSend;
+    FormSmsSelectAddressWindow formSmsSelectAddress;
+    Program program{{errors, registry, fileSystem, programs, messageLoop, dialogs, clock, locale,
+                     automation, bitmaps, timers},
+                    formSmsSend,
+                    formSmsSelectAddress};
+};
+
+// Ended by DllCanUnloadNow, never by the end of the process: by then the system's parts that it
+// would call may be gone.
+Assembly* assembly = nullptr;
+
+}  // namespace
+
+HMODULE Library() {
+    return library;
+}
+
+Program& TheProgram() {
+    if (!assembly) assembly = new Assembly;
+    return assembly->program;
+}
+
+}  // namespace tellwick::windows
+
+using namespace tellwick::windows;
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        library = instance;
+        DisableThreadLibraryCalls(instance);
+    }
+    return TRUE;
+}
+
+STDAPI DllCanUnloadNow() {
+    if (Lifetime::AnythingAlive()) return S_FALSE;
+    delete std::exchange(assembly, nullptr);
+    return S_OK;
+}
+
+STDAPI DllGetClassObject(REFCLSID classIdentifier, REFIID interfaceIdentifier, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (classIdentifier != ConnectClass) return CLASS_E_CLASSNOTAVAILABLE;
+    return GetConnectFactory(interfaceIdentifier, object);
+}
+
+STDAPI DllRegisterServer() {
+    return Register() ? S_OK : SELFREG_E_CLASS;
+}
+
+STDAPI DllUnregisterServer() {
+    return Unregister() ? S_OK : SELFREG_E_CLASS;
+}

@@ -1,0 +1,179 @@
+#include "windows/WindowControls.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace tellwick::windows {
+
+namespace {
+
+// The text of a list item: its length comes from one message, its units from another.
+template <class Sender>
+Text ItemText(const Sender& send, UINT lengthMessage, UINT textMessage, std::int32_t index) {
+    const LRESULT length = send(lengthMessage, WPARAM(index), 0);
+    if (length <= 0) return {};
+    Text text(std::size_t(length), u'\0');
+    send(textMessage, WPARAM(index), reinterpret_cast<LPARAM>(text.data()));
+    return text;
+}
+
+}  // namespace
+
+void WindowControl::Attach(HWND newWindow, HWND newToolTips) {
+    window = newWindow;
+    toolTips = newToolTips;
+}
+
+void WindowControl::SetEnabled(bool enabled) {
+    if (window) EnableWindow(window, enabled);
+}
+
+bool WindowControl::Visible() const {
+    return window && (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void WindowControl::SetVisible(bool visible) {
+    if (window) ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void WindowControl::SetFocus() {
+    if (window) ::SetFocus(window);
+}
+
+bool WindowControl::HasFocus() const {
+    return window && GetFocus() == window;
+}
+
+void WindowControl::SetToolTip(TextView text) {
+    if (!window || !toolTips) return;
+    Text shown(text);
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = GetParent(window);
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
+    tool.lpszText = const_cast<wchar_t*>(Wide(shown));
+    SendMessageW(toolTips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!shown.empty()) SendMessageW(toolTips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+Text WindowControl::WindowText() const {
+    const int length = window ? GetWindowTextLengthW(window) : 0;
+    if (length <= 0) return {};
+    Text text(std::size_t(length) + 1, u'\0');
+    text.resize(
+        std::size_t(GetWindowTextW(window, reinterpret_cast<wchar_t*>(text.data()), length + 1)));
+    return text;
+}
+
+void WindowControl::SetWindowTextTo(TextView text) {
+    // The system's windows end their text at a NUL; nothing behind one may get lost.
+    Text shown(text);
+    std::replace(shown.begin(), shown.end(), u'\0', u' ');
+    if (window) SetWindowTextW(window, Wide(shown));
+}
+
+LRESULT WindowControl::Send(UINT message, WPARAM first, LPARAM second) const {
+    return window ? SendMessageW(window, message, first, second) : 0;
+}
+
+LRESULT WindowControl::SendText(UINT message, WPARAM first, TextView text) const {
+    return Send(message, first, reinterpret_cast<LPARAM>(Wide(Text(text))));
+}
+
+void WindowTextBox::Changed() {
+    if (!setting && onChange) onChange();
+}
+
+void WindowTextBox::SetText(TextView text) {
+    if (!Window() || WindowText() == text) return;
+    setting = true;
+    SetWindowTextTo(text);
+    Select(0, 0);
+    setting = false;
+    Changed();
+}
+
+std::int32_t WindowTextBox::SelectionStart() const {
+    DWORD start = 0;
+    if (Edit()) SendMessageW(Edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
+    return std::int32_t(start);
+}
+
+std::int32_t WindowTextBox::SelectionLength() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    if (Edit()) {
+        SendMessageW(Edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                     reinterpret_cast<LPARAM>(&end));
+    }
+    return std::int32_t(end - start);
+}
+
+void WindowTextBox::Select(std::int32_t start, std::int32_t length) {
+    if (!Edit()) return;
+    const std::int32_t end = GetWindowTextLengthW(Edit());
+    const std::int32_t first = std::clamp(start, 0, end);
+    const std::int32_t last = first + std::clamp(length, 0, end - first);
+    SendMessageW(Edit(), EM_SETSEL, WPARAM(first), LPARAM(last));
+    SendMessageW(Edit(), EM_SCROLLCARET, 0, 0);
+}
+
+void WindowTextBox::ReplaceSelection(TextView text) {
+    Text shown(text);
+    std::replace(shown.begin(), shown.end(), u'\0', u' ');
+    if (Edit()) {
+        SendMessageW(Edit(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(shown)));
+    }
+}
+
+std::int32_t WindowListBox::Count() const {
+    return std::max(std::int32_t(Send(LB_GETCOUNT)), 0);
+}
+
+Text WindowListBox::Item(std::int32_t index) const {
+    return ItemText(
+        [this](UINT message, WPARAM first, LPARAM second) { return Send(message, first, second); },
+        LB_GETTEXTLEN, LB_GETTEXT, index);
+}
+
+std::int32_t WindowListBox::SelectedIndex() const {
+    return Window() ? std::int32_t(Send(LB_GETCURSEL)) : -1;
+}
+
+void WindowComboBox::Clear() {
+    // The system empties the edit field too.
+    const Text text = WindowText();
+    Send(CB_RESETCONTENT);
+    SetWindowTextTo(text);
+}
+
+std::int32_t WindowComboBox::Count() const {
+    return std::max(std::int32_t(Send(CB_GETCOUNT)), 0);
+}
+
+Text WindowComboBox::Item(std::int32_t index) const {
+    return ItemText(
+        [this](UINT message, WPARAM first, LPARAM second) { return Send(message, first, second); },
+        CB_GETLBTEXTLEN, CB_GETLBTEXT, index);
+}
+
+std::int32_t WindowComboBox::SelectedIndex() const {
+    return Window() ? std::int32_t(Send(CB_GETCURSEL)) : -1;
+}
+
+HWND WindowComboBox::Edit() const {
+    return Window() ? FindWindowExW(Window(), nullptr, L"Edit", nullptr) : nullptr;
+}
+
+bool WindowComboBox::HasFocus() const {
+    const HWND focus = GetFocus();
+    return Window() && (focus == Window() || IsChild(Window(), focus));
+}
+
+void WindowProgressBar::SetValue(std::int32_t percent) {
+    Send(PBM_SETPOS, WPARAM(std::clamp(percent, 0, 100)));
+}
+
+}  // namespace tellwick::windows

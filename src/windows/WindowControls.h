@@ -1,0 +1,104 @@
+// The controls of a form over the system's windows.
+#pragma once
+
+#include <functional>
+
+#include "windows/Com.h"
+
+#include "platform/Controls.h"
+
+namespace tellwick::windows {
+
+// A control belongs to its form for ever; its window exists while the form is loaded.
+class WindowControl : public virtual Control {
+public:
+    HWND Window() const { return window; }
+    void Attach(HWND newWindow, HWND newToolTips);
+    void Detach() { window = toolTips = nullptr; }
+
+    bool Enabled() const override { return window && IsWindowEnabled(window); }
+    void SetEnabled(bool enabled) override;
+    // Whether it shows once its form does.
+    bool Visible() const override;
+    void SetVisible(bool visible) override;
+    void SetFocus() override;
+    bool HasFocus() const override;
+    Text Caption() const override { return WindowText(); }
+    void SetCaption(TextView caption) override { SetWindowTextTo(caption); }
+    void SetToolTip(TextView text) override;
+
+protected:
+    Text WindowText() const;
+    void SetWindowTextTo(TextView text);
+    LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const;
+    LRESULT SendText(UINT message, WPARAM first, TextView text) const;
+
+private:
+    HWND window = nullptr;
+    HWND toolTips = nullptr;
+};
+
+class WindowCheckBox : public CheckBox, public WindowControl {
+public:
+    bool Checked() const override { return Send(BM_GETCHECK) == BST_CHECKED; }
+    void SetChecked(bool checked) override {
+        Send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED);
+    }
+};
+
+class WindowTextBox : public virtual TextBox, public WindowControl {
+public:
+    // Called for every change of the text, whoever makes it.
+    std::function<void()> onChange;
+    // The system told of a change.
+    void Changed();
+
+    Text GetText() const override { return WindowText(); }
+    void SetText(TextView text) override;
+    std::int32_t SelectionStart() const override;
+    std::int32_t SelectionLength() const override;
+    void Select(std::int32_t start, std::int32_t length) override;
+    void ReplaceSelection(TextView text) override;
+
+protected:
+    // The edit control itself.
+    virtual HWND Edit() const { return Window(); }
+
+private:
+    bool setting = false;  // the change is told once the text is set
+};
+
+class WindowListBox : public ListBox, public WindowControl {
+public:
+    void Clear() override { Send(LB_RESETCONTENT); }
+    void Add(TextView item) override { SendText(LB_ADDSTRING, 0, item); }
+    std::int32_t Count() const override;
+    Text Item(std::int32_t index) const override;
+    std::int32_t SelectedIndex() const override;
+    void SetSelectedIndex(std::int32_t index) override { Send(LB_SETCURSEL, WPARAM(index)); }
+};
+
+class WindowComboBox : public ComboBox, public WindowTextBox {
+public:
+    void Clear() override;
+    void Add(TextView item) override { SendText(CB_ADDSTRING, 0, item); }
+    std::int32_t Count() const override;
+    Text Item(std::int32_t index) const override;
+    std::int32_t SelectedIndex() const override;
+    void SetSelectedIndex(std::int32_t index) override { Send(CB_SETCURSEL, WPARAM(index)); }
+    bool HasFocus() const override;
+    HWND Edit() const override;
+};
+
+class WindowProgressBar : public ProgressBar, public WindowControl {
+public:
+    void SetValue(std::int32_t percent) override;
+};
+
+class WindowStatusBar : public StatusBar, public WindowControl {
+public:
+    Text GetText() const override { return WindowText(); }
+    void SetText(TextView text) override { SetWindowTextTo(text); }
+};
+
+}  // namespace tellwick::windows

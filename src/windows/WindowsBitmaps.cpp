@@ -1,0 +1,116 @@
+#include "windows/WindowsBitmaps.h"
+
+#include <ocidl.h>
+#include <olectl.h>
+
+#include "windows/AutomationObject.h"
+#include "windows/Values.h"
+
+namespace tellwick::windows {
+
+namespace {
+
+constexpr COLORREF LightGrey = RGB(192, 192, 192);
+
+// A device context that the bitmap is selected into for as long as it lives.
+class Canvas {
+public:
+    explicit Canvas(HBITMAP bitmap)
+        : context(CreateCompatibleDC(nullptr)), previous(SelectObject(context, bitmap)) {}
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas() {
+        SelectObject(context, previous);
+        DeleteDC(context);
+    }
+    HDC Get() const { return context; }
+
+private:
+    HDC context;
+    HGDIOBJ previous;
+};
+
+// The clipboard, open from construction to destruction if it could be opened.
+class OpenClipboardScope {
+public:
+    OpenClipboardScope() : open(OpenClipboard(nullptr) != 0) {}
+    OpenClipboardScope(const OpenClipboardScope&) = delete;
+    OpenClipboardScope& operator=(const OpenClipboardScope&) = delete;
+    ~OpenClipboardScope() {
+        if (open) CloseClipboard();
+    }
+    explicit operator bool() const { return open; }
+
+private:
+    bool open;
+};
+
+}  // namespace
+
+BitmapHandle WindowsBitmaps::Load(std::int32_t resource) {
+    const HANDLE bitmap =
+        LoadImageW(library, MAKEINTRESOURCEW(resource), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
+    if (!bitmap) NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
+    return reinterpret_cast<BitmapHandle>(bitmap);
+}
+
+BitmapHandle WindowsBitmaps::CreateMapped(std::int32_t resource, SystemColour lightGrey) {
+    const BitmapHandle handle = Load(resource);
+    const auto bitmap = reinterpret_cast<HBITMAP>(handle);
+    BITMAP size;
+    if (!bitmap || !GetObjectW(bitmap, sizeof size, &size)) return handle;
+    const COLORREF replacement = GetSysColor(int(lightGrey));
+    const Canvas canvas(bitmap);
+    for (int y = 0; y < size.bmHeight; ++y) {
+        for (int x = 0; x < size.bmWidth; ++x) {
+            if (GetPixel(canvas.Get(), x, y) == LightGrey) {
+                SetPixelV(canvas.Get(), x, y, replacement);
+            }
+        }
+    }
+    return handle;
+}
+
+ObjectPtr WindowsBitmaps::CreatePicture(BitmapHandle bitmap) {
+    PICTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = reinterpret_cast<HBITMAP>(bitmap);
+    ComPtr<IDispatch> picture;
+    const HRESULT result = OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
+                                                    reinterpret_cast<void**>(picture.Out()));
+    if (FAILED(result)) {
+        DeleteObject(description.bmp.hbitmap);
+        NoteFailure(errors, result);
+    }
+    return WrapDispatch(errors, picture.Get());
+}
+
+void WindowsBitmaps::ClearClipboard() {
+    const OpenClipboardScope clipboard;
+    if (!clipboard || !EmptyClipboard()) {
+        NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
+    }
+}
+
+void WindowsBitmaps::PutOnClipboard(const ObjectPtr& picture) {
+    ComPtr<IPicture> source;
+    if (IDispatch* dispatch = DispatchOf(picture)) {
+        dispatch->QueryInterface(IID_IPicture, reinterpret_cast<void**>(source.Out()));
+    }
+    OLE_HANDLE handle = 0;
+    if (!source || FAILED(source->get_Handle(&handle))) {
+        errors.Note(error::ObjectNotSet, u"Object variable or With block variable not set");
+        return;
+    }
+    // A copy of the screen's kind, which is what the clipboard hands on everywhere.
+    const auto copy =
+        CopyImage(reinterpret_cast<HBITMAP>(ULONG_PTR(handle)), IMAGE_BITMAP, 0, 0, 0);
+    const OpenClipboardScope clipboard;
+    if (!clipboard || !SetClipboardData(CF_BITMAP, copy)) {
+        DeleteObject(copy);
+        NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
+    }
+}
+
+}  // namespace tellwick::windows

@@ -1,0 +1,23 @@
+// The bitmaps of the library's resources, pictures of them, and the clipboard.
+#pragma once
+
+#include "platform/Bitmaps.h"
+#include "windows/Com.h"
+
+namespace tellwick::windows {
+
+class WindowsBitmaps : public Bitmaps {
+public:
+    WindowsBitmaps(PendingError& errors, HMODULE library) : errors(errors), library(library) {}
+    BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
+    BitmapHandle Load(std::int32_t resource) override;
+    ObjectPtr CreatePicture(BitmapHandle bitmap) override;
+    void ClearClipboard() override;
+    void PutOnClipboard(const ObjectPtr& picture) override;
+
+private:
+    PendingError& errors;
+    HMODULE library;
+};
+
+}  // namespace tellwick::windows

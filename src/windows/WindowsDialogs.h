@@ -1,0 +1,19 @@
+// The system's message box and the program's own small dialogs.
+#pragma once
+
+#include "windows/Com.h"
+
+#include "platform/Dialogs.h"
+
+namespace tellwick::windows {
+
+class WindowsDialogs : public Dialogs {
+public:
+    Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
+    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+                             TextView title, TextView checkBoxText, bool& checked) override;
+    Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
+                  TextView cancelText) override;
+};
+
+}  // namespace tellwick::windows

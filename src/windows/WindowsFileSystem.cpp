@@ -1,0 +1,184 @@
+#include "windows/WindowsFileSystem.h"
+
+#include "windows/SystemPorts.h"
+
+namespace tellwick::windows {
+
+namespace {
+
+constexpr DWORD Missing = INVALID_FILE_ATTRIBUTES;
+constexpr std::int32_t FileExists = 58;
+
+bool GetAttributes(TextView path, WIN32_FILE_ATTRIBUTE_DATA& data) {
+    return GetFileAttributesExW(Wide(Text(path)), GetFileExInfoStandard, &data) &&
+           !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+Handle Open(TextView path, DWORD access, DWORD disposition) {
+    return Handle(CreateFileW(Wide(Text(path)), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool IsOpen(const Handle& file) {
+    return file.get() != INVALID_HANDLE_VALUE;
+}
+
+}  // namespace
+
+bool WindowsFileSystem::NoteLastError() {
+    switch (GetLastError()) {
+        case ERROR_FILE_NOT_FOUND:
+            errors.Note(error::FileNotFound, u"File not found");
+            break;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_NETPATH:
+        case ERROR_INVALID_DRIVE:
+            errors.Note(error::PathNotFound, u"Path not found");
+            break;
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+            errors.Note(error::PermissionDenied, u"Permission denied");
+            break;
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS:
+            errors.Note(FileExists, u"File already exists");
+            break;
+        default:
+            errors.Note(error::PathFileAccess, u"Path/File access error");
+            break;
+    }
+    return false;
+}
+
+bool WindowsFileSystem::Exists(TextView path) {
+    return GetFileAttributesW(Wide(Text(path))) != Missing;
+}
+
+bool WindowsFileSystem::FolderExists(TextView path) {
+    const DWORD attributes = GetFileAttributesW(Wide(Text(path)));
+    return attributes != Missing && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+std::int64_t WindowsFileSystem::Length(TextView path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetAttributes(path, data)) return -1;
+    return std::int64_t(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+}
+
+std::uint64_t WindowsFileSystem::ModifiedTime(TextView path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetAttributes(path, data)) return 0;
+    return std::uint64_t(data.ftLastWriteTime.dwHighDateTime) << 32 |
+           data.ftLastWriteTime.dwLowDateTime;
+}
+
+std::optional<std::string> WindowsFileSystem::Read(TextView path) {
+    const Handle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+    LARGE_INTEGER size{};
+    if (!IsOpen(file) || !GetFileSizeEx(file.get(), &size) || size.QuadPart > 0x7FFFFFFF) {
+        NoteLastError();
+        return {};
+    }
+    std::string contents(std::size_t(size.QuadPart), '\0');
+    DWORD read = 0;
+    if (!ReadFile(file.get(), contents.data(), DWORD(contents.size()), &read, nullptr)) {
+        NoteLastError();
+        return {};
+    }
+    contents.resize(read);
+    return contents;
+}
+
+bool WindowsFileSystem::WriteTo(HANDLE file, std::string_view contents) {
+    DWORD written = 0;
+    return (WriteFile(file, contents.data(), DWORD(contents.size()), &written, nullptr) &&
+            written == contents.size()) ||
+           NoteLastError();
+}
+
+bool WindowsFileSystem::Write(TextView path, std::string_view contents, WriteMode mode) {
+    const bool append = mode == WriteMode::Append;
+    const Handle file =
+        Open(path, append ? FILE_APPEND_DATA : GENERIC_WRITE, append ? OPEN_ALWAYS : CREATE_ALWAYS);
+    return IsOpen(file) ? WriteTo(file.get(), contents) : NoteLastError();
+}
+
+bool WindowsFileSystem::Swap(TextView path, std::string_view contents) {
+    // Also refuses what cannot be written in place: a read-only file, a folder.
+    const DWORD attributes = GetFileAttributesW(Wide(Text(path)));
+    if (attributes != Missing &&
+        (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+        errors.Note(error::PathFileAccess, u"Path/File access error");
+        return false;
+    }
+    const Text aside = Text(path) + u".new";
+    {
+        const Handle file = Open(aside, GENERIC_WRITE, CREATE_ALWAYS);
+        if (!IsOpen(file)) return NoteLastError();
+        if (!WriteTo(file.get(), contents) || !FlushFileBuffers(file.get())) {
+            NoteLastError();
+            DeleteFileW(Wide(aside));
+            return false;
+        }
+    }
+    if (MoveFileExW(Wide(aside), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) return true;
+    NoteLastError();
+    DeleteFileW(Wide(aside));
+    return false;
+}
+
+bool WindowsFileSystem::Delete(TextView path) {
+    return DeleteFileW(Wide(Text(path))) || NoteLastError();
+}
+
+bool WindowsFileSystem::CreateFolder(TextView path) {
+    const ObjectPtr scripting = automation.Create(u"Scripting.FileSystemObject");
+    if (scripting) {
+        errors.Clear();
+        scripting->Call(u"CreateFolder", {Text(path)});
+        return !errors;
+    }
+    return CreateDirectoryW(Wide(Text(path)), nullptr) || NoteLastError();
+}
+
+Text WindowsFileSystem::ParentFolderName(TextView path) {
+    const ObjectPtr scripting = automation.Create(u"Scripting.FileSystemObject");
+    if (scripting) return AsText(scripting->Call(u"GetParentFolderName", {Text(path)}));
+    const TextView whole = path.ends_with(u'\\') ? path.substr(0, path.size() - 1) : path;
+    const std::size_t slash = whole.rfind(u'\\');
+    return slash == TextView::npos ? Text() : Text(whole.substr(0, slash));
+}
+
+Text WindowsFileSystem::TempFolder() {
+    char buffer[511];
+    const DWORD length = GetTempPathA(sizeof buffer, buffer);
+    return length < sizeof buffer ? Text(CutAtNul(FromAnsi({buffer, length}))) : Text();
+}
+
+Text WindowsFileSystem::CreateTempFile(TextView folder, TextView prefix) {
+    char buffer[MAX_PATH];
+    if (!GetTempFileNameA(ToAnsi(folder).c_str(), ToAnsi(prefix).c_str(), 0, buffer)) {
+        NoteLastError();
+        return {};
+    }
+    return FromAnsi(buffer);
+}
+
+Text WindowsFileSystem::ReadProfileString(TextView path, TextView section, TextView key,
+                                          TextView defaultValue) {
+    char buffer[256];
+    const DWORD length = GetPrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(),
+                                                  ToAnsi(defaultValue).c_str(), buffer,
+                                                  sizeof buffer, ToAnsi(path).c_str());
+    return Text(CutAtNul(FromAnsi({buffer, length})));
+}
+
+bool WindowsFileSystem::WriteProfileString(TextView path, TextView section, TextView key,
+                                           std::optional<TextView> value) {
+    const std::string bytes = ToAnsi(value.value_or(TextView()));
+    return WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(),
+                                      value ? bytes.c_str() : nullptr, ToAnsi(path).c_str()) != 0;
+}
+
+}  // namespace tellwick::windows
