@@ -1,6 +1,7 @@
 #include "settings/Debug.h"
 
-#include <cmath>
+#include <array>
+#include <charconv>
 #include <utility>
 
 #include "platform/Product.h"
@@ -35,19 +36,11 @@ Text ErrorText(const PendingError& error) {
     return NumberText(error.number) + u":" + error.description;
 }
 
-// The shortest decimal text that reads back as the number, which is not negative. (The library's
-// own conversion would add a fifth of a megabyte of tables.)
+// The shortest decimal text of the number, without an exponent.
 Text ShortestText(float number) {
-    constexpr std::size_t MaxDecimals = 9;
-    double scale = 1;
-    for (std::size_t decimals = 0;; ++decimals, scale *= 10) {
-        const double scaled = std::floor(double(number) * scale + 0.5);
-        if (float(scaled / scale) != number && decimals < MaxDecimals) continue;
-        Text text = NumberText(std::int64_t(scaled));
-        if (decimals == 0) return text;
-        if (text.size() <= decimals) text.insert(0, decimals + 1 - text.size(), u'0');
-        return text.insert(text.size() - decimals, u".");
-    }
+    std::array<char, 64> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
+    return Text(digits.begin(), end.ptr);
 }
 
 }  // namespace

@@ -88,21 +88,6 @@ TEST_CASE("modes") {
     }
 }
 
-TEST_CASE("a time stamp is as short as it can be") {
-    struct Case {
-        float seconds;
-        const char* record;
-    };
-    for (const Case& c :
-         {Case{0, "0:"}, Case{0.5f, "0.5:"}, Case{7, "7:"}, Case{0.03f, "0.03:"},
-          Case{86399.99f, "86399.99:"}, Case{49512.316f, "49512.316:"}, Case{60000, "60000:"}}) {
-        Traced traced(u"16");
-        traced.platform.clock.seconds = c.seconds;
-        traced.debug.DebugInit(true, false);
-        CHECK(traced.Gained() == c.record + std::string("<start>_\r\n\r\n"));
-    }
-}
-
 TEST_CASE("registry mode keeps the last record in the registry only") {
     Traced traced(u"-1");
     traced.debug.DebugInit(false, false);

@@ -1,0 +1,226 @@
+// The forms' windows as plain values. While a form is not loaded its controls read as empty and
+// forget what is written.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+#include "compose/FormSmsSelectAddressView.h"
+#include "compose/FormSmsSendView.h"
+
+namespace tellwick::test {
+
+class MemoryControl : public virtual Control {
+public:
+    bool Enabled() const override { return enabled; }
+    void SetEnabled(bool newEnabled) override { enabled = newEnabled; }
+    bool Visible() const override { return visible; }
+    void SetVisible(bool newVisible) override { visible = newVisible; }
+    void SetFocus() override { focus = this; }
+    bool HasFocus() const override { return focus == this; }
+    Text Caption() const override { return caption; }
+    void SetCaption(TextView newCaption) override { caption = newCaption; }
+    void SetToolTip(TextView newToolTip) override { toolTip = newToolTip; }
+
+    bool loaded = false;
+    bool enabled = true;
+    bool visible = true;
+    Text caption;
+    Text toolTip;
+    static inline const MemoryControl* focus = nullptr;
+};
+
+class MemoryCheckBox : public CheckBox, public MemoryControl {
+public:
+    bool Checked() const override { return checked; }
+    void SetChecked(bool newChecked) override { checked = newChecked; }
+    bool checked = false;
+};
+
+class MemoryTextBox : public virtual TextBox, public MemoryControl {
+public:
+    Text GetText() const override { return loaded ? text : Text(); }
+    void SetText(TextView newText) override {
+        if (!loaded || text == newText) return;
+        text = newText;
+        start = length = 0;
+        if (onChange) onChange();
+    }
+    std::int32_t SelectionStart() const override { return start; }
+    std::int32_t SelectionLength() const override { return length; }
+    void Select(std::int32_t newStart, std::int32_t newLength) override {
+        const auto end = std::int32_t(text.size());
+        start = std::clamp(newStart, 0, end);
+        length = std::clamp(newLength, 0, end - start);
+    }
+    void ReplaceSelection(TextView newText) override {
+        if (!loaded) return;
+        text.replace(std::size_t(start), std::size_t(length), newText);
+        start += std::int32_t(newText.size());
+        length = 0;
+        if (onChange) onChange();
+    }
+    std::function<void()> onChange;
+    Text text;
+    std::int32_t start = 0;
+    std::int32_t length = 0;
+};
+
+class MemoryList : public virtual ItemList {
+public:
+    void Clear() override {
+        items.clear();
+        selected = -1;
+    }
+    void Add(TextView item) override { items.emplace_back(item); }
+    std::int32_t Count() const override { return std::int32_t(items.size()); }
+    Text Item(std::int32_t index) const override { return items.at(std::size_t(index)); }
+    std::int32_t SelectedIndex() const override { return selected; }
+    void SetSelectedIndex(std::int32_t index) override { selected = index; }
+    std::vector<Text> items;
+    std::int32_t selected = -1;
+};
+
+class MemoryListBox : public ListBox, public MemoryList, public MemoryControl {};
+
+class MemoryComboBox : public ComboBox, public MemoryList, public MemoryTextBox {
+public:
+    void SetSelectedIndex(std::int32_t index) override {
+        selected = index;
+        if (index >= 0) text = Item(index);
+    }
+    // The user chooses an item of the drop-down.
+    void Choose(std::int32_t index) {
+        SetSelectedIndex(index);
+        if (onClick) onClick();
+    }
+    std::function<void()> onClick;
+};
+
+class MemoryProgressBar : public ProgressBar, public MemoryControl {
+public:
+    void SetValue(std::int32_t newPercent) override { percent = newPercent; }
+    std::int32_t percent = 0;
+};
+
+class MemoryStatusBar : public StatusBar, public MemoryControl {
+public:
+    Text GetText() const override { return caption; }
+    void SetText(TextView text) override { caption = text; }
+};
+
+// What both windows have in common; View is the port of one of them.
+template <class View>
+class MemoryFormView : public View {
+public:
+    bool Load() override {
+        SetLoaded(true);
+        return true;
+    }
+    bool Loaded() const override { return loaded; }
+    void Show() override { ++shown; }
+    void Unload() override { SetLoaded(false); }
+    FormPlace Place() const override { return place; }
+    void SetPlace(const FormPlace& newPlace) override { place = newPlace; }
+    void SetCaption(TextView newCaption) override { caption = newCaption; }
+    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
+        for (const auto& [name, control] : controls) visit(name, *control);
+    }
+
+    int shown = 0;
+    FormPlace place{10, 20, 400, 300};
+    Text caption;
+    std::vector<std::pair<TextView, MemoryControl*>> controls;
+
+private:
+    void SetLoaded(bool nowLoaded) {
+        loaded = nowLoaded;
+        for (const auto& [name, control] : controls) control->loaded = nowLoaded;
+    }
+    bool loaded = false;
+};
+
+class MemoryFormSmsSendView : public MemoryFormView<FormSmsSendView> {
+public:
+    MemoryFormSmsSendView() {
+        controls = {{u"TextTo", &textTo},           {u"ButtonTo", &buttonTo},
+                    {u"ListBoxNumbers", &numbers},  {u"Message", &message},
+                    {u"CheckFlash", &checkFlash},   {u"CheckLong", &checkLong},
+                    {u"ButtonAdd", &buttonAdd},     {u"ComboBoxTextbausteine", &templates},
+                    {u"ButtonDel", &buttonDel},     {u"ButtonInsert", &buttonInsert},
+                    {u"ButtonSend", &buttonSend},   {u"ButtonStore", &buttonStore},
+                    {u"ButtonOK", &buttonOK},       {u"ButtonExpand", &buttonExpand},
+                    {u"ButtonHex", &buttonHex},     {u"ButtonUcs2", &buttonUcs2},
+                    {u"LabelStatus", &labelStatus}, {u"ProgressBar1", &progressBar},
+                    {u"StatusBar1", &statusBar}};
+        numbers.visible = false;
+    }
+    MemoryComboBox& TextTo() override { return textTo; }
+    MemoryControl& ButtonTo() override { return buttonTo; }
+    MemoryListBox& ListBoxNumbers() override { return numbers; }
+    MemoryTextBox& Message() override { return message; }
+    MemoryCheckBox& CheckFlash() override { return checkFlash; }
+    MemoryCheckBox& CheckLong() override { return checkLong; }
+    MemoryComboBox& ComboBoxTextbausteine() override { return templates; }
+    MemoryControl& ButtonAdd() override { return buttonAdd; }
+    MemoryControl& ButtonDel() override { return buttonDel; }
+    MemoryControl& ButtonInsert() override { return buttonInsert; }
+    MemoryControl& ButtonSend() override { return buttonSend; }
+    MemoryControl& ButtonStore() override { return buttonStore; }
+    MemoryControl& ButtonOK() override { return buttonOK; }
+    MemoryControl& ButtonExpand() override { return buttonExpand; }
+    MemoryControl& ButtonHex() override { return buttonHex; }
+    MemoryControl& ButtonUcs2() override { return buttonUcs2; }
+    MemoryControl& LabelStatus() override { return labelStatus; }
+    MemoryProgressBar& ProgressBar1() override { return progressBar; }
+    MemoryStatusBar& StatusBar1() override { return statusBar; }
+    void Resize(bool nowExpanded) override { expanded = nowExpanded; }
+    void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
+    void SetMessageFont(TextView, std::int32_t) override {}
+    void SetEvents(FormSmsSendEvents& events) override {
+        textTo.onChange = [&events] { events.TextTo_Change(); };
+        textTo.onClick = [&events] { events.TextTo_Click(); };
+        message.onChange = [&events] { events.Message_Change(); };
+    }
+
+    bool expanded = false;
+    std::int32_t rows = 0;
+
+private:
+    MemoryComboBox textTo, templates;
+    MemoryListBox numbers;
+    MemoryTextBox message;
+    MemoryCheckBox checkFlash, checkLong;
+    MemoryControl buttonTo, buttonAdd, buttonDel, buttonInsert, buttonSend, buttonStore, buttonOK,
+        buttonExpand, buttonHex, buttonUcs2, labelStatus;
+    MemoryProgressBar progressBar;
+    MemoryStatusBar statusBar;
+};
+
+class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {
+public:
+    MemoryFormSmsSelectAddressView() {
+        controls = {{u"TextSearch", &search},
+                    {u"ListAddresses", &list},
+                    {u"ButtonAdd", &buttonAdd},
+                    {u"ButtonOK", &buttonOK},
+                    {u"StatusBar1", &statusBar}};
+    }
+    MemoryTextBox& TextSearch() override { return search; }
+    MemoryListBox& ListAddresses() override { return list; }
+    MemoryControl& ButtonAdd() override { return buttonAdd; }
+    MemoryControl& ButtonOK() override { return buttonOK; }
+    MemoryStatusBar& StatusBar1() override { return statusBar; }
+    void SetEvents(FormSmsSelectAddressEvents& events) override {
+        search.onChange = [&events] { events.TextSearch_Change(); };
+    }
+
+private:
+    MemoryTextBox search;
+    MemoryListBox list;
+    MemoryControl buttonAdd, buttonOK;
+    MemoryStatusBar statusBar;
+};
+
+}  // namespace tellwick::test

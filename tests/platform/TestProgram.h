@@ -1,0 +1,39 @@
+// The whole program over the platform in memory, with its forms as plain values.
+#pragma once
+
+#include "addin/Program.h"
+#include "platform/MemoryForms.h"
+#include "platform/MemoryPlatform.h"
+#include "platform/Product.h"
+
+namespace tellwick::test {
+
+struct TestProgram {
+    MemoryPlatform platform;
+    MemoryFormSmsSendView view;
+    MemoryFormSmsSelectAddressView selectAddressView;
+    Program program{platform.Ports(), view, selectAddressView};
+
+    TestProgram() {
+        SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
+                    u"AppData", u"C:\\Data");
+        program.inifilesLite.GetIniFile();
+        // There is no language file, which the user is told of once.
+        platform.dialogs.shown.clear();
+    }
+
+    Text Registry(TextView key, TextView name) {
+        return platform.registry.Read(Hive::CurrentUser, key, name).value_or(Text());
+    }
+    void SetRegistry(TextView key, TextView name, TextView value) {
+        platform.registry.WriteString(Hive::CurrentUser, key, name, value);
+    }
+    Text Setting(TextView section, TextView key) {
+        return program.inifilesLite.GetIniSetting(section, key);
+    }
+    void SetSetting(TextView section, TextView key, TextView value) {
+        program.inifilesLite.SetIniSetting(section, key, value);
+    }
+};
+
+}  // namespace tellwick::test
