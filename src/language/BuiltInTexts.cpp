@@ -34,7 +34,6 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"Caption", u"Corvane - SMS erstellen"},
     {u"FormSmsSend", u"ButtonTo", u"A&n:"},
     {u"FormSmsSend", u"ButtonTo.ToolTip", u"Empfänger aus den Outlook-Kontakten auswählen"},
-    {u"FormSmsSend", u"FrameOptions", u"Optionen"},
     {u"FormSmsSend", u"CheckFlash", u"Fl&ash SMS"},
     {u"FormSmsSend", u"CheckFlash.ToolTip",
      u"Die SMS erscheint beim Empfänger sofort auf dem Display"},
@@ -67,12 +66,14 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"MsgBox12",
      u"Der Text ist länger als 160 Zeichen und wird auf mehrere SMS verteilt."},
     {u"FormSmsSend", u"ListClear", u"(Liste löschen)"},
-    {u"FormSmsSelectAddress", u"Caption", u"Empfänger auswählen"},
+    {u"FormSmsSend", u"Matches", u"%n Treffer"},
+    {u"FormSmsSelectAddress", u"Caption", u"Corvane - Empfänger auswählen"},
     {u"FormSmsSelectAddress", u"LabelSearch", u"&Suchen:"},
     {u"FormSmsSelectAddress", u"ButtonAdd", u"&Hinzufügen"},
     {u"FormSmsSelectAddress", u"ButtonAdd.ToolTip",
      u"Den ausgewählten Eintrag als Empfänger übernehmen"},
     {u"FormSmsSelectAddress", u"ButtonOK", u"S&chließen"},
+    {u"FormSmsSelectAddress", u"Matches", u"Einträge: %n"},
 };
 
 }  // namespace

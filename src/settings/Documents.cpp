@@ -11,11 +11,14 @@ constexpr TextView FilePlace = u"\"%l\"";
 
 // A command may name the file's place as %1, %l or %L, in quotes or not, or not at all.
 Text WithFilePlace(Text command) {
+    const auto unit = [&](std::size_t at) { return at < command.size() ? command[at] : u' '; };
     for (std::size_t at = command.find(u'%'); at != Text::npos; at = command.find(u'%', at + 1)) {
-        const char16_t letter = at + 1 < command.size() ? command[at + 1] : u' ';
-        if (letter != u'1' && letter != u'l' && letter != u'L') continue;
-        const bool quoted =
-            at > 0 && command[at - 1] == u'"' && at + 2 < command.size() && command[at + 2] == u'"';
+        const char16_t letter = unit(at + 1);
+        const char16_t next = unit(at + 2);
+        // "%LocalAppData%" is none.
+        const bool ends = next == u' ' || next == u'"';
+        if (letter != u'1' && !(ends && (letter == u'l' || letter == u'L'))) continue;
+        const bool quoted = next == u'"' && at > 0 && command[at - 1] == u'"';
         return quoted ? command.replace(at - 1, 4, FilePlace) : command.replace(at, 2, FilePlace);
     }
     return command.append(u" ").append(FilePlace);
