@@ -97,11 +97,13 @@ private:
 // exit record follows when the procedure is left, with the error that is pending then.
 class Procedure {
 public:
-    template <std::size_t Size>
-    Procedure(Debug& debug, const char16_t (&name)[Size]) : debug(debug), name(name, Size - 1) {
+    Procedure(Debug& debug, TextView name) : debug(debug), name(name) {
         debug.Errors().Clear();
-        debug.DebugTrace(this->name, trace::Enter);
+        debug.DebugTrace(name, trace::Enter);
     }
+    template <std::size_t Size>
+    Procedure(Debug& debug, const char16_t (&name)[Size])
+        : Procedure(debug, TextView(name, Size - 1)) {}
     ~Procedure() { debug.DebugTrace(name, trace::Exit); }
     Procedure(const Procedure&) = delete;
     Procedure& operator=(const Procedure&) = delete;
