@@ -1,0 +1,340 @@
+// The connection to Outlook and its end: windows followed, buttons added and taken away.
+#include "addin/Connect.h"
+
+#include <doctest.h>
+
+#include "model/OutlookModel.h"
+#include "platform/OutlookEvents.h"
+#include "platform/TestProgram.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+namespace model = tellwick::standin;
+
+namespace {
+
+// A program in an Outlook of some version, which has one window unless told otherwise.
+struct Host : TestProgram {
+    explicit Host(std::int32_t version = 11, bool window = true)
+        : outlook(platform.errors, version) {
+        if (window) first = outlook.CreateExplorer();
+        platform.automation.running[u"Outlook.Application"] = outlook.Application();
+    }
+    ~Host() { platform.automation.running.clear(); }
+
+    void Connect() {
+        connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
+        if (first) outlook.Activate(first);
+    }
+    void Disconnect() {
+        connect.AddinInstance_OnBeginShutdown();
+        connect.AddinInstance_OnDisconnection(0);
+    }
+    static std::shared_ptr<model::CommandBarButton> Button(
+        const std::shared_ptr<model::Explorer>& explorer, TextView bar = u"Standard") {
+        const auto found = explorer->commandBars->Find(bar);
+        return std::dynamic_pointer_cast<model::CommandBarButton>(found->Find(u"New SMS"));
+    }
+    std::vector<Text> Captions(TextView bar) {
+        std::vector<Text> captions;
+        for (const auto& control : first->commandBars->Find(bar)->Controls()->all) {
+            captions.push_back(control->caption);
+        }
+        return captions;
+    }
+    int WritesOfActiveFlag() {
+        return int(std::count(platform.registry.writes.begin(), platform.registry.writes.end(),
+                              Text(RootKey) + u"\\OlAddInActive="));
+    }
+
+    model::OutlookModel outlook;
+    std::shared_ptr<model::Explorer> first;
+    std::shared_ptr<model::ComAddIn> addIn = outlook.AddAddIn(ProgrammaticIdentifier);
+    tellwick::Connect connect{program};
+};
+
+constexpr std::int32_t Versions[] = {9, 10, 11, 16};
+
+}  // namespace
+
+TEST_CASE("Outlook without any window: nothing is touched, and shutting down is harmless") {
+    Host host(11, false);
+    host.connect.AddinInstance_OnConnection(host.outlook.Application(), 1, host.addIn->Handle());
+    CHECK(host.outlook.LiveSubscriptions().empty());
+    CHECK(host.program.processValues.applicationTitle.empty());
+    // Later windows do not bring it to life.
+    const auto explorer = host.outlook.OpenExplorer();
+    CHECK(Host::Button(explorer) == nullptr);
+    host.Disconnect();
+    CHECK(host.WritesOfActiveFlag() == 3);
+}
+
+TEST_CASE("the first window gets button and entry at once, in every version") {
+    for (const std::int32_t version : Versions) {
+        CAPTURE(version);
+        Host host(version);
+        host.Connect();
+        CHECK(host.program.processValues.outlookVersion == version);
+        const auto button = Host::Button(host.first);
+        REQUIRE(button);
+        CHECK(host.Captions(u"Standard")[1] == u"New SMS");
+        CHECK(button->parameter == u"TellwickOutlookAddIn.Main");
+        CHECK(button->onAction == u"<!TellwickOutlookAddIn.Connect>");
+        CHECK(button->tag == u"101");
+        CHECK(button->style == 3);
+        CHECK(button->oleUsage == 3);
+        CHECK(button->beginGroup);
+        CHECK(button->temporary);
+        CHECK(button->visible);
+        CHECK((button->picture != nullptr) == (version >= 11));
+        const auto entry = host.first->NewMenuEntry(u"SMS");
+        REQUIRE(entry);
+        CHECK(entry->onAction == button->onAction);
+        CHECK(entry->temporary);
+        CHECK(host.platform.bitmaps.clipboard == (version >= 11 ? 0u : 3101u));
+        if (version >= 11) {
+            CHECK(MemoryBitmaps::BitmapOf(button->picture) == 1101);
+            CHECK(MemoryBitmaps::BitmapOf(button->mask) == 1201);
+        }
+        // The timer's second set-up replaces the button instead of doubling it.
+        host.platform.timers.Tick();
+        const std::vector<Text> captions = host.Captions(u"Standard");
+        CHECK(std::count(captions.begin(), captions.end(), u"New SMS") == 1);
+    }
+}
+
+TEST_CASE("the user's placement decides bar, position, style and group") {
+    struct Case {
+        TextView bar, position, style, separator;
+        TextView expectedBar;
+        std::size_t expectedIndex;  // from 0; 99: last
+        std::int32_t expectedStyle;
+        bool expectedGroup;
+    };
+    for (const Case& c : {Case{u"", u"", u"", u"", u"Standard", 1, 3, true},
+                          Case{u"Custom", u"1", u"1", u"0", u"Custom", 0, 1, false},
+                          Case{u"Missing", u"3x", u"x", u"1", u"Standard", 2, 0, true},
+                          Case{u"", u"0", u"2", u"-1", u"Standard", 99, 2, true},
+                          Case{u"", u"x", u"", u"x", u"Standard", 99, 3, false}}) {
+        Host host;
+        host.first->commandBars->AddBar(u"Custom")->AddButton(u"Own");
+        for (const auto& [name, value] : {std::pair(u"Bar101", c.bar),
+                                          {u"Pos101", c.position},
+                                          {u"Style101", c.style},
+                                          {u"Sep101", c.separator}}) {
+            if (!value.empty()) host.SetRegistry(AddInKey, name, value);
+        }
+        host.Connect();
+        const std::vector<Text> captions = host.Captions(c.expectedBar);
+        const std::size_t index = c.expectedIndex == 99 ? captions.size() - 1 : c.expectedIndex;
+        REQUIRE(index < captions.size());
+        CHECK(captions[index] == u"New SMS");
+        const auto button = Host::Button(host.first, c.expectedBar);
+        CHECK(button->style == c.expectedStyle);
+        CHECK(button->beginGroup == c.expectedGroup);
+    }
+}
+
+TEST_CASE("leftovers of an earlier run go, a user's own button stays") {
+    Host host;
+    const auto bar = host.first->commandBars->Find(u"Standard");
+    for (const TextView action : {u"<!TellwickOutlookAddIn.Connect>", u"MyMacro"}) {
+        const auto button = bar->AddButton(u"New SMS");
+        button->tag = u"101";
+        button->onAction = action;
+    }
+    host.Connect();
+    const std::vector<Text> captions = host.Captions(u"Standard");
+    CHECK(std::count(captions.begin(), captions.end(), u"New SMS") == 2);
+    host.outlook.CloseExplorer(host.first);
+    host.Disconnect();
+}
+
+TEST_CASE("later windows get their button by the timer, the last one that asked only") {
+    Host host;
+    host.Connect();
+    host.platform.timers.Tick();
+    const auto second = host.outlook.OpenExplorer();
+    CHECK(Host::Button(second) == nullptr);
+    CHECK(host.platform.timers.Tick() == 1);
+    CHECK(Host::Button(second));
+    CHECK(host.platform.timers.Tick() == 0);
+    const auto third = host.outlook.OpenExplorer();
+    const auto fourth = host.outlook.OpenExplorer();
+    host.platform.timers.Tick();
+    CHECK(Host::Button(third) == nullptr);
+    CHECK(Host::Button(fourth));
+}
+
+TEST_CASE("in Outlook 2000 activation does nothing") {
+    Host host(9);
+    host.Connect();
+    const auto second = host.outlook.OpenExplorer();
+    CHECK(host.platform.timers.Tick() == 0);
+    CHECK(Host::Button(second) == nullptr);
+}
+
+TEST_CASE("a reused place cuts off the wrappers behind it") {
+    Host host(10);
+    host.Connect();
+    host.platform.timers.Tick();
+    const auto second = host.outlook.OpenExplorer();
+    host.platform.timers.Tick();
+    const auto third = host.outlook.OpenExplorer();
+    host.platform.timers.Tick();
+    const auto explorers = [&] {
+        const std::vector<Text> live = host.outlook.LiveSubscriptions();
+        return std::count(live.begin(), live.end(), u"Explorer");
+    };
+    CHECK(explorers() == 3);
+    host.outlook.CloseExplorer(second);
+    CHECK(explorers() == 2);
+    host.outlook.OpenExplorer();  // takes the second place; the third wrapper goes
+    CHECK(explorers() == 2);
+    CHECK(Host::Button(third));
+}
+
+TEST_CASE("a click opens the form, in every version, and cancels the default") {
+    for (const std::int32_t version : Versions) {
+        CAPTURE(version);
+        Host host(version);
+        host.Connect();
+        host.outlook.AddItem(outlook::ContactClass,
+                             {{u"FullName", u"M\u00FCller, Eva"},
+                              {u"MobileTelephoneNumber", u"0049 (171) 2345678"}});
+        const auto contact = host.outlook.AddItem(
+            outlook::ContactClass,
+            {{u"FullName", u"Meier"}, {u"HomeTelephoneNumber", u"030 / 12 34"}});
+        const auto mail = host.outlook.AddItem(outlook::MailClass, {{u"Subject", u"x"}});
+        host.outlook.Select(host.first, {contact, mail});
+        CHECK(host.outlook.ClickButton(Host::Button(host.first)));
+        CHECK(host.view.Loaded());
+        CHECK(host.view.TextTo().GetText() == u"0301234");
+        CHECK(Host::Button(host.first));
+
+        // Typed text survives a second click, which initialises the form anew.
+        host.view.Message().SetText(u"getippt");
+        host.outlook.ClickButton(host.first->NewMenuEntry(u"SMS"));
+        CHECK(host.view.Message().GetText() == u"getippt");
+        host.Disconnect();
+        CHECK_FALSE(host.view.Loaded());
+        CHECK(host.Setting(u"SMS", u"LastText") == u"getippt");
+    }
+}
+
+TEST_CASE("a mail's sender is looked up through Redemption, when that is there") {
+    for (const bool installed : {true, false}) {
+        Host host;
+        if (installed) {
+            host.platform.automation.factories[u"Redemption.SafeMailItem"] = [&] {
+                return host.outlook.CreateSafeMailItem();
+            };
+        }
+        host.Connect();
+        host.outlook.AddItem(outlook::ContactClass, {{u"FullName", u"Eva Maier"},
+                                                     {u"MobileTelephoneNumber", u"+43 664 1"}});
+        const auto mail = host.outlook.AddItem(
+            outlook::MailClass, {{u"SenderName", u"EVA MAIER"}, {u"Body", u"von Eva Maier"}});
+        host.outlook.Select(host.first, {mail});
+        host.outlook.ClickButton(Host::Button(host.first));
+        CHECK(host.view.Loaded());
+        CHECK(host.view.TextTo().GetText() == (installed ? u"0436641" : u""));
+        host.Disconnect();
+    }
+}
+
+TEST_CASE("disconnection leaves no reference, no sink and no button, in every version") {
+    for (const std::int32_t version : Versions) {
+        for (const bool byQuit : {false, true}) {
+            CAPTURE(version);
+            CAPTURE(byQuit);
+            Host host(version);
+            host.platform.automation.running.clear();
+            host.Connect();
+            host.outlook.OpenExplorer();
+            const auto inspector =
+                host.outlook.OpenInspector(host.outlook.AddItem(outlook::MailClass));
+            host.outlook.ClickButton(Host::Button(host.first));
+            if (byQuit) {
+                host.outlook.Quit();
+            } else {
+                const auto button = Host::Button(host.first);
+                host.Disconnect();
+                CHECK(button->deleted);
+                // Written by both releases and by the disconnection itself.
+                CHECK(host.WritesOfActiveFlag() == 3);
+            }
+            while (host.platform.timers.Tick() != 0) {
+            }
+            CHECK(host.outlook.LiveSubscriptions().empty());
+            for (const auto& still : host.outlook.StillReferenced()) {
+                CAPTURE(still.className);
+                CHECK(still.count == 0);
+            }
+            CHECK(host.Registry(RootKey, u"OlAddInActive").empty());
+        }
+    }
+}
+
+TEST_CASE("the last inspector's close with no explorer releases everything") {
+    Host host;
+    host.Connect();
+    const auto mail = host.outlook.AddItem(outlook::MailClass);
+    const auto one = host.outlook.OpenInspector(mail);
+    const auto two = host.outlook.OpenInspector(host.outlook.AddItem(outlook::ContactClass));
+    host.outlook.CloseExplorer(host.first);
+    host.outlook.CloseInspector(two);
+    CHECK(host.WritesOfActiveFlag() == 0);
+    host.outlook.OpenInspector(mail);
+    host.outlook.CloseInspector(one);
+    CHECK(host.WritesOfActiveFlag() <= 1);
+}
+
+TEST_CASE("an application without events gets its button all the same") {
+    Host host(9);
+    host.outlook.applicationHasEvents = false;
+    host.Connect();
+    CHECK(Host::Button(host.first));
+    host.Disconnect();
+    CHECK(host.outlook.LiveSubscriptions().empty());
+}
+
+TEST_CASE("whatever member of Outlook fails, the steps behind it still run") {
+    struct Case {
+        TextView className, member;
+        bool button;
+    };
+    for (const Case& c :
+         {Case{u"Application", u"Inspectors", true}, Case{u"Explorers", u"Count", true},
+          Case{u"COMAddIn", u"ProgId", true}, Case{u"CommandBars", u"Count", true},
+          Case{u"CommandBarButton", u"Parameter", true}, Case{u"CommandBarButton", u"Style", true},
+          Case{u"CommandBarButton", u"Picture", true}, Case{u"Explorer", u"CommandBars", false},
+          Case{u"Application", u"Explorers", false}}) {
+        CAPTURE(c.className);
+        CAPTURE(c.member);
+        Host host;
+        host.outlook.FailMember(c.className, c.member, error::Automation);
+        host.Connect();
+        CHECK((Host::Button(host.first) != nullptr) == c.button);
+        host.Disconnect();
+        CHECK(host.outlook.LiveSubscriptions().empty());
+    }
+}
+
+TEST_CASE("tracing begins behind the set-up and follows what happens then") {
+    Host host;
+    host.SetRegistry(AddInKey, u"DebugMode", u"1");
+    host.Connect();
+    host.outlook.ClickButton(Host::Button(host.first));
+    const std::string trace =
+        host.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents;
+    CHECK(trace.starts_with("<start>_\r\n\r\n"));
+    CHECK(trace.find("SetMenus") == std::string::npos);
+    for (const char* const record :
+         {"<ButtonSMSNew_Click>_\r\n", "<NewSMS>_\r\n", "<_Load>_\r\n", "<Form_Initialize_>_\r\n",
+          "<GetSettings>_\r\n", "<GetListNumbers>_\r\n", "</NewSMS>\r\n"}) {
+        CAPTURE(record);
+        CHECK(trace.find(record) != std::string::npos);
+    }
+    host.Disconnect();
+}

@@ -1,0 +1,335 @@
+// Phone numbers, prefixes, the number list, the matches and the templates.
+#include <doctest.h>
+
+#include "model/OutlookModel.h"
+#include "platform/OutlookEvents.h"
+#include "platform/TestProgram.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+
+namespace {
+
+struct OpenedForm : TestProgram {
+    void Open() { program.formSmsSend.Open({}); }
+    Text Number(int position) {
+        return Setting(u"SMSNumberList", u"Number" + NumberText(position));
+    }
+    void SetNumbers(int first, int last) {
+        for (int position = first; position <= last; ++position) {
+            SetSetting(u"SMSNumberList", u"Number" + NumberText(position), NumberText(position));
+        }
+    }
+    MemoryComboBox& To() { return view.TextTo(); }
+};
+
+std::vector<Text> List(TestProgram& test, TextView text, TextView separator, bool keepEmpty,
+                       bool quoted) {
+    std::vector<Text> list;
+    const std::int32_t bound =
+        test.program.prefixes.GetList(list, text, separator, keepEmpty, false, quoted);
+    CHECK(bound == std::int32_t(list.size()) - 1);
+    return list;
+}
+
+}  // namespace
+
+TEST_CASE("ConvertPhoneNumber keeps what a phone can dial") {
+    TestProgram test;
+    struct Case {
+        TextView number, converted;
+    };
+    for (const Case& c :
+         {Case{u"(0049) 171-234 56 78", u"491712345678"},
+          Case{u"0049 171 2345678", u"+491712345678"}, Case{u"0 0 49 171", u"+49171"},
+          Case{u"+ +49 171", u"+49171"}, Case{u"+++49", u"++49"}, Case{u"++++", u"++"},
+          Case{u"0171/2345678 p 12", u"01712345678p12"}, Case{u"Tel. 0171 P 3", u"0171P3"},
+          Case{u"#31#0171", u"#31#0171"}, Case{u"*100#", u"*100#"}, Case{u"", u""},
+          Case{u"abc xyz", u""}, Case{u"((0000", u"+"}, Case{u"(00(00", u""}, Case{u"000", u"+0"},
+          Case{u"0000", u"+00"}, Case{u"\uFF11\u00E412", u"12"}}) {
+        CAPTURE(c.number);
+        CHECK(test.program.prefixes.ConvertPhoneNumber(c.number) == c.converted);
+    }
+}
+
+TEST_CASE("GetNumber takes the number at the end and makes it national") {
+    struct Case {
+        TextView setting, entry, number;
+    };
+    for (const Case& c :
+         {Case{u"+49", u"Meier, Hans  (+491712345678)", u"01712345678"},
+          Case{u"+49", u"Meier, Hans  (+4901712345678)", u"01712345678"},
+          Case{u"+49 +43", u"Hans (0171 2345678)", u"2345678"},
+          Case{u"49", u"Anna  (+4930123)", u"030123"}, Case{u"49", u"Anna  (+49030123)", u"030123"},
+          Case{u"49", u"Anna  (+4330123)", u"+4330123"}, Case{u"49 43", u"(+4330123)", u"030123"},
+          // An empty setting gives the one entry "+".
+          Case{u"", u"+491712345678", u"0491712345678"},
+          Case{u"", u"+4901712345678", u"04901712345678"}, Case{u"", u"0171", u"0171"},
+          Case{u"+49  +43", u"+4330", u"030"}, Case{u"+49", u"", u""},
+          Case{u"+49", u"Anna", u""}}) {
+        CAPTURE(c.setting);
+        CAPTURE(c.entry);
+        TestProgram test;
+        if (!c.setting.empty()) test.SetSetting(u"Prefixes", u"Remove0InPrefixes", c.setting);
+        CHECK(test.program.prefixes.GetNumber(c.entry) == c.number);
+    }
+    // A list of one entry is read again at every call, a longer one is kept.
+    TestProgram test;
+    test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
+    CHECK(test.program.prefixes.GetNumber(u"+431") == u"+431");
+    test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+43 +41");
+    CHECK(test.program.prefixes.GetNumber(u"+431") == u"01");
+    test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
+    CHECK(test.program.prefixes.GetNumber(u"+431") == u"01");
+}
+
+TEST_CASE("the country table is one column short") {
+    struct Case {
+        TextView four, three;
+        std::vector<Text> rowFour, rowThree;
+    };
+    for (const Case& c :
+         {Case{u"+49 +43 +41", u"", {u"+49", u"+43"}, {u"", u""}},
+          Case{u"49 43", u"33", {u"+49"}, {u"+33"}}, Case{u"49", u"", {u"+49"}, {u""}},
+          Case{u"", u"", {u""}, {u""}},
+          Case{u"49  43", u"31 32 33 34", {u"+49", u"+", u"+43"}, {u"+31", u"+32", u"+33"}}}) {
+        TestProgram test;
+        test.SetSetting(u"Prefixes", u"Countrycodes4", c.four);
+        test.SetSetting(u"Prefixes", u"Countrycodes3", c.three);
+        Prefixes::Table table;
+        CHECK(test.program.prefixes.ReadPrefixes(table) == std::int32_t(c.rowFour.size()) - 1);
+        CHECK(table[4] == c.rowFour);
+        CHECK(table[3] == c.rowThree);
+        CHECK(table[0] == std::vector<Text>(c.rowFour.size()));
+    }
+}
+
+TEST_CASE("GetList splits, replaces and drops as it always did") {
+    TestProgram test;
+    using Texts = std::vector<Text>;
+    CHECK(List(test, u"a b", u" ", false, false) == Texts{u"a", u"b"});
+    CHECK(List(test, u"", u" ", true, false) == Texts{u""});
+    CHECK(List(test, u"a  b", u" ", true, false) == Texts{u"a", u"(no)", u"b"});
+    CHECK(List(test, u"a,", u",", true, false) == Texts{u"a"});
+    CHECK(List(test, u"a,,", u",", false, false) == Texts{u"a"});
+    CHECK(List(test, u",a", u",", false, false) == Texts{u"", u"a"});
+    CHECK(List(test, u"a,x+CGMIy,b", u",", false, false) == Texts{u"a", u"b"});
+    CHECK(List(test, u"\"a,b\",c", u",", false, true) == Texts{u"\"a,b\"", u"c"});
+    CHECK(List(test, u"c,\"a,b", u",", false, true) == Texts{u"c", u"\"a", u"b"});
+    Text many;
+    for (int element = 0; element < 300; ++element) many += u"x;";
+    CHECK(List(test, many, u";", false, false).size() == 201);
+}
+
+TEST_CASE("the number list is loaded up to the first gap, 49 at most") {
+    OpenedForm form;
+    const Text clear = form.program.language.TextOrBuiltIn(u"FormSmsSend", u"ListClear");
+    SUBCASE("none") {
+        form.Open();
+        CHECK(form.To().items.empty());
+    }
+    SUBCASE("three") {
+        form.SetNumbers(1, 3);
+        form.SetNumbers(5, 6);
+        form.Open();
+        CHECK(form.To().items == std::vector<Text>{u"1", u"2", u"3", clear});
+        CHECK(form.To().selected == 0);
+        CHECK(form.To().GetText().empty());  // the last recipient, of which there is none
+    }
+    SUBCASE("too many") {
+        form.SetNumbers(1, 60);
+        form.Open();
+        CHECK(form.To().items.size() == 50);
+        CHECK(form.To().items[48] == u"49");
+    }
+}
+
+TEST_CASE("AddNumberToList: cells, shown items and growth") {
+    OpenedForm form;
+    form.Open();
+    auto& log = form.To().items;
+    RecipientField field(form.program.debug, form.program.inifilesLite, form.program.language,
+                         form.program.questionBox, form.program.prefixes, form.program.contacts,
+                         form.To(), form.view.ListBoxNumbers(), form.view.StatusBar1(),
+                         [](std::int32_t) {});
+    field.NumUsedNumber = 2;
+    field.GetListNumbers();
+    using Texts = std::vector<Text>;
+    struct Step {
+        TextView number;
+        Texts shown;
+    };
+    for (const Step& step : {Step{u"a", {u"a"}}, Step{u"b", {u"b", u"a"}},
+                             Step{u"c", {u"c", u"b"}},        // the third cell is not shown
+                             Step{u"b", {u"c", u"b"}},        // known: stays where it is
+                             Step{u"d", {u"d", u"c", u"b"}},  // all full: grows by one
+                             Step{u"e", {u"e", u"d", u"c", u"b"}}}) {
+        field.AddNumberToList(step.number);
+        CHECK(log == step.shown);
+    }
+    field.Save();
+    CHECK(form.Number(5) == u"a");
+    CHECK(form.Number(6).empty());
+}
+
+TEST_CASE("clearing the list asks, empties one key more than items, and starts anew") {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        OpenedForm form;
+        form.SetNumbers(1, 3);
+        form.SetNumbers(5, 7);
+        form.Open();
+        form.To().SetText(u"0171");
+        form.platform.dialogs.shown.clear();
+        form.platform.dialogs.answers = {answer};
+        form.To().Choose(3);
+        REQUIRE(form.platform.dialogs.shown.size() == 1);
+        CHECK(form.platform.dialogs.shown[0].flags == box::YesNo);
+        const bool cleared = answer == Answer::Yes;
+        CHECK(form.To().items.size() == (cleared ? 0 : 4));
+        CHECK(form.Number(1).empty() == cleared);
+        CHECK(form.Number(5).empty() == cleared);
+        CHECK(form.Number(6) == u"6");
+        CHECK(form.To().GetText() == u"0171");
+        if (!cleared) continue;
+        form.view.Message().SetText(u"x");
+        form.platform.dialogs.answers = {Answer::No};
+        form.program.formSmsSend.ButtonSend_Click();
+        CHECK(form.Number(1) == u"0171");
+        CHECK(form.Number(2).empty());
+    }
+}
+
+TEST_CASE("typing shows the matching addresses, and choosing one replaces what was typed") {
+    OpenedForm form;
+    standin::OutlookModel outlook(form.platform.errors, 11);
+    form.platform.automation.running[u"Outlook.Application"] = outlook.Application();
+    for (const auto& [name, number] : {std::pair(u"Anna Berg", u"+49 170 1"),
+                                       {u"Berta Anders", u"+49 170 2"},
+                                       {u"\u00C4nne (priv)", u"+49 170 3"},
+                                       {u"Otto Anna", u""}}) {
+        outlook.AddItem(outlook::ContactClass,
+                        {{u"FullName", name}, {u"MobileTelephoneNumber", number}});
+    }
+    outlook.AddItem(outlook::DistributionListClass, {{u"FullName", u"Annas Gruppe"}});
+    form.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
+    form.Open();
+    auto& list = form.view.ListBoxNumbers();
+    struct Case {
+        TextView typed;
+        std::size_t matches;
+    };
+    for (const Case& c : {Case{u"an", 1}, Case{u"BERG", 1}, Case{u"be", 1}, Case{u"anders", 1},
+                          Case{u"\u00E4nne", 1}, Case{u"priv)", 1}, Case{u"nna", 1}, Case{u"", 0},
+                          Case{u"0171; berta", 1}, Case{u"0171,  an", 1}, Case{u"x;", 0}}) {
+        CAPTURE(c.typed);
+        form.To().SetText(c.typed);
+        CHECK(list.Visible() == (c.matches != 0));
+        if (c.matches != 0) CHECK(list.items.size() == c.matches);
+    }
+    form.To().SetText(u"0171; berta");
+    CHECK(form.program.formSmsSend.TextTo_KeyDown(key::Down, 0));
+    CHECK(form.program.formSmsSend.Form_KeyDown(key::Enter, 0));
+    CHECK(form.To().GetText() == u"0171; 01702");
+    CHECK_FALSE(list.Visible());
+    CHECK(form.view.Message().HasFocus());
+    // Without a choice Enter leaves what was typed.
+    form.To().SetText(u"an");
+    CHECK(form.program.formSmsSend.Form_KeyDown(key::Enter, key::Control));
+    CHECK(form.To().GetText() == u"an");
+    CHECK(form.view.Loaded());
+    form.To().SetText(u"be");
+    form.program.formSmsSend.TextTo_LostFocus();
+    CHECK_FALSE(list.Visible());
+
+    // The selection form appends.
+    form.program.formSmsSend.ButtonTo_Click();
+    form.selectAddressView.TextSearch().SetText(u"anna");
+    form.To().SetText(u"0171");
+    form.selectAddressView.ListAddresses().SetSelectedIndex(0);
+    form.program.formSmsSend.Unload();
+    CHECK_FALSE(form.selectAddressView.Loaded());
+    form.platform.automation.running.clear();
+    form.program.contacts.Release();
+    CHECK(outlook.StillReferenced().empty());
+}
+
+TEST_CASE("AddressList finds what a plain search finds") {
+    AddressList list;
+    std::vector<Text> entries;
+    for (int i = 0; i < 400; ++i) {
+        entries.push_back(u"Name" + NumberText(i * 7919 % 400) + (i % 3 ? u" x" : u"\u00C4a") +
+                          u"  (+49" + NumberText(i) + u")");
+    }
+    list.Assign(entries);
+    for (const TextView search : {u"n", u"name1", u"x", u" ", u"\u00E4a", u"+491)", u"(+4", u"zz",
+                                  u"name399 x  (+49399)", u"\n"}) {
+        CAPTURE(search);
+        std::vector<std::size_t> expected;
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const Text entry = LowerCase(entries[i]);
+            const Text wanted = LowerCase(search);
+            if (StartsWith(entry, wanted) || Contains(entry, wanted + u" ") ||
+                Contains(entry, wanted + u"(")) {
+                expected.push_back(i);
+            }
+        }
+        CHECK(list.Matches(search) == expected);
+    }
+}
+
+TEST_CASE("templates are loaded to the first gap, sorted, added, deleted, inserted and saved") {
+    OpenedForm form;
+    const auto key = [](int index) { return u"Text" + NumberText(index); };
+    int index = 0;
+    for (const TextView text : {u"b", u"A", u"c\\13\\10d"}) {
+        form.SetSetting(u"Texte", key(index++), text);
+    }
+    form.SetSetting(u"Texte", key(4), u"behind the gap");
+    form.Open();
+    auto& box = form.view.ComboBoxTextbausteine();
+    auto& events = form.program.formSmsSend;
+    CHECK(box.items == std::vector<Text>{u"A", u"b", u"c\\13\\10d"});
+    struct Case {
+        TextView text;
+        std::size_t count;
+        std::int32_t selected;
+    };
+    for (const Case& c :
+         {Case{u"", 3, -1}, Case{u"b", 3, -1}, Case{u"B", 4, -1}, Case{u"Z", 5, 4}}) {
+        box.selected = -1;
+        box.SetText(c.text);
+        events.ButtonAdd_Click();
+        CHECK(box.items.size() == c.count);
+        if (c.selected >= 0) CHECK(box.selected == c.selected);
+    }
+    form.view.Message().SetText(u"x12y");
+    form.view.Message().Select(1, 2);
+    box.SetSelectedIndex(3);
+    CHECK(events.ComboBoxTextbausteine_KeyDown(key::Enter, 0));
+    CHECK(form.view.Message().GetText() == u"xc\r\ndy");
+    for (int left = 5; left > 0; --left) {
+        box.SetSelectedIndex(0);
+        events.ButtonDel_Click();
+    }
+    CHECK(box.items.empty());
+    events.ButtonDel_Click();
+    box.SetText(u"neu\r\n");
+    events.ButtonAdd_Click();
+    events.Unload();
+    CHECK(form.Setting(u"Texte", key(0)) == u"neu\\13\\10");
+    CHECK(form.Setting(u"Texte", key(1)).empty());
+    CHECK(form.Setting(u"Texte", key(2)).empty());
+}
+
+TEST_CASE("SortList orders by lower-cased character codes and keeps the letters") {
+    TestProgram test;
+    std::vector<Text> list{u"\u00E4", u"z", u"B", u"a", u"", u"A", u"_"};
+    SortList(test.program.debug, list, -1);
+    CHECK(list == std::vector<Text>{u"", u"_", u"a", u"A", u"B", u"z", u"\u00E4"});
+    list = {u"c", u"b", u"a"};
+    SortList(test.program.debug, list, 1);
+    CHECK(list == std::vector<Text>{u"b", u"c", u"a"});
+    list.clear();
+    SortList(test.program.debug, list, -1);
+    CHECK(list.empty());
+}
