@@ -10,6 +10,8 @@ namespace tellwick::standin {
 
 class Folder;
 
+inline constexpr std::int32_t CalendarFolder = 9;
+
 class UserProperty : public ModelObject {
 public:
     UserProperty(OutlookModel& outlook, Text name, Value value)

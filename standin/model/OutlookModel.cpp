@@ -11,7 +11,6 @@ namespace {
 
 using namespace tellwick::outlook;
 
-constexpr std::int32_t CalendarFolder = 9;
 // Any number but CustomId makes a control one of Outlook's own.
 constexpr std::int32_t OwnId = 2;
 
@@ -115,11 +114,16 @@ std::shared_ptr<CommandBarControl> Explorer::ToolbarControl(TextView caption) co
     return commandBars->Find(u"Standard")->Find(caption);
 }
 
-std::shared_ptr<CommandBarControl> Explorer::NewMenuEntry(TextView caption) const {
+std::shared_ptr<CommandBar> Explorer::NewMenu() const {
     const auto& controls = commandBars->Find(u"Standard")->Controls()->all;
     const auto popup =
         controls.empty() ? nullptr : std::dynamic_pointer_cast<CommandBarPopup>(controls[0]);
-    return popup ? popup->Menu()->Find(caption) : nullptr;
+    return popup ? popup->Menu() : nullptr;
+}
+
+std::shared_ptr<CommandBarControl> Explorer::NewMenuEntry(TextView caption) const {
+    const auto menu = NewMenu();
+    return menu ? menu->Find(caption) : nullptr;
 }
 
 const MemberTable& Inspector::Table() const {

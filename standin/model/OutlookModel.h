@@ -42,7 +42,9 @@ public:
     Text Caption() const override;
     // A control of the bar "Standard" by its caption; null when there is none.
     std::shared_ptr<CommandBarControl> ToolbarControl(TextView caption) const;
-    // An entry of the drop-down of the first control of "Standard".
+    // The drop-down of the first control of "Standard"; null when that has none.
+    std::shared_ptr<CommandBar> NewMenu() const;
+    // An entry of that drop-down.
     std::shared_ptr<CommandBarControl> NewMenuEntry(TextView caption) const;
 
     std::shared_ptr<Folder> folder;
@@ -154,6 +156,7 @@ public:
     // displayed yet lies below the others.
     std::shared_ptr<Explorer> ActiveExplorer() const;
     std::shared_ptr<Inspector> ActiveInspector() const;
+    std::shared_ptr<Window> FrontWindow() const { return stack.empty() ? nullptr : stack.back(); }
 
     struct Answer {
         std::shared_ptr<Item> response;

@@ -1,0 +1,152 @@
+// The commands that drive the stand-in Outlook: one a line, UTF-8, words separated by blanks, a
+// word with blanks in "double quotes" (\" \\ \n \r \t inside them). Each is answered by one line,
+// "ok", with a result behind it if there is one, or "error" and what is wrong. Lists stand in one
+// line, their entries separated by " | ".
+//
+// Windows and items have numbers that never change: explorers, inspectors and items count from 1
+// each, in the order in which they came to be. Captions are given without "&".
+//
+// windows
+//   open-explorer                    answers the explorer's number
+//   close-explorer N, activate N     N: an explorer's number
+//   explorers, inspectors            numbers and titles of the open ones
+//   open-inspector ITEM              answers the inspector's number
+//   close-inspector N, activate-inspector N
+//   window N, inspector-window N     answers the window's handle, decimal
+// items
+//   items                            numbers, kinds and titles
+//   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
+//                                    answers the item's number; names that are no field of the
+//                                    item become user properties ("true", "false" as truth)
+//   select N ITEM...                 selects in explorer N; without items nothing is selected
+//   folder N inbox|calendar|contacts
+//   reply ITEM                       presses Reply; answers "opened" or "cancelled"
+// toolbars of explorer N
+//   bars N, add-bar N NAME           the bars; a new custom bar
+//   toolbar N [BAR]                  the controls of a bar, of "Standard" unless another is named
+//   menu N                           the entries of the "New" drop-down
+//   add-control N BAR CAPTION TAG ACTION
+//                                    a button that is remembered, as an earlier run leaves one
+//   click N CAPTION [BAR]            clicks a button of a bar
+//   click-menu N CAPTION             chooses an entry of the "New" drop-down
+//   where N CAPTION                  the button's rectangle on the screen: left top right bottom
+//   where-item N ITEM                likewise of an item's line in the list
+// add-ins
+//   load-addin                       connects the registered add-ins; answers how many
+//   connect [PROGID], disconnect [PROGID]
+//                                    as the user does in the add-ins dialog; the first one unless
+//                                    named
+//   references                       COM objects that are held now: class, references, sinks
+//   unload                           frees unused libraries; answers "unloaded" or "loaded"
+//   fail CLASS.MEMBER NUMBER         every use fails with that error number, decimal; with the
+//                                    HRESULT when it is 0x8...; 0 ends that
+// the rest
+//   times                            milliseconds spent in OnConnection and in the shutdown
+//   memory                           private bytes before and after the connection, and now
+//   pump                             runs what waits in the message queue
+//   wait MILLISECONDS                runs the message loop that long
+//   quit, shutdown                   ends Outlook as its user does, and prints the end's report
+//   help                             this list
+//
+// A command is taken from the message loop, also from that of a dialog that an add-in has opened
+// meanwhile; "wait" and "pump" hold back the commands behind them.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "outlook/AddInLoader.h"
+#include "outlook/ComObject.h"
+#include "outlook/Desk.h"
+#include "outlook/Dispatcher.h"
+
+namespace tellwick::standin {
+
+class Commands {
+public:
+    Commands(OutlookModel& outlook, ComObjects& objects, AddInLoader& loader, Desk& desk,
+             Dispatcher& dispatcher);
+
+    // Runs one command and prints its answer. Empty lines and lines that begin with # have none.
+    void Run(std::string_view line);
+
+private:
+    using Words = std::vector<Text>;
+    // Throws std::runtime_error with what is wrong.
+    using Action = Text (Commands::*)(const Words&);
+
+    Text OpenExplorer(const Words&);
+    Text CloseExplorer(const Words&);
+    Text Activate(const Words&);
+    Text Explorers(const Words&);
+    Text Inspectors(const Words&);
+    Text OpenInspector(const Words&);
+    Text CloseInspector(const Words&);
+    Text ActivateInspector(const Words&);
+    Text ExplorerHandle(const Words&);
+    Text InspectorHandle(const Words&);
+    Text ListItems(const Words&);
+    Text AddMail(const Words&);
+    Text AddContact(const Words&);
+    Text AddAppointment(const Words&);
+    Text AddList(const Words&);
+    Text Select(const Words&);
+    Text SwitchFolder(const Words&);
+    Text Reply(const Words&);
+    Text Bars(const Words&);
+    Text AddBar(const Words&);
+    Text Toolbar(const Words&);
+    Text Menu(const Words&);
+    Text AddControl(const Words&);
+    Text Click(const Words&);
+    Text ClickMenu(const Words&);
+    Text Where(const Words&);
+    Text WhereItem(const Words&);
+    Text LoadAddIn(const Words&);
+    Text Connect(const Words&);
+    Text Disconnect(const Words&);
+    Text References(const Words&);
+    Text Unload(const Words&);
+    Text Fail(const Words&);
+    Text Times(const Words&);
+    Text Memory(const Words&);
+    Text Pump(const Words&);
+    Text Wait(const Words&);
+    Text Quit(const Words&);
+    Text Help(const Words&);
+
+    struct Command;
+    static const std::map<Text, Command>& Table();
+
+    Text AddItem(std::int32_t itemClass, const Words& words);
+    void Number();
+    std::shared_ptr<Explorer> ExplorerAt(const Words& words, std::size_t index = 0);
+    std::shared_ptr<Inspector> InspectorAt(const Words& words);
+    std::shared_ptr<Item> ItemAt(const Text& word);
+    std::shared_ptr<ComAddIn> AddInAt(const Words& words) const;
+    // Explorers that wait to be shown are shown first.
+    Frame& FrameOf(const std::shared_ptr<Window>& window);
+
+    OutlookModel& outlook;
+    ComObjects& objects;
+    AddInLoader& loader;
+    Desk& desk;
+    Dispatcher& dispatcher;
+    // By number - 1.
+    std::vector<std::weak_ptr<Explorer>> explorers;
+    std::vector<std::weak_ptr<Inspector>> inspectors;
+    std::vector<std::weak_ptr<Item>> items;
+};
+
+// Prints a line in UTF-8 to the standard output at once.
+void PrintLine(TextView line);
+
+// Reads lines from a handle on a thread of its own and posts them as commands; `atEnd` is posted
+// behind the last one.
+void ReadCommands(HANDLE source, Dispatcher& dispatcher, Commands& commands,
+                  std::function<void()> atEnd);
+
+}  // namespace tellwick::standin

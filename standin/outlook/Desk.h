@@ -1,0 +1,42 @@
+// The windows on the screen, kept equal to the model's.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "model/OutlookModel.h"
+#include "outlook/Dispatcher.h"
+#include "outlook/Frame.h"
+#include "outlook/Look.h"
+
+namespace tellwick::standin {
+
+class Desk {
+public:
+    Desk(OutlookModel& outlook, Dispatcher& dispatcher);
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    // Opens, closes, refreshes windows as the model has them now. Happens by itself after a
+    // change; asks Outlook to quit when the last window has gone.
+    void Synchronise();
+    // Null for a window that is not displayed.
+    Frame* FrameOf(const std::shared_ptr<Window>& window) const;
+    // Keys that the windows have for themselves: Tab and accelerators. True when used up.
+    bool Translate(MSG& message) const;
+
+private:
+    void Show(const std::shared_ptr<Window>& window);
+
+    OutlookModel& outlook;
+    Dispatcher& dispatcher;
+    const Look look;
+    std::vector<std::unique_ptr<Frame>> frames;
+    std::weak_ptr<Window> front;  // when last looked
+    HACCEL accelerators;
+    bool synchronisePosted = false;
+    bool hadWindows = false;
+};
+
+}  // namespace tellwick::standin

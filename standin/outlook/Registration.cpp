@@ -1,0 +1,101 @@
+#include "outlook/Registration.h"
+
+#include <new>
+
+#include <shlwapi.h>
+
+namespace tellwick::standin {
+
+namespace {
+
+class Factory : public IClassFactory {
+public:
+    explicit Factory(ObjectSource source) : source(std::move(source)) {}
+    virtual ~Factory() = default;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
+        if (!object) return E_POINTER;
+        *object = nullptr;
+        if (identifier != IID_IUnknown && identifier != IID_IClassFactory) return E_NOINTERFACE;
+        AddRef();
+        *object = this;
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references;
+        if (left == 0) delete this;
+        return left;
+    }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID identifier,
+                                             void** object) override {
+        return Guarded([&]() -> HRESULT {
+            if (!object) return E_POINTER;
+            *object = nullptr;
+            if (outer) return CLASS_E_NOAGGREGATION;
+            const ComPtr<IDispatch> created = source();
+            return created ? created->QueryInterface(identifier, object) : E_FAIL;
+        });
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+private:
+    ULONG references = 1;
+    ObjectSource source;
+};
+
+bool WriteDefault(HKEY hive, const Text& key, TextView value) {
+    const Text text(value);
+    return SHSetValueW(hive, Wide(key), nullptr, REG_SZ, text.c_str(),
+                       DWORD((text.size() + 1) * sizeof(char16_t))) == ERROR_SUCCESS;
+}
+
+const Text ClassesKey = u"Software\\Classes\\";
+
+// For the whole machine where that is allowed, else for the user.
+void WriteClass(TextView programmaticIdentifier, TextView classIdentifier, bool local) {
+    for (const HKEY hive : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+        const Text name = ClassesKey + Text(programmaticIdentifier);
+        const Text type = ClassesKey + u"CLSID\\" + Text(classIdentifier);
+        wchar_t program[MAX_PATH] = L"";
+        GetModuleFileNameW(nullptr, program, MAX_PATH - 1);
+        if (WriteDefault(hive, name + u"\\CLSID", classIdentifier) &&
+            WriteDefault(hive, type + u"\\ProgID", programmaticIdentifier) &&
+            (!local || WriteDefault(hive, type + u"\\LocalServer32", FromWide(program)))) {
+            return;
+        }
+    }
+}
+
+}  // namespace
+
+void ForgetClass(TextView programmaticIdentifier, TextView classIdentifier) {
+    for (const HKEY hive : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+        SHDeleteKeyW(hive, Wide(ClassesKey + Text(programmaticIdentifier)));
+        SHDeleteKeyW(hive, Wide(ClassesKey + u"CLSID\\" + Text(classIdentifier)));
+    }
+}
+
+RegisteredClass::RegisteredClass(TextView programmaticIdentifier, TextView classIdentifier,
+                                 bool local, ObjectSource source) {
+    WriteClass(programmaticIdentifier, classIdentifier, local);
+    const ComPtr<IClassFactory> factory =
+        ComPtr<IClassFactory>::Attach(new Factory(std::move(source)));
+    CoRegisterClassObject(ToGuid(classIdentifier), factory.Get(),
+                          local ? CLSCTX_LOCAL_SERVER : CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                          &cookie);
+}
+
+RegisteredClass::~RegisteredClass() {
+    if (cookie != 0) CoRevokeClassObject(cookie);
+}
+
+RunningObject::RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object) {
+    RegisterActiveObject(object.Get(), ToGuid(classIdentifier), ACTIVEOBJECT_WEAK, &cookie);
+}
+
+RunningObject::~RunningObject() {
+    if (cookie != 0) RevokeActiveObject(cookie, nullptr);
+}
+
+}  // namespace tellwick::standin

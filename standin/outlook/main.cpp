@@ -1,0 +1,268 @@
+// The stand-in Outlook as a program.
+//
+//   OutlookStandIn [--version 9|10|11|16] [--no-window] [--commands] [--script FILE] [--late]
+//                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
+//
+//   --version        plays Outlook 2000, 2002, 2003 (the default) or 2016
+//   --no-window      starts without a window, as for another program
+//   --commands       takes commands from the standard input (see Commands.h); its end quits
+//   --script FILE    takes commands from a file; Outlook stays open behind its end
+//   --late           connects no add-in until the command load-addin
+//   --fail           the member fails with that error from the start
+//   --no-redemption  "Redemption.SafeMailItem" is missing
+//   --no-events      the application object has no events
+//   --empty          starts without the sample items
+//
+// Ends when its last window closes, by Exit, Application.Quit or a command. Then it prints what
+// the add-ins left behind, one line each, "end" in front:
+//
+//   end referenced CLASS COUNT       a COM object still held
+//   end advised CLASS COUNT          an event handler never unadvised
+//   end library loaded               the add-in's library did not unload
+//   end library unloaded
+//   end OnConnection MILLISECONDS
+//   end shutdown MILLISECONDS
+//
+// The exit code is 0 when nothing was left, 1 when something was, 2 for a wrong option.
+// Outlook 2016 ends fast: its add-ins hear Quit, but neither OnBeginShutdown nor OnDisconnection.
+
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+#include <ole2.h>
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "outlook/AddInLoader.h"
+#include "outlook/ComObject.h"
+#include "outlook/Commands.h"
+#include "outlook/Desk.h"
+#include "outlook/Dispatcher.h"
+#include "outlook/Face.h"
+#include "outlook/Registration.h"
+#include "outlook/SampleItems.h"
+
+namespace tellwick::standin {
+
+namespace {
+
+constexpr TextView ApplicationProgId = u"Outlook.Application";
+constexpr TextView ApplicationClass = u"{0006F03A-0000-0000-C000-000000000046}";
+constexpr TextView SafeMailItemProgId = u"Redemption.SafeMailItem";
+constexpr TextView SafeMailItemClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B8}";
+constexpr std::int32_t FirstToEndFast = 16;
+
+struct Options {
+    std::int32_t version = 11;
+    bool window = true;
+    bool commands = false;
+    Text script;
+    bool late = false;
+    struct Failure {
+        Text className;
+        Text member;
+        std::int32_t error;
+    };
+    std::vector<Failure> failures;
+    bool redemption = true;
+    bool events = true;
+    bool samples = true;
+};
+
+std::optional<Options> ReadOptions() {
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    Options options;
+    bool valid = words != nullptr;
+    for (int index = 1; index < count && valid; ++index) {
+        const Text word = FromWide(words[index]);
+        const Text value = index + 1 < count ? FromWide(words[index + 1]) : Text();
+        if (word == u"--version") {
+            options.version = LeadingNumber32(value);
+            const std::int32_t version = options.version;
+            valid = version == 9 || version == 10 || version == 11 || version == 16;
+            ++index;
+        } else if (word == u"--script") {
+            options.script = value;
+            valid = !value.empty();
+            ++index;
+        } else if (word == u"--fail") {
+            const std::size_t dot = value.find(u'.');
+            const std::size_t equals = value.find(u'=');
+            valid = dot != Text::npos && equals != Text::npos && dot < equals;
+            if (valid) {
+                const wchar_t* number = words[index + 1] + equals + 1;
+                options.failures.push_back({value.substr(0, dot),
+                                            value.substr(dot + 1, equals - dot - 1),
+                                            std::int32_t(std::wcstoul(number, nullptr, 0))});
+            }
+            ++index;
+        } else if (word == u"--no-window") {
+            options.window = false;
+        } else if (word == u"--commands") {
+            options.commands = true;
+        } else if (word == u"--late") {
+            options.late = true;
+        } else if (word == u"--no-redemption") {
+            options.redemption = false;
+        } else if (word == u"--no-events") {
+            options.events = false;
+        } else if (word == u"--empty") {
+            options.samples = false;
+        } else {
+            valid = false;
+        }
+    }
+    LocalFree(words);
+    return valid ? std::optional<Options>(options) : std::nullopt;
+}
+
+void RunMessageLoop(const Desk& desk) {
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (desk.Translate(message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+// What was posted before the end still runs, as while Outlook takes its windows down.
+void RunRest() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void PrintTime(TextView what, double milliseconds) {
+    char number[32];
+    std::snprintf(number, sizeof number, "%.2f", milliseconds);
+    const std::string digits(number);
+    PrintLine(u"end " + Text(what) + u" " + Text(digits.begin(), digits.end()));
+}
+
+// True when the add-ins left nothing behind.
+bool Report(const ComObjects& objects, const OutlookModel& outlook, AddInLoader& loader) {
+    const auto referenced = objects.Alive();
+    const auto advised = outlook.LiveSubscriptions();
+    for (const ComObjects::Living& living : referenced) {
+        PrintLine(u"end referenced " + living.className + u" " +
+                  NumberText(std::int64_t(living.references)));
+    }
+    std::map<Text, int> sources;
+    for (const Text& source : advised) ++sources[source];
+    for (const auto& [source, count] : sources) {
+        PrintLine(u"end advised " + source + u" " + NumberText(count));
+    }
+    bool unloaded = true;
+    if (loader.Loaded()) {
+        unloaded = loader.UnloadLibraries();
+        PrintLine(unloaded ? u"end library unloaded" : u"end library loaded");
+        PrintTime(u"OnConnection", loader.connectionTime);
+        PrintTime(u"shutdown", loader.shutdownTime);
+    }
+    return referenced.empty() && advised.empty() && unloaded;
+}
+
+int Run(const Options& options) {
+    PendingError errors;
+    OutlookModel outlook(errors, options.version);
+    ComObjects objects(outlook);
+    AddInLoader loader(outlook, objects);
+    Dispatcher dispatcher;
+    Desk desk(outlook, dispatcher);
+    Commands commands(outlook, objects, loader, desk, dispatcher);
+
+    outlook.applicationHasEvents = options.events;
+    outlook.pasteFace = PasteBitmap;
+    outlook.shutDownAddIns = [&] {
+        if (options.version < FirstToEndFast) loader.ShutDown();
+    };
+    bool quitting = false;
+    outlook.quitRequested = [&] {
+        if (quitting) return;
+        quitting = true;
+        dispatcher.Post([&] {
+            outlook.Quit();
+            desk.Synchronise();
+            PostQuitMessage(0);
+        });
+    };
+    for (const auto& failure : options.failures) {
+        outlook.FailMember(failure.className, failure.member, failure.error);
+    }
+    if (options.samples) AddSampleItems(outlook);
+
+    {
+        const auto application = [&] { return objects.Wrap(outlook.Application()); };
+        const ComPtr<IDispatch> running = application();
+        const RegisteredClass applicationClass(ApplicationProgId, ApplicationClass, true,
+                                               application);
+        const RunningObject runningObject(ApplicationClass, running);
+        std::optional<RegisteredClass> safeMailItem;
+        if (options.redemption) {
+            safeMailItem.emplace(SafeMailItemProgId, SafeMailItemClass, false,
+                                 [&] { return objects.Wrap(outlook.CreateSafeMailItem()); });
+        } else {
+            ForgetClass(SafeMailItemProgId, SafeMailItemClass);
+        }
+
+        std::shared_ptr<Explorer> first;
+        if (options.window) first = outlook.CreateExplorer();
+        if (!options.late) loader.LoadAll(AddInLoader::Startup);
+        outlook.Activate(first);
+        first.reset();
+        desk.Synchronise();
+        loader.StartupComplete();
+
+        HANDLE script = INVALID_HANDLE_VALUE;
+        if (!options.script.empty()) {
+            script = CreateFileW(Wide(options.script), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                 OPEN_EXISTING, 0, nullptr);
+            if (script == INVALID_HANDLE_VALUE) {
+                PrintLine(u"error the script cannot be read");
+            } else {
+                ReadCommands(script, dispatcher, commands, [] {});
+            }
+        }
+        if (options.commands) {
+            ReadCommands(GetStdHandle(STD_INPUT_HANDLE), dispatcher, commands,
+                         [&] { outlook.quitRequested(); });
+        }
+        RunMessageLoop(desk);
+        RunRest();
+        loader.Abandon();
+    }
+    RunRest();
+    return Report(objects, outlook, loader) ? 0 : 1;
+}
+
+}  // namespace
+
+}  // namespace tellwick::standin
+
+int main() {
+    using namespace tellwick::standin;
+    _setmode(_fileno(stdout), _O_BINARY);
+    const auto options = ReadOptions();
+    if (!options) {
+        PrintLine(u"error wrong option");
+        return 2;
+    }
+    if (FAILED(OleInitialize(nullptr))) return 2;
+    int code = 2;
+    try {
+        code = Run(*options);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+    }
+    OleUninitialize();
+    return code;
+}
