@@ -7,9 +7,8 @@
 
 namespace tellwick::standin {
 
-namespace {
-
-// Office's interface of add-ins, a dual one.
+// Office's interface of add-ins, a dual one. Not in the nameless namespace: the compiler would know
+// of no class that implements it, and call nothing.
 struct IDTExtensibility2 : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* application, int mode,
                                                    IDispatch* addIn, SAFEARRAY** custom) = 0;
@@ -18,6 +17,8 @@ struct IDTExtensibility2 : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE OnStartupComplete(SAFEARRAY** custom) = 0;
     virtual HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) = 0;
 };
+
+namespace {
 
 constexpr GUID ExtensibilityIdentifier = {
     0xB65AD801, 0xABAF, 0x11D0, {0xBB, 0x8B, 0x00, 0xA0, 0xC9, 0x0F, 0x27, 0x44}};
