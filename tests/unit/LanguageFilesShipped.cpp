@@ -59,6 +59,17 @@ std::vector<ShippedFile> ShippedFiles() {
     return files;
 }
 
+// The program's own code, without the table of built-in texts.
+std::string Code() {
+    std::string code;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(SOURCE_FOLDER "/src")) {
+        if (!entry.is_regular_file() || entry.path().filename() == "BuiltInTexts.cpp") continue;
+        std::ifstream stream(entry.path(), std::ios::binary);
+        code.append(std::istreambuf_iterator<char>(stream), {});
+    }
+    return code;
+}
+
 std::multiset<Text> Placeholders(TextView text) {
     std::multiset<Text> found;
     for (std::size_t at = text.find(u'%'); at != text.npos; at = text.find(u'%', at + 1)) {
@@ -113,5 +124,45 @@ TEST_CASE("the texts of every language file fit their places") {
             CHECK(mnemonics.insert(Name(builtIn.section, LowerCase(text.substr(mark + 1, 1))))
                       .second);
         }
+    }
+}
+
+TEST_CASE("code and language files know the same keys") {
+    const std::string code = Code();
+    std::set<std::string> keys;
+    for (const Text& name : TextsLookedUp()) {
+        const Text key = name.substr(name.find(u'/') + 1);
+        keys.emplace(key.begin(), key.end());
+    }
+    // Every key that is looked up as a literal has a text...
+    int found = 0;
+    for (const char* lookup :
+         {"GetLanguageString(", "TextOrBuiltIn(", "FormText(", "MessageText("}) {
+        for (std::size_t at = code.find(lookup); at != code.npos; at = code.find(lookup, at + 1)) {
+            const std::string call = code.substr(at, code.find(';', at) - at);
+            const std::string argument = call.substr(call.find_last_of(",(", call.find(')')) + 1);
+            const std::string alone = argument.substr(0, argument.find(')'));
+            if (alone.find('+') != alone.npos) continue;
+            for (std::size_t quote = alone.find("u\""); quote != alone.npos;
+                 quote = alone.find("u\"", alone.find('"', quote + 2))) {
+                const std::string key =
+                    alone.substr(quote + 2, alone.find('"', quote + 2) - quote - 2);
+                CAPTURE(key);
+                CHECK(keys.contains(key));
+                ++found;
+            }
+        }
+    }
+    CHECK(found >= 10);
+    // ... and every text is looked up: by its key, its control's name, or its message's number.
+    for (const std::string& key : keys) {
+        const bool message = key.starts_with("Msg");
+        const std::string number =
+            key.substr(std::min(key.size(), key.find_first_of("0123456789")));
+        CAPTURE(key);
+        CHECK((code.find("u\"" + key.substr(0, key.find('.')) + "\"") != code.npos ||
+               (message && (code.find("= " + number + ";") != code.npos ||
+                            code.find(", " + number + "}") != code.npos ||
+                            code.find("Message(" + number + ",") != code.npos))));
     }
 }
