@@ -6,7 +6,7 @@ namespace tellwick::bench {
 
 void CompareWithProfileFunctions(test::Modules& modules, const Text& folder) {
     const FormSettings form;
-    const Text path = folder + u"bench.ini";
+    const Text path = folder + u"profile.ini";
     modules.ports.fileSystem.Write(path, form.file, WriteMode::Replace);
     const double engine = ReadFormSettings(modules, form, path);
 
