@@ -72,6 +72,12 @@ void FormSmsSend::Open(TextView recipients) {
     Form_Initialize_();
     if (!recipients.empty()) recipientField.SetText(recipients);
     view.Show();
+    // What is to be written next has the focus.
+    if (view.TextTo().GetText().empty()) {
+        view.TextTo().SetFocus();
+    } else {
+        view.Message().SetFocus();
+    }
 }
 
 void FormSmsSend::Form_Load() {
@@ -101,6 +107,7 @@ void FormSmsSend::Form_Initialize_() {
     GetSettings();
     prefixes.LoadPrefixes();
     recipientField.GetListNumbers();
+    view.CheckLong().SetEnabled(false);  // until the text needs it
     RestoreTexts();
     view.ProgressBar1().SetValue(0);
     Form_Resize();
@@ -114,6 +121,7 @@ void FormSmsSend::GetSettings() {
 }
 
 void FormSmsSend::StoreTexts() {
+    const SettingsBatch batch{inifilesLite};
     inifilesLite.SetIniSetting(u"SMS", u"LastNumber", view.TextTo().GetText());
     inifilesLite.SetIniSetting(u"SMS", u"LastText", ToSetting(view.Message().GetText()));
     inifilesLite.SetIniSetting(u"SMS", u"LastTextattachment", ToSetting(textAttachment));
@@ -243,6 +251,7 @@ void FormSmsSend::Unload() {
 
 void FormSmsSend::Form_Unload() {
     Procedure procedure{debug, u"Form_Unload"};
+    const SettingsBatch batch{inifilesLite};
     const FormPlace place = view.Place();
     inifilesLite.SetIniSetting(u"Positions", u"SMSSendx", place.width);
     inifilesLite.SetIniSetting(u"Positions", u"SMSSendy", place.height);
@@ -330,6 +339,14 @@ void FormSmsSend::ButtonDel_Click() {
 
 void FormSmsSend::ButtonInsert_Click() {
     textTemplates.ButtonInsert_Click();
+}
+
+void FormSmsSend::ButtonOptions_Click() {
+    Procedure procedure{debug, u"ButtonOptions_Click"};
+    if (questionBox.MsgBoxEx(language.TextOrBuiltIn(u"Messages", u"ForgetAnswers"),
+                             box::YesNo | box::IconQuestion) == Answer::Yes) {
+        questionBox.ForgetAnswers();
+    }
 }
 
 void FormSmsSend::ButtonExpand_Click() {

@@ -75,6 +75,8 @@ public:
     void ButtonStore_Click() override { ButtonSend_Click_(false, false, {}, {}); }
     void ButtonOK_Click() override;
     void ButtonExpand_Click() override;
+    // Offers to take back the remembered answers.
+    void ButtonOptions_Click() override;
 
 private:
     void Form_Load();

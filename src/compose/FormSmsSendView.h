@@ -62,6 +62,7 @@ public:
     virtual void ButtonStore_Click() = 0;
     virtual void ButtonOK_Click() = 0;
     virtual void ButtonExpand_Click() = 0;
+    virtual void ButtonOptions_Click() = 0;
 };
 
 // Exists once; its window comes and goes with Load and Unload.

@@ -114,6 +114,7 @@ void RecipientField::TextTo_Click() {
     }
     const bool clear = questionBox.MsgBoxMessage(AskClear, AskClearStyle) == Answer::Ok;
     if (clear) {
+        const SettingsBatch batch{inifilesLite};
         // One key more than there are items; deliberate.
         for (std::int32_t index = 0, count = textTo.Count(); index <= count; ++index) {
             inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1), u"");

@@ -17,8 +17,7 @@ constexpr int ButtonHeight = 14;
 
 }  // namespace
 
-FormSmsSelectAddressWindow::FormSmsSelectAddressWindow()
-    : FormWindow(u"Corvane - Empf\u00E4nger w\u00E4hlen", Least) {
+FormSmsSelectAddressWindow::FormSmsSelectAddressWindow() : FormWindow(Least) {
     textSearch.onChange = [this] { events->TextSearch_Change(); };
 }
 
@@ -26,12 +25,12 @@ bool FormSmsSelectAddressWindow::Load() {
     constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON;
     constexpr DWORD List = WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
     const bool made = Create({
-        {u"LabelSearch", &labelSearch, L"STATIC", SS_LEFT, 0, u"&Suchen:"},
-        {u"TextSearch", &textSearch, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, {}},
-        {u"ListAddresses", &listAddresses, L"LISTBOX", List, WS_EX_CLIENTEDGE, {}},
-        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0, u"&Hinzuf\u00FCgen"},
-        {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0, u"S&chlie\u00DFen"},
-        {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, {}},
+        {u"LabelSearch", &labelSearch, L"STATIC", SS_LEFT, 0},
+        {u"TextSearch", &textSearch, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE},
+        {u"ListAddresses", &listAddresses, L"LISTBOX", List, WS_EX_CLIENTEDGE},
+        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0},
+        {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0},
+        {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
     });
     if (made) OnSize();
     return made;

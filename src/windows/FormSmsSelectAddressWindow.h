@@ -13,7 +13,10 @@ public:
 
     bool Load() override;
     bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override { ShowWindowed(); }
+    void Show() override {
+        OnSize();  // by now the controls have their captions
+        ShowWindowed();
+    }
     void Unload() override { Destroy(); }
     FormPlace Place() const override { return WindowPlace(); }
     void SetPlace(const FormPlace& place) override { SetWindowPlace(place); }

@@ -8,7 +8,7 @@ namespace tellwick::windows {
 
 namespace {
 
-constexpr SIZE Least{300, 160};  // dialog units
+constexpr SIZE Least{300, 175};  // dialog units
 constexpr WPARAM LongestText = 0x7FFFFFFE;
 
 // Margins, gaps and heights in dialog units.
@@ -20,7 +20,7 @@ constexpr int DropDownHeight = 120;
 
 }  // namespace
 
-FormSmsSendWindow::FormSmsSendWindow() : FormWindow(u"Corvane - SMS erstellen", Least) {
+FormSmsSendWindow::FormSmsSendWindow() : FormWindow(Least) {
     textTo.onChange = [this] { events->TextTo_Change(); };
     message.onChange = [this] { events->Message_Change(); };
 }
@@ -40,26 +40,27 @@ bool FormSmsSendWindow::Load() {
     // In the order of the tabulator key. The match list comes first in depth: it lies over the
     // other controls.
     const bool made = Create({
-        {u"ListBoxNumbers", &listBoxNumbers, L"LISTBOX", List, 0, {}, false},
-        {u"ButtonTo", &buttonTo, L"BUTTON", Button, 0, u"A&n:"},
-        {u"TextTo", &textTo, L"COMBOBOX", Combo, 0, {}},
-        {u"Message", &message, L"EDIT", Text, WS_EX_CLIENTEDGE, {}},
-        {u"CheckFlash", &checkFlash, L"BUTTON", Check, 0, u"Fl&ash SMS"},
-        {u"CheckLong", &checkLong, L"BUTTON", Check, 0, u"Lange S&MS verketten"},
-        {u"ButtonSend", &buttonSend, L"BUTTON", Button, 0, u"&SMS senden"},
-        {u"ButtonStore", &buttonStore, L"BUTTON", Button, 0, u"SMS s&peichern"},
-        {u"ButtonHex", &buttonHex, L"BUTTON", Button, 0, u"&Hex"},
-        {u"ButtonUcs2", &buttonUcs2, L"BUTTON", Button, 0, u"&Unicode"},
-        {u"ButtonExpand", &buttonExpand, L"BUTTON", Button, 0, u"E&rweitern >>"},
-        {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0, u"&Ende"},
-        {u"FrameTextbausteine", &frameTextbausteine, L"BUTTON", BS_GROUPBOX, 0, u"Textbausteine"},
-        {u"ComboBoxTextbausteine", &comboBoxTextbausteine, L"COMBOBOX", Combo, 0, {}},
-        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0, u"Hin&zuf\u00FCgen"},
-        {u"ButtonDel", &buttonDel, L"BUTTON", Button, 0, u"&L\u00F6schen"},
-        {u"ButtonInsert", &buttonInsert, L"BUTTON", Button, 0, u"Ein&f\u00FCgen"},
-        {u"LabelStatus", &labelStatus, L"STATIC", SS_RIGHT | SS_NOPREFIX, 0, {}},
-        {u"ProgressBar1", &progressBar1, PROGRESS_CLASSW, 0, 0, {}},
-        {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, {}},
+        {u"ListBoxNumbers", &listBoxNumbers, L"LISTBOX", List, 0, false},
+        {u"ButtonTo", &buttonTo, L"BUTTON", Button, 0},
+        {u"TextTo", &textTo, L"COMBOBOX", Combo, 0},
+        {u"Message", &message, L"EDIT", Text, WS_EX_CLIENTEDGE},
+        {u"CheckFlash", &checkFlash, L"BUTTON", Check, 0},
+        {u"CheckLong", &checkLong, L"BUTTON", Check, 0},
+        {u"ButtonSend", &buttonSend, L"BUTTON", Button, 0},
+        {u"ButtonStore", &buttonStore, L"BUTTON", Button, 0},
+        {u"ButtonHex", &buttonHex, L"BUTTON", Button, 0},
+        {u"ButtonUcs2", &buttonUcs2, L"BUTTON", Button, 0},
+        {u"ButtonOptions", &buttonOptions, L"BUTTON", Button, 0},
+        {u"ButtonExpand", &buttonExpand, L"BUTTON", Button, 0},
+        {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0},
+        {u"FrameTextbausteine", &frameTextbausteine, L"BUTTON", BS_GROUPBOX, 0},
+        {u"ComboBoxTextbausteine", &comboBoxTextbausteine, L"COMBOBOX", Combo, 0},
+        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0},
+        {u"ButtonDel", &buttonDel, L"BUTTON", Button, 0},
+        {u"ButtonInsert", &buttonInsert, L"BUTTON", Button, 0},
+        {u"LabelStatus", &labelStatus, L"STATIC", SS_RIGHT | SS_NOPREFIX, 0},
+        {u"ProgressBar1", &progressBar1, PROGRESS_CLASSW, 0, 0},
+        {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
     });
     if (!made) return false;
     SendMessageW(message.Window(), EM_SETLIMITTEXT, LongestText, 0);
@@ -105,8 +106,8 @@ void FormSmsSendWindow::Resize(bool expanded) {
     const int right = client.right - margin;
 
     // The column of buttons on the right, as wide as its widest caption.
-    const WindowControl* const column[] = {&buttonSend, &buttonStore,  &buttonHex,
-                                           &buttonUcs2, &buttonExpand, &buttonOK};
+    const WindowControl* const column[] = {&buttonSend,    &buttonStore,  &buttonHex, &buttonUcs2,
+                                           &buttonOptions, &buttonExpand, &buttonOK};
     int columnWidth = 0;
     for (const WindowControl* button : column) {
         columnWidth = std::max(columnWidth, CaptionWidth(*button));
@@ -248,6 +249,7 @@ void FormSmsSendWindow::ClickButton(HWND control) {
         {buttonSend, &FormSmsSendEvents::ButtonSend_Click},
         {buttonStore, &FormSmsSendEvents::ButtonStore_Click},
         {buttonOK, &FormSmsSendEvents::ButtonOK_Click},
+        {buttonOptions, &FormSmsSendEvents::ButtonOptions_Click},
         {buttonExpand, &FormSmsSendEvents::ButtonExpand_Click},
         {buttonHex, &FormSmsSendEvents::ButtonHex_Click},
         {buttonUcs2, &FormSmsSendEvents::ButtonUcs2_Click},

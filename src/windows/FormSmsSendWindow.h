@@ -71,6 +71,7 @@ private:
     WindowControl buttonStore;
     WindowControl buttonHex;
     WindowControl buttonUcs2;
+    WindowControl buttonOptions;
     WindowControl buttonExpand;
     WindowControl buttonOK;
     WindowControl frameTextbausteine;

@@ -64,8 +64,7 @@ SIZE MessageFont::Measure(TextView text, int width) const {
     return {area.right, area.bottom};
 }
 
-FormWindow::FormWindow(TextView builtInCaption, SIZE leastDialogUnits)
-    : builtInCaption(builtInCaption), leastDialogUnits(leastDialogUnits) {}
+FormWindow::FormWindow(SIZE leastDialogUnits) : leastDialogUnits(leastDialogUnits) {}
 
 FormWindow::~FormWindow() {
     Destroy();
@@ -84,7 +83,7 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan) {
     if (!RegisterFormClass()) return false;
     const FontMetrics& metrics = font->Metrics();
     window = CreateWindowExW(
-        WS_EX_CONTROLPARENT, FormClass, Wide(builtInCaption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+        WS_EX_CONTROLPARENT, FormClass, nullptr, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
         CW_USEDEFAULT, CW_USEDEFAULT, metrics.Horizontal(leastDialogUnits.cx * 5 / 4),
         metrics.Vertical(leastDialogUnits.cy * 5 / 4), nullptr, nullptr, Library(), nullptr);
     if (!window) return false;
@@ -95,7 +94,7 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan) {
     controls = plan;
     for (const ControlPlan& part : controls) {
         const HWND control =
-            CreateWindowExW(part.extendedStyle, part.windowClass, Wide(Text(part.caption)),
+            CreateWindowExW(part.extendedStyle, part.windowClass, nullptr,
                             WS_CHILD | part.style | (part.visible ? WS_VISIBLE : 0u), 0, 0, 0, 0,
                             window, nullptr, Library(), nullptr);
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);

@@ -35,20 +35,19 @@ private:
     FontMetrics metrics;
 };
 
-// What a control of a form is made of.
+// What a control of a form is made of. Its caption comes from the language.
 struct ControlPlan {
     TextView name;
     WindowControl* control;
     const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle;
-    TextView caption;  // German; a language file replaces it
     bool visible = true;
 };
 
 class FormWindow {
 public:
-    FormWindow(TextView builtInCaption, SIZE leastDialogUnits);
+    explicit FormWindow(SIZE leastDialogUnits);
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
     virtual ~FormWindow();
@@ -86,7 +85,6 @@ private:
     bool HandleInput(MSG& message);
     bool MoveFocus(bool backwards);
 
-    const Text builtInCaption;
     const SIZE leastDialogUnits;
     HWND window = nullptr;
     HWND lastFocus = nullptr;
