@@ -102,15 +102,12 @@ void Debug::Trace(Text& name, std::int32_t level) {
 }
 
 void Debug::Record(const PendingError& pending, Text& name, std::int32_t level) {
-    Text lines;
-    if (pending) {
-        const Text errorText = ErrorText(pending);
-        if (pending.number == error::ComponentMissing) {
-            questionBox.MsgBoxEx(u"E#" + errorText, box::IconExclamation);
-        }
-        lines.append(indent).append(errorText).append(LineBreak);
+    if (pending.number == error::ComponentMissing) {
+        questionBox.MsgBoxEx(u"E#" + ErrorText(pending), box::IconExclamation);
     }
     if (level == trace::Exit && !indent.empty()) indent.pop_back();
+    Text lines;
+    if (pending) lines.append(indent).append(ErrorText(pending)).append(LineBreak);
 
     Text record;
     switch (level) {

@@ -117,7 +117,9 @@ Text InifilesLite::GetIniFilename_(std::int32_t kind) {
     }
     if (!iniFolderOverride.empty()) return iniFolderOverride;
 
-    for (Text folder = DefaultFolder(kind);; folder = iniFolderOverride) {
+    Text folder = DefaultFolder(kind);
+    if (fileSystem.Exists(folder + Text(SiblingFileName))) return folder;
+    for (;; folder = iniFolderOverride) {
         Text file = folder + Text(SiblingFileName);
         if (!fileSystem.Exists(file)) files.WriteFileConents(file, {}, false, 0, false);
         if (fileSystem.Exists(file)) {

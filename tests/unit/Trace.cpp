@@ -38,7 +38,7 @@ TEST_CASE("records nest") {
         traced.debug.DebugTrace(u"Outer", 7);
         traced.errors.Note(53, u"File not found");
     }
-    CHECK(traced.Gained() == " <Outer>_\r\n  Outer7\r\n  53:File not found\r\n </Outer>\r\n");
+    CHECK(traced.Gained() == " <Outer>_\r\n  Outer7\r\n 53:File not found\r\n </Outer>\r\n");
     CHECK(traced.errors.number == 53);
     // The indent never falls below nothing and starts again with one blank beyond 50.
     traced.errors.Clear();
