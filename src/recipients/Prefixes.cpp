@@ -56,19 +56,21 @@ Text Prefixes::ConvertPhoneNumber(TextView number) {
     const FrequentProcedure procedure{debug, u"ConvertPhoneNumber"};
     // "(00" goes whole, on purpose: what was an international prefix is lost with it. One pass:
     // what closes up behind a removal is not looked at again.
-    Text converted;
-    converted.reserve(number.size());
+    Text converted(number.size(), u'\0');
+    std::size_t kept = 0;
     for (std::size_t at = 0; at < number.size();) {
         if (number[at] == u'(' && number.substr(at, 3) == u"(00") {
             at += 3;
             continue;
         }
-        if (IsAllowedPhoneChar(number[at])) converted += number[at];
+        if (IsAllowedPhoneChar(number[at])) converted[kept++] = number[at];
         ++at;
     }
 
+    converted.resize(kept);
+
     // "++" becomes "+" in one pass as well.
-    std::size_t kept = 0;
+    kept = 0;
     for (std::size_t at = 0; at < converted.size(); ++at, ++kept) {
         converted[kept] = converted[at];
         if (converted[at] == u'+' && at + 1 < converted.size() && converted[at + 1] == u'+') ++at;

@@ -1,4 +1,5 @@
 // Native measurements, over the platform in memory: what the add-in's own code costs.
+#include "Composing.h"
 #include "Measures.h"
 #include "platform/MemoryPlatform.h"
 
@@ -13,4 +14,5 @@ int main() {
     measure(bench::MeasureTrace);
     measure(bench::MeasureLanguage);
     measure([](test::Modules& modules) { bench::MeasureSettings(modules, u"C:\\Data\\"); });
+    bench::MeasureComposing();
 }

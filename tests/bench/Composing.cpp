@@ -1,0 +1,73 @@
+// What typing costs: numbers, matches and the counting of the text.
+#include "Composing.h"
+
+#include "Measures.h"
+#include "platform/TestProgram.h"
+
+#ifdef TELLWICK_LIBPHONENUMBER
+#include <phonenumbers/phonenumberutil.h>
+#endif
+
+#include <cstdio>
+
+namespace tellwick::bench {
+
+namespace {
+
+void MeasureNumbers(test::TestProgram& test) {
+    const Text number = u"+49 (171) 234-56 78 ";
+    std::size_t length = 0;
+    Report("ConvertPhoneNumber, 20 characters",
+           Nanoseconds(100000,
+                       [&] { length += test.program.prefixes.ConvertPhoneNumber(number).size(); }),
+           "ns", 150);
+#ifdef TELLWICK_LIBPHONENUMBER
+    Report("  the same number through libphonenumber", Nanoseconds(100000, [&] {
+               std::string normalised = "+49 (171) 234-56 78 ";
+               i18n::phonenumbers::PhoneNumberUtil::GetInstance()->NormalizeDiallableCharsOnly(
+                   &normalised);
+               length += normalised.size();
+           }),
+           "ns", 0);
+#else
+    std::puts("  libphonenumber is not here: not measured");
+#endif
+    if (length == 0) std::puts("no number was converted");
+}
+
+void MeasureMatches() {
+    std::vector<Text> entries;
+    for (int i = 0; i < 100000; ++i) {
+        entries.push_back(u"Vorname" + NumberText(i * 7919 % 100000) + u" M\u00FCller" +
+                          NumberText(i) + u"  (+491712" + NumberText(100000 + i) + u")");
+    }
+    AddressList list;
+    list.Assign(entries);
+    std::size_t found = 0;
+    for (const TextView search : {u"v", u"m\u00FCller", u"vorname4711", u"zz"}) {
+        const double taken = Nanoseconds(3, [&] { found += list.Matches(search).size(); });
+        Report("a keystroke's matching, 100,000 entries", taken / 1e6, "ms", 5);
+    }
+    if (found == 0) std::puts("nothing was found");
+}
+
+}  // namespace
+
+void MeasureComposing() {
+    test::TestProgram test;
+    test.program.formSmsSend.Open({});
+    test.view.Message().SetText(Text(800, u'x'));
+    Report("Message_Change at 800 characters",
+           Nanoseconds(2000, [&] { test.program.formSmsSend.Message_Change(); }) / 1000, "us", 20);
+    MeasureNumbers(test);
+    MeasureMatches();
+    std::vector<Text> templates;
+    for (int i = 0; i < 100; ++i) templates.push_back(u"Baustein " + NumberText(i * 37 % 100));
+    Report("SortList, 100 templates", Nanoseconds(20, [&] {
+                                          std::vector<Text> list = templates;
+                                          SortList(test.program.debug, list, -1);
+                                      }) / 1000,
+           "us", 0);
+}
+
+}  // namespace tellwick::bench
