@@ -66,7 +66,9 @@ void Desk::Synchronise() {
     if (now != front.lock()) {
         front = now;
         Frame* frame = FrameOf(now);
-        if (frame && !frame->TakeUserActivation()) frame->Raise();
+        // A window can be activated while it is hidden, when a box of an add-in closes.
+        const bool byUser = frame && frame->TakeUserActivation();
+        if (frame && !(byUser && IsWindowVisible(frame->Handle()))) frame->Raise();
     }
     if (hadWindows && explorers.empty() && inspectors.empty()) {
         hadWindows = false;

@@ -1,6 +1,7 @@
 #include "endtoend/Desktop.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace tellwick::endtoend {
 
@@ -47,22 +48,47 @@ Stroke StrokeOf(wchar_t character) {
     throw std::runtime_error("no key gives character " + std::to_string(character));
 }
 
-struct TitleSearch {
-    const std::wstring& title;
-    HWND found;
+struct WindowSearch {
+    std::wstring title;      // a part of it
+    std::wstring className;  // empty: any
+    HWND found = nullptr;
 };
 
-BOOL CALLBACK MatchTitle(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<TitleSearch*>(parameter);
-    if (!IsWindowVisible(window) || TextOf(window).find(search.title) == std::wstring::npos)
-        return TRUE;
+BOOL CALLBACK Match(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<WindowSearch*>(parameter);
+    if (!IsWindowVisible(window)) return TRUE;
+    if (!search.className.empty() && ClassOf(window) != search.className) return TRUE;
+    if (TextOf(window).find(search.title) == std::wstring::npos) return TRUE;
     search.found = window;
     return FALSE;
+}
+
+HWND Find(WindowSearch search) {
+    EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 BOOL CALLBACK Collect(HWND child, LPARAM parameter) {
     reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(child);
     return TRUE;
+}
+
+// Waits until a window of that kind is there and the window manager has placed it.
+HWND WaitFor(const WindowSearch& search, int milliseconds) {
+    HWND found = nullptr;
+    RECT place{};
+    WaitUntil(
+        [&] {
+            RECT now{};
+            const HWND before = std::exchange(found, Find(search));
+            GetWindowRect(found, &now);
+            const bool settled = found && found == before && EqualRect(&now, &place);
+            place = now;
+            if (!settled) Sleep(50);
+            return settled;
+        },
+        milliseconds);
+    return found;
 }
 
 }  // namespace
@@ -76,17 +102,13 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
     return true;
 }
 
-HWND FindTopWindow(const std::wstring& title) {
-    TitleSearch search{title, nullptr};
-    EnumWindows(MatchTitle, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
+HWND FindTopWindow(const std::wstring& title) { return Find({title, L""}); }
 
 HWND WaitForWindow(const std::wstring& title, int milliseconds) {
-    HWND found = nullptr;
-    WaitUntil([&] { return (found = FindTopWindow(title)) != nullptr; }, milliseconds);
-    return found;
+    return WaitFor({title, L""}, milliseconds);
 }
+
+HWND WaitForBox(int milliseconds) { return WaitFor({L"", L"#32770"}, milliseconds); }
 
 bool WaitUntilGone(HWND window, int milliseconds) {
     return WaitUntil([&] { return !IsWindowVisible(window); }, milliseconds);

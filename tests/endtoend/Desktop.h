@@ -15,6 +15,8 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds = 5000);
 
 // The visible top-level window whose title contains the text; waits for it. Null when none comes.
 HWND WaitForWindow(const std::wstring& title, int milliseconds = 5000);
+// The same for a message or question box, whatever its title.
+HWND WaitForBox(int milliseconds = 5000);
 HWND FindTopWindow(const std::wstring& title);
 bool WaitUntilGone(HWND window, int milliseconds = 5000);
 

@@ -14,10 +14,10 @@ namespace {
 constexpr wchar_t Classes[] = L"Software\\Classes\\";
 constexpr wchar_t ProgId[] = L"TellwickOutlookAddIn.Connect";
 
-std::wstring Folder(int id) {
+std::wstring SettingsFolder() {
     wchar_t path[MAX_PATH]{};
-    SHGetFolderPathW(nullptr, id, nullptr, SHGFP_TYPE_CURRENT, path);
-    return std::wstring(path) + L"\\";
+    SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path);
+    return std::wstring(path) + L"\\Tellwick\\";
 }
 
 std::wstring TemporaryFolder() {
@@ -60,7 +60,7 @@ std::vector<std::wstring> RegisteredClasses() {
 
 }  // namespace
 
-std::wstring ProgramsFolder() {
+std::wstring BuildFolder() {
     wchar_t path[MAX_PATH]{};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
     const std::wstring file = path;
@@ -133,20 +133,40 @@ Finished Run(const std::wstring& commandLine) {
     return finished;
 }
 
-Machine::Machine() : programFolder(L"C:\\Tellwick for Outlook\\") {
+void EndSender() {
+    const HWND window = FindWindowW(L"TellwickSender", nullptr);
+    if (!window) return;
+    DWORD identifier = 0;
+    GetWindowThreadProcessId(window, &identifier);
+    const HANDLE process = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, identifier);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    if (WaitForSingleObject(process, 3000) == WAIT_TIMEOUT) TerminateProcess(process, 1);
+    CloseHandle(process);
+}
+
+Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for Outlook\\") {
+    EndSender();
     DeleteKey(RootKey);
     DeleteFiles(TemporaryFolder(), L"sms*.tmp");
     DeleteFiles(SettingsFolder(), L"*");
+    CreateDirectoryW(SettingsFolder().c_str(), nullptr);
+    WriteBytes(SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
     DeleteFiles(programFolder, L"*");
-    CopyFiles(ProgramsFolder(), L"TellwickOutlookAddIn.dll", programFolder);
-    CopyFiles(ProgramsFolder(), L"Tellwick.exe", programFolder);
-    CopyFiles(ProgramsFolder() + L"lang\\", L"*.lng", programFolder + L"lang\\");
+    CopyFiles(BuildFolder(), L"TellwickOutlookAddIn.dll", programFolder);
+    CopyFiles(BuildFolder(), L"Tellwick.exe", programFolder);
+    CopyFiles(BuildFolder() + L"lang\\", L"*.lng", programFolder + L"lang\\");
+    SetEnvironmentVariableW(L"TELLWICK_SENDER_LOG", (programFolder + L"sent.txt").c_str());
     Register();
 }
 
-Machine::~Machine() { Unregister(); }
+std::string Machine::Sent() const { return ReadBytes(programFolder + L"sent.txt"); }
 
-std::wstring Machine::SettingsFolder() const { return Folder(CSIDL_APPDATA) + L"Tellwick\\"; }
+Machine::~Machine() {
+    EndSender();
+    Unregister();
+}
+
+std::wstring Machine::SettingsFile() const { return SettingsFolder() + L"corvane.ini"; }
 
 void Machine::Register() {
     const auto done = Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");

@@ -24,7 +24,7 @@ void DeleteKey(const std::wstring& key);
 bool KeyExists(HKEY hive, const std::wstring& key);
 
 // Where the programs under test were built, with a trailing "\".
-std::wstring ProgramsFolder();
+std::wstring BuildFolder();
 
 bool FileExists(const std::wstring& path);
 std::string ReadBytes(const std::wstring& path);
@@ -37,17 +37,25 @@ struct Finished {
 // Runs a command line to its end, at most 30 seconds.
 Finished Run(const std::wstring& commandLine);
 
-// A clean user with the add-in installed in a folder of its own and registered.
+// Ends the sender application if it runs.
+void EndSender();
+
+// A clean user who works in that language, with the add-in installed in a folder of its own and
+// registered.
 class Machine {
 public:
-    Machine();
+    explicit Machine(const std::string& language = "Deutsch");
     ~Machine();
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
     // With a trailing "\".
     const std::wstring& ProgramFolder() const { return programFolder; }
-    std::wstring SettingsFolder() const;
+    // The user's settings file, shared with the sender application.
+    std::wstring SettingsFile() const;
+
+    // What the sender has taken, one line an SMS: entry number, recipient, text, in ANSI bytes.
+    std::string Sent() const;
 
     void Register();
     void Unregister();

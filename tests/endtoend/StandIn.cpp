@@ -2,12 +2,16 @@
 
 #include <doctest.h>
 
+#include <sstream>
+#include <utility>
+
 #include "endtoend/Desktop.h"
 #include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
 
 namespace tellwick::endtoend {
 
-StandIn::StandIn(const std::wstring& options) {
+StandIn::StandIn(int version, const std::wstring& options) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     HANDLE theirInput, theirOutput;
     REQUIRE(CreatePipe(&theirInput, &input, &inherited, 0));
@@ -22,7 +26,8 @@ StandIn::StandIn(const std::wstring& options) {
     startup.hStdOutput = theirOutput;
     startup.hStdError = theirOutput;
     PROCESS_INFORMATION started{};
-    std::wstring line = L"\"" + ProgramsFolder() + L"OutlookStandIn.exe\" --commands " + options;
+    std::wstring line = L"\"" + BuildFolder() + L"OutlookStandIn.exe\" --commands --version " +
+                        std::to_wstring(version) + L" " + options;
     const BOOL running = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                                         nullptr, &startup, &started);
     CloseHandle(theirInput);
@@ -33,37 +38,82 @@ StandIn::StandIn(const std::wstring& options) {
 }
 
 StandIn::~StandIn() {
-    if (WaitForSingleObject(process, 0) == WAIT_TIMEOUT) TerminateProcess(process, 1);
+    if (!Ended()) TerminateProcess(process, 1);
     for (HANDLE handle : {process, input, output}) CloseHandle(handle);
 }
 
-std::string StandIn::Line(int milliseconds) {
-    std::size_t end;
-    const bool complete = WaitUntil(
-        [&] {
-            DWORD waiting = 0;
-            if (PeekNamedPipe(output, nullptr, 0, nullptr, &waiting, nullptr) && waiting > 0) {
-                std::string more(waiting, '\0');
-                ReadFile(output, more.data(), waiting, &waiting, nullptr);
-                unread.append(more, 0, waiting);
-            }
-            return (end = unread.find('\n')) != std::string::npos;
-        },
-        milliseconds);
-    REQUIRE_MESSAGE(complete, "no answer from the stand-in; so far: " << unread);
-    std::string line = unread.substr(0, end);
-    unread.erase(0, end + 1);
-    if (line.ends_with('\r')) line.pop_back();
-    return line;
+void StandIn::Read() {
+    DWORD waiting = 0;
+    if (!PeekNamedPipe(output, nullptr, 0, nullptr, &waiting, nullptr) || waiting == 0) return;
+    std::string more(waiting, '\0');
+    ReadFile(output, more.data(), waiting, &waiting, nullptr);
+    unread.append(more, 0, waiting);
 }
+
+bool StandIn::TakeAnswer(std::string& answer) {
+    Read();
+    for (std::size_t end; (end = unread.find('\n')) != std::string::npos;) {
+        answer = unread.substr(0, end);
+        unread.erase(0, end + 1);
+        // The sender prints to the same place when Outlook started it.
+        if (answer.starts_with("ok") || answer.starts_with("error")) return true;
+    }
+    return false;
+}
+
+bool StandIn::Ended() const { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }
 
 std::string StandIn::Command(const std::string& command) {
     DWORD written;
     const std::string line = command + "\n";
     WriteFile(input, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
-    const std::string answer = Line(10000);
+    std::string answer;
+    WaitUntil([&] { return TakeAnswer(answer) || Ended(); }, 10000);
     REQUIRE_MESSAGE(answer.starts_with("ok"), command << ": " << answer);
     return answer.substr(answer.size() > 2 ? 3 : 2);
+}
+
+std::vector<std::string> StandIn::List(const std::string& command) {
+    std::vector<std::string> entries;
+    std::string answer = Command(command);
+    for (std::size_t end; !answer.empty(); answer.erase(0, end)) {
+        end = answer.find(" | ");
+        entries.push_back(answer.substr(0, end));
+        end = end == std::string::npos ? answer.size() : end + 3;
+    }
+    return entries;
+}
+
+void StandIn::ClickButton(int explorer, const std::string& caption) {
+    const std::string number = std::to_string(explorer);
+    SetForegroundWindow(
+        reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(Command("window " + number)))));
+    const auto place = [&] {
+        POINT corners[2]{};
+        std::istringstream(Command("where " + number + " \"" + caption + "\"")) >> corners[0].x >>
+            corners[0].y >> corners[1].x >> corners[1].y;
+        return POINT{(corners[0].x + corners[1].x) / 2, (corners[0].y + corners[1].y) / 2};
+    };
+    // The window manager may still be placing the window.
+    POINT middle = place();
+    const bool there = WaitUntil([&] {
+        const POINT before = std::exchange(middle, place());
+        Sleep(60);
+        return before.x == middle.x && before.y == middle.y &&
+               ClassOf(WindowFromPoint(middle)) == L"OutlookStandInToolbar";
+    });
+    REQUIRE_MESSAGE(there, "in front of the button at " << middle.x << "," << middle.y << ": "
+                                                        << ClassOf(WindowFromPoint(middle)));
+    ClickAt(middle.x, middle.y);
+}
+
+StandIn::End StandIn::Quit() {
+    Command("quit");
+    WaitUntil([&] { return Ended(); }, 10000);
+    Read();
+    End end{STILL_ACTIVE, unread};
+    GetExitCodeProcess(process, &end.exitCode);
+    return end;
 }
 
 }  // namespace tellwick::endtoend

@@ -1,29 +1,43 @@
-// One stand-in Outlook, driven through its command pipe: one command a line, one answer each.
+// One stand-in Outlook with the add-in in it, driven through its command pipe: one command a line,
+// one answer each.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace tellwick::endtoend {
 
 class StandIn {
 public:
-    // Starts it and waits until it answers.
-    explicit StandIn(const std::wstring& options);
+    // Starts it. Commands are answered once the connection of the add-in has returned.
+    explicit StandIn(int version, const std::wstring& options = L"");
     // Ends the process if it still runs.
     ~StandIn();
     StandIn(const StandIn&) = delete;
     StandIn& operator=(const StandIn&) = delete;
 
-    // The answer behind "ok "; a case fails on "error", or if nothing comes within ten seconds.
+    // The answer behind "ok"; a case fails on "error", or if nothing comes within ten seconds.
     std::string Command(const std::string& command);
+    // The answer's entries, where it is a list.
+    std::vector<std::string> List(const std::string& command);
 
-    // Quits Outlook as its user would and returns everything it printed until its end.
-    std::string Quit();
+    // Brings an explorer to the front and clicks its toolbar button with the mouse.
+    void ClickButton(int explorer, const std::string& caption);
+
+    struct End {
+        DWORD exitCode;  // 0: the add-in left nothing behind
+        std::string report;
+    };
+    // Quits Outlook as its user would and waits for its end.
+    End Quit();
 
 private:
-    std::string Line(int milliseconds);
+    // Takes what has been printed meanwhile.
+    void Read();
+    bool TakeAnswer(std::string& answer);
+    bool Ended() const;
 
     HANDLE process = nullptr;
     HANDLE input = nullptr;

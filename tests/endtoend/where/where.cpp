@@ -1,5 +1,5 @@
 // where TITLE CONTROL: prints the middle of a control on the screen, "x y", for a script that moves
-// a real mouse there. The control is named by its text or its window class.
+// a real mouse there. The control is named by its text, its window class or "#" and its number.
 #include <cstdio>
 
 #include "endtoend/Desktop.h"
@@ -11,8 +11,11 @@ int wmain(int count, wchar_t** arguments) {
     HWND control = nullptr;
     WaitUntil([&] {
         const HWND window = FindTopWindow(arguments[1]);
-        if (window) control = FindByText(window, arguments[2]);
-        if (window && !control) control = FindByClass(window, arguments[2]);
+        if (!window) return false;
+        const std::wstring name = arguments[2];
+        control = name[0] == L'#' ? GetDlgItem(window, _wtoi(name.c_str() + 1))
+                                  : FindByText(window, name);
+        if (!control) control = FindByClass(window, arguments[2]);
         return control != nullptr && IsWindowVisible(control);
     }, 20000);
     if (!control) return 1;
