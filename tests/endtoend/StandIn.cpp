@@ -86,8 +86,10 @@ std::vector<std::string> StandIn::List(const std::string& command) {
 
 void StandIn::ClickButton(int explorer, const std::string& caption) {
     const std::string number = std::to_string(explorer);
-    SetForegroundWindow(
-        reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(Command("window " + number)))));
+    Command("activate " + number);
+    SetWindowPos(
+        reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(Command("window " + number)))),
+        HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     const auto place = [&] {
         POINT corners[2]{};
         std::istringstream(Command("where " + number + " \"" + caption + "\"")) >> corners[0].x >>
