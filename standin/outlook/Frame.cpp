@@ -60,6 +60,8 @@ HWND Frame::AddChild(const wchar_t* className, DWORD style, DWORD extendedStyle,
 
 void Frame::Refresh() {
     SetWindowTextW(window, Wide(model->Caption() + u" (stand-in)"));
+    // A box of an add-in may have been open while the window was to come up.
+    if (!IsWindowVisible(window)) ShowWindow(window, SW_SHOW);
     const int before = toolbar->Height();
     toolbar->Refresh();
     if (toolbar->Height() != before) LayOutAll();
