@@ -117,7 +117,7 @@ std::size_t IniFile::LineEnd(std::size_t position) const {
 Text IniFile::ReadFromIniFile(TextView file, TextView section, TextView key, TextView defaultValue,
                               std::int16_t flags) {
     if (file.empty()) return Text(defaultValue);
-    if ((checkFileTime || flags != 0) && ChangedOnDisk()) DropCache();
+    if ((checkFileTime || (flags != 0 && !cacheDirty)) && ChangedOnDisk()) DropCache();
     switch (Load(file)) {
         case Held::TooBig:
             return Text(CutAtNul(fileSystem.ReadProfileString(file, section, key, defaultValue)));

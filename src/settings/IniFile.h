@@ -29,7 +29,8 @@ public:
             Locale& locale);
 
     // The value; the default when file, section or key is missing or unreadable. Never raises.
-    // Flags other than 0 look first whether the file changed on disk, as checkFileTime does.
+    // Flags other than 0 look first whether the file changed on disk, unless changes are waiting to
+    // be written.
     Text ReadFromIniFile(TextView file, TextView section, TextView key, TextView defaultValue = {},
                          std::int16_t flags = 0);
 

@@ -150,6 +150,13 @@ TEST_CASE("changes by another program") {
     SUBCASE("seen by a read that looks") {
         CHECK(engine.iniFile.ReadFromIniFile(File1, u"S", u"k", {}, 1) == u"2");
     }
+    SUBCASE("not looked for while changes are waiting to be written") {
+        engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);
+        engine.SetFile(File1, "[S]\r\nk=4\r\n");
+        CHECK(engine.iniFile.ReadFromIniFile(File1, u"S", u"k", {}, 1) == u"3");
+        CHECK(engine.iniFile.Flush());
+        CHECK(engine.File(File1) == "[S]\r\nk=3\r\nother=1\r\n");
+    }
     SUBCASE("seen by every read when that is switched on, even over unwritten changes") {
         engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);
         engine.SetFile(File1, "[S]\r\nk=4\r\n");
