@@ -98,7 +98,8 @@ Text Language::ChosenName() {
 }
 
 void Language::LoadLanguageFile() {
-    if (loaded) return;
+    // While the settings are being located the user's choice is not known: the one load waits.
+    if (loaded || inifilesLite.Locating()) return;
     loaded = true;
     Procedure procedure{debug, u"LoadLanguageFile"};
     if (!inifilesLite.Located()) inifilesLite.GetIniFile();

@@ -26,6 +26,8 @@ public:
 
     // Whether GetIniFile has run, or runs now.
     bool Located() const { return located; }
+    // Whether GetIniFile still looks for the files: no setting can be read yet.
+    bool Locating() const { return located && currentFile.empty(); }
 
     // The settings folder for a storage kind, ending in "\"; empty when the user gave up.
     Text GetIniFilename_(std::int32_t kind);

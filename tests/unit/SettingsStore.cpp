@@ -96,6 +96,13 @@ TEST_CASE("a folder that cannot be written is asked for until one can, or none i
         CHECK(m.Registry(RootKey, u"IniFiles") == u"D:\\here\\");
         CHECK(m.File(u"D:\\here\\corvane.ini") == "");
     }
+    SUBCASE("given, with the language chosen there") {
+        m.SetFile(u"C:\\Program\\Deutsch.lng", "[Misc]\r\nno=kein\r\n");
+        m.SetFile(u"D:\\here\\corvane.ini", "[Settings]\r\nLanguage=Deutsch\r\n");
+        m.dialogs.inputs = {u"D:\\here"};
+        m.inifilesLite.GetIniFile();
+        CHECK(m.language.GetLanguageString(u"Misc", u"no") == u"kein");
+    }
     SUBCASE("the sibling's own folder takes the override back") {
         m.dialogs.inputs = {u"C:\\Data\\Corvane"};
         m.inifilesLite.GetIniFile();
