@@ -40,7 +40,7 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"CheckFlash", u"Fl&ash SMS"},
     {u"FormSmsSend", u"CheckFlash.ToolTip",
      u"Die SMS erscheint beim Empfänger sofort auf dem Display"},
-    {u"FormSmsSend", u"CheckLong", u"Lange SMS &verketten"},
+    {u"FormSmsSend", u"CheckLong", u"concatenate"},
     {u"FormSmsSend", u"CheckLong.ToolTip",
      u"Das Telefon des Empfängers setzt die Teile einer langen SMS wieder zusammen"},
     {u"FormSmsSend", u"FrameTextbausteine", u"Textbausteine"},
