@@ -27,6 +27,9 @@ public:
     // decimal. Empty optional when key or value is missing, cannot be read, or has another type.
     virtual std::optional<Text> Read(Hive hive, TextView key, TextView name) = 0;
 
+    // The same, with the environment variables in a value of type ExpandString replaced.
+    virtual std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) = 0;
+
     // Creates the key with its missing levels, then writes. False when either fails.
     virtual bool WriteString(Hive hive, TextView key, TextView name, TextView value) = 0;
     virtual bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) = 0;

@@ -64,8 +64,8 @@ Text Documents::GetApplForExt(TextView extension) {
 }
 
 Text Documents::OpenCommand(TextView progId) {
-    const Text command =
-        regEdit.ReadValue(Hive::ClassesRoot, Text(progId).append(u"\\shell\\open\\command"), u"");
+    const Text command = regEdit.ReadExpandedValue(
+        Hive::ClassesRoot, Text(progId).append(u"\\shell\\open\\command"), u"");
     return command.empty() ? command : WithFilePlace(command);
 }
 

@@ -20,6 +20,10 @@ Text RegEdit::ReadValue(Hive hive, TextView key, TextView name) {
     return registry.Read(hive, WithoutLeadingBackslash(key), name).value_or(Text());
 }
 
+Text RegEdit::ReadExpandedValue(Hive hive, TextView key, TextView name) {
+    return registry.ReadExpanded(hive, WithoutLeadingBackslash(key), name).value_or(Text());
+}
+
 bool RegEdit::WriteValue(Hive hive, TextView key, TextView name, TextView value,
                          RegistryType type) {
     key = WithoutLeadingBackslash(key);

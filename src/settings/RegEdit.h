@@ -15,6 +15,10 @@ public:
     // The value as text (numbers in decimal); empty when key or value is missing or unreadable.
     Text ReadValue(Hive hive, TextView key, TextView name);
 
+    // The same, with the environment variables of an expandable string replaced: for the places of
+    // programs.
+    Text ReadExpandedValue(Hive hive, TextView key, TextView name);
+
     // Writes text as a string (type String), or the integer part of its leading number (type
     // Number), creating the key. False, and a trace line, when that fails.
     bool WriteValue(Hive hive, TextView key, TextView name, TextView value,

@@ -68,12 +68,14 @@ bool SetValue(const RegistryKey& key, TextView name, DWORD type, const void* dat
 
 }  // namespace
 
-std::optional<Text> WindowsRegistry::Read(Hive hive, TextView key, TextView name) {
+namespace {
+
+// The value as text, and its type.
+std::optional<Text> ReadTyped(Hive hive, TextView key, TextView name, DWORD& type) {
     const RegistryKey opened = OpenKey(hive, key);
     if (!opened) return {};
     const std::string valueName = ToAnsi(name);
     std::string data(256, '\0');
-    DWORD type = 0;
     DWORD size = DWORD(data.size());
     LSTATUS status = RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, &type,
                                       reinterpret_cast<BYTE*>(data.data()), &size);
@@ -94,6 +96,28 @@ std::optional<Text> WindowsRegistry::Read(Hive hive, TextView key, TextView name
     if (type != REG_SZ && type != REG_EXPAND_SZ) return {};
     if (!data.empty() && data.back() == '\0') data.pop_back();
     return FromAnsi(data);
+}
+
+}  // namespace
+
+std::optional<Text> WindowsRegistry::Read(Hive hive, TextView key, TextView name) {
+    DWORD type = 0;
+    return ReadTyped(hive, key, name, type);
+}
+
+std::optional<Text> WindowsRegistry::ReadExpanded(Hive hive, TextView key, TextView name) {
+    DWORD type = 0;
+    std::optional<Text> value = ReadTyped(hive, key, name, type);
+    if (!value || type != REG_EXPAND_SZ) return value;
+    const DWORD length = ExpandEnvironmentStringsW(Wide(*value), nullptr, 0);
+    Text expanded(length, u'\0');
+    if (ExpandEnvironmentStringsW(Wide(*value), reinterpret_cast<wchar_t*>(expanded.data()),
+                                  length) != length ||
+        length == 0) {
+        return value;
+    }
+    expanded.pop_back();  // the closing NUL
+    return expanded;
 }
 
 bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {

@@ -30,6 +30,12 @@ std::optional<Text> MemoryRegistry::Read(Hive hive, TextView key, TextView name)
     return found->second;
 }
 
+std::optional<Text> MemoryRegistry::ReadExpanded(Hive hive, TextView key, TextView name) {
+    std::optional<Text> value = Read(hive, key, name);
+    if (value) value = ReplaceAll(*value, u"%Programs%", u"C:\\Programs");
+    return value;
+}
+
 bool MemoryRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
     if (failWrites) return false;
     writes.push_back(Text(key).append(u"\\").append(name).append(u"=").append(value));

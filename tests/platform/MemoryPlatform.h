@@ -25,6 +25,8 @@ struct FoldedLess {
 class MemoryRegistry : public Registry {
 public:
     std::optional<Text> Read(Hive hive, TextView key, TextView name) override;
+    // Every value may hold the one variable there is, "%Programs%".
+    std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) override;
     bool WriteString(Hive hive, TextView key, TextView name, TextView value) override;
     bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) override;
     bool DeleteValue(Hive hive, TextView key, TextView name) override;

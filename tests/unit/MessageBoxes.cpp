@@ -125,6 +125,7 @@ TEST_CASE("the command of an extension") {
     for (const Case& c : {Case{u"hh.exe %1", u"hh.exe \"%l\""},
                           Case{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
                           Case{u"%LocalAppData%\\a %L", u"%LocalAppData%\\a \"%l\""},
+                          Case{u"%Programs%\\a %1", u"C:\\Programs\\a \"%l\""},
                           Case{u"a \"%l\"", u"a \"%l\""}, Case{u"a", u"a \"%l\""},
                           Case{u"%x% a", u"%x% a \"%l\""}, Case{u"", u""}}) {
         SettingsModules m;
