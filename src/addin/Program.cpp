@@ -1,6 +1,7 @@
 #include "addin/Program.h"
 
 #include "addin/OutlookAddIn.h"
+#include "compose/FormSmsSendView.h"
 
 namespace tellwick {
 
@@ -20,14 +21,28 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                    platform.fileSystem),
       language(debug, regEdit, iniFile, inifilesLite, paths, questionBox, platform.fileSystem,
                platform.locale),
+      services{debug, inifilesLite, language, questionBox},
+      documents(debug, regEdit, platform.programs),
+      helpViewer(services, documents, platform.fileSystem, platform.programs),
       prefixes(debug, inifilesLite, language),
       contacts(errors, platform.automation, prefixes),
       process(debug, platform.programs),
       tellwick(debug, regEdit, process, questionBox, platform.programs, platform.messageLoop),
       smsQueue(regEdit, files, platform.fileSystem),
-      formSmsSend(formSmsSendView, formSmsSelectAddressView, forms, debug, inifilesLite, language,
-                  questionBox, platform.messageLoop, platform.locale, prefixes, contacts, smsQueue,
-                  tellwick),
+      messageText(services, formSmsSendView, platform.locale),
+      recipientField(
+          services, prefixes, contacts, formSmsSendView.TextTo(), formSmsSendView.ListBoxNumbers(),
+          formSmsSendView.StatusBar1(),
+          [&formSmsSendView](std::int32_t rows) { formSmsSendView.PlaceListBoxNumbers(rows); }),
+      textTemplates(services, formSmsSendView.ComboBoxTextbausteine(),
+                    [this](TextView text) { messageText.Insert(text); }),
+      submission(services, formSmsSend, formSmsSendView, recipientField, platform.messageLoop,
+                 smsQueue, tellwick),
+      formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, contacts,
+                           recipientField),
+      formSmsSend(services, formSmsSendView, forms,
+                  {submission, messageText, recipientField, textTemplates}, formSmsSelectAddress,
+                  helpViewer),
       formT1(forms, platform.timers),
       olButtons(regEdit, platform.bitmaps),
       automation(platform.automation) {}

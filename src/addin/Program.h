@@ -6,16 +6,23 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
+#include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
+#include "compose/MessageText.h"
 #include "compose/Process.h"
 #include "compose/SmsQueue.h"
+#include "compose/Submission.h"
 #include "compose/Tellwick.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
+#include "recipients/RecipientField.h"
+#include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
+#include "settings/Documents.h"
 #include "settings/Files.h"
+#include "settings/HelpViewer.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
 #include "settings/Paths.h"
@@ -24,6 +31,7 @@
 
 namespace tellwick {
 
+class FormSmsSendView;
 class OutlookAddIn;
 
 class Program {
@@ -45,12 +53,20 @@ public:
     IniFile iniFile;
     InifilesLite inifilesLite;
     Language language;
+    const Services services;
+    Documents documents;
+    HelpViewer helpViewer;
     Prefixes prefixes;
     Contacts contacts;
     Process process;
     Tellwick tellwick;
     SmsQueue smsQueue;
     Forms forms;
+    MessageText messageText;
+    RecipientField recipientField;
+    TextTemplates textTemplates;
+    Submission submission;
+    FormSmsSelectAddress formSmsSelectAddress;
     FormSmsSend formSmsSend;
     FormT1 formT1;
     OlButtons olButtons;

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <numeric>
-#include <utility>
 
-#include "language/Language.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
+#include "recipients/RecipientField.h"
 #include "settings/Debug.h"
+#include "settings/LanguageTexts.h"
 
 namespace tellwick {
 
@@ -17,16 +17,15 @@ constexpr TextView FormName = u"FormSmsSelectAddress";
 
 }  // namespace
 
-FormSmsSelectAddress::FormSmsSelectAddress(FormSmsSelectAddressView& view, Forms& forms,
-                                           Debug& debug, Language& language, Prefixes& prefixes,
-                                           Contacts& contacts, RecipientTaker takeRecipient)
-    : view(view),
+FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view,
+                                           Forms& forms, Prefixes& prefixes, Contacts& contacts,
+                                           RecipientField& recipientField)
+    : Services(services),
+      view(view),
       forms(forms),
-      debug(debug),
-      language(language),
       prefixes(prefixes),
       contacts(contacts),
-      takeRecipient(std::move(takeRecipient)) {
+      recipientField(recipientField) {
     view.SetEvents(*this);
 }
 
@@ -73,7 +72,7 @@ void FormSmsSelectAddress::ButtonAdd_Click() {
     const AddressList& addresses = contacts.Addresses();
     if (row < 0 || std::size_t(row) >= shown.size()) return;
     const std::size_t entry = shown[std::size_t(row)];
-    if (entry < addresses.Size()) takeRecipient(prefixes.GetNumber(addresses.Entry(entry)));
+    if (entry < addresses.Size()) recipientField.Add(prefixes.GetNumber(addresses.Entry(entry)));
 }
 
 }  // namespace tellwick

@@ -3,26 +3,21 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <vector>
 
 #include "compose/FormSmsSelectAddressView.h"
+#include "settings/Services.h"
 
 namespace tellwick {
 
 class Contacts;
-class Debug;
-class Language;
 class Prefixes;
+class RecipientField;
 
-class FormSmsSelectAddress : public Form, public FormSmsSelectAddressEvents {
+class FormSmsSelectAddress : public Form, public FormSmsSelectAddressEvents, private Services {
 public:
-    // Takes the number of a chosen entry.
-    using RecipientTaker = std::function<void(TextView number)>;
-
-    FormSmsSelectAddress(FormSmsSelectAddressView& view, Forms& forms, Debug& debug,
-                         Language& language, Prefixes& prefixes, Contacts& contacts,
-                         RecipientTaker takeRecipient);
+    FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view, Forms& forms,
+                         Prefixes& prefixes, Contacts& contacts, RecipientField& recipientField);
     ~FormSmsSelectAddress() override;
 
     void Show();
@@ -39,11 +34,9 @@ private:
 
     FormSmsSelectAddressView& view;
     Forms& forms;
-    Debug& debug;
-    Language& language;
     Prefixes& prefixes;
     Contacts& contacts;
-    RecipientTaker takeRecipient;
+    RecipientField& recipientField;
 };
 
 }  // namespace tellwick

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "compose/FormSmsSendView.h"
+#include "platform/Keys.h"
 #include "platform/Locale.h"
 #include "settings/Debug.h"
 #include "settings/LanguageTexts.h"
@@ -46,9 +48,8 @@ std::int32_t DigitValue(char16_t character) {
 
 }  // namespace
 
-MessageText::MessageText(FormSmsSendView& view, Debug& debug, LanguageTexts& language,
-                         Locale& locale)
-    : view(view), debug(debug), language(language), locale(locale) {}
+MessageText::MessageText(const Services& services, FormSmsSendView& view, Locale& locale)
+    : Services(services), view(view), locale(locale) {}
 
 Text MessageText::FormText(TextView key) {
     return language.TextOrBuiltIn(FormSection, key);

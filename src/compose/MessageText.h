@@ -3,17 +3,17 @@
 
 #include <cstdint>
 
-#include "compose/FormSmsSendView.h"
+#include "platform/Text.h"
+#include "settings/Services.h"
 
 namespace tellwick {
 
-class Debug;
-class LanguageTexts;
+class FormSmsSendView;
 class Locale;
 
-class MessageText {
+class MessageText : private Services {
 public:
-    MessageText(FormSmsSendView& view, Debug& debug, LanguageTexts& language, Locale& locale);
+    MessageText(const Services& services, FormSmsSendView& view, Locale& locale);
 
     // Module character mode: codes are UTF-16 units; else bytes of the ANSI code page.
     bool wideCharacters = true;
@@ -61,8 +61,6 @@ private:
     std::int32_t previousLength = 0;  // counted at the end of the change before
 
     FormSmsSendView& view;
-    Debug& debug;
-    LanguageTexts& language;
     Locale& locale;
 };
 

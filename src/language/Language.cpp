@@ -136,15 +136,15 @@ void Language::SetText(std::string_view bytes) {
 
 void Language::NameManualAndHelp(TextView name) {
     const Text& folder = paths.ProgramFolder();
-    manualFolder = folder + u"Manual\\" + Text(name) + u"\\";
-    if (!fileSystem.FolderExists(manualFolder)) manualFolder = folder + u"Manual\\English\\";
+    manual.folder = folder + u"Manual\\" + Text(name) + u"\\";
+    if (!fileSystem.FolderExists(manual.folder)) manual.folder = folder + u"Manual\\English\\";
 
     Text letters = LowerCase(name.substr(0, 2));
     if (letters == u"po") letters = u"pt";
     if (letters == u"ne") letters = u"nl";
-    languageHelpFile = folder + u"cv" + letters + u".chm";
-    helpFile = languageHelpFile;
-    if (!fileSystem.Exists(helpFile)) helpFile = folder + u"cven.chm";
+    manual.languageHelpFile = folder + u"cv" + letters + u".chm";
+    manual.helpFile = manual.languageHelpFile;
+    if (!fileSystem.Exists(manual.helpFile)) manual.helpFile = folder + u"cven.chm";
 }
 
 void Language::ReadLoadedTexts(const Text& folder) {

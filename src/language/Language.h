@@ -32,20 +32,12 @@ public:
     Text GetLanguageString(TextView section, TextView key, bool warn = false) override;
     Text TextOrBuiltIn(TextView section, TextView key) override;
     void LoadLanguageFile() override;
-
-    // Gives a form and its controls their captions and tool tips from the section named as the
-    // form: keys "Caption", the control's name, and the control's name + ".ToolTip". What neither
-    // the file nor the built-in texts have is left as it is.
-    void GetLanguageStringsForForm(TextView formName, FormView& view);
+    void GetLanguageStringsForForm(TextView formName, FormView& view) override;
 
     // The code of the user's language as Windows keeps it ("DEU"), or what stands in for it.
     Text WindowsLocaleCode();
 
-    // The compiled help file to open, the one the chosen language would have, and the folder of
-    // the manual's pages, which ends in "\". Full paths; empty before the language is loaded.
-    const Text& HelpFile() const { return helpFile; }
-    const Text& LanguageHelpFile() const { return languageHelpFile; }
-    const Text& ManualFolder() const { return manualFolder; }
+    const ManualPlaces& Manual() const override { return manual; }
 
     // Texts that are read once, when the language is loaded.
     struct LoadedTexts {
@@ -71,9 +63,7 @@ private:
     Text languageText;                           // every line ends in one carriage return
     std::vector<std::size_t> brackets;           // positions of "[" in it
     std::unordered_map<Text, Section> sections;  // those found so far, by bracketed name
-    Text helpFile;
-    Text languageHelpFile;
-    Text manualFolder;
+    ManualPlaces manual;
     LoadedTexts loadedTexts;
 
     Debug& debug;

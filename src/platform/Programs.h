@@ -18,6 +18,9 @@ public:
     // The folder of the add-in's own library, with a trailing "\".
     virtual Text LibraryFolder() = 0;
 
+    // The system's own folder of programs ("C:\Windows\"), with a trailing "\".
+    virtual Text WindowsFolder() = 0;
+
     // The command line of the host program behind its own name.
     virtual Text CommandLine() = 0;
 

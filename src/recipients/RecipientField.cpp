@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Keys.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "settings/Debug.h"
@@ -27,6 +28,16 @@ Text NumberKey(std::int32_t position) {
     return u"Number" + NumberText(position);
 }
 
+// The recipients of a field, blanks around them left out.
+std::vector<Text> Recipients(TextView field) {
+    std::vector<Text> recipients;
+    for (const Text& part : Split(ReplaceAll(field, u",", u";"), u";")) {
+        Text recipient = Trimmed(part);
+        if (!recipient.empty()) recipients.push_back(std::move(recipient));
+    }
+    return recipients;
+}
+
 // Where the last of the field's recipients begins.
 std::size_t SearchStart(TextView field) {
     const std::size_t separator = field.find_last_of(u";,");
@@ -36,20 +47,21 @@ std::size_t SearchStart(TextView field) {
 
 }  // namespace
 
-RecipientField::RecipientField(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& language,
-                               QuestionBox& questionBox, Prefixes& prefixes, Contacts& contacts,
+RecipientField::RecipientField(const Services& services, Prefixes& prefixes, Contacts& contacts,
                                ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
                                ListPlacer placeList)
-    : debug(debug),
-      inifilesLite(inifilesLite),
-      language(language),
-      questionBox(questionBox),
+    : Services(services),
       prefixes(prefixes),
       contacts(contacts),
       textTo(textTo),
       listBoxNumbers(listBoxNumbers),
       statusBar1(statusBar1),
       placeList(std::move(placeList)) {}
+
+void RecipientField::ReadSettings(std::int32_t numUsedNumber) {
+    NumUsedNumber = numUsedNumber;
+    prefixes.LoadPrefixes();
+}
 
 void RecipientField::GetListNumbers() {
     Procedure procedure{debug, u"GetListNumbers"};
@@ -106,6 +118,18 @@ void RecipientField::SetText(TextView text) {
     fieldText = text;
 }
 
+void RecipientField::Add(TextView recipients) {
+    Text field = Trimmed(textTo.GetText());
+    std::vector<Text> present = Recipients(field);
+    for (Text& recipient : Recipients(recipients)) {
+        if (std::find(present.begin(), present.end(), recipient) != present.end()) continue;
+        if (!field.empty() && field.back() != u';' && field.back() != u',') field += u';';
+        field += recipient;
+        present.push_back(std::move(recipient));
+    }
+    SetText(field);
+}
+
 void RecipientField::TextTo_Click() {
     Procedure procedure{debug, u"TextTo_Click"};
     if (textTo.GetText() != language.TextOrBuiltIn(FormSection, u"ListClear")) {
@@ -151,11 +175,17 @@ void RecipientField::ShowMatches(TextView search) {
                                   NumberText(std::int64_t(matches.size()))));
 }
 
-bool RecipientField::MoveInMatches(std::int32_t step) {
-    if (!listBoxNumbers.Visible()) return false;
+bool RecipientField::TextTo_KeyDown(std::int32_t keyCode, [[maybe_unused]] std::int32_t shift) {
+    const std::int32_t step = keyCode == key::Up ? -1 : keyCode == key::Down ? 1 : 0;
+    if (step == 0 || !listBoxNumbers.Visible()) return false;
     listBoxNumbers.SetSelectedIndex(
         std::clamp(listBoxNumbers.SelectedIndex() + step, 0, listBoxNumbers.Count() - 1));
     return true;
+}
+
+void RecipientField::ListBoxNumbers_Click() {
+    Procedure procedure{debug, u"ListBoxNumbers_Click"};
+    TakeMatch();
 }
 
 void RecipientField::TakeMatch() {

@@ -7,28 +7,27 @@
 #include <vector>
 
 #include "platform/Controls.h"
+#include "settings/Services.h"
 
 namespace tellwick {
 
 class Contacts;
-class Debug;
-class InifilesLite;
-class LanguageTexts;
 class Prefixes;
-class QuestionBox;
 
-class RecipientField {
+class RecipientField : private Services {
 public:
     // Places and sizes the match list for a number of rows (1 to 10).
     using ListPlacer = std::function<void(std::int32_t rows)>;
 
-    RecipientField(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& language,
-                   QuestionBox& questionBox, Prefixes& prefixes, Contacts& contacts,
+    RecipientField(const Services& services, Prefixes& prefixes, Contacts& contacts,
                    ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
                    ListPlacer placeList);
 
-    // The intended length of the list; read by the form from its settings.
+    // The intended length of the list.
     std::int32_t NumUsedNumber = 10;
+
+    // Takes the list's intended length over, and loads the country prefixes where that is due.
+    void ReadSettings(std::int32_t numUsedNumber);
 
     // Loads the list, 49 numbers at most, and fills the drop-down.
     void GetListNumbers();
@@ -42,14 +41,19 @@ public:
     // Sets the field's text without looking for matches.
     void SetText(TextView text);
 
+    // Adds recipients, separated by ";", to those in the field, except for those it holds already.
+    void Add(TextView recipients);
+
     // An item of the drop-down was chosen; the one that clears the list asks first.
     void TextTo_Click();
 
     // The text changed; when the user did it, shows the entries of the address list that match.
     void TextTo_Change();
 
-    // Moves up (-1) or down (1) in the open match list; false when it is not open.
-    bool MoveInMatches(std::int32_t step);
+    // The arrow keys move in the open match list; true when the key was used up.
+    bool TextTo_KeyDown(std::int32_t keyCode, std::int32_t shift);
+    void TextTo_LostFocus() { CloseMatches(); }
+    void ListBoxNumbers_Click();
 
     // Replaces the search text by the number of the chosen match, if one is, and closes the list.
     void TakeMatch();
@@ -66,10 +70,6 @@ private:
     Text fieldText;                    // before the item that clears the list was chosen
     bool setting = false;              // the program, not the user, changes the field
 
-    Debug& debug;
-    InifilesLite& inifilesLite;
-    LanguageTexts& language;
-    QuestionBox& questionBox;
     Prefixes& prefixes;
     Contacts& contacts;
     ComboBox& textTo;

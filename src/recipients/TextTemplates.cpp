@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Keys.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 
@@ -39,12 +40,9 @@ void SortList(Debug& debug, std::vector<Text>& list, std::int32_t bound) {
     }
 }
 
-TextTemplates::TextTemplates(Debug& debug, InifilesLite& inifilesLite,
-                             ComboBox& comboBoxTextbausteine, Inserter insert)
-    : debug(debug),
-      inifilesLite(inifilesLite),
-      comboBoxTextbausteine(comboBoxTextbausteine),
-      insert(std::move(insert)) {}
+TextTemplates::TextTemplates(const Services& services, ComboBox& comboBoxTextbausteine,
+                             Inserter insert)
+    : Services(services), comboBoxTextbausteine(comboBoxTextbausteine), insert(std::move(insert)) {}
 
 void TextTemplates::GetTextbausteine() {
     Procedure procedure{debug, u"GetTextbausteine"};
@@ -78,6 +76,12 @@ void TextTemplates::Save() {
         if (inifilesLite.GetIniSetting(Section, TemplateKey(index)).empty()) break;
         inifilesLite.SetIniSetting(Section, TemplateKey(index), u"");
     }
+}
+
+bool TextTemplates::ComboBoxTextbausteine_KeyDown(std::int32_t keyCode, std::int32_t shift) {
+    if (keyCode != key::Enter || shift != 0) return false;
+    ButtonInsert_Click();
+    return true;
 }
 
 void TextTemplates::ButtonAdd_Click() {

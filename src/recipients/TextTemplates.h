@@ -6,23 +6,20 @@
 #include <vector>
 
 #include "platform/Controls.h"
+#include "settings/Services.h"
 
 namespace tellwick {
-
-class Debug;
-class InifilesLite;
 
 // Sorts in place, ascending by the character codes of the lower-cased texts, up to the index
 // `bound`; a negative bound stands for the list's own upper bound.
 void SortList(Debug& debug, std::vector<Text>& list, std::int32_t bound);
 
-class TextTemplates {
+class TextTemplates : private Services {
 public:
     // Puts a text into the message, at the caret.
     using Inserter = std::function<void(TextView text)>;
 
-    TextTemplates(Debug& debug, InifilesLite& inifilesLite, ComboBox& comboBoxTextbausteine,
-                  Inserter insert);
+    TextTemplates(const Services& services, ComboBox& comboBoxTextbausteine, Inserter insert);
 
     // Loads the templates, 100 at most, and sorts them.
     void GetTextbausteine();
@@ -30,6 +27,10 @@ public:
     void Refill();
     // Writes the templates back to the settings.
     void Save();
+
+    // Enter and a double click insert; true when the key was used up.
+    bool ComboBoxTextbausteine_KeyDown(std::int32_t keyCode, std::int32_t shift);
+    void ComboBoxTextbausteine_DblClick() { ButtonInsert_Click(); }
 
     // Adds the drop-down's text as a template, deletes the chosen one, inserts the current one.
     void ButtonAdd_Click();
@@ -43,8 +44,6 @@ private:
     std::vector<Text> TemplateList{1};  // never shorter; one empty text stands for no template
     std::int32_t TemplateListBound = 0;
 
-    Debug& debug;
-    InifilesLite& inifilesLite;
     ComboBox& comboBoxTextbausteine;
     Inserter insert;
 };

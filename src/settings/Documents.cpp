@@ -7,8 +7,6 @@ namespace tellwick {
 
 namespace {
 
-constexpr TextView FilePlace = u"\"%l\"";
-
 // A command may name the file's place as %1, %l or %L, in quotes or not, or not at all.
 Text WithFilePlace(Text command) {
     const auto unit = [&](std::size_t at) { return at < command.size() ? command[at] : u' '; };
@@ -19,9 +17,10 @@ Text WithFilePlace(Text command) {
         const bool ends = next == u' ' || next == u'"';
         if (letter != u'1' && !(ends && (letter == u'l' || letter == u'L'))) continue;
         const bool quoted = next == u'"' && at > 0 && command[at - 1] == u'"';
-        return quoted ? command.replace(at - 1, 4, FilePlace) : command.replace(at, 2, FilePlace);
+        return quoted ? command.replace(at - 1, 4, Documents::FilePlace)
+                      : command.replace(at, 2, Documents::FilePlace);
     }
-    return command.append(u" ").append(FilePlace);
+    return command.append(u" ").append(Documents::FilePlace);
 }
 
 }  // namespace

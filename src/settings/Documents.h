@@ -19,9 +19,12 @@ public:
     // pages and addresses that have none go to the browser. False when nothing could be started.
     bool ExecApp(TextView document, std::int32_t flag);
 
+    // The file's place in a command of GetApplForExt, with its quotes.
+    static constexpr TextView FilePlace = u"\"%l\"";
+
     // The command that opens files with the extension (given without the dot): the user's choice
-    // before the machine's. The place of the file in it reads "%l", in double quotes. Empty when
-    // none is registered.
+    // before the machine's. The place of the file in it reads as FilePlace. Empty when none is
+    // registered.
     Text GetApplForExt(TextView extension);
 
 private:

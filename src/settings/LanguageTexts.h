@@ -1,9 +1,19 @@
-// What the settings modules need of the language: the lookup of texts and the load.
+// The language as its users know it: the lookup of texts, the texts of whole forms, and the load.
 #pragma once
 
 #include "platform/Text.h"
 
 namespace tellwick {
+
+class FormView;
+
+// Where the user's manual is, in the language chosen. Full paths; empty before the language is
+// loaded.
+struct ManualPlaces {
+    Text helpFile;          // the compiled help to open
+    Text languageHelpFile;  // the one that the chosen language would have
+    Text folder;            // of the pages; ends in "\"
+};
 
 class LanguageTexts {
 public:
@@ -16,8 +26,15 @@ public:
     // The same text, or the one built into the program where the language file has none.
     virtual Text TextOrBuiltIn(TextView section, TextView key) = 0;
 
+    // Gives a form and its controls their captions and tool tips from the section named as the
+    // form: keys "Caption", the control's name, and the control's name + ".ToolTip". What neither
+    // the file nor the built-in texts have is left as it is.
+    virtual void GetLanguageStringsForForm(TextView formName, FormView& view) = 0;
+
     // Chooses and loads the language file; only the first call does anything.
     virtual void LoadLanguageFile() = 0;
+
+    virtual const ManualPlaces& Manual() const = 0;
 };
 
 }  // namespace tellwick

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "compose/FormSmsSendView.h"
+#include "platform/Keys.h"
 
 namespace tellwick::windows {
 

@@ -4,6 +4,11 @@
 
 #include <algorithm>
 
+#include "compose/MessageText.h"
+#include "compose/Submission.h"
+#include "recipients/RecipientField.h"
+#include "recipients/TextTemplates.h"
+
 namespace tellwick::windows {
 
 namespace {
@@ -21,12 +26,13 @@ constexpr int DropDownHeight = 120;
 }  // namespace
 
 FormSmsSendWindow::FormSmsSendWindow() : FormWindow(Least) {
-    textTo.onChange = [this] { events->TextTo_Change(); };
-    message.onChange = [this] { events->Message_Change(); };
+    textTo.onChange = [this] { parts->recipientField.TextTo_Change(); };
+    message.onChange = [this] { parts->messageText.Message_Change(); };
 }
 
-void FormSmsSendWindow::SetEvents(FormSmsSendEvents& newEvents) {
-    events = &newEvents;
+void FormSmsSendWindow::SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) {
+    form = &newForm;
+    parts.emplace(newParts);
 }
 
 bool FormSmsSendWindow::Load() {
@@ -179,21 +185,21 @@ void FormSmsSendWindow::PlaceListBoxNumbers(std::int32_t rows) {
 }
 
 bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {
-    if (events->Form_KeyDown(keyCode, shift)) return true;
+    if (form->Form_KeyDown(keyCode, shift)) return true;
     if (!Loaded()) return true;
-    if (textTo.HasFocus()) return events->TextTo_KeyDown(keyCode, shift);
-    if (message.HasFocus()) return events->Message_KeyDown(keyCode, shift);
+    if (textTo.HasFocus()) return parts->recipientField.TextTo_KeyDown(keyCode, shift);
+    if (message.HasFocus()) return parts->messageText.Message_KeyDown(keyCode, shift);
     return comboBoxTextbausteine.HasFocus() &&
-           events->ComboBoxTextbausteine_KeyDown(keyCode, shift);
+           parts->textTemplates.ComboBoxTextbausteine_KeyDown(keyCode, shift);
 }
 
 bool FormSmsSendWindow::OnCharacter(char16_t character) {
-    return message.HasFocus() && events->Message_KeyPress(character);
+    return message.HasFocus() && parts->messageText.Message_KeyPress(character);
 }
 
 bool FormSmsSendWindow::OnDoubleClick(HWND target) {
     if (target != comboBoxTextbausteine.Edit()) return false;
-    events->ComboBoxTextbausteine_DblClick();
+    parts->textTemplates.ComboBoxTextbausteine_DblClick();
     return true;
 }
 
@@ -218,12 +224,12 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             // The system fills the edit field only after this.
             const std::int32_t index = textTo.SelectedIndex();
             textTo.SetSelectedIndex(index);
-            events->TextTo_Click();
+            parts->recipientField.TextTo_Click();
             break;
         }
         case CBN_KILLFOCUS:
             // A click into the match list is not a leaving of the field.
-            if (GetFocus() != listBoxNumbers.Window()) events->TextTo_LostFocus();
+            if (GetFocus() != listBoxNumbers.Window()) parts->recipientField.TextTo_LostFocus();
             break;
         default:
             break;
@@ -232,34 +238,30 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
 
 void FormSmsSendWindow::ListBoxNumbersCommand(WORD notification) {
     if (notification == LBN_SELCHANGE) {
-        events->ListBoxNumbers_Click();
+        parts->recipientField.ListBoxNumbers_Click();
         textTo.SetFocus();
     } else if (notification == LBN_KILLFOCUS && !textTo.HasFocus()) {
-        events->TextTo_LostFocus();
+        parts->recipientField.TextTo_LostFocus();
     }
 }
 
 void FormSmsSendWindow::ClickButton(HWND control) {
-    struct Handler {
-        const WindowControl& button;
-        void (FormSmsSendEvents::*click)();
+    const std::pair<const WindowControl&, std::function<void()>> handlers[] = {
+        {buttonTo, [this] { form->ButtonTo_Click(); }},
+        {buttonSend, [this] { parts->submission.ButtonSend_Click(); }},
+        {buttonStore, [this] { parts->submission.ButtonStore_Click(); }},
+        {buttonOK, [this] { form->ButtonOK_Click(); }},
+        {buttonOptions, [this] { form->ButtonOptions_Click(); }},
+        {buttonExpand, [this] { form->ButtonExpand_Click(); }},
+        {buttonHex, [this] { parts->messageText.ButtonHex_Click(); }},
+        {buttonUcs2, [this] { parts->messageText.ButtonUcs2_Click(); }},
+        {buttonAdd, [this] { parts->textTemplates.ButtonAdd_Click(); }},
+        {buttonDel, [this] { parts->textTemplates.ButtonDel_Click(); }},
+        {buttonInsert, [this] { parts->textTemplates.ButtonInsert_Click(); }},
     };
-    const Handler handlers[] = {
-        {buttonTo, &FormSmsSendEvents::ButtonTo_Click},
-        {buttonSend, &FormSmsSendEvents::ButtonSend_Click},
-        {buttonStore, &FormSmsSendEvents::ButtonStore_Click},
-        {buttonOK, &FormSmsSendEvents::ButtonOK_Click},
-        {buttonOptions, &FormSmsSendEvents::ButtonOptions_Click},
-        {buttonExpand, &FormSmsSendEvents::ButtonExpand_Click},
-        {buttonHex, &FormSmsSendEvents::ButtonHex_Click},
-        {buttonUcs2, &FormSmsSendEvents::ButtonUcs2_Click},
-        {buttonAdd, &FormSmsSendEvents::ButtonAdd_Click},
-        {buttonDel, &FormSmsSendEvents::ButtonDel_Click},
-        {buttonInsert, &FormSmsSendEvents::ButtonInsert_Click},
-    };
-    for (const Handler& handler : handlers) {
-        if (handler.button.Window() != control) continue;
-        (events->*handler.click)();
+    for (const auto& [button, click] : handlers) {
+        if (button.Window() != control) continue;
+        click();
         return;
     }
 }

@@ -1,8 +1,11 @@
 // The window of the SMS form.
 #pragma once
 
+#include <optional>
+
 #include "windows/FormWindow.h"
 
+#include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
 
 namespace tellwick::windows {
@@ -45,12 +48,12 @@ public:
     void Resize(bool expanded) override;
     void PlaceListBoxNumbers(std::int32_t rows) override;
     void SetMessageFont(TextView name, std::int32_t points) override;
-    void SetEvents(FormSmsSendEvents& newEvents) override;
+    void SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) override;
 
 private:
-    void OnActivate() override { events->Form_Activate(); }
-    void OnClose() override { events->Form_Close(); }
-    void OnSize() override { events->Form_Resize(); }
+    void OnActivate() override { form->Form_Activate(); }
+    void OnClose() override { form->Form_Close(); }
+    void OnSize() override { form->Form_Resize(); }
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
     bool OnCharacter(char16_t character) override;
     bool OnDoubleClick(HWND target) override;
@@ -59,7 +62,8 @@ private:
     void ListBoxNumbersCommand(WORD notification);
     void ClickButton(HWND control);
 
-    FormSmsSendEvents* events = nullptr;
+    FormSmsSend* form = nullptr;
+    std::optional<FormSmsSendParts> parts;
     GdiObject messageFont;
 
     WindowControl buttonTo;

@@ -149,6 +149,13 @@ Text WindowsPrograms::LibraryFolder() {
     return file.substr(0, file.rfind(u'\\') + 1);
 }
 
+Text WindowsPrograms::WindowsFolder() {
+    wchar_t path[MAX_PATH];
+    Text folder = FromWide(path, GetSystemWindowsDirectoryW(path, MAX_PATH));
+    if (!folder.ends_with(u'\\')) folder += u'\\';
+    return folder;
+}
+
 Text WindowsPrograms::CommandLine() {
     const Text line = FromWide(GetCommandLineW());
     // The host's own name, quoted or not, comes first.

@@ -39,6 +39,7 @@ public:
     // `library` is the add-in's own module.
     WindowsPrograms(PendingError& errors, HMODULE library) : errors(errors), library(library) {}
     Text LibraryFolder() override;
+    Text WindowsFolder() override;
     Text CommandLine() override;
     std::int32_t PlatformId() override;
     std::vector<Text> SnapshotNames() override;

@@ -58,7 +58,7 @@ void MeasureComposing() {
     test.program.formSmsSend.Open({});
     test.view.Message().SetText(Text(800, u'x'));
     Report("Message_Change at 800 characters",
-           Nanoseconds(2000, [&] { test.program.formSmsSend.Message_Change(); }) / 1000, "us", 20);
+           Nanoseconds(2000, [&] { test.program.messageText.Message_Change(); }) / 1000, "us", 20);
     MeasureNumbers(test);
     MeasureMatches();
     std::vector<Text> templates;

@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "compose/FormSmsSelectAddressView.h"
+#include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/MessageText.h"
+#include "recipients/RecipientField.h"
 
 namespace tellwick::test {
 
@@ -178,10 +181,10 @@ public:
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
     void SetMessageFont(TextView, std::int32_t) override {}
-    void SetEvents(FormSmsSendEvents& events) override {
-        textTo.onChange = [&events] { events.TextTo_Change(); };
-        textTo.onClick = [&events] { events.TextTo_Click(); };
-        message.onChange = [&events] { events.Message_Change(); };
+    void SetHandlers(FormSmsSend&, const FormSmsSendParts& parts) override {
+        textTo.onChange = [&field = parts.recipientField] { field.TextTo_Change(); };
+        textTo.onClick = [&field = parts.recipientField] { field.TextTo_Click(); };
+        message.onChange = [&text = parts.messageText] { text.Message_Change(); };
     }
 
     bool expanded = false;

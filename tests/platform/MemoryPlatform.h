@@ -85,6 +85,7 @@ class MemoryPrograms : public Programs {
 public:
     explicit MemoryPrograms(PendingError& errors) : errors(errors) {}
     Text LibraryFolder() override { return u"C:\\Program\\"; }
+    Text WindowsFolder() override { return u"C:\\Windows\\"; }
     Text CommandLine() override { return commandLine; }
     std::int32_t PlatformId() override { return platformId; }
     std::vector<Text> SnapshotNames() override { return snapshot; }

@@ -3,6 +3,7 @@
 
 #include "addin/Program.h"
 #include "platform/MemoryForms.h"
+#include "platform/Keys.h"
 #include "platform/MemoryPlatform.h"
 #include "platform/Product.h"
 

@@ -144,9 +144,9 @@ TEST_CASE("manual and help are named by the language") {
         m.iniFile.WriteToIniFile(CurrentFile, u"Settings", u"Language", c.language);
         m.language.LoadLanguageFile();
         const Text own = u"C:\\Program\\cv" + Text(c.code) + u".chm";
-        CHECK((m.language.LanguageHelpFile() == own));
-        CHECK((m.language.HelpFile() == (c.code == u"de" ? own : u"C:\\Program\\cven.chm")));
-        CHECK((m.language.ManualFolder() == u"C:\\Program\\Manual\\" + Text(c.manual) + u"\\"));
+        CHECK((m.language.Manual().languageHelpFile == own));
+        CHECK((m.language.Manual().helpFile == (c.code == u"de" ? own : u"C:\\Program\\cven.chm")));
+        CHECK((m.language.Manual().folder == u"C:\\Program\\Manual\\" + Text(c.manual) + u"\\"));
     }
 }
 

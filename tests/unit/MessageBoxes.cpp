@@ -122,12 +122,12 @@ TEST_CASE("the command of an extension") {
     struct Case {
         TextView command, found;
     };
-    for (const Case& c : {Case{u"hh.exe %1", u"hh.exe \"%l\""},
-                          Case{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
-                          Case{u"%LocalAppData%\\a %L", u"%LocalAppData%\\a \"%l\""},
-                          Case{u"%Programs%\\a %1", u"C:\\Programs\\a \"%l\""},
-                          Case{u"a \"%l\"", u"a \"%l\""}, Case{u"a", u"a \"%l\""},
-                          Case{u"%x% a", u"%x% a \"%l\""}, Case{u"", u""}}) {
+    for (const Case& c :
+         {Case{u"hh.exe %1", u"hh.exe \"%l\""},
+          Case{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
+          Case{u"%LocalAppData%\\a %L", u"%LocalAppData%\\a \"%l\""},
+          Case{u"%Programs%\\a %1", u"C:\\Programs\\a \"%l\""}, Case{u"a \"%l\"", u"a \"%l\""},
+          Case{u"a", u"a \"%l\""}, Case{u"%x% a", u"%x% a \"%l\""}, Case{u"", u""}}) {
         SettingsModules m;
         m.SetRegistry(u".chm", u"", u"machine", Hive::ClassesRoot);
         m.SetRegistry(u"machine\\shell\\open\\command", u"", c.command, Hive::ClassesRoot);

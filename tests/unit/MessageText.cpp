@@ -15,7 +15,7 @@ struct OpenedForm : TestProgram {
     }
     void Type(const Text& text) { Box().SetText(text); }
     MemoryTextBox& Box() { return view.Message(); }
-    FormSmsSend& Events() { return program.formSmsSend; }
+    MessageText& Events() { return program.messageText; }
     Text Status() { return view.LabelStatus().Caption(); }
     Text StatusFor(TextView counted) {
         return ReplaceAll(program.language.TextOrBuiltIn(u"FormSmsSend", u"7"), u"%n", counted);
@@ -137,7 +137,7 @@ TEST_CASE("the hexadecimal view shows digits and gives the text back") {
     }
     // In the byte mode a character is taken by its code in the code page.
     OpenedForm form;
-    MessageText bytes(form.view, form.program.debug, form.program.language, form.platform.locale);
+    MessageText bytes(form.program.services, form.view, form.platform.locale);
     bytes.wideCharacters = false;
     CHECK(bytes.ConvertTextToHexText(u"\u20ACa") == u"8061");
     CHECK(bytes.ConvertHexTextToText(u"8061") == u"\u20ACa");
@@ -176,13 +176,13 @@ TEST_CASE("closing saves the text, not the digits; a queued text stays digits") 
     OpenedForm form;
     form.Type(u"Hi");
     form.Events().ButtonHex_Click();
-    form.Events().ButtonOK_Click();
+    form.program.formSmsSend.ButtonOK_Click();
     CHECK(form.Setting(u"SMS", u"LastText") == u"Hi");
-    form.Events().Open(u"1");
+    form.program.formSmsSend.Open(u"1");
     CHECK(form.Box().GetText() == u"Hi");
     form.Events().ButtonHex_Click();
     form.platform.dialogs.answers = {Answer::No};
-    form.Events().ButtonSend_Click();
+    form.program.submission.ButtonSend_Click();
     CHECK(form.platform.fileSystem.files[u"C:\\Temp\\sms1.tmp"].contents == "1\t4869");
 }
 

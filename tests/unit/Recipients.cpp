@@ -148,8 +148,7 @@ TEST_CASE("AddNumberToList: cells, shown items and growth") {
     OpenedForm form;
     form.Open();
     auto& log = form.To().items;
-    RecipientField field(form.program.debug, form.program.inifilesLite, form.program.language,
-                         form.program.questionBox, form.program.prefixes, form.program.contacts,
+    RecipientField field(form.program.services, form.program.prefixes, form.program.contacts,
                          form.To(), form.view.ListBoxNumbers(), form.view.StatusBar1(),
                          [](std::int32_t) {});
     field.NumUsedNumber = 2;
@@ -193,7 +192,7 @@ TEST_CASE("clearing the list asks, empties one key more than items, and starts a
         if (!cleared) continue;
         form.view.Message().SetText(u"x");
         form.platform.dialogs.answers = {Answer::No};
-        form.program.formSmsSend.ButtonSend_Click();
+        form.program.submission.ButtonSend_Click();
         CHECK(form.Number(1) == u"0171");
         CHECK(form.Number(2).empty());
     }
@@ -227,7 +226,7 @@ TEST_CASE("typing shows the matching addresses, and choosing one replaces what w
         if (c.matches != 0) CHECK(list.items.size() == c.matches);
     }
     form.To().SetText(u"0171; berta");
-    CHECK(form.program.formSmsSend.TextTo_KeyDown(key::Down, 0));
+    CHECK(form.program.recipientField.TextTo_KeyDown(key::Down, 0));
     CHECK(form.program.formSmsSend.Form_KeyDown(key::Enter, 0));
     CHECK(form.To().GetText() == u"0171; 01702");
     CHECK_FALSE(list.Visible());
@@ -238,7 +237,7 @@ TEST_CASE("typing shows the matching addresses, and choosing one replaces what w
     CHECK(form.To().GetText() == u"an");
     CHECK(form.view.Loaded());
     form.To().SetText(u"be");
-    form.program.formSmsSend.TextTo_LostFocus();
+    form.program.recipientField.TextTo_LostFocus();
     CHECK_FALSE(list.Visible());
 
     // The selection form appends.
@@ -287,7 +286,7 @@ TEST_CASE("templates are loaded to the first gap, sorted, added, deleted, insert
     form.SetSetting(u"Texte", key(4), u"behind the gap");
     form.Open();
     auto& box = form.view.ComboBoxTextbausteine();
-    auto& events = form.program.formSmsSend;
+    auto& events = form.program.textTemplates;
     CHECK(box.items == std::vector<Text>{u"A", u"b", u"c\\13\\10d"});
     struct Case {
         TextView text;
@@ -315,7 +314,7 @@ TEST_CASE("templates are loaded to the first gap, sorted, added, deleted, insert
     events.ButtonDel_Click();
     box.SetText(u"neu\r\n");
     events.ButtonAdd_Click();
-    events.Unload();
+    form.program.formSmsSend.Unload();
     CHECK(form.Setting(u"Texte", key(0)) == u"neu\\13\\10");
     CHECK(form.Setting(u"Texte", key(1)).empty());
     CHECK(form.Setting(u"Texte", key(2)).empty());

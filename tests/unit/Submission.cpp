@@ -23,7 +23,7 @@ struct OpenForm : TestProgram {
         view.TextTo().SetText(recipient);
         view.Message().SetText(text);
     }
-    bool Send() { return program.formSmsSend.ButtonSend_Click_(false, true, {}, {}); }
+    bool Send() { return program.submission.ButtonSend_Click_(false, true, {}, {}); }
     std::string QueuedFile(TextView number) {
         return platform.fileSystem.Read(Registry(Queue, number)).value_or("(missing)");
     }
@@ -46,12 +46,12 @@ TEST_CASE("a submission writes file, entry and counter and tells the sender") {
     }
     SUBCASE("storing queues like sending") {
         form.Fill(u"1", u"x");
-        CHECK(form.program.formSmsSend.ButtonSend_Click_(false, false, {}, {}));
+        CHECK(form.program.submission.ButtonSend_Click_(false, false, {}, {}));
         CHECK(form.QueuedFile(u"1") == "1\tx");
     }
     SUBCASE("a number and a text handed over replace the form's") {
         form.Fill(u"1", u"x");
-        CHECK(form.program.formSmsSend.ButtonSend_Click_(false, true, u"2", u"y"));
+        CHECK(form.program.submission.ButtonSend_Click_(false, true, u"2", u"y"));
         CHECK(form.QueuedFile(u"1") == "2\ty");
     }
 }

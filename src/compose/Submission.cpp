@@ -1,0 +1,101 @@
+#include "compose/Submission.h"
+
+#include "compose/FormSmsSend.h"
+#include "compose/FormSmsSendView.h"
+#include "compose/SmsQueue.h"
+#include "compose/Tellwick.h"
+#include "platform/MessageLoop.h"
+#include "recipients/RecipientField.h"
+#include "settings/Debug.h"
+#include "settings/LanguageTexts.h"
+#include "settings/QuestionBox.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr std::int32_t RecipientMissing = 3;
+constexpr std::int32_t TextMissing = 4;
+
+}  // namespace
+
+Submission::Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
+                       RecipientField& recipientField, MessageLoop& messageLoop, SmsQueue& queue,
+                       Tellwick& tellwick)
+    : Services(services),
+      form(form),
+      view(view),
+      recipientField(recipientField),
+      messageLoop(messageLoop),
+      queue(queue),
+      tellwick(tellwick) {}
+
+bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, TextView text) {
+    debug.Errors().Clear();
+    debug.DebugTrace(u"ButtonSend_Click", trace::Enter);
+    if (!form.Activated()) form.Form_Activate();
+    if (busy) {
+        // No exit record here, on purpose.
+        closeRequested = true;
+        return true;
+    }
+    if (!number.empty()) recipientField.SetText(number);
+    if (!text.empty()) view.Message().SetText(text);
+    if (fromKey) RemoveKeyLineBreak();
+
+    const Text recipient = view.TextTo().GetText();
+    if (form.Settings().storeNumbers) recipientField.AddNumberToList(recipient);
+    recipientField.SetText(recipient);
+    busy = true;
+    closeRequested = false;
+    view.ListBoxNumbers().SetVisible(false);
+
+    const bool queued = QueueMessage(recipient, !text.empty() && !sendNow);
+    // After a refusal the form is still busy, so that this only asks for the form to be closed.
+    form.ButtonOK_Click();
+    debug.DebugTrace(u"ButtonSend_Click", trace::Exit);
+    return queued;
+}
+
+// The key that submits has put a line break into the text, just before the caret.
+void Submission::RemoveKeyLineBreak() {
+    messageLoop.DoEvents();
+    Text text = view.Message().GetText();
+    const std::size_t caret = std::size_t(view.Message().SelectionStart());
+    if (caret < LineBreak.size() || caret > text.size()) return;
+    const std::size_t start = caret - LineBreak.size();
+    if (TextView(text).substr(start, LineBreak.size()) != LineBreak) return;
+    view.Message().SetText(text.erase(start, LineBreak.size()));
+}
+
+bool Submission::QueueMessage(TextView recipient, bool mayBeEmpty) {
+    if (recipient.empty()) {
+        MsgBox(RecipientMissing);
+        view.TextTo().SetFocus();
+        return false;
+    }
+    const Text message = view.Message().GetText();
+    if (message.empty() && !mayBeEmpty) {
+        MsgBox(TextMissing);
+        view.Message().SetFocus();
+        return false;
+    }
+    queue.AddEntry(recipient, message);
+    // Busy until the sender application has been told: a click that comes meanwhile must not
+    // queue a second entry.
+    tellwick.StartSenderApplication(false);
+    busy = false;
+    return true;
+}
+
+bool Submission::RequestClose() {
+    if (busy) closeRequested = true;
+    return busy;
+}
+
+void Submission::MsgBox(std::int32_t number) {
+    questionBox.MsgBoxEx(language.TextOrBuiltIn(FormSmsSend::Name, u"MsgBox" + NumberText(number)),
+                         box::IconInformation);
+}
+
+}  // namespace tellwick

@@ -1,0 +1,58 @@
+// The submission: turns what the form holds into one entry of the queue and sees to the sender
+// application.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/Text.h"
+#include "settings/Services.h"
+
+namespace tellwick {
+
+class FormSmsSend;
+class FormSmsSendView;
+class MessageLoop;
+class RecipientField;
+class SmsQueue;
+class Tellwick;
+
+class Submission : private Services {
+public:
+    Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
+               RecipientField& recipientField, MessageLoop& messageLoop, SmsQueue& queue,
+               Tellwick& tellwick);
+
+    // Queues what the form holds and sees to the sender application; the form closes. A `number`
+    // or `text` that is not empty replaces the form's own first. False when it was refused because
+    // recipient or text is missing; the user was told and the form stays. A call that comes while
+    // one runs only asks for the form to be closed, and returns true.
+    bool ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, TextView text);
+
+    // Both queue the text; they differ only in what they take for an empty one.
+    void ButtonSend_Click() { ButtonSend_Click_(false, true, {}, {}); }
+    void ButtonStore_Click() { ButtonSend_Click_(false, false, {}, {}); }
+
+    // Forgets a submission that was refused: the form is initialised anew.
+    void Reset() { busy = closeRequested = false; }
+
+    // While a submission runs, and after a refused one: notes that the form is to be closed and
+    // returns true. Else false: the form may close.
+    bool RequestClose();
+
+private:
+    void RemoveKeyLineBreak();
+    bool QueueMessage(TextView recipient, bool mayBeEmpty);
+    void MsgBox(std::int32_t number);
+
+    bool busy = false;
+    bool closeRequested = false;
+
+    FormSmsSend& form;
+    FormSmsSendView& view;
+    RecipientField& recipientField;
+    MessageLoop& messageLoop;
+    SmsQueue& queue;
+    Tellwick& tellwick;
+};
+
+}  // namespace tellwick
