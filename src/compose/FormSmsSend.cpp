@@ -58,7 +58,10 @@ void FormSmsSend::Open(TextView recipients) {
         view.Show();
         return;
     }
-    if (!recipients.empty()) parts.recipientField.SetText(recipients);
+    if (!recipients.empty()) {
+        parts.recipientField.SetText(recipients);
+        parts.recipientField.ShowPrefixHint();
+    }
     view.Show();
     // What is to be written next has the focus.
     if (view.TextTo().GetText().empty()) {
@@ -77,11 +80,28 @@ void FormSmsSend::Form_Load() {
     const auto position = [this](TextView key) {
         return inifilesLite.GetIniSettingNum(u"Positions", key);
     };
+    const bool positioned = !inifilesLite.GetIniSetting(u"Positions", u"SMSSendPosx").empty();
     view.SetPlace({position(u"SMSSendPosx"), position(u"SMSSendPosy"), position(u"SMSSendx"),
-                   position(u"SMSSendy")});
+                   position(u"SMSSendy")},
+                  positioned);
     view.SetMessageFont(inifilesLite.GetIniSetting(u"Editor", u"Font"),
                         inifilesLite.GetIniSettingNum(u"Editor", u"FontSize"));
     Form_SetLanguage();
+    LoadBackGround();
+    SetButtons();
+}
+
+void FormSmsSend::LoadBackGround() {
+    Procedure procedure{debug, u"LoadBackGround"};
+    view.LoadBackGround();
+}
+
+// What the buttons around the templates area say of it.
+void FormSmsSend::SetButtons() {
+    Procedure procedure{debug, u"SetButtons"};
+    view.ButtonExpand().SetCaption(
+        language.TextOrBuiltIn(Name, expanded ? u"ButtonExpand.On" : u"ButtonExpand"));
+    view.ButtonBar1(BarButton::Template).SetChecked(expanded);
 }
 
 void FormSmsSend::Form_SetLanguage() {
@@ -127,7 +147,40 @@ void FormSmsSend::RestoreTexts() {
 
 void FormSmsSend::Form_Activate() {
     Procedure procedure{debug, u"_Activate"};
+    // Later activations leave alone what the user has chosen meanwhile.
+    if (Activated()) return;
     activationMarker = u"activated";
+    FillBoxExpires();
+    view.CheckLong().SetChecked(settings.doNotContactLong);
+    // Both only show what is decided elsewhere: the sender application chooses the service centre,
+    // and a form that has sent closes.
+    view.CheckSetNumber().SetChecked(settings.serviceCenterUseNotDefault != 0);
+    view.CheckSetNumber().SetEnabled(false);
+    view.CheckSendAndQuit().SetChecked(true);
+    view.CheckSendAndQuit().SetEnabled(false);
+    Form_Resize();
+}
+
+// The first element stands for no limit, each further one for a number of its unit; an empty one
+// gives no entry.
+void FormSmsSend::FillBoxExpires() {
+    constexpr TextView Numbers = u";0;1;8;";
+    struct Unit {
+        TextView one, several;
+    };
+    constexpr Unit Units[] = {
+        {u"Minute", u"Minutes"}, {u"Hour", u"Hours"}, {u"Day", u"Days"}, {u"Week", u"Weeks"}};
+    const std::vector<Text> numbers = Split(Numbers, u";");
+    ItemList& box = view.BoxExpires();
+    box.Clear();
+    box.Add(numbers[0]);
+    for (std::size_t unit = 0; unit < std::size(Units); ++unit) {
+        const Text& number = numbers[unit + 1];
+        if (number.empty()) continue;
+        const TextView word = number == u"1" ? Units[unit].one : Units[unit].several;
+        box.Add(number + u" " + language.TextOrBuiltIn(Name, word));
+    }
+    box.SetSelectedIndex(0);
 }
 
 void FormSmsSend::Form_Resize() {
@@ -137,6 +190,10 @@ void FormSmsSend::Form_Resize() {
 
 bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {
     Procedure procedure{debug, u"Form_KeyDown"};
+    if (keyCode == key::F1) {
+        ButtonHelp_Click();
+        return true;
+    }
     if (keyCode == key::Escape) {
         Unload();
         return true;
@@ -156,6 +213,35 @@ void FormSmsSend::ButtonTo_Click() {
     Procedure procedure{debug, u"ButtonTo_Click"};
     parts.recipientField.CloseMatches();
     formSmsSelectAddress.Show();
+}
+
+void FormSmsSend::ButtonHelp_Click() {
+    Procedure procedure{debug, u"ButtonHelp_Click"};
+    helpViewer.CallHelp(u"SMSCenterNew.htm", u"smsnew.htm", 0);
+}
+
+void FormSmsSend::FormSMSSend_Button_Click(BarButton button) {
+    Procedure procedure{debug, u"FormSMSSend_Button_Click"};
+    switch (button) {
+        case BarButton::Send:
+            parts.submission.ButtonSend_Click();
+            break;
+        case BarButton::Store:
+            parts.submission.ButtonStore_Click();
+            break;
+        case BarButton::Template:
+            ExpandIt();
+            break;
+        case BarButton::Hex:
+            parts.messageText.ButtonHex_Click();
+            break;
+        case BarButton::Options:
+            ButtonOptions_Click();
+            break;
+        case BarButton::Help:
+            ButtonHelp_Click();
+            break;
+    }
 }
 
 void FormSmsSend::ButtonOK_Click() {
@@ -190,6 +276,11 @@ void FormSmsSend::Form_Unload() {
     formSmsSelectAddress.Unload();
 }
 
+void FormSmsSend::StatusBar1_Click() {
+    Procedure procedure{debug, u"StatusBar1_Click"};
+    if (parts.recipientField.PrefixHintShown()) ButtonOptions_Click();
+}
+
 void FormSmsSend::ButtonOptions_Click() {
     Procedure procedure{debug, u"ButtonOptions_Click"};
     if (questionBox.MsgBoxEx(language.TextOrBuiltIn(u"Messages", u"ForgetAnswers"),
@@ -206,6 +297,7 @@ void FormSmsSend::ButtonExpand_Click() {
 void FormSmsSend::ExpandIt() {
     Procedure procedure{debug, u"ExpandIt"};
     expanded = !expanded;
+    SetButtons();
     Form_Resize();
 }
 

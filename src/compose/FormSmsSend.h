@@ -10,6 +10,7 @@
 
 namespace tellwick {
 
+enum class BarButton;
 class FormSmsSelectAddress;
 class FormSmsSendView;
 class HelpViewer;
@@ -62,6 +63,10 @@ public:
     // Comes before any control's own key handler; true when the key was used up.
     bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void ButtonTo_Click();
+    void FormSMSSend_Button_Click(BarButton button);
+    void ButtonHelp_Click();
+    // Opens the settings at what the status bar speaks of, if it speaks of one.
+    void StatusBar1_Click();
     // Closes the form, unless a submission runs.
     void ButtonOK_Click();
     void ButtonExpand_Click();
@@ -71,6 +76,9 @@ public:
 private:
     void Form_Load();
     void Form_SetLanguage();
+    void LoadBackGround();
+    void SetButtons();
+    void FillBoxExpires();
     void Form_Unload();
     void ReadSettings();
     void RestoreTexts();

@@ -157,6 +157,7 @@ void MessageText::ButtonUcs2_Click() {
 
 void MessageText::SetHexButton() {
     Procedure procedure{debug, u"SetHexButton"};
+    view.ButtonBar1(BarButton::Hex).SetChecked(hexFlag);
     view.ButtonHex().SetCaption(FormText(hexFlag ? u"ButtonHex.On" : u"ButtonHex"));
     view.ButtonUcs2().SetCaption(FormText(unicodeFlag ? u"ButtonUcs2.On" : u"ButtonUcs2"));
 }

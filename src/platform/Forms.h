@@ -59,9 +59,10 @@ public:
     virtual void Unload() = 0;
 
     virtual FormPlace Place() const = 0;
-    // Values of 0 or less keep what is there; the window is kept on a visible screen and never
-    // below its least size.
-    virtual void SetPlace(const FormPlace& place) = 0;
+    // The place to be shown at. A width or height of 0 or less is left to the window; without a
+    // position, or where no screen is any more, it opens over the window it was called from. It is
+    // kept on a screen and never below its least size.
+    virtual void SetPlace(const FormPlace& place, bool positioned) = 0;
     virtual void SetCaption(TextView caption) = 0;
 
     // Every control that has a caption or a tool tip, with its name.

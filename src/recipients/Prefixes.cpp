@@ -120,6 +120,7 @@ Text Prefixes::GetNumber(TextView entry) {
     const Text number = ConvertPhoneNumber(entry.substr(start));
     for (const Text& prefix : Remove0Prefixes) {
         if (!StartsWith(number, prefix)) continue;
+        rewritten = rewritten || prefix == u"+";
         const Text rest = number.substr(prefix.size());
         return StartsWith(rest, u"0") ? rest : u"0" + rest;
     }

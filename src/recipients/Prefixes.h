@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "platform/Text.h"
@@ -30,6 +31,10 @@ public:
     // and in national form where its country prefix is one of those to be replaced.
     Text GetNumber(TextView entry);
 
+    // Whether GetNumber has rewritten a number since the last call because the settings name no
+    // prefix: every number that begins with "+" is then written nationally.
+    bool TakeRewritten() { return std::exchange(rewritten, false); }
+
     // Loads both tables where that is due.
     void LoadPrefixes();
 
@@ -46,6 +51,7 @@ private:
     Table CountryPrefixTable;
     std::int32_t CountryPrefixBound = -1;  // -1: never read
     Text emptyElement;                     // computed once
+    bool rewritten = false;
     // Nothing assigns it; the results that follow from its being empty are deliberate.
     const Text OwnCountryCode;
 

@@ -128,6 +128,12 @@ void RecipientField::Add(TextView recipients) {
         present.push_back(std::move(recipient));
     }
     SetText(field);
+    ShowPrefixHint();
+}
+
+void RecipientField::ShowPrefixHint() {
+    prefixHint = prefixes.TakeRewritten() || prefixHint;
+    statusBar1.SetText(prefixHint ? language.TextOrBuiltIn(FormSection, u"PrefixHint") : Text());
 }
 
 void RecipientField::TextTo_Click() {
@@ -155,6 +161,7 @@ void RecipientField::TextTo_Change() {
     if (setting) return;
     Procedure procedure{debug, u"TextTo_Change"};
     fieldText = textTo.GetText();
+    prefixHint = false;
     ShowMatches(Trimmed(TextView(fieldText).substr(SearchStart(fieldText))));
 }
 
@@ -208,7 +215,7 @@ void RecipientField::CloseMatches() {
         listBoxNumbers.SetVisible(false);
         listBoxNumbers.Clear();
     }
-    statusBar1.SetText(u"");
+    ShowPrefixHint();
 }
 
 }  // namespace tellwick

@@ -44,6 +44,11 @@ public:
     // Adds recipients, separated by ";", to those in the field, except for those it holds already.
     void Add(TextView recipients);
 
+    // Says in the status bar that a number was rewritten for want of prefixes in the settings, if
+    // one was; until the user types again.
+    void ShowPrefixHint();
+    bool PrefixHintShown() const { return prefixHint; }
+
     // An item of the drop-down was chosen; the one that clears the list asks first.
     void TextTo_Click();
 
@@ -68,7 +73,8 @@ private:
     std::int32_t NumberListBound = 0;  // upper index; -1 once the list was cleared
     std::vector<std::size_t> matches;  // indexes into the address list
     Text fieldText;                    // before the item that clears the list was chosen
-    bool setting = false;              // the program, not the user, changes the field
+    bool prefixHint = false;
+    bool setting = false;  // the program, not the user, changes the field
 
     Prefixes& prefixes;
     Contacts& contacts;

@@ -123,6 +123,15 @@ struct GdiDeleter {
 };
 using GdiObject = std::unique_ptr<void, GdiDeleter>;
 
+struct IconDestroyer {
+    using pointer = HICON;
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using IconHandle = std::unique_ptr<HICON__, IconDestroyer>;
+
+// A picture of the library's own icons at a size in pixels; null when there is none.
+IconHandle LoadLibraryIcon(int resource, int size);
+
 // A function of a system library that not every system has; null when it is missing.
 template <class Function>
 Function SystemFunction(const wchar_t* library, const char* name) {

@@ -17,14 +17,14 @@ constexpr int ButtonHeight = 14;
 
 }  // namespace
 
-FormSmsSelectAddressWindow::FormSmsSelectAddressWindow() : FormWindow(Least) {
+FormSmsSelectAddressWindow::FormSmsSelectAddressWindow() {
     textSearch.onChange = [this] { events->TextSearch_Change(); };
 }
 
 bool FormSmsSelectAddressWindow::Load() {
     constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON;
     constexpr DWORD List = WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
-    const bool made = Create({
+    return Create({
         {u"LabelSearch", &labelSearch, L"STATIC", SS_LEFT, 0},
         {u"TextSearch", &textSearch, L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE},
         {u"ListAddresses", &listAddresses, L"LISTBOX", List, WS_EX_CLIENTEDGE},
@@ -32,8 +32,11 @@ bool FormSmsSelectAddressWindow::Load() {
         {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0},
         {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
     });
-    if (made) OnSize();
-    return made;
+}
+
+SIZE FormSmsSelectAddressWindow::LeastClient() const {
+    const FontMetrics& font = Font().Metrics();
+    return {font.Horizontal(Least.cx), font.Vertical(Least.cy)};
 }
 
 void FormSmsSelectAddressWindow::OnSize() {
@@ -49,16 +52,19 @@ void FormSmsSelectAddressWindow::OnSize() {
     RECT client;
     GetClientRect(FormWindow::Window(), &client);
     const int bottom = client.bottom - (bar.bottom - bar.top) - gapY;
-    const int columnWidth = std::max(CaptionWidth(buttonAdd), CaptionWidth(buttonOK));
+    const int columnWidth =
+        std::max(Font().CaptionWidth(buttonAdd.Caption()), Font().CaptionWidth(buttonOK.Caption()));
     const int columnLeft = client.right - margin - columnWidth;
-    const int labelWidth = CaptionWidth(labelSearch);
+    const int labelWidth = Font().CaptionWidth(labelSearch.Caption());
     const int middle = columnLeft - 2 * gapX;
-    Move(labelSearch, margin, margin + font.Vertical(2), labelWidth, rowHeight);
-    Move(textSearch, margin + labelWidth, margin, middle - margin - labelWidth, rowHeight);
-    Move(buttonAdd, columnLeft, margin, columnWidth, rowHeight);
-    Move(buttonOK, columnLeft, margin + rowHeight + gapY, columnWidth, rowHeight);
+    Placement placement;
+    placement.Move(labelSearch, margin, margin + font.Vertical(2), labelWidth, rowHeight);
+    placement.Move(textSearch, margin + labelWidth, margin, middle - margin - labelWidth,
+                   rowHeight);
+    placement.Move(buttonAdd, columnLeft, margin, columnWidth, rowHeight);
+    placement.Move(buttonOK, columnLeft, margin + rowHeight + gapY, columnWidth, rowHeight);
     const int top = margin + rowHeight + gapY;
-    Move(listAddresses, margin, top, middle - margin, bottom - top);
+    placement.Move(listAddresses, margin, top, middle - margin, bottom - top);
 }
 
 bool FormSmsSelectAddressWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {
@@ -73,7 +79,7 @@ bool FormSmsSelectAddressWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {
     return false;
 }
 
-void FormSmsSelectAddressWindow::OnCommand(HWND control, WORD notification) {
+void FormSmsSelectAddressWindow::OnCommand(HWND control, WORD notification, WORD) {
     if (control == textSearch.Window()) {
         if (notification == EN_CHANGE) textSearch.Changed();
     } else if (control == listAddresses.Window()) {

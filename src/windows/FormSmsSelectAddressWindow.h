@@ -13,13 +13,12 @@ public:
 
     bool Load() override;
     bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override {
-        OnSize();  // by now the controls have their captions
-        ShowWindowed();
-    }
+    void Show() override { ShowWindowed(); }
     void Unload() override { Destroy(); }
     FormPlace Place() const override { return WindowPlace(); }
-    void SetPlace(const FormPlace& place) override { SetWindowPlace(place); }
+    void SetPlace(const FormPlace& place, bool positioned) override {
+        SetWindowPlace(place, positioned);
+    }
     void SetCaption(TextView caption) override { SetWindowCaption(caption); }
     void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
         VisitControls(visit);
@@ -33,11 +32,11 @@ public:
     void SetEvents(FormSmsSelectAddressEvents& newEvents) override { events = &newEvents; }
 
 private:
-    void OnActivate() override {}
+    SIZE LeastClient() const override;
     void OnClose() override { events->Form_Close(); }
     void OnSize() override;
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
-    void OnCommand(HWND control, WORD notification) override;
+    void OnCommand(HWND control, WORD notification, WORD identifier) override;
 
     FormSmsSelectAddressEvents* events = nullptr;
 

@@ -3,10 +3,11 @@
 
 #include <optional>
 
-#include "windows/FormWindow.h"
-
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
+#include "windows/FormSmsSendControls.h"
+#include "windows/FormSmsSendLayout.h"
+#include "windows/FormWindow.h"
 
 namespace tellwick::windows {
 
@@ -16,77 +17,76 @@ public:
 
     bool Load() override;
     bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override;
+    void Show() override { ShowWindowed(); }
     void Unload() override { Destroy(); }
     FormPlace Place() const override { return WindowPlace(); }
-    void SetPlace(const FormPlace& place) override { SetWindowPlace(place); }
-    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
-    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
-        VisitControls(visit);
+    void SetPlace(const FormPlace& place, bool positioned) override {
+        SetWindowPlace(place, positioned);
     }
+    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
+    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override;
 
-    ComboBox& TextTo() override { return textTo; }
-    Control& ButtonTo() override { return buttonTo; }
-    ListBox& ListBoxNumbers() override { return listBoxNumbers; }
-    TextBox& Message() override { return message; }
-    CheckBox& CheckFlash() override { return checkFlash; }
-    CheckBox& CheckLong() override { return checkLong; }
-    ComboBox& ComboBoxTextbausteine() override { return comboBoxTextbausteine; }
-    Control& ButtonAdd() override { return buttonAdd; }
-    Control& ButtonDel() override { return buttonDel; }
-    Control& ButtonInsert() override { return buttonInsert; }
-    Control& ButtonSend() override { return buttonSend; }
-    Control& ButtonStore() override { return buttonStore; }
-    Control& ButtonOK() override { return buttonOK; }
-    Control& ButtonExpand() override { return buttonExpand; }
-    Control& ButtonHex() override { return buttonHex; }
-    Control& ButtonUcs2() override { return buttonUcs2; }
-    Control& LabelStatus() override { return labelStatus; }
-    ProgressBar& ProgressBar1() override { return progressBar1; }
-    StatusBar& StatusBar1() override { return statusBar1; }
+    ComboBox& TextTo() override { return controls.textTo; }
+    Control& ButtonTo() override { return controls.buttonTo; }
+    ListBox& ListBoxNumbers() override { return controls.listBoxNumbers; }
+    TextBox& Message() override { return controls.message; }
+    CheckBox& CheckFlash() override { return controls.checkFlash; }
+    CheckBox& CheckStatus() override { return controls.checkStatus; }
+    CheckBox& CheckLong() override { return controls.checkLong; }
+    ItemList& BoxExpires() override { return controls.boxExpires; }
+    CheckBox& CheckSendAndQuit() override { return controls.checkSendAndQuit; }
+    CheckBox& CheckSetNumber() override { return controls.checkSetNumber; }
+    ComboBox& ComboBoxTextbausteine() override { return controls.comboBoxTextbausteine; }
+    Control& ButtonAdd() override { return controls.buttonAdd; }
+    Control& ButtonDel() override { return controls.buttonDel; }
+    Control& ButtonInsert() override { return controls.buttonInsert; }
+    Control& ButtonSend() override { return controls.buttonSend; }
+    Control& ButtonStore() override { return controls.buttonStore; }
+    Control& ButtonOK() override { return controls.buttonOK; }
+    Control& ButtonExpand() override { return controls.buttonExpand; }
+    Control& ButtonHex() override { return controls.buttonHex; }
+    Control& ButtonUcs2() override { return controls.buttonUcs2; }
+    CheckBox& ButtonBar1(BarButton button) override {
+        return controls.buttonBar1.Button(int(button) + 1);
+    }
+    Control& LabelStatus() override { return controls.labelStatus; }
+    ProgressBar& ProgressBar1() override { return controls.progressBar1; }
+    StatusBar& StatusBar1() override { return controls.statusBar1; }
 
-    void Resize(bool expanded) override;
+    void Resize(bool nowExpanded) override;
+    void LoadBackGround() override;
     void PlaceListBoxNumbers(std::int32_t rows) override;
     void SetMessageFont(TextView name, std::int32_t points) override;
     void SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) override;
 
 private:
+    SIZE LeastClient() const override;
+    SIZE UsualClient() const override;
     void OnActivate() override { form->Form_Activate(); }
     void OnClose() override { form->Form_Close(); }
     void OnSize() override { form->Form_Resize(); }
+    void OnResolution() override;
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
     bool OnCharacter(char16_t character) override;
     bool OnDoubleClick(HWND target) override;
-    void OnCommand(HWND control, WORD notification) override;
+    void OnCommand(HWND control, WORD notification, WORD identifier) override;
+    void OnNotify(const NMHDR& notification) override;
     void TextToCommand(WORD notification);
     void ListBoxNumbersCommand(WORD notification);
     void ClickButton(HWND control);
+    void LeaveTemplates();
+    void MakeMessageFont();
 
     FormSmsSend* form = nullptr;
     std::optional<FormSmsSendParts> parts;
-    GdiObject messageFont;
+    // Layouts ask the controls for their captions and change nothing in them.
+    mutable FormSmsSendControls controls;
+    bool expanded = false;
+    int grown = 0;  // by how much the window became higher when it was expanded, in pixels
 
-    WindowControl buttonTo;
-    WindowComboBox textTo;
-    WindowTextBox message;
-    WindowCheckBox checkFlash;
-    WindowCheckBox checkLong;
-    WindowControl buttonSend;
-    WindowControl buttonStore;
-    WindowControl buttonHex;
-    WindowControl buttonUcs2;
-    WindowControl buttonOptions;
-    WindowControl buttonExpand;
-    WindowControl buttonOK;
-    WindowControl frameTextbausteine;
-    WindowComboBox comboBoxTextbausteine;
-    WindowControl buttonAdd;
-    WindowControl buttonDel;
-    WindowControl buttonInsert;
-    WindowControl labelStatus;
-    WindowProgressBar progressBar1;
-    WindowStatusBar statusBar1;
-    WindowListBox listBoxNumbers;
+    Text fontName;
+    std::int32_t fontPoints = 0;
+    GdiObject messageFont;
 };
 
 }  // namespace tellwick::windows

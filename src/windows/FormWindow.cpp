@@ -13,6 +13,7 @@ namespace tellwick::windows {
 namespace {
 
 constexpr const wchar_t* FormClass = L"TellwickForm";
+constexpr UINT ResolutionChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers used
 
 // The forms whose windows exist, and the hook that serves them. Outlook's thread only.
 std::vector<FormWindow*> openForms;
@@ -38,34 +39,6 @@ std::int32_t ShiftState() {
 
 }  // namespace
 
-MessageFont::MessageFont() {
-    NONCLIENTMETRICSW system{};
-    system.cbSize = sizeof system;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0);
-    font.reset(CreateFontIndirectW(&system.lfMessageFont));
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ previous = SelectObject(screen, font.get());
-    constexpr wchar_t Letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-    SIZE size{};
-    GetTextExtentPoint32W(screen, Letters, 52, &size);
-    metrics = {int(size.cy), int((size.cx / 26 + 1) / 2)};
-    SelectObject(screen, previous);
-    ReleaseDC(nullptr, screen);
-}
-
-SIZE MessageFont::Measure(TextView text, int width) const {
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ previous = SelectObject(screen, font.get());
-    RECT area{0, 0, width, 0};
-    DrawTextW(screen, reinterpret_cast<const wchar_t*>(text.data()), int(text.size()), &area,
-              UINT(DT_CALCRECT) | (width > 0 ? DT_WORDBREAK : 0u));
-    SelectObject(screen, previous);
-    ReleaseDC(nullptr, screen);
-    return {area.right, area.bottom};
-}
-
-FormWindow::FormWindow(SIZE leastDialogUnits) : leastDialogUnits(leastDialogUnits) {}
-
 FormWindow::~FormWindow() {
     Destroy();
 }
@@ -74,20 +47,25 @@ HWND FormWindow::ActiveWindow() {
     return GetActiveWindow();
 }
 
-bool FormWindow::Create(const std::vector<ControlPlan>& plan) {
+bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon) {
     if (window) return true;
     const VisualStyles styles;
     INITCOMMONCONTROLSEX common{sizeof common, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&common);
-    font = std::make_unique<MessageFont>();
     if (!RegisterFormClass()) return false;
-    const FontMetrics& metrics = font->Metrics();
-    window = CreateWindowExW(
-        WS_EX_CONTROLPARENT, FormClass, nullptr, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-        CW_USEDEFAULT, CW_USEDEFAULT, metrics.Horizontal(leastDialogUnits.cx * 5 / 4),
-        metrics.Vertical(leastDialogUnits.cy * 5 / 4), nullptr, nullptr, Library(), nullptr);
+    placed = false;
+    caller = ActiveWindow();
+    // Where the caller is, so that it is made for that monitor's resolution.
+    RECT around{};
+    if (caller) GetWindowRect(caller, &around);
+    window = CreateWindowExW(WS_EX_CONTROLPARENT, FormClass, nullptr,
+                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, around.left, around.top, 0, 0,
+                             nullptr, nullptr, Library(), nullptr);
     if (!window) return false;
     lifetime = std::make_unique<Lifetime>();
+    font = std::make_unique<MessageFont>(ResolutionOf(window));
+    icon = newIcon;
+    LoadIcons();
     const HWND toolTips =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0,
                         0, window, nullptr, Library(), nullptr);
@@ -112,15 +90,26 @@ void FormWindow::Destroy() {
     const HWND destroyed = std::exchange(window, nullptr);
     SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
     for (const ControlPlan& part : controls) part.control->Detach();
-    lastFocus = nullptr;
+    lastFocus = defaultButton = caller = nullptr;
     DestroyWindow(destroyed);
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
+    smallIcon.reset();
+    bigIcon.reset();
     lifetime.reset();
+}
+
+void FormWindow::LoadIcons() {
+    if (!icon) return;
+    smallIcon = LoadLibraryIcon(icon, font->Pixels(16));
+    bigIcon = LoadLibraryIcon(icon, font->Pixels(32));
+    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
+    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon.get()));
 }
 
 void FormWindow::ShowWindowed() {
     if (!window) return;
+    if (!std::exchange(placed, true)) PlaceFirst();
     ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
     SetForegroundWindow(window);
 }
@@ -139,23 +128,80 @@ FormPlace FormWindow::WindowPlace() const {
     return {place.left, place.top, place.right - place.left, place.bottom - place.top};
 }
 
-void FormWindow::SetWindowPlace(const FormPlace& place) {
-    if (!window) return;
-    RECT wanted;
-    GetWindowRect(window, &wanted);
-    const int width = place.width > 0 ? place.width : int(wanted.right - wanted.left);
-    const int height = place.height > 0 ? place.height : int(wanted.bottom - wanted.top);
-    if (place.left > 0) wanted.left = place.left;
-    if (place.top > 0) wanted.top = place.top;
-    wanted.right = wanted.left + width;
-    wanted.bottom = wanted.top + height;
+void FormWindow::SetWindowPlace(const FormPlace& place, bool newPositioned) {
+    wanted = place;
+    positioned = newPositioned;
+}
+
+SIZE FormWindow::UsualClient() const {
+    const SIZE least = LeastClient();
+    return {least.cx * 5 / 4, least.cy * 5 / 4};
+}
+
+// The size of the window around a client area.
+SIZE FormWindow::Framed(SIZE client) const {
+    RECT frame{0, 0, client.cx, client.cy};
+    AdjustWindowRectEx(&frame, DWORD(GetWindowLongW(window, GWL_STYLE)), FALSE,
+                       DWORD(GetWindowLongW(window, GWL_EXSTYLE)));
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+void FormWindow::PlaceFirst() {
+    const SIZE least = Framed(LeastClient());
+    const SIZE usual = Framed(UsualClient());
+    LONG width = std::max(wanted.width > 0 ? LONG(wanted.width) : usual.cx, least.cx);
+    LONG height = std::max(wanted.height > 0 ? LONG(wanted.height) : usual.cy, least.cy);
+    const RECT place{wanted.left, wanted.top, wanted.left + width, wanted.top + height};
+    HMONITOR screen = positioned ? MonitorFromRect(&place, MONITOR_DEFAULTTONULL) : nullptr;
+    const bool restored = screen != nullptr;
+    if (!restored) screen = MonitorFromWindow(caller, MONITOR_DEFAULTTOPRIMARY);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST), &monitor);
+    GetMonitorInfoW(screen, &monitor);
     const RECT& area = monitor.rcWork;
-    const LONG left = std::max(area.left, std::min(wanted.left, area.right - width));
-    const LONG top = std::max(area.top, std::min(wanted.top, area.bottom - height));
-    SetWindowPos(window, nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    width = std::min(width, area.right - area.left);
+    height = std::min(height, area.bottom - area.top);
+    RECT around = area;
+    if (caller && !IsIconic(caller)) GetWindowRect(caller, &around);
+    const LONG left = restored ? place.left : (around.left + around.right - width) / 2;
+    const LONG top = restored ? place.top : (around.top + around.bottom - height) / 2;
+    SetWindowPos(window, nullptr, std::clamp(left, area.left, area.right - width),
+                 std::clamp(top, area.top, area.bottom - height), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int FormWindow::Grow(int height) {
+    if (!window || IsZoomed(window) || IsIconic(window)) return 0;
+    RECT place;
+    GetWindowRect(window, &place);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT& area = monitor.rcWork;
+    const LONG before = place.bottom - place.top;
+    const LONG after = height > 0
+                           ? std::max(before, std::min(before + height, area.bottom - area.top))
+                           : before + height;
+    const LONG top =
+        height > 0 ? std::max(area.top, std::min(place.top, area.bottom - after)) : place.top;
+    SetWindowPos(window, nullptr, place.left, top, place.right - place.left, after,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    return int(after - before);
+}
+
+void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
+    // The controls let the old font go first.
+    const std::unique_ptr<MessageFont> old =
+        std::exchange(font, std::make_unique<MessageFont>(resolution));
+    for (const ControlPlan& part : controls) {
+        SendMessageW(part.control->Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()),
+                     FALSE);
+    }
+    LoadIcons();
+    OnResolution();
+    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    OnSize();
 }
 
 void FormWindow::SetWindowCaption(TextView caption) {
@@ -166,12 +212,9 @@ void FormWindow::VisitControls(const std::function<void(TextView, Control&)>& vi
     for (const ControlPlan& part : controls) visit(part.name, *part.control);
 }
 
-int FormWindow::CaptionWidth(const WindowControl& control) const {
-    return font->Measure(control.Caption()).cx + font->Metrics().Horizontal(12);
-}
-
-void FormWindow::Move(const WindowControl& control, int x, int y, int width, int height) {
-    MoveWindow(control.Window(), x, y, std::max(width, 0), std::max(height, 0), TRUE);
+void FormWindow::SetDefaultButton(const WindowControl& button) {
+    defaultButton = button.Window();
+    SendMessageW(defaultButton, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
 }
 
 LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM first,
@@ -207,13 +250,19 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_GETMINMAXINFO: {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(second);
-            limits.ptMinTrackSize = {font->Metrics().Horizontal(leastDialogUnits.cx),
-                                     font->Metrics().Vertical(leastDialogUnits.cy)};
+            const SIZE least = Framed(LeastClient());
+            limits.ptMinTrackSize = {least.cx, least.cy};
             return 0;
         }
-        case WM_COMMAND:
-            if (second) OnCommand(reinterpret_cast<HWND>(second), HIWORD(first));
+        case ResolutionChanged:
+            ChangeResolution(HIWORD(first), *reinterpret_cast<const RECT*>(second));
             return 0;
+        case WM_COMMAND:
+            if (second) OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
+            return 0;
+        case WM_NOTIFY:
+            OnNotify(*reinterpret_cast<const NMHDR*>(second));
+            return DefWindowProcW(own, message, first, second);
         default:
             return DefWindowProcW(own, message, first, second);
     }
@@ -245,9 +294,7 @@ bool FormWindow::HandleInput(MSG& message) {
         const auto keyCode = std::int32_t(message.wParam);
         // The key that submits has typed its line break by the time the form looks at the text.
         if (keyCode == VK_RETURN && shift == key::Control) TranslateMessage(&message);
-        if (OnKeyDown(keyCode, shift)) return true;
-        if (!window) return true;
-        if (keyCode == VK_TAB && MoveFocus((shift & key::Shift) != 0)) return true;
+        if (HandleKey(keyCode, shift)) return true;
     }
     if (message.message == WM_CHAR && OnCharacter(char16_t(message.wParam))) return true;
     const bool lineBreak = (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) ||
@@ -261,6 +308,28 @@ bool FormWindow::HandleInput(MSG& message) {
     return true;
 }
 
+bool FormWindow::HandleKey(std::int32_t keyCode, std::int32_t shift) {
+    if (OnKeyDown(keyCode, shift) || !window) return true;
+    if (keyCode == VK_TAB) return MoveFocus((shift & key::Shift) != 0);
+    const HWND focus = GetFocus();
+    const auto code = SendMessageW(focus, WM_GETDLGCODE, 0, 0);
+    const auto style = GetWindowLongW(focus, GWL_STYLE);
+    if (keyCode == 'A' && shift == key::Control && (code & DLGC_HASSETSEL)) {
+        // Older systems know this key in no text box.
+        SendMessageW(focus, EM_SETSEL, 0, -1);
+        return true;
+    }
+    if (keyCode != VK_RETURN || shift != 0) return false;
+    const HWND parent = GetParent(focus);
+    const HWND combo = parent == window ? focus : parent;
+    if (SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) return false;  // the key chooses in the list
+    const bool multiLine = (code & DLGC_HASSETSEL) && (style & ES_MULTILINE);
+    const HWND pushed = code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON) ? focus : defaultButton;
+    if (multiLine || !pushed || !IsWindowEnabled(pushed)) return false;
+    SendMessageW(pushed, BM_CLICK, 0, 0);
+    return true;
+}
+
 // A text box of several lines would keep the tabulator for itself.
 bool FormWindow::MoveFocus(bool backwards) {
     const HWND next = GetNextDlgTabItem(window, GetFocus(), backwards);
@@ -270,6 +339,18 @@ bool FormWindow::MoveFocus(bool backwards) {
         if (!(GetWindowLongW(next, GWL_STYLE) & ES_MULTILINE)) SendMessageW(next, EM_SETSEL, 0, -1);
     }
     return true;
+}
+
+Placement::Placement() : positions(BeginDeferWindowPos(40)) {}
+
+Placement::~Placement() {
+    if (positions) EndDeferWindowPos(positions);
+}
+
+void Placement::Move(const WindowControl& control, int x, int y, int width, int height) {
+    if (!positions || !control.Window()) return;
+    positions = DeferWindowPos(positions, control.Window(), nullptr, x, y, std::max(width, 0),
+                               std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace tellwick::windows

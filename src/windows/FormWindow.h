@@ -7,33 +7,12 @@
 
 #include "windows/Com.h"
 #include "windows/Lifetime.h"
+#include "windows/MessageFont.h"
 #include "windows/WindowControls.h"
 
 #include "platform/Forms.h"
 
 namespace tellwick::windows {
-
-// Sizes in pixels that follow the user's font.
-struct FontMetrics {
-    int lineHeight = 0;
-    int averageWidth = 0;
-    int Horizontal(int dialogUnits) const { return dialogUnits * averageWidth / 4; }
-    int Vertical(int dialogUnits) const { return dialogUnits * lineHeight / 8; }
-};
-
-// The user's font for messages, for the life of the object, with its sizes.
-class MessageFont {
-public:
-    MessageFont();
-    HFONT Get() const { return static_cast<HFONT>(font.get()); }
-    const FontMetrics& Metrics() const { return metrics; }
-    // Size of a text, mnemonic marks left out; `width` above 0 wraps it.
-    SIZE Measure(TextView text, int width = 0) const;
-
-private:
-    GdiObject font;
-    FontMetrics metrics;
-};
 
 // What a control of a form is made of. Its caption comes from the language.
 struct ControlPlan {
@@ -47,7 +26,7 @@ struct ControlPlan {
 
 class FormWindow {
 public:
-    explicit FormWindow(SIZE leastDialogUnits);
+    FormWindow() = default;
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
     virtual ~FormWindow();
@@ -57,40 +36,83 @@ public:
     static HWND ActiveWindow();
 
 protected:
-    bool Create(const std::vector<ControlPlan>& plan);
+    // Makes the window, not yet visible, with its controls; nothing when it exists. `icon` is a
+    // resource of the library. False when the system refuses.
+    bool Create(const std::vector<ControlPlan>& plan, int icon = 0);
     void Destroy();
+    // The first time at its place: the wanted one where a screen still is there, else over the
+    // window it was called from; never below its least size.
     void ShowWindowed();
     FormPlace WindowPlace() const;
-    void SetWindowPlace(const FormPlace& place);
+    // Wanted at the first showing.
+    void SetWindowPlace(const FormPlace& place, bool positioned);
+    // Makes the window higher, as far as the screen has room, or lower; how much it became.
+    int Grow(int height);
     void SetWindowCaption(TextView caption);
     void VisitControls(const std::function<void(TextView, Control&)>& visit);
     const MessageFont& Font() const { return *font; }
-    // Width that a button or check box needs for its caption.
-    int CaptionWidth(const WindowControl& control) const;
-    static void Move(const WindowControl& control, int x, int y, int width, int height);
+    // Whether it has its place: from its first showing on.
+    bool Placed() const { return placed; }
+    // Enter pushes it wherever nothing else takes that key.
+    void SetDefaultButton(const WindowControl& button);
+
+    // Sizes that a derived window lays its controls out by.
+    virtual SIZE LeastClient() const = 0;
+    // Of the first showing, where none is wanted.
+    virtual SIZE UsualClient() const;
 
     // Handlers of the derived window. Keys come before any control sees them; true uses them up.
-    virtual void OnActivate() = 0;
+    virtual void OnActivate() {}
     virtual void OnClose() = 0;
     virtual void OnSize() = 0;
+    // The resolution has changed: Font() is the new one, OnSize follows.
+    virtual void OnResolution() {}
     virtual bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) = 0;
     virtual bool OnCharacter(char16_t) { return false; }
     virtual bool OnDoubleClick(HWND) { return false; }
-    virtual void OnCommand(HWND control, WORD notification) = 0;
+    // `identifier` tells the buttons of a toolbar apart.
+    virtual void OnCommand(HWND control, WORD notification, WORD identifier) = 0;
+    virtual void OnNotify(const NMHDR&) {}
 
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);
     static LRESULT CALLBACK MessageHook(int code, WPARAM removal, LPARAM message);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
     bool HandleInput(MSG& message);
+    bool HandleKey(std::int32_t keyCode, std::int32_t shift);
     bool MoveFocus(bool backwards);
+    void PlaceFirst();
+    SIZE Framed(SIZE client) const;
+    void LoadIcons();
+    void ChangeResolution(int resolution, const RECT& suggested);
 
-    const SIZE leastDialogUnits;
     HWND window = nullptr;
     HWND lastFocus = nullptr;
+    HWND caller = nullptr;
+    HWND defaultButton = nullptr;
+    int icon = 0;
+    IconHandle smallIcon;
+    IconHandle bigIcon;
+    FormPlace wanted;
+    bool positioned = false;
+    bool placed = false;
     std::vector<ControlPlan> controls;
     std::unique_ptr<MessageFont> font;
     std::unique_ptr<Lifetime> lifetime;  // while the window exists
+};
+
+// Moves controls together, so that the window is painted once.
+class Placement {
+public:
+    Placement();
+    Placement(const Placement&) = delete;
+    Placement& operator=(const Placement&) = delete;
+    ~Placement();
+    // Sizes below 0 count as 0.
+    void Move(const WindowControl& control, int x, int y, int width, int height);
+
+private:
+    HDWP positions;
 };
 
 }  // namespace tellwick::windows

@@ -52,6 +52,11 @@ HMODULE Library() {
     return library;
 }
 
+IconHandle LoadLibraryIcon(int resource, int size) {
+    return IconHandle(static_cast<HICON>(
+        LoadImageW(library, MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, 0)));
+}
+
 Program& TheProgram() {
     if (!assembly) assembly = new Assembly;
     return assembly->program;

@@ -74,6 +74,12 @@ void WindowControl::SetWindowTextTo(TextView text) {
     if (window) SetWindowTextW(window, Wide(shown));
 }
 
+void WindowLabel::Announce(TextView text) {
+    if (!Window() || WindowText() == text) return;
+    SetWindowTextTo(text);
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Window(), OBJID_CLIENT, CHILDID_SELF);
+}
+
 LRESULT WindowControl::Send(UINT message, WPARAM first, LPARAM second) const {
     return window ? SendMessageW(window, message, first, second) : 0;
 }

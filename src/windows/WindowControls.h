@@ -38,6 +38,15 @@ private:
     HWND toolTips = nullptr;
 };
 
+// A text that changes while the form is open: screen readers are told.
+class WindowLabel : public WindowControl {
+public:
+    void SetCaption(TextView caption) override { Announce(caption); }
+
+protected:
+    void Announce(TextView text);
+};
+
 class WindowCheckBox : public CheckBox, public WindowControl {
 public:
     bool Checked() const override { return Send(BM_GETCHECK) == BST_CHECKED; }
@@ -88,6 +97,8 @@ public:
     void SetSelectedIndex(std::int32_t index) override { Send(CB_SETCURSEL, WPARAM(index)); }
     bool HasFocus() const override;
     HWND Edit() const override;
+    // Whether the list is open.
+    bool Dropped() const { return Send(CB_GETDROPPEDSTATE) != 0; }
 };
 
 class WindowProgressBar : public ProgressBar, public WindowControl {
@@ -95,10 +106,10 @@ public:
     void SetValue(std::int32_t percent) override;
 };
 
-class WindowStatusBar : public StatusBar, public WindowControl {
+class WindowStatusBar : public StatusBar, public WindowLabel {
 public:
     Text GetText() const override { return WindowText(); }
-    void SetText(TextView text) override { SetWindowTextTo(text); }
+    void SetText(TextView text) override { Announce(text); }
 };
 
 }  // namespace tellwick::windows

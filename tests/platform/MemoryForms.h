@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -125,7 +126,10 @@ public:
     void Show() override { ++shown; }
     void Unload() override { SetLoaded(false); }
     FormPlace Place() const override { return place; }
-    void SetPlace(const FormPlace& newPlace) override { place = newPlace; }
+    void SetPlace(const FormPlace& newPlace, bool newPositioned) override {
+        place = newPlace;
+        positioned = newPositioned;
+    }
     void SetCaption(TextView newCaption) override { caption = newCaption; }
     void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
         for (const auto& [name, control] : controls) visit(name, *control);
@@ -133,6 +137,7 @@ public:
 
     int shown = 0;
     FormPlace place{10, 20, 400, 300};
+    bool positioned = false;
     Text caption;
     std::vector<std::pair<TextView, MemoryControl*>> controls;
 
@@ -147,18 +152,37 @@ private:
 class MemoryFormSmsSendView : public MemoryFormView<FormSmsSendView> {
 public:
     MemoryFormSmsSendView() {
-        controls = {{u"TextTo", &textTo},           {u"ButtonTo", &buttonTo},
-                    {u"ListBoxNumbers", &numbers},  {u"Message", &message},
-                    {u"CheckFlash", &checkFlash},   {u"CheckLong", &checkLong},
-                    {u"ButtonAdd", &buttonAdd},     {u"ComboBoxTextbausteine", &templates},
-                    {u"ButtonDel", &buttonDel},     {u"ButtonInsert", &buttonInsert},
-                    {u"ButtonSend", &buttonSend},   {u"ButtonStore", &buttonStore},
-                    {u"ButtonOK", &buttonOK},       {u"ButtonExpand", &buttonExpand},
-                    {u"ButtonHex", &buttonHex},     {u"ButtonUcs2", &buttonUcs2},
-                    {u"LabelStatus", &labelStatus}, {u"ProgressBar1", &progressBar},
+        controls = {{u"TextTo", &textTo},
+                    {u"ButtonTo", &buttonTo},
+                    {u"ListBoxNumbers", &numbers},
+                    {u"Message", &message},
+                    {u"CheckFlash", &checkFlash},
+                    {u"CheckLong", &checkLong},
+                    {u"ButtonAdd", &buttonAdd},
+                    {u"ComboBoxTextbausteine", &templates},
+                    {u"ButtonDel", &buttonDel},
+                    {u"ButtonInsert", &buttonInsert},
+                    {u"ButtonSend", &buttonSend},
+                    {u"ButtonStore", &buttonStore},
+                    {u"ButtonOK", &buttonOK},
+                    {u"ButtonExpand", &buttonExpand},
+                    {u"ButtonHex", &buttonHex},
+                    {u"ButtonUcs2", &buttonUcs2},
+                    {u"LabelStatus", &labelStatus},
+                    {u"ProgressBar1", &progressBar},
+                    {u"CheckStatus", &checkStatus},
+                    {u"BoxExpires", &boxExpires},
+                    {u"CheckSendAndQuit", &checkSendAndQuit},
+                    {u"CheckSetNumber", &checkSetNumber},
                     {u"StatusBar1", &statusBar}};
         numbers.visible = false;
     }
+    MemoryCheckBox& CheckStatus() override { return checkStatus; }
+    MemoryListBox& BoxExpires() override { return boxExpires; }
+    MemoryCheckBox& CheckSendAndQuit() override { return checkSendAndQuit; }
+    MemoryCheckBox& CheckSetNumber() override { return checkSetNumber; }
+    MemoryCheckBox& ButtonBar1(BarButton button) override { return bar[std::size_t(button)]; }
+    void LoadBackGround() override {}
     MemoryComboBox& TextTo() override { return textTo; }
     MemoryControl& ButtonTo() override { return buttonTo; }
     MemoryListBox& ListBoxNumbers() override { return numbers; }
@@ -192,9 +216,10 @@ public:
 
 private:
     MemoryComboBox textTo, templates;
-    MemoryListBox numbers;
+    MemoryListBox numbers, boxExpires;
     MemoryTextBox message;
-    MemoryCheckBox checkFlash, checkLong;
+    MemoryCheckBox checkFlash, checkLong, checkStatus, checkSendAndQuit, checkSetNumber;
+    std::array<MemoryCheckBox, 6> bar;
     MemoryControl buttonTo, buttonAdd, buttonDel, buttonInsert, buttonSend, buttonStore, buttonOK,
         buttonExpand, buttonHex, buttonUcs2, labelStatus;
     MemoryProgressBar progressBar;

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "addin/Program.h"
-#include "platform/MemoryForms.h"
 #include "platform/Keys.h"
+#include "platform/MemoryForms.h"
 #include "platform/MemoryPlatform.h"
 #include "platform/Product.h"
 

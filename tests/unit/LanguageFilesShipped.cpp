@@ -123,7 +123,11 @@ TEST_CASE("the texts of every language file fit their places") {
             // One letter for one control of a form.
             const std::size_t mark = text.find(u'&');
             CHECK((mark != Text::npos || builtIn.text.find(u'&') == TextView::npos));
-            if (mark == Text::npos || builtIn.section == u"Messages") continue;
+            // The second caption of a control that has two shares the first one's letter.
+            if (mark == Text::npos || builtIn.section == u"Messages" ||
+                builtIn.key.ends_with(u".On")) {
+                continue;
+            }
             CHECK(mnemonics.insert(Name(builtIn.section, LowerCase(text.substr(mark + 1, 1))))
                       .second);
         }
@@ -142,6 +146,9 @@ TEST_CASE("without a language file the form has the captions it has always had")
           {u"ButtonOK", u"&Ende"},
           {u"ButtonOptions", u"Eins&tellungen"},
           {u"ButtonExpand", u"E&rweitern >>"},
+          {u"FrameOptions", u"Optionen"},
+          {u"CheckStatus", u"Stat&us-Report"},
+          {u"LabelExpires", u"&Gültigkeit:"},
           {u"ButtonHex", u"Hex"},
           {u"ButtonUcs2", u"Unicode"}}) {
         CAPTURE(Text(key));
@@ -182,7 +189,8 @@ TEST_CASE("code and language files know the same keys") {
         const std::string number =
             key.substr(std::min(key.size(), key.find_first_of("0123456789")));
         CAPTURE(key);
-        CHECK((code.find("u\"" + key.substr(0, key.find('.')) + "\"") != code.npos ||
+        CHECK((code.find("u\"" + key + "\"") != code.npos ||
+               code.find("u\"" + key.substr(0, key.find('.')) + "\"") != code.npos ||
                (message && (code.find("= " + number + ";") != code.npos ||
                             code.find(", " + number + "}") != code.npos ||
                             code.find("Message(" + number + ",") != code.npos))));

@@ -1,0 +1,60 @@
+#include "windows/FormSmsSendControls.h"
+
+namespace tellwick::windows {
+
+std::vector<ControlPlan> FormSmsSendControls::Plan() {
+    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON;
+    constexpr DWORD Check = WS_TABSTOP | BS_AUTOCHECKBOX;
+    constexpr DWORD Combo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL;
+    constexpr DWORD DropDown = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
+    constexpr DWORD Box =
+        WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | ES_NOHIDESEL;
+    constexpr DWORD List =
+        WS_BORDER | WS_VSCROLL | WS_CLIPSIBLINGS | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT;
+    constexpr DWORD Group = WS_GROUP | BS_GROUPBOX;
+    // What is behind a group box's frame is the form's to paint.
+    constexpr DWORD SeeThrough = WS_EX_TRANSPARENT;
+    return {
+        // First in depth: the match list lies over the other controls.
+        {u"LabelNumbers", &labelNumbers, L"STATIC", 0, 0, false},
+        {u"ListBoxNumbers", &listBoxNumbers, L"LISTBOX", List, 0, false},
+        {u"ButtonBar1", &buttonBar1, WindowToolbar::Class, WindowToolbar::Style, 0},
+        {u"ButtonTo", &buttonTo, L"BUTTON", Button | WS_GROUP, 0},
+        {u"LabelTo", &labelTo, L"STATIC", 0, 0, false},
+        {u"TextTo", &textTo, L"COMBOBOX", Combo, 0},
+        {u"LabelMessage", &labelMessage, L"STATIC", 0, 0, false},
+        {u"Message", &message, L"EDIT", Box, WS_EX_CLIENTEDGE},
+        {u"FrameOptions", &frameOptions, L"BUTTON", Group, SeeThrough},
+        {u"CheckFlash", &checkFlash, L"BUTTON", Check, 0},
+        {u"CheckStatus", &checkStatus, L"BUTTON", Check, 0},
+        {u"CheckLong", &checkLong, L"BUTTON", Check, 0},
+        {u"LabelExpires", &labelExpires, L"STATIC", SS_LEFT, 0},
+        {u"BoxExpires", &boxExpires, L"COMBOBOX", DropDown, 0},
+        {u"CheckSendAndQuit", &checkSendAndQuit, L"BUTTON", Check, 0},
+        {u"CheckSetNumber", &checkSetNumber, L"BUTTON", Check, 0},
+        {u"ButtonSend", &buttonSend, L"BUTTON", Button | WS_GROUP, 0},
+        {u"ButtonStore", &buttonStore, L"BUTTON", Button, 0},
+        {u"ButtonHex", &buttonHex, L"BUTTON", Button, 0},
+        {u"ButtonUcs2", &buttonUcs2, L"BUTTON", Button, 0},
+        {u"ButtonOptions", &buttonOptions, L"BUTTON", Button, 0},
+        {u"ButtonHelp", &buttonHelp, L"BUTTON", Button, 0},
+        {u"ButtonExpand", &buttonExpand, L"BUTTON", Button, 0},
+        {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0},
+        {u"FrameTextbausteine", &frameTextbausteine, L"BUTTON", Group, SeeThrough, false},
+        {u"LabelTextbausteine", &labelTextbausteine, L"STATIC", 0, 0, false},
+        {u"ComboBoxTextbausteine", &comboBoxTextbausteine, L"COMBOBOX", Combo, 0, false},
+        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0, false},
+        {u"ButtonDel", &buttonDel, L"BUTTON", Button, 0, false},
+        {u"ButtonInsert", &buttonInsert, L"BUTTON", Button, 0, false},
+        {u"LabelStatus", &labelStatus, L"STATIC", WS_GROUP | SS_LEFT | SS_NOPREFIX, 0},
+        {u"LabelProgress", &labelProgress, L"STATIC", 0, 0, false},
+        {u"ProgressBar1", &progressBar1, PROGRESS_CLASSW, 0, 0},
+        {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
+    };
+}
+
+std::vector<WindowControl*> FormSmsSendControls::Templates() {
+    return {&frameTextbausteine, &comboBoxTextbausteine, &buttonAdd, &buttonDel, &buttonInsert};
+}
+
+}  // namespace tellwick::windows

@@ -1,0 +1,60 @@
+#include "windows/MessageFont.h"
+
+namespace tellwick::windows {
+
+namespace {
+
+// The screen with a font selected into it.
+class Screen {
+public:
+    explicit Screen(HGDIOBJ font)
+        : context(GetDC(nullptr)), previous(font ? SelectObject(context, font) : nullptr) {}
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen() {
+        if (previous) SelectObject(context, previous);
+        ReleaseDC(nullptr, context);
+    }
+    HDC Get() const { return context; }
+
+private:
+    HDC context;
+    HGDIOBJ previous;
+};
+
+int SystemResolution() {
+    return GetDeviceCaps(Screen(nullptr).Get(), LOGPIXELSY);
+}
+
+}  // namespace
+
+int ResolutionOf(HWND window) {
+    using DpiForWindow = UINT(WINAPI*)(HWND);
+    static const auto dpiForWindow = SystemFunction<DpiForWindow>(L"user32.dll", "GetDpiForWindow");
+    const UINT own = window && dpiForWindow ? dpiForWindow(window) : 0;
+    return own ? int(own) : SystemResolution();
+}
+
+MessageFont::MessageFont(int resolution) : resolution(resolution) {
+    NONCLIENTMETRICSW system{};
+    system.cbSize = sizeof system;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof system, &system, 0);
+    LOGFONTW& logical = system.lfMessageFont;
+    logical.lfHeight = MulDiv(logical.lfHeight, resolution, SystemResolution());
+    font.reset(CreateFontIndirectW(&logical));
+    const Screen screen(font.get());
+    constexpr wchar_t Letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    SIZE size{};
+    GetTextExtentPoint32W(screen.Get(), Letters, 52, &size);
+    metrics = {int(size.cy), int((size.cx / 26 + 1) / 2)};
+}
+
+SIZE MessageFont::Measure(TextView text, int width) const {
+    const Screen screen(font.get());
+    RECT area{0, 0, width, 0};
+    DrawTextW(screen.Get(), reinterpret_cast<const wchar_t*>(text.data()), int(text.size()), &area,
+              UINT(DT_CALCRECT) | (width > 0 ? DT_WORDBREAK : 0u));
+    return {area.right, area.bottom};
+}
+
+}  // namespace tellwick::windows
