@@ -164,12 +164,9 @@ Text MemoryPrograms::FirstModulePath(std::uint32_t process) {
 }
 
 bool MemoryPrograms::Start(TextView application, TextView startLine, WindowStyle style) {
-    if (failStart) {
-        errors.Note(error::FileNotFound, u"File not found");
-        return false;
-    }
     started.push_back({Text(application), Text(startLine), style});
-    return true;
+    if (failStart) errors.Note(error::FileNotFound, u"File not found");
+    return !failStart;
 }
 
 bool MemoryPrograms::OpenAssociated(TextView document) {

@@ -103,7 +103,7 @@ public:
     std::int32_t platformId = 2;
     std::vector<Text> snapshot;
     std::vector<Text> paths;  // of the first module of each process
-    std::vector<Started> started;
+    std::vector<Started> started;  // or tried to
     std::vector<Text> opened;
     bool failStart = false;
     bool failOpen = false;  // nothing is associated
