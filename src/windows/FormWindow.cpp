@@ -260,6 +260,13 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_COMMAND:
             if (second) OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
             return 0;
+        case WM_NEXTDLGCTL: {
+            // A mnemonic of a label leads to the control behind it.
+            const HWND next = LOWORD(second) ? reinterpret_cast<HWND>(first)
+                                             : GetNextDlgTabItem(own, GetFocus(), first != 0);
+            if (next) ::SetFocus(next);
+            return 0;
+        }
         case WM_NOTIFY:
             OnNotify(*reinterpret_cast<const NMHDR*>(second));
             return DefWindowProcW(own, message, first, second);

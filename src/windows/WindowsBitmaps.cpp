@@ -87,6 +87,8 @@ ObjectPtr WindowsBitmaps::CreatePicture(BitmapHandle bitmap) {
 }
 
 void WindowsBitmaps::ClearClipboard() {
+    // To open it costs more than to look.
+    if (CountClipboardFormats() == 0) return;
     const OpenClipboardScope clipboard;
     if (!clipboard || !EmptyClipboard()) {
         NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));

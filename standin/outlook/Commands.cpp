@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "outlook/AddInForms.h"
 #include "outlook/ExplorerWindow.h"
 #include "outlook/Face.h"
 #include "platform/OutlookEvents.h"
@@ -239,6 +240,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},
         {u"click", {2, &Commands::Click}},
+        {u"click-time", {2, &Commands::ClickTime}},
         {u"click-menu", {2, &Commands::ClickMenu}},
         {u"where", {2, &Commands::Where}},
         {u"where-item", {2, &Commands::WhereItem}},
@@ -248,6 +250,10 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"references", {0, &Commands::References}},
         {u"unload", {0, &Commands::Unload}},
         {u"fail", {2, &Commands::Fail}},
+        {u"controls", {0, &Commands::Controls}},
+        {u"shrink-forms", {0, &Commands::ShrinkForms}},
+        {u"close-forms", {0, &Commands::CloseForms}},
+        {u"resolution", {1, &Commands::Resolution}},
         {u"times", {0, &Commands::Times}},
         {u"memory", {0, &Commands::Memory}},
         {u"pump", {0, &Commands::Pump}},
@@ -492,6 +498,23 @@ Text Commands::Click(const Words& words) {
     return {};
 }
 
+Text Commands::ClickTime(const Words& words) {
+    LARGE_INTEGER start;
+    LARGE_INTEGER end;
+    LARGE_INTEGER frequency;
+    QueryPerformanceFrequency(&frequency);
+    dispatcher.Hold();
+    QueryPerformanceCounter(&start);
+    Click(words);
+    RunMessages(desk, 0);
+    QueryPerformanceCounter(&end);
+    dispatcher.Release();
+    wchar_t title[256] = L"";
+    GetWindowTextW(GetActiveWindow(), title, 256);
+    return RealText(double(end.QuadPart - start.QuadPart) * 1000.0 / double(frequency.QuadPart)) +
+           u" " + FromWide(title);
+}
+
 Text Commands::ClickMenu(const Words& words) {
     Require(outlook.ClickButton(ExplorerAt(words)->NewMenuEntry(words[1])), "no such entry");
     return {};
@@ -543,6 +566,31 @@ Text Commands::Fail(const Words& words) {
     const std::string number = ToUtf8(words[1]);
     outlook.FailMember(words[0].substr(0, dot), words[0].substr(dot + 1),
                        std::int32_t(std::strtoul(number.c_str(), nullptr, 0)));
+    return {};
+}
+
+Text Commands::CloseForms(const Words&) {
+    for (const HWND window : AddInWindows()) SendMessageW(window, WM_CLOSE, 0, 0);
+    return {};
+}
+
+Text Commands::ShrinkForms(const Words&) {
+    for (const HWND window : AddInWindows()) {
+        SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+    }
+    return {};
+}
+
+Text Commands::Controls(const Words&) {
+    std::vector<Text> all;
+    for (const HWND window : AddInWindows()) {
+        for (const Text& control : DescribeControls(window)) all.push_back(Quoted(control));
+    }
+    return Joined(all);
+}
+
+Text Commands::Resolution(const Words& words) {
+    for (const HWND window : AddInWindows()) ChangeResolution(window, LeadingNumber32(words[0]));
     return {};
 }
 

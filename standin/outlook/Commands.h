@@ -29,6 +29,8 @@
 //                                    a button that is remembered, as an earlier run leaves one
 //   click N CAPTION [BAR]            clicks a button of a bar
 //   click-menu N CAPTION             chooses an entry of the "New" drop-down
+//   click-time N CAPTION             likewise; milliseconds until the queue is empty again, behind
+//                                    them the title of the window that is active then
 //   where N CAPTION                  the button's rectangle on the screen: left top right bottom
 //   where-item N ITEM                likewise of an item's line in the list
 // add-ins
@@ -41,6 +43,12 @@
 //   fail CLASS.MEMBER NUMBER         every use fails with that error number, decimal; with the
 //                                    HRESULT when it is 0x8...; 0 ends that
 // the rest
+//   close-forms                      closes every window of an add-in by its frame
+//   shrink-forms                     makes them as small as they let themselves be made
+//   controls                         of those windows, the visible ones: class, left top right
+//                                    bottom, the width that the caption needs, the caption
+//   resolution DPI                   tells every window of an add-in that its monitor has another
+//                                    resolution now, as a host that follows monitors does
 //   times                            milliseconds spent in OnConnection and in the shutdown
 //   memory                           private bytes before and after the connection, and now
 //   pump                             runs what waits in the message queue
@@ -102,6 +110,7 @@ private:
     Text Menu(const Words&);
     Text AddControl(const Words&);
     Text Click(const Words&);
+    Text ClickTime(const Words&);
     Text ClickMenu(const Words&);
     Text Where(const Words&);
     Text WhereItem(const Words&);
@@ -111,6 +120,10 @@ private:
     Text References(const Words&);
     Text Unload(const Words&);
     Text Fail(const Words&);
+    Text CloseForms(const Words&);
+    Text ShrinkForms(const Words&);
+    Text Controls(const Words&);
+    Text Resolution(const Words&);
     Text Times(const Words&);
     Text Memory(const Words&);
     Text Pump(const Words&);

@@ -2,6 +2,7 @@
 //
 //   OutlookStandIn [--version 9|10|11|16] [--no-window] [--commands] [--script FILE] [--late]
 //                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
+//                  [--ansi-loop]
 //
 //   --version        plays Outlook 2000, 2002, 2003 (the default) or 2016
 //   --no-window      starts without a window, as for another program
@@ -11,6 +12,7 @@
 //   --fail           the member fails with that error from the start
 //   --no-redemption  "Redemption.SafeMailItem" is missing
 //   --no-events      the application object has no events
+//   --ansi-loop      takes its messages by the system's ANSI functions, as old Outlooks do
 //   --empty          starts without the sample items
 //
 // Ends when its last window closes, by Exit, Application.Quit or a command. Then it prints what
@@ -73,6 +75,7 @@ struct Options {
     bool redemption = true;
     bool events = true;
     bool samples = true;
+    bool ansiLoop = false;
 };
 
 std::optional<Options> ReadOptions() {
@@ -113,6 +116,8 @@ std::optional<Options> ReadOptions() {
             options.redemption = false;
         } else if (word == u"--no-events") {
             options.events = false;
+        } else if (word == u"--ansi-loop") {
+            options.ansiLoop = true;
         } else if (word == u"--empty") {
             options.samples = false;
         } else {
@@ -123,12 +128,14 @@ std::optional<Options> ReadOptions() {
     return valid ? std::optional<Options>(options) : std::nullopt;
 }
 
-void RunMessageLoop(const Desk& desk) {
+void RunMessageLoop(const Desk& desk, bool ansi) {
+    const auto next = ansi ? GetMessageA : GetMessageW;
+    const auto dispatch = ansi ? DispatchMessageA : DispatchMessageW;
     MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (next(&message, nullptr, 0, 0) > 0) {
         if (desk.Translate(message)) continue;
         TranslateMessage(&message);
-        DispatchMessageW(&message);
+        dispatch(&message);
     }
 }
 
@@ -236,7 +243,7 @@ int Run(const Options& options) {
             ReadCommands(GetStdHandle(STD_INPUT_HANDLE), dispatcher, commands,
                          [&] { outlook.quitRequested(); });
         }
-        RunMessageLoop(desk);
+        RunMessageLoop(desk, options.ansiLoop);
         RunRest();
         loader.Abandon();
     }

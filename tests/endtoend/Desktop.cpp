@@ -178,6 +178,14 @@ void Type(const std::wstring& text) {
     }
 }
 
+void TypeCharacters(const std::wstring& text) {
+    for (const wchar_t character : text) {
+        const INPUT down = KeyInput(0, character, KEYEVENTF_UNICODE);
+        const INPUT up = KeyInput(0, character, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+        Send({down, up});
+    }
+}
+
 void Press(WORD key, const std::vector<WORD>& modifiers) {
     const auto scan = [](WORD code) {
         return static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));

@@ -35,6 +35,8 @@ void Click(HWND window);
 void ClickAt(int x, int y);
 // Text as keys of the current keyboard layout; "\n" is Enter, "\t" Tab.
 void Type(const std::wstring& text);
+// Characters whatever the layout, as an input method or another keyboard gives them.
+void TypeCharacters(const std::wstring& text);
 // One key, by virtual-key code, with modifiers held.
 void Press(WORD key, const std::vector<WORD>& modifiers = {});
 

@@ -95,6 +95,10 @@ void WriteText(const std::wstring& key, const std::wstring& name, const std::wst
                 static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
+void WriteNumber(const std::wstring& key, const std::wstring& name, DWORD number) {
+    SHSetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), REG_DWORD, &number, sizeof number);
+}
+
 void DeleteKey(const std::wstring& key) { SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str()); }
 
 bool KeyExists(HKEY hive, const std::wstring& key) {

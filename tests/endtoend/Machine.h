@@ -20,6 +20,7 @@ inline constexpr wchar_t LoaderKey[] =
 std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name);
 std::optional<DWORD> ReadNumber(const std::wstring& key, const std::wstring& name);
 void WriteText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
+void WriteNumber(const std::wstring& key, const std::wstring& name, DWORD number);
 void DeleteKey(const std::wstring& key);
 bool KeyExists(HKEY hive, const std::wstring& key);
 

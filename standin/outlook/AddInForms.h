@@ -1,0 +1,23 @@
+// The windows of add-ins in this process, as the commands look at them and do things to them.
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "platform/Text.h"
+
+namespace tellwick::standin {
+
+// Visible windows of this thread that are not the stand-in's own.
+std::vector<HWND> AddInWindows();
+
+// Tells a window that its monitor has another resolution now, with its place scaled around its
+// corner, as the system does it.
+void ChangeResolution(HWND window, int resolution);
+
+// One text for each visible control of a window: its class, its rectangle in the window, the width
+// that its caption needs in its own font (0 without one), and its caption with its mnemonic.
+std::vector<Text> DescribeControls(HWND window);
+
+}  // namespace tellwick::standin

@@ -1,0 +1,124 @@
+// The form's controls in every language at every resolution, in the smallest window.
+#include <doctest.h>
+
+#include <cwctype>
+#include <set>
+#include <sstream>
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Form.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+struct ControlOnForm {
+    std::string className, caption;
+    RECT place{};
+    LONG needed = 0;  // the width of its caption
+};
+
+std::vector<ControlOnForm> Controls(StandIn& outlook) {
+    std::vector<ControlOnForm> controls;
+    for (const std::string& entry : outlook.List("controls")) {
+        ControlOnForm control;
+        std::istringstream words(entry.substr(1, entry.size() - 2));
+        words >> control.className >> control.place.left >> control.place.top >>
+            control.place.right >> control.place.bottom >> control.needed;
+        std::getline(words >> std::ws, control.caption);
+        controls.push_back(control);
+    }
+    return controls;
+}
+
+bool Surrounds(const RECT& outer, const RECT& inner) {
+    return outer.left < inner.left && outer.top < inner.top && outer.right > inner.right &&
+           outer.bottom > inner.bottom;
+}
+
+void CheckLayout(StandIn& outlook) {
+    outlook.Command("shrink-forms");
+    const std::vector<ControlOnForm> controls = Controls(outlook);
+    REQUIRE(controls.size() > 20);
+    std::set<char> mnemonics;
+    for (auto one = controls.begin(); one != controls.end(); ++one) {
+        CAPTURE(one->caption);
+        CAPTURE(one->className);
+        CHECK(one->place.right - one->place.left >= one->needed);
+        CHECK(one->place.bottom > one->place.top);
+        for (auto other = one + 1; other != controls.end(); ++other) {
+            CAPTURE(other->caption);
+            CAPTURE(other->className);
+            RECT shared;
+            if (!IntersectRect(&shared, &one->place, &other->place)) continue;
+            CHECK((Surrounds(one->place, other->place) || Surrounds(other->place, one->place)));
+        }
+        const std::size_t mark = one->caption.find('&');
+        if (mark == std::string::npos) continue;
+        CHECK(mnemonics.insert(char(std::tolower(one->caption[mark + 1]))).second);
+    }
+}
+
+// Folds or unfolds the templates by the button bar's button.
+void PressTemplates(const Form& form) {
+    constexpr WPARAM Template = 3;
+    const HWND bar = FindByClass(form.window, L"ToolbarWindow32");
+    REQUIRE(bar);
+    SendMessageW(form.window, WM_COMMAND, Template, reinterpret_cast<LPARAM>(bar));
+}
+
+// What programs started from now on take for the system's resolution.
+class Resolution {
+public:
+    explicit Resolution(DWORD dotsPerInch) { Set(dotsPerInch); }
+    Resolution(const Resolution&) = delete;
+    Resolution& operator=(const Resolution&) = delete;
+    ~Resolution() { Set(96); }
+
+private:
+    static void Set(DWORD dotsPerInch) {
+        WriteNumber(L"Control Panel\\Desktop", L"LogPixels", dotsPerInch);
+    }
+};
+
+}  // namespace
+
+TEST_CASE("every caption fits and nothing overlaps, in every language at every resolution") {
+    for (const DWORD resolution : {96, 120, 144, 192}) {
+        CAPTURE(resolution);
+        const Resolution system(resolution);
+        for (const char* const language : {"Deutsch", "English", "Francais", "Espanol",
+                                           "Portugues-BR", "Cesky", "Nederlands", "Polski"}) {
+            CAPTURE(language);
+            Machine machine(language);
+            StandIn outlook(11, L"--empty");
+            const Form form = Form::Open(outlook);
+            CheckLayout(outlook);
+            PressTemplates(form);
+            CheckLayout(outlook);
+        }
+    }
+}
+
+TEST_CASE("on a monitor of another resolution the form is laid out anew") {
+    Machine machine;
+    StandIn outlook(16, L"--empty");
+    const Form form = Form::Open(outlook);
+    Form::Fill(form.message, L"bleibt");
+    const auto button = [&] {
+        for (const ControlOnForm& control : Controls(outlook)) {
+            if (control.caption == "SMS senden") return control.place;
+        }
+        return RECT{};
+    };
+    const RECT before = button();
+    outlook.Command("resolution 192");
+    CheckLayout(outlook);
+    const RECT after = button();
+    CHECK(after.bottom - after.top > 3 * (before.bottom - before.top) / 2);
+    CHECK(TextOf(form.message) == L"bleibt");
+    outlook.Command("resolution 96");
+    CheckLayout(outlook);
+}

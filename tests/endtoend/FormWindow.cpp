@@ -1,0 +1,179 @@
+// The form as a window: its place, its growth, its keys, and what it says to a screen reader.
+#include <doctest.h>
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Form.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+RECT PlaceOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+LONG HeightOf(HWND window) {
+    const RECT place = PlaceOf(window);
+    return place.bottom - place.top;
+}
+
+HWND Explorer(StandIn& outlook) {
+    return reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(outlook.Command("window 1"))));
+}
+
+POINT MiddleOf(HWND window) {
+    const RECT place = PlaceOf(window);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void PutOnClipboard(const std::wstring& text) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    lstrcpyW(static_cast<wchar_t*>(GlobalLock(memory)), text.c_str());
+    GlobalUnlock(memory);
+    REQUIRE(WaitUntil([] { return OpenClipboard(nullptr) != 0; }));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+}
+
+int announced = 0;
+HWND listenedTo = nullptr;
+
+void CALLBACK CountNameChange(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
+    if (window == listenedTo) ++announced;
+}
+
+}  // namespace
+
+TEST_CASE("unfolding makes the form higher by what it shows, folding takes that back") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    Form form = Form::Open(outlook);
+    const LONG folded = HeightOf(form.window);
+    const LONG message = HeightOf(form.message);
+    const HWND frame = form.Control(L"Textbausteine");
+    Press('R', {VK_MENU});
+    REQUIRE(WaitUntil([&] { return IsWindowVisible(frame) != 0; }));
+    CHECK(WaitUntil([&] { return HeightOf(form.window) > folded; }));
+    const LONG unfolded = HeightOf(form.window);
+    CHECK(HeightOf(form.message) == message);
+    // The next form has the same size; folding it gives the same small one.
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntilGone(form.window));
+    form = Form::Open(outlook);
+    CHECK(HeightOf(form.window) == unfolded);
+    Press('R', {VK_MENU});
+    CHECK(WaitUntil([&] { return HeightOf(form.window) == folded; }));
+    CHECK(HeightOf(form.message) == message);
+}
+
+TEST_CASE("the form opens over Outlook, and later where it was, unless no screen is there") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    Form form = Form::Open(outlook);
+    const auto overOutlook = [&] {
+        const POINT form1 = MiddleOf(form.window);
+        const POINT outlook1 = MiddleOf(Explorer(outlook));
+        return std::abs(form1.x - outlook1.x) < 20 && std::abs(form1.y - outlook1.y) < 40;
+    };
+    CHECK(overOutlook());
+    SetWindowPos(form.window, nullptr, 60, 70, 640, 520, SWP_NOZORDER);
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntilGone(form.window));
+    form = Form::Open(outlook);
+    const RECT place = PlaceOf(form.window);
+    CHECK(std::abs(place.left - 60) < 15);
+    CHECK(std::abs(place.top - 70) < 35);
+    CHECK(place.right - place.left == 640);
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntilGone(form.window));
+    const std::string settings = ReadBytes(machine.SettingsFile());
+    const std::size_t at = settings.find("SMSSendPosx=");
+    REQUIRE(at != std::string::npos);
+    WriteBytes(machine.SettingsFile(), settings.substr(0, at) + "SMSSendPosx=-9000" +
+                                           settings.substr(settings.find("\r\n", at)));
+    StandIn next(11, L"--empty");
+    form = Form::Open(next);
+    const RECT again = PlaceOf(form.window);
+    CHECK(again.left >= 0);
+    CHECK(again.right - again.left == 640);
+}
+
+TEST_CASE("every character arrives, typed and pasted, whatever loop the host has") {
+    for (const wchar_t* const options : {L"--empty", L"--empty --ansi-loop"}) {
+        Machine machine;
+        StandIn outlook(9, options);
+        const Form form = Form::Open(outlook);
+        Click(form.message);
+        REQUIRE(WaitUntil([&] { return Focus() == form.message; }));
+        TypeCharacters(L"\u0141\u00F3d\u017A \u03A9 \u20AC \u4F60");
+        CHECK(WaitUntil(
+            [&] { return TextOf(form.message) == L"\u0141\u00F3d\u017A \u03A9 \u20AC \u4F60"; }));
+        PutOnClipboard(L"\u041F\u0440\u0438\u0432\u0435\u0442");
+        Press('A', {VK_CONTROL});
+        Press('V', {VK_CONTROL});
+        CHECK(WaitUntil(
+            [&] { return TextOf(form.message) == L"\u041F\u0440\u0438\u0432\u0435\u0442"; }));
+        Press('Z', {VK_CONTROL});
+        CHECK(
+            WaitUntil([&] { return TextOf(form.message).find(L"\u03A9") != std::wstring::npos; }));
+        Click(form.to);
+        REQUIRE(WaitUntil([&] { return Focus() == form.to; }));
+        TypeCharacters(L"\u0160\u00E1rka");
+        CHECK(WaitUntil([&] { return TextOf(form.to) == L"\u0160\u00E1rka"; }));
+    }
+}
+
+TEST_CASE("keys: Enter goes on from the recipient, F4 opens lists, a focused button is pushed") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    const Form form = Form::Open(outlook);
+    Form::Fill(form.to, L"0171");
+    Press(VK_RETURN);
+    CHECK(WaitUntil([&] { return Focus() == form.message; }));
+    CHECK(TextOf(form.message).empty());
+    // The validity by its mnemonic; its list by F4, a choice by the arrow.
+    Press('G', {VK_MENU});
+    REQUIRE(WaitUntil([&] { return ClassOf(Focus()) == L"ComboBox"; }));
+    const HWND expires = Focus();
+    Press(VK_F4);
+    CHECK(WaitUntil([&] { return SendMessageW(expires, CB_GETDROPPEDSTATE, 0, 0) != 0; }));
+    Press(VK_DOWN);
+    Press(VK_RETURN);
+    CHECK(WaitUntil([&] { return SendMessageW(expires, CB_GETDROPPEDSTATE, 0, 0) == 0; }));
+    CHECK(TextOf(expires) == L"0 Minuten");
+    CHECK(IsWindowVisible(form.window));
+    const HWND hex = form.Control(L"Hex");
+    Form::Fill(form.message, L"Hi");
+    for (int tabs = 0; tabs < 20 && Focus() != hex; ++tabs) Press(VK_TAB);
+    REQUIRE(Focus() == hex);
+    Press(VK_RETURN);
+    CHECK(WaitUntil([&] { return TextOf(form.message) == L"4869"; }));
+}
+
+TEST_CASE("the counter is announced, and every field has a label before it") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    const Form form = Form::Open(outlook);
+    listenedTo = form.Control(L"Zeichen: 0/160");
+    const HWINEVENTHOOK hook =
+        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, CountNameChange,
+                        0, 0, WINEVENT_OUTOFCONTEXT);
+    REQUIRE(hook);
+    Form::Fill(form.message, L"x");
+    CHECK(WaitUntil([&] {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        return announced > 0;
+    }));
+    UnhookWinEvent(hook);
+    for (const HWND field : {form.message, GetParent(form.to)}) {
+        const HWND label = GetWindow(field, GW_HWNDPREV);
+        CHECK(ClassOf(label) == L"Static");
+        CHECK_FALSE(TextOf(label).empty());
+    }
+}
