@@ -23,4 +23,12 @@ buildPresets() {
         (cd "$root" && cmake --build --preset "$preset" -- --quiet) || fail "building $preset failed"
     done
 }
+
+# putBeside FOLDER: what a library in that folder finds beside itself: languages and manual.
+putBeside() {
+    "$tools/help"
+    cp -r "$root/lang" "$1/lang"
+    cp -r "$root/manual" "$1/Manual"
+    cp "$build/help"/*.chm "$1"
+}
 mkdir -p "$build"

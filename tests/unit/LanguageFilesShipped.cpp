@@ -1,8 +1,11 @@
 // The language files that ship with the add-in, against each other and the texts built in.
 #include <doctest.h>
+#include <iconv.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <set>
 
 #include "SettingsModules.h"
@@ -34,29 +37,73 @@ std::set<Text> TextsLookedUp() {
     return names;
 }
 
+// What a language's readers have on their Windows, and what its texts hold beside ASCII: a file in
+// another encoding decodes into other characters.
+struct ShippedLanguage {
+    TextView file;
+    const char* codePage;
+    TextView letters;
+};
+constexpr ShippedLanguage Languages[] = {
+    {u"Cesky.lng", "CP1250", u"áčďéěíňóřšťúůýžČŠŽ„“"},
+    {u"Deutsch.lng", "CP1252", u"äöüßÄÖÜ„“"},
+    {u"English.lng", "CP1252", u"“”"},
+    {u"Espanol.lng", "CP1252", u"áéíñóúü¿“”"},
+    {u"Francais.lng", "CP1252", u"àâçèéêîôùûÀÉ«»\u00A0"},
+    {u"Nederlands.lng", "CP1252", u"éëï"},
+    {u"Polski.lng", "CP1250", u"ąćęłńóśźżŁŚŻ„”"},
+    {u"Portugues-BR.lng", "CP1252", u"áâãçéêíóôõú“”"},
+};
+
+Text Decoded(std::string bytes, const char* codePage) {
+    Text text(bytes.size(), u'\0');
+    char* from = bytes.data();
+    char* to = reinterpret_cast<char*>(text.data());
+    std::size_t fromLeft = bytes.size();
+    std::size_t toLeft = 2 * text.size();
+    const iconv_t conversion = iconv_open("UTF-16LE", codePage);
+    CHECK(iconv(conversion, &from, &fromLeft, &to, &toLeft) == 0);
+    iconv_close(conversion);
+    text.resize(text.size() - toLeft / 2);
+    return text;
+}
+
 struct ShippedFile {
-    Text name;
+    ShippedLanguage language;
     std::string bytes;
-    std::vector<Text> names;  // of its texts, in their order
+    std::map<Text, Text> texts;  // by section and key
+
+    explicit ShippedFile(const ShippedLanguage& shipped) : language(shipped) {
+        std::ifstream stream(std::filesystem::path(SOURCE_FOLDER "/lang") / Text(shipped.file),
+                             std::ios::binary);
+        bytes.assign(std::istreambuf_iterator<char>(stream), {});
+        Text section;
+        for (const Text& line : Split(Decoded(bytes, shipped.codePage), LineBreak)) {
+            const std::size_t equals = line.find(u'=');
+            if (line.starts_with(u'[')) section = line.substr(1, line.size() - 2);
+            if (equals == Text::npos) continue;
+            const Text name = Name(section, line.substr(0, equals));
+            CAPTURE(name);
+            CHECK(texts.emplace(name, line.substr(equals + 1)).second);
+        }
+    }
+
+    bool Knows(char16_t character) const {
+        return character < 0x7F || language.letters.find(character) != TextView::npos;
+    }
+    // The letter behind "&", in lower case; 0 when there is none.
+    char16_t Mnemonic(TextView text) const {
+        const std::size_t mark = text.find(u'&');
+        if (mark == TextView::npos) return 0;
+        REQUIRE(mark + 1 < text.size());
+        const char16_t letter = LowerCase(text[mark + 1]);
+        CHECK(((letter >= u'a' && letter <= u'z') || letter > 0x7F));
+        return letter;
+    }
 };
 
 std::vector<ShippedFile> ShippedFiles() {
-    std::vector<ShippedFile> files;
-    MemoryLocale locale;
-    for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/lang")) {
-        std::ifstream stream(entry.path(), std::ios::binary);
-        ShippedFile file{entry.path().filename().u16string(),
-                         std::string(std::istreambuf_iterator<char>(stream), {}),
-                         {}};
-        Text section;
-        for (const Text& line : Split(locale.FromAnsi(file.bytes), LineBreak)) {
-            const std::size_t equals = line.find(u'=');
-            if (line.starts_with(u'[')) section = line.substr(1, line.size() - 2);
-            if (equals != Text::npos) file.names.push_back(Name(section, line.substr(0, equals)));
-        }
-        files.push_back(std::move(file));
-    }
-    return files;
+    return {std::begin(Languages), std::end(Languages)};
 }
 
 // The program's own code, without the table of built-in texts.
@@ -81,21 +128,22 @@ std::multiset<Text> Placeholders(TextView text) {
 }  // namespace
 
 TEST_CASE("every language file has the texts that are looked up, once each, and no other") {
-    const std::vector<ShippedFile> files = ShippedFiles();
-    REQUIRE(files.size() >= 2);
-    for (const ShippedFile& file : files) {
-        CAPTURE(file.name);
-        const std::set<Text> names(file.names.begin(), file.names.end());
-        CHECK(names.size() == file.names.size());
-        for (const Text& name : TextsLookedUp()) {
+    std::set<Text> shipped;
+    for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/lang")) {
+        shipped.insert(entry.path().filename().u16string());
+    }
+    const std::set<Text> wanted = TextsLookedUp();
+    for (const ShippedFile& file : ShippedFiles()) {
+        CAPTURE(Text(file.language.file));
+        CHECK(shipped.erase(Text(file.language.file)) == 1);
+        for (const Text& name : wanted) {
             CAPTURE(name);
-            CHECK(names.contains(name));
+            CHECK(file.texts.contains(name));
         }
-        for (const Text& name : names) {
+        for (const auto& [name, text] : file.texts) {
             CAPTURE(name);
-            CHECK(TextsLookedUp().contains(name));
+            CHECK(wanted.contains(name));
         }
-        CHECK(file.name.ends_with(u".lng"));
         CHECK(file.bytes.starts_with("["));
         CHECK(file.bytes.ends_with("\r\n"));
         std::size_t loose = 0;
@@ -104,32 +152,36 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
         }
         CHECK(loose == 0);
     }
+    CHECK(shipped.empty());
 }
 
 TEST_CASE("the texts of every language file fit their places") {
-    for (const ShippedFile& file : ShippedFiles()) {
-        CAPTURE(file.name);
-        SettingsModules m(file.bytes);
+    for (ShippedFile& file : ShippedFiles()) {
+        CAPTURE(Text(file.language.file));
         std::set<Text> mnemonics;
         for (const BuiltInTextEntry& builtIn : BuiltInTexts()) {
-            const Text text = m.language.GetLanguageString(builtIn.section, builtIn.key);
+            const Text text =
+                ReplaceAll(file.texts[Name(builtIn.section, builtIn.key)], u"\\n", u"\r");
             CAPTURE(text);
             CHECK(!text.empty());
+            CHECK(std::all_of(text.begin(), text.end(),
+                              [&](char16_t character) { return file.Knows(character); }));
             // The program calls concatenation by its English name where there is no language file.
-            if (file.name == u"Deutsch.lng" && builtIn.key != u"CheckLong") {
+            if (file.language.file == u"Deutsch.lng" && builtIn.key != u"CheckLong") {
                 CHECK(text == builtIn.text);
             }
             CHECK(Placeholders(text) == Placeholders(builtIn.text));
-            // One letter for one control of a form.
-            const std::size_t mark = text.find(u'&');
-            CHECK((mark != Text::npos || builtIn.text.find(u'&') == TextView::npos));
-            // The second caption of a control that has two shares the first one's letter.
-            if (mark == Text::npos || builtIn.section == u"Messages" ||
-                builtIn.key.ends_with(u".On")) {
-                continue;
+            const char16_t mnemonic = file.Mnemonic(text);
+            CHECK((mnemonic != 0 || builtIn.text.find(u'&') == TextView::npos));
+            if (mnemonic == 0 || builtIn.section == u"Messages") continue;
+            // One letter for one control of a form; a control's second caption keeps the letter.
+            const std::size_t second = builtIn.key.rfind(u".On");
+            if (second != TextView::npos) {
+                const Text first = Name(builtIn.section, builtIn.key.substr(0, second));
+                CHECK(file.Mnemonic(file.texts[first]) == mnemonic);
+            } else {
+                CHECK(mnemonics.insert(Name(builtIn.section, {&mnemonic, 1})).second);
             }
-            CHECK(mnemonics.insert(Name(builtIn.section, LowerCase(text.substr(mark + 1, 1))))
-                      .second);
         }
     }
 }
