@@ -6,10 +6,28 @@
 
 namespace tellwick::endtoend {
 
+namespace {
+
+// Of the add-in's button, whatever the language; the button may be made by a timer yet to come.
+std::string ButtonCaption(StandIn& outlook) {
+    std::string caption;
+    REQUIRE(WaitUntil([&] {
+        for (const std::string& control : outlook.List("toolbar 1")) {
+            if (control.find("tag=\"101\"") == std::string::npos) continue;
+            const std::size_t begin = control.find('"') + 1;
+            caption = control.substr(begin, control.find('"', begin) - begin);
+        }
+        return !caption.empty();
+    }));
+    return caption;
+}
+
+}  // namespace
+
 Form Form::Open(StandIn& outlook) {
-    outlook.ClickButton(1, "Neue SMS");
+    outlook.ClickButton(1, ButtonCaption(outlook));
     Form form;
-    form.window = WaitForWindow(L"SMS erstellen");
+    form.window = WaitForWindow(L"Corvane - ");
     REQUIRE(form.window);
     form.to = FindByClass(FindByClass(form.window, L"ComboBox"), L"Edit");
     for (const HWND child : Descendants(form.window)) {

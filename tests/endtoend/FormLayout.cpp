@@ -89,7 +89,7 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
     for (const DWORD resolution : {96, 120, 144, 192}) {
         CAPTURE(resolution);
         const Resolution system(resolution);
-        for (const char* const language : {"Deutsch", "English", "Francais", "Espanol",
+        for (const std::string language : {"Deutsch", "English", "Francais", "Espanol",
                                            "Portugues-BR", "Cesky", "Nederlands", "Polski"}) {
             CAPTURE(language);
             Machine machine(language);
