@@ -13,6 +13,13 @@ constexpr int LeastTemplate = 80;  // the width of the templates' drop-down
 constexpr int ListHeight = 120;    // of an open drop-down with its field
 constexpr int CounterHeight = 10;
 
+// As it is now; of a drop-down, its field's.
+int HeightOf(const WindowControl& control) {
+    RECT place{};
+    if (control.Window()) GetWindowRect(control.Window(), &place);
+    return int(place.bottom - place.top);
+}
+
 }  // namespace
 
 FormSmsSendLayout::FormSmsSendLayout(FormSmsSendControls& controls, const MessageFont& font)
@@ -52,10 +59,10 @@ int FormSmsSendLayout::ColumnHeight() const {
     return int(column.size()) * (rowHeight + gapY) - gapY;
 }
 
-int FormSmsSendLayout::BarHeight() const {
-    RECT bar{};
-    GetWindowRect(controls.statusBar1.Window(), &bar);
-    return int(bar.bottom - bar.top);
+void FormSmsSendLayout::MoveInRow(Placement& placement, const WindowControl& list, int x, int y,
+                                  int width, int row) const {
+    placement.Move(list, x, y + (row - HeightOf(list)) / 2, width,
+                   font.Metrics().Vertical(ListHeight));
 }
 
 SIZE FormSmsSendLayout::Least(bool expanded) const {
@@ -75,7 +82,7 @@ SIZE FormSmsSendLayout::Least(bool expanded) const {
         width = std::max(width, templates);
         height += TemplatesHeight();
     }
-    const int bars = controls.buttonBar1.Arrange() + BarHeight();
+    const int bars = controls.buttonBar1.Arrange() + HeightOf(controls.statusBar1);
     return {width + 2 * margin, height + bars + 2 * gapY};
 }
 
@@ -95,11 +102,11 @@ void FormSmsSendLayout::Arrange(SIZE client, bool expanded) {
     }
     const int toWidth = Width(controls.buttonTo);
     placement.Move(controls.buttonTo, margin, top, toWidth, rowHeight);
-    placement.Move(controls.textTo, margin + toWidth + gapX, top, middle - margin - toWidth - gapX,
-                   metrics.Vertical(ListHeight));
+    MoveInRow(placement, controls.textTo, margin + toWidth + gapX, top,
+              middle - margin - toWidth - gapX, rowHeight);
 
     // From below: the templates when shown, the counter, the options, the rest for the message.
-    int below = client.cy - BarHeight() - gapY;
+    int below = client.cy - HeightOf(controls.statusBar1) - gapY;
     for (WindowControl* part : controls.Templates()) part->SetVisible(expanded);
     if (expanded) {
         below -= TemplatesHeight();
@@ -130,8 +137,8 @@ void FormSmsSendLayout::ArrangeOptions(Placement& placement, int top) const {
     placement.Move(controls.checkStatus, second, top, secondOptions, lineHeight);
     placement.Move(controls.labelExpires, second, top + step + labelDrop, labelExpires,
                    lineHeight - labelDrop);
-    placement.Move(controls.boxExpires, second + labelExpires, top + step,
-                   ListWidth(controls.boxExpires), font.Metrics().Vertical(ListHeight));
+    MoveInRow(placement, controls.boxExpires, second + labelExpires, top + step,
+              ListWidth(controls.boxExpires), lineHeight);
     placement.Move(controls.checkSetNumber, second, top + 2 * step, secondOptions, lineHeight);
 }
 
@@ -146,8 +153,8 @@ void FormSmsSendLayout::ArrangeTemplates(Placement& placement, int top, int righ
         placement.Move(*button, left, top + frameTop, width, rowHeight);
         left -= gapX;
     }
-    placement.Move(controls.comboBoxTextbausteine, margin + gapX, top + frameTop,
-                   left - margin - gapX, font.Metrics().Vertical(ListHeight));
+    MoveInRow(placement, controls.comboBoxTextbausteine, margin + gapX, top + frameTop,
+              left - margin - gapX, rowHeight);
 }
 
 }  // namespace tellwick::windows

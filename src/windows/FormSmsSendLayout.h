@@ -23,7 +23,9 @@ private:
     int ListWidth(const ItemList& list) const;
     int OptionsHeight() const { return frameTop + 3 * lineHeight + 2 * lineGap + gapY; }
     int ColumnHeight() const;
-    int BarHeight() const;
+    // Places a drop-down in the middle of a row; its field has the height that its font gives it.
+    void MoveInRow(Placement& placement, const WindowControl& list, int x, int y, int width,
+                   int row) const;
     void ArrangeOptions(Placement& placement, int top) const;
     void ArrangeTemplates(Placement& placement, int top, int right) const;
 
