@@ -66,7 +66,7 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon) {
     font = std::make_unique<MessageFont>(ResolutionOf(window));
     icon = newIcon;
     LoadIcons();
-    const HWND toolTips =
+    toolTips =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0,
                         0, window, nullptr, Library(), nullptr);
     controls = plan;
@@ -294,6 +294,10 @@ LRESULT CALLBACK FormWindow::MessageHook(int code, WPARAM removal, LPARAM parame
 }
 
 bool FormWindow::HandleInput(MSG& message) {
+    // Cheaper than to have the tool tips listen at every control.
+    if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
+        SendMessageW(toolTips, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    }
     if (message.message == WM_LBUTTONDBLCLK) return OnDoubleClick(message.hwnd);
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     if (message.message == WM_KEYDOWN) {

@@ -90,6 +90,7 @@ private:
     HWND lastFocus = nullptr;
     HWND caller = nullptr;
     HWND defaultButton = nullptr;
+    HWND toolTips = nullptr;
     int icon = 0;
     IconHandle smallIcon;
     IconHandle bigIcon;
