@@ -2,6 +2,7 @@
 #include <doctest.h>
 
 #include "endtoend/Desktop.h"
+#include "endtoend/Form.h"
 #include "endtoend/Machine.h"
 #include "endtoend/Printing.h"
 #include "endtoend/StandIn.h"
@@ -35,9 +36,10 @@ TEST_CASE("nothing of the add-in keeps Outlook alive") {
         outlook.Command("close-inspector 1");
         outlook.Command("close-explorer 2");
         outlook.Command("open-explorer");
-        outlook.ClickButton(1, "Neue SMS");
-        REQUIRE(WaitForWindow(L"SMS erstellen"));
+        Form::Fill(Form::Open(outlook).message, L"halb fertig");
         CheckCleanEnd(outlook);
+        CHECK(ReadBytes(machine.SettingsFile()).find("LastText=halb fertig\r\n") !=
+              std::string::npos);
         CHECK(ReadText(RootKey, L"OlAddInActive") == L"");
     }
 }
