@@ -127,6 +127,17 @@ bool MemoryFileSystem::CreateFolder(TextView path) {
     return true;
 }
 
+std::vector<Text> MemoryFileSystem::FileNames(TextView folder, TextView ending) {
+    std::vector<Text> names;
+    for (const auto& [path, file] : files) {
+        const std::size_t name = path.rfind(u'\\') + 1;
+        if (EqualFolded(TextView(path).substr(0, name), folder) && EndsWithFolded(path, ending)) {
+            names.push_back(path.substr(name));
+        }
+    }
+    return names;
+}
+
 Text MemoryFileSystem::ParentFolderName(TextView path) {
     const Text whole = WithoutSlash(path);
     const std::size_t slash = whole.rfind(u'\\');
