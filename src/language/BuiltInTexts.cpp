@@ -114,6 +114,9 @@ constexpr BuiltInTextEntry texts[] = {
      u"Den ausgewählten Eintrag als Empfänger übernehmen"},
     {u"FormSmsSelectAddress", u"ButtonOK", u"S&chließen"},
     {u"FormSmsSelectAddress", u"Matches", u"Einträge: %n"},
+    {u"FormOptions", u"Caption", u"Corvane - Einstellungen"},
+    {u"FormOptions", u"ButtonPrefix", u"Vorsch&lag: +%n"},
+    {u"FormOptions", u"AsWindows", u"(wie Windows)"},
 };
 
 }  // namespace

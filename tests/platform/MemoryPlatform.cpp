@@ -236,9 +236,9 @@ std::string MemoryLocale::ToAnsi(TextView text) {
     return bytes;
 }
 
-std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t) {
-    const auto found = languages.find(locale);
-    if (found == languages.end()) return {};
+std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t type) {
+    const auto found = information.find({locale, type});
+    if (found == information.end()) return {};
     return found->second;
 }
 

@@ -103,7 +103,7 @@ public:
     Text commandLine;
     std::int32_t platformId = 2;
     std::vector<Text> snapshot;
-    std::vector<Text> paths;  // of the first module of each process
+    std::vector<Text> paths;       // of the first module of each process
     std::vector<Started> started;  // or tried to
     std::vector<Text> opened;
     bool failStart = false;
@@ -172,7 +172,8 @@ public:
     Text FromAnsi(std::string_view bytes) override;
     std::string ToAnsi(TextView text) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
-    std::map<std::uint32_t, Text> languages;  // by locale, as the system returns them
+    // By locale and type, as the system returns them.
+    std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 };
 
 class MemoryAutomation : public Automation {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "addin/Program.h"
+#include "compose/FormOptions.h"
 #include "platform/Keys.h"
 #include "platform/MemoryForms.h"
 #include "platform/MemoryPlatform.h"
