@@ -115,9 +115,7 @@ Text Language::LanguageName(TextView setting) {
 std::vector<Text> Language::LanguageNames() {
     std::vector<Text> names = fileSystem.FileNames(LanguageFolder(), FileEnding);
     for (Text& name : names) name = WithoutEnding(name);
-    std::sort(names.begin(), names.end(), [](const Text& left, const Text& right) {
-        return LowerCase(left) < LowerCase(right);
-    });
+    std::sort(names.begin(), names.end(), LessFolded);
     return names;
 }
 

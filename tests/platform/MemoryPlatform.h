@@ -15,11 +15,7 @@ namespace tellwick::test {
 
 // Names of files, keys and values: letter case is ignored.
 struct FoldedLess {
-    bool operator()(const Text& left, const Text& right) const {
-        return std::lexicographical_compare(
-            left.begin(), left.end(), right.begin(), right.end(),
-            [](char16_t a, char16_t b) { return LowerCase(a) < LowerCase(b); });
-    }
+    bool operator()(const Text& left, const Text& right) const { return LessFolded(left, right); }
 };
 
 class MemoryRegistry : public Registry {
