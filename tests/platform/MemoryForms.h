@@ -205,7 +205,9 @@ public:
     MemoryStatusBar& StatusBar1() override { return statusBar; }
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
-    void SetMessageFont(TextView, std::int32_t) override {}
+    void SetMessageFont(TextView name, std::int32_t points) override {
+        messageFont = Text(name) + u" " + NumberText(points);
+    }
     void SetHandlers(FormSmsSend&, const FormSmsSendParts& parts) override {
         textTo.onChange = [&field = parts.recipientField] { field.TextTo_Change(); };
         textTo.onClick = [&field = parts.recipientField] { field.TextTo_Click(); };
@@ -214,6 +216,7 @@ public:
 
     bool expanded = false;
     std::int32_t rows = 0;
+    Text messageFont;  // name and points
 
 private:
     MemoryComboBox textTo, templates;
