@@ -8,7 +8,8 @@ namespace tellwick {
 // Modules that need each other in a circle are handed references to ones that are made later; they
 // only keep them.
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
-                 FormSmsSelectAddressView& formSmsSelectAddressView)
+                 FormSmsSelectAddressView& formSmsSelectAddressView,
+                 FormOptionsView& formOptionsView)
     : errors(platform.errors),
       regEdit(platform.registry, debug),
       debug(errors, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
@@ -40,9 +41,11 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, contacts,
                            recipientField),
+      formOptions(services, formOptionsView, forms, prefixes, platform.locale,
+                  [this] { formSmsSend.ApplySettings(); }),
       formSmsSend(services, formSmsSendView, forms,
                   {submission, messageText, recipientField, textTemplates}, formSmsSelectAddress,
-                  helpViewer),
+                  formOptions, helpViewer),
       formT1(forms, platform.timers),
       olButtons(regEdit, platform.bitmaps),
       automation(platform.automation) {}

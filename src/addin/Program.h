@@ -6,6 +6,7 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
+#include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/MessageText.h"
@@ -37,7 +38,7 @@ class OutlookAddIn;
 class Program {
 public:
     Program(const Platform& platform, FormSmsSendView& formSmsSendView,
-            FormSmsSelectAddressView& formSmsSelectAddressView);
+            FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -67,6 +68,7 @@ public:
     TextTemplates textTemplates;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
+    FormOptions formOptions;
     FormSmsSend formSmsSend;
     FormT1 formT1;
     OlButtons olButtons;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSendView.h"
 #include "compose/MessageText.h"
@@ -13,7 +14,6 @@
 #include "settings/HelpViewer.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
-#include "settings/QuestionBox.h"
 
 namespace tellwick {
 
@@ -32,12 +32,13 @@ Text FromSetting(TextView text) {
 
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                          const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
-                         HelpViewer& helpViewer)
+                         FormOptions& formOptions, HelpViewer& helpViewer)
     : Services(services),
       view(view),
       forms(forms),
       parts(parts),
       formSmsSelectAddress(formSmsSelectAddress),
+      formOptions(formOptions),
       helpViewer(helpViewer) {
     view.SetHandlers(*this, parts);
 }
@@ -84,11 +85,21 @@ void FormSmsSend::Form_Load() {
     view.SetPlace({position(u"SMSSendPosx"), position(u"SMSSendPosy"), position(u"SMSSendx"),
                    position(u"SMSSendy")},
                   positioned);
-    view.SetMessageFont(inifilesLite.GetIniSetting(u"Editor", u"Font"),
-                        inifilesLite.GetIniSettingNum(u"Editor", u"FontSize"));
+    SetMessageFont();
     Form_SetLanguage();
     LoadBackGround();
     SetButtons();
+}
+
+void FormSmsSend::SetMessageFont() {
+    view.SetMessageFont(inifilesLite.GetIniSetting(u"Editor", u"Font"),
+                        inifilesLite.GetIniSettingNum(u"Editor", u"FontSize"));
+}
+
+void FormSmsSend::ApplySettings() {
+    Procedure procedure{debug, u"ApplySettings"};
+    SetMessageFont();
+    ReadSettings();
 }
 
 void FormSmsSend::LoadBackGround() {
@@ -274,19 +285,17 @@ void FormSmsSend::Form_Unload() {
     parts.recipientField.Save();
     parts.textTemplates.Save();
     formSmsSelectAddress.Unload();
+    formOptions.Unload();
 }
 
 void FormSmsSend::StatusBar1_Click() {
     Procedure procedure{debug, u"StatusBar1_Click"};
-    if (parts.recipientField.PrefixHintShown()) ButtonOptions_Click();
+    if (parts.recipientField.PrefixHintShown()) formOptions.Show(FormOptions::Field::Prefixes);
 }
 
 void FormSmsSend::ButtonOptions_Click() {
     Procedure procedure{debug, u"ButtonOptions_Click"};
-    if (questionBox.MsgBoxEx(language.TextOrBuiltIn(u"Messages", u"ForgetAnswers"),
-                             box::YesNo | box::IconQuestion) == Answer::Yes) {
-        questionBox.ForgetAnswers();
-    }
+    formOptions.Show();
 }
 
 void FormSmsSend::ButtonExpand_Click() {

@@ -11,6 +11,7 @@
 namespace tellwick {
 
 enum class BarButton;
+class FormOptions;
 class FormSmsSelectAddress;
 class FormSmsSendView;
 class HelpViewer;
@@ -35,7 +36,7 @@ public:
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                 const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
-                HelpViewer& helpViewer);
+                FormOptions& formOptions, HelpViewer& helpViewer);
     ~FormSmsSend() override;
 
     // Shows the form, initialised anew. The recipients, unless empty, take the place of the
@@ -46,6 +47,9 @@ public:
     // Resets the form's state, reads its settings and lists, and restores the last texts. Lists and
     // texts of a form that was initialised since it was loaded stay as they are.
     void Form_Initialize_();
+
+    // Takes over settings that were changed while the form is open.
+    void ApplySettings();
 
     // Saves the form's state and takes the window away. Nothing when it is not loaded.
     void Unload() override;
@@ -70,7 +74,6 @@ public:
     // Closes the form, unless a submission runs.
     void ButtonOK_Click();
     void ButtonExpand_Click();
-    // Offers to take back the remembered answers.
     void ButtonOptions_Click();
 
 private:
@@ -80,6 +83,7 @@ private:
     void SetButtons();
     void FillBoxExpires();
     void Form_Unload();
+    void SetMessageFont();
     void ReadSettings();
     void RestoreTexts();
     void ExpandIt();
@@ -94,6 +98,7 @@ private:
     Forms& forms;
     FormSmsSendParts parts;
     FormSmsSelectAddress& formSmsSelectAddress;
+    FormOptions& formOptions;
     HelpViewer& helpViewer;
 };
 

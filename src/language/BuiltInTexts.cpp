@@ -28,9 +28,6 @@ constexpr BuiltInTextEntry texts[] = {
      u"stark verlangsamen, während Tellwick ein Protokoll schreibt."},
     {u"Messages", u"DoNotAskAgain", u"Nicht mehr &nachfragen"},
     {u"Messages", u"DoNotShowAgain", u"Diese Meldung nicht mehr &anzeigen"},
-    {u"Messages", u"ForgetAnswers",
-     u"Sollen alle Fragen wieder gestellt werden, bei denen Sie \"Nicht mehr nachfragen\" gewählt "
-     u"haben?"},
     {u"Messages", u"OK", u"OK"},
     {u"Messages", u"Cancel", u"Abbrechen"},
     {u"Misc", u"Default", u"Standard"},
@@ -114,6 +111,34 @@ constexpr BuiltInTextEntry texts[] = {
      u"Den ausgewählten Eintrag als Empfänger übernehmen"},
     {u"FormSmsSelectAddress", u"ButtonOK", u"S&chließen"},
     {u"FormSmsSelectAddress", u"Matches", u"Einträge: %n"},
+    {u"FormOptions", u"Caption", u"Corvane - Einstellungen"},
+    {u"FormOptions", u"FrameNumbers", u"Zuletzt verwendete Rufnummern"},
+    {u"FormOptions", u"CheckStoreNumbers", u"Verwendete Rufnummern &merken"},
+    {u"FormOptions", u"LabelNumUsedNumber", u"&Anzahl (0 bis 10000):"},
+    {u"FormOptions", u"FramePrefixes", u"Rufnummern in nationaler Form"},
+    {u"FormOptions", u"LabelPrefixHelp",
+     u"Rufnummern Ihrer Kontakte mit diesen Vorwahlen werden national mit 0 geschrieben: Mit +49 "
+     u"wird aus +49170123 die Nummer 0170123. Solange das Feld leer ist, wird bei jeder Nummer das "
+     u"„+“ durch 0 ersetzt: Aus +49170123 wird 049170123, was fast immer falsch ist. Mehrere "
+     u"Vorwahlen trennen Sie durch Leerzeichen."},
+    {u"FormOptions", u"LabelPrefixes", u"&Ländervorwahlen:"},
+    {u"FormOptions", u"ButtonPrefix", u"&Vorschlag: +%n"},
+    {u"FormOptions", u"FrameFont", u"Schrift der Nachricht"},
+    {u"FormOptions", u"LabelFont", u"&Schriftart:"},
+    {u"FormOptions", u"LabelFontSize", u"&Größe:"},
+    {u"FormOptions", u"FrameLanguage", u"Sprache"},
+    {u"FormOptions", u"LabelLanguage", u"S&prache:"},
+    {u"FormOptions", u"LabelLanguageHelp",
+     u"Eine andere Sprache gilt ab dem nächsten Start von Outlook."},
+    {u"FormOptions", u"FrameMisc", u"Meldungen und Protokoll"},
+    {u"FormOptions", u"CheckForgetAnswers", u"Ausgeblendete &Fragen und Hinweise wieder anzeigen"},
+    {u"FormOptions", u"CheckTrace", u"P&rotokoll zur Fehlersuche schreiben"},
+    {u"FormOptions", u"LabelTraceHelp",
+     u"Das Protokoll macht Outlook langsamer. Wenn Sie es ausschalten, endet es mit dem nächsten "
+     u"Start von Outlook."},
+    {u"FormOptions", u"AsWindows", u"(wie Windows)"},
+    {u"FormOptions", u"ButtonOK", u"OK"},
+    {u"FormOptions", u"ButtonCancel", u"Abbrechen"},
 };
 
 }  // namespace

@@ -47,6 +47,10 @@ Text WithoutAccents(TextView name) {
     return plain;
 }
 
+Text WithoutEnding(TextView file) {
+    return Text(file.substr(0, file.size() - std::min(file.size(), FileEnding.size())));
+}
+
 }  // namespace
 
 Language::Language(Debug& debug, RegEdit& regEdit, IniFile& iniFile, InifilesLite& inifilesLite,
@@ -92,9 +96,27 @@ Text Language::ChosenName() {
         sibling = ReplaceAll(sibling, u"\\Tellwick\\", u"\\Corvane\\");
         name = iniFile.ReadFromIniFile(sibling, u"Settings", u"Language");
     }
-    if (name.empty()) name = LanguageOfLocale(WindowsLocaleCode());
+    return name.empty() ? Text(LanguageOfLocale(WindowsLocaleCode())) : name;
+}
+
+// The file of a language in the language folder; empty when there is none.
+Text Language::FileOf(TextView language) {
+    const Text folder = LanguageFolder();
+    Text name(language);
     if (!EndsWithFolded(name, FileEnding)) name += FileEnding;
-    return name;
+    if (!fileSystem.Exists(folder + name)) name = WithoutAccents(name);
+    return fileSystem.Exists(folder + name) ? name : Text();
+}
+
+Text Language::LanguageName(TextView setting) {
+    return WithoutEnding(FileOf(setting));
+}
+
+std::vector<Text> Language::LanguageNames() {
+    std::vector<Text> names = fileSystem.FileNames(LanguageFolder(), FileEnding);
+    for (Text& name : names) name = WithoutEnding(name);
+    std::sort(names.begin(), names.end(), LessFolded);
+    return names;
 }
 
 void Language::LoadLanguageFile() {
@@ -105,16 +127,15 @@ void Language::LoadLanguageFile() {
     if (!inifilesLite.Located()) inifilesLite.GetIniFile();
 
     const Text folder = LanguageFolder();
-    Text name = ChosenName();
-    if (!fileSystem.Exists(folder + name)) name = WithoutAccents(name);
-    if (!fileSystem.Exists(folder + name)) name = EnglishFile;
+    Text name = FileOf(ChosenName());
+    if (name.empty()) name = EnglishFile;
 
     std::string contents = fileSystem.Read(folder + name).value_or(std::string());
     if (contents.empty()) {
         contents = fileSystem.Read(folder + Text(EnglishFile)).value_or(std::string());
     }
     SetText(contents);
-    NameManualAndHelp(TextView(name).substr(0, name.size() - FileEnding.size()));
+    NameManualAndHelp(WithoutEnding(name));
     if (languageText.empty() &&
         !inifilesLite.GetIniSettingBool(u"Settings", u"NoLanguageFileMessage")) {
         questionBox.MsgBoxEx(u"The language file '" + name + u"' seems to be empty!",

@@ -32,6 +32,8 @@ public:
     Text GetLanguageString(TextView section, TextView key, bool warn = false) override;
     Text TextOrBuiltIn(TextView section, TextView key) override;
     void LoadLanguageFile() override;
+    std::vector<Text> LanguageNames() override;
+    Text LanguageName(TextView setting) override;
     void GetLanguageStringsForForm(TextView formName, FormView& view) override;
 
     // The code of the user's language as Windows keeps it ("DEU"), or what stands in for it.
@@ -53,6 +55,7 @@ private:
 
     Text LanguageFolder();
     Text ChosenName();
+    Text FileOf(TextView language);
     void SetText(std::string_view bytes);
     void NameManualAndHelp(TextView name);
     void ReadLoadedTexts(const Text& folder);

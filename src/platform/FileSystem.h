@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -44,6 +45,11 @@ public:
 
     // Creates the last level only. False, with 58, 75 or 76 noted, when that fails.
     virtual bool CreateFolder(TextView path) = 0;
+
+    // Names, without the folder, of the files in a folder (given with a trailing "\") that end so,
+    // letter case ignored, in no order to rely on. Empty when the folder cannot be read. Notes
+    // nothing.
+    virtual std::vector<Text> FileNames(TextView folder, TextView ending) = 0;
 
     // The folder a path lies in, without trailing "\"; empty for a root.
     virtual Text ParentFolderName(TextView path) = 0;

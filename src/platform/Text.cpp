@@ -71,6 +71,12 @@ bool EqualFolded(TextView left, TextView right) {
                       [](char16_t a, char16_t b) { return LowerCase(a) == LowerCase(b); });
 }
 
+bool LessFolded(TextView left, TextView right) {
+    return std::lexicographical_compare(
+        left.begin(), left.end(), right.begin(), right.end(),
+        [](char16_t a, char16_t b) { return LowerCase(a) < LowerCase(b); });
+}
+
 std::size_t FindFolded(TextView text, TextView what, std::size_t start) {
     if (start > text.size()) return TextView::npos;
     const auto found =

@@ -25,6 +25,9 @@ Text LowerCase(TextView text);
 // Equal without regard to letter case (by LowerCase).
 bool EqualFolded(TextView left, TextView right);
 
+// Before in alphabetical order without regard to letter case (by LowerCase).
+bool LessFolded(TextView left, TextView right);
+
 // Position of the first occurrence at or after start; TextView::npos when there is none.
 std::size_t FindFolded(TextView text, TextView what, std::size_t start = 0);
 

@@ -44,9 +44,7 @@ const AddressList& Contacts::Addresses() {
         if (number.empty()) continue;
         entries.push_back(AsText(Get(errors, item, u"FullName")) + u"  (" + number + u")");
     }
-    std::sort(entries.begin(), entries.end(), [](const Text& left, const Text& right) {
-        return LowerCase(left) < LowerCase(right);
-    });
+    std::sort(entries.begin(), entries.end(), LessFolded);
     addresses.Assign(std::move(entries));
     return addresses;
 }

@@ -20,6 +20,8 @@ constexpr std::int32_t LevelBits = 15;
 constexpr std::int32_t TimeStampBit = 16;
 constexpr std::size_t MaxIndent = 50;
 constexpr TextView FileEnding = u".xml";
+constexpr TextView SettingsSection = u"Debug";
+constexpr TextView ModeName = u"DebugMode";  // in the registry and in the settings
 
 // The pairs of the first three letters are crossed, and only the first occurrence of each letter
 // is replaced; both are deliberate.
@@ -72,11 +74,31 @@ void Debug::TraceCopy(TextView name, std::int32_t level) {
     Trace(copy, level);
 }
 
+std::int32_t Debug::ReadNumber(TextView name) {
+    return LeadingNumber32(regEdit.ReadValue(Hive::CurrentUser, addInKey, name));
+}
+
+std::int32_t Debug::ReadMode() {
+    const std::int32_t inRegistry = ReadNumber(ModeName);
+    if (inRegistry != 0) return inRegistry;
+    return LeadingNumber32(inifilesLite.GetBaseIniSetting(SettingsSection, ModeName));
+}
+
+bool Debug::SwitchedOn() {
+    return ReadMode() != 0;
+}
+
+void Debug::SwitchOn(bool on) {
+    if (on == SwitchedOn()) return;
+    regEdit.WriteValue(Hive::CurrentUser, addInKey, ModeName, on ? u"1" : u"0");
+    if (!on && !inifilesLite.GetBaseIniSetting(SettingsSection, ModeName).empty()) {
+        inifilesLite.SetIniSettingWithTest(SettingsSection, ModeName, {});
+    }
+}
+
 void Debug::LookForSwitchOn() {
     const PendingError pending = errors;
-    if (LeadingNumber32(regEdit.ReadValue(Hive::CurrentUser, addInKey, u"DebugMode")) != 0) {
-        DebugInit(true, false);
-    }
+    if (ReadNumber(ModeName) != 0) DebugInit(true, false);
     errors = pending;
 }
 
@@ -152,15 +174,9 @@ void Debug::DebugInit(bool force, bool keyOnly) {
         addInKey = AddInKey;
         if (keyOnly) return;
 
-        const auto number = [this](TextView name) {
-            return LeadingNumber32(regEdit.ReadValue(Hive::CurrentUser, addInKey, name));
-        };
-        const bool addInActive = number(u"Active") != 0;
+        const bool addInActive = ReadNumber(u"Active") != 0;
         timeStamps = false;
-        mode = number(u"DebugMode");
-        if (mode == 0) {
-            mode = LeadingNumber32(inifilesLite.GetBaseIniSetting(u"Debug", u"DebugMode"));
-        }
+        mode = ReadMode();
         active = mode != 0;
         if (traceFile.empty()) {
             const Text name = Text(ApplicationName) + u"AddIn";
@@ -207,7 +223,7 @@ bool Debug::AskFirstSwitchOn(bool force) {
 void Debug::AskWhetherToStayOn() {
     // A box with Yes and No never gives OK, so tracing is never switched off here; deliberate.
     if (questionBox.MsgBoxEx(MessageText(u"Debug2"), box::YesNo) == Answer::Ok) {
-        regEdit.WriteValue(Hive::CurrentUser, addInKey, u"DebugMode", u"0");
+        regEdit.WriteValue(Hive::CurrentUser, addInKey, ModeName, u"0");
         mode = 0;
         active = false;
     }
@@ -223,7 +239,8 @@ void Debug::StartFile() {
     const Text older = traceFile.substr(0, traceFile.size() - FileEnding.size());
     if (fileSystem.Exists(older)) fileSystem.Delete(older);
     const std::int64_t length = fileSystem.Length(traceFile);
-    const bool tooLong = length > inifilesLite.GetIniSettingNum(u"Debug", u"MaxSize", u"4000000");
+    const bool tooLong =
+        length > inifilesLite.GetIniSettingNum(SettingsSection, u"MaxSize", u"4000000");
     if (tooLong) fileSystem.Delete(traceFile);
     if (tooLong || length < 0) DebugTrace(u"start", trace::Enter);
     fileSystem.Write(traceFile, locale.ToAnsi(LineBreak), WriteMode::Append);

@@ -55,6 +55,13 @@ public:
     // file is named already, and takes the question of a first switch-on as answered with OK.
     void DebugInit(bool force, bool keyOnly);
 
+    // Whether registry or settings have it switched on, whatever it does now. Both functions are
+    // of use once DebugInit has named the registry key.
+    bool SwitchedOn();
+    // Switches it on, which is noticed while the program runs, or off from the next start on. A
+    // trace that is on keeps its mode.
+    void SwitchOn(bool on);
+
     bool Active() const { return active; }
     std::int32_t Mode() const { return mode; }
 
@@ -62,6 +69,8 @@ public:
     PendingError& Errors() { return errors; }
 
 private:
+    std::int32_t ReadNumber(TextView name);
+    std::int32_t ReadMode();
     void LookForSwitchOn();
     void TraceCopy(TextView name, std::int32_t level);
     void Trace(Text& name, std::int32_t level);

@@ -1,6 +1,8 @@
 // The language as its users know it: the lookup of texts, the texts of whole forms, and the load.
 #pragma once
 
+#include <vector>
+
 #include "platform/Text.h"
 
 namespace tellwick {
@@ -30,6 +32,13 @@ public:
     // form: keys "Caption", the control's name, and the control's name + ".ToolTip". What neither
     // the file nor the built-in texts have is left as it is.
     virtual void GetLanguageStringsForForm(TextView formName, FormView& view) = 0;
+
+    // Names of the languages that there are files for, in alphabetical order. Each can stand in the
+    // setting "Language" of section "Settings".
+    virtual std::vector<Text> LanguageNames() = 0;
+
+    // The one of them that a value of that setting chooses; empty when it chooses none.
+    virtual Text LanguageName(TextView setting) = 0;
 
     // Chooses and loads the language file; only the first call does anything.
     virtual void LoadLanguageFile() = 0;

@@ -1,5 +1,6 @@
 #include "settings/QuestionBox.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/Product.h"
@@ -73,9 +74,18 @@ Answer QuestionBox::AskRemembered(std::int32_t number, std::uint32_t flags, Text
     return given;
 }
 
+bool QuestionBox::HasAnswer(std::int32_t number) {
+    return !inifilesLite.GetIniSetting(AnswerSection, AnswerKey(number)).empty();
+}
+
+bool QuestionBox::AnswersRemembered() {
+    return std::any_of(RememberedMessages.begin(), RememberedMessages.end(),
+                       [this](std::int32_t number) { return HasAnswer(number); });
+}
+
 void QuestionBox::ForgetAnswers() {
     for (const std::int32_t number : RememberedMessages) {
-        if (!inifilesLite.GetIniSetting(AnswerSection, AnswerKey(number)).empty()) {
+        if (HasAnswer(number)) {
             inifilesLite.SetIniSetting(AnswerSection, AnswerKey(number), TextView());
         }
     }

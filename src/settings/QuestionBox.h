@@ -33,6 +33,8 @@ public:
     Answer MsgBoxMessage(std::int32_t number, std::uint32_t flags, TextView placeholder = {},
                          TextView replacement = {}, Text title = {});
 
+    // Whether any answer is remembered.
+    bool AnswersRemembered();
     // Takes back every remembered answer.
     void ForgetAnswers();
 
@@ -40,6 +42,7 @@ public:
     Text InputBox(TextView prompt);
 
 private:
+    bool HasAnswer(std::int32_t number);
     Answer AskRemembered(std::int32_t number, std::uint32_t flags, TextView text, TextView title);
 
     Debug& debug;

@@ -44,15 +44,7 @@ FormSmsSendLayout::FormSmsSendLayout(FormSmsSendControls& controls, const Messag
     firstOptions = widest({&controls.checkFlash, &controls.checkLong, &controls.checkSendAndQuit});
     labelExpires = font.Measure(controls.labelExpires.Caption()).cx + gapX;
     secondOptions = std::max(widest({&controls.checkStatus, &controls.checkSetNumber}),
-                             labelExpires + ListWidth(controls.boxExpires));
-}
-
-int FormSmsSendLayout::ListWidth(const ItemList& list) const {
-    int width = font.Metrics().Horizontal(30);
-    for (std::int32_t item = 0; item < list.Count(); ++item) {
-        width = std::max(width, int(font.Measure(list.Item(item)).cx));
-    }
-    return width + GetSystemMetrics(SM_CXVSCROLL) + font.Metrics().Horizontal(6);
+                             labelExpires + font.DropDownWidth(controls.boxExpires));
 }
 
 int FormSmsSendLayout::ColumnHeight() const {
@@ -138,7 +130,7 @@ void FormSmsSendLayout::ArrangeOptions(Placement& placement, int top) const {
     placement.Move(controls.labelExpires, second, top + step + labelDrop, labelExpires,
                    lineHeight - labelDrop);
     MoveInRow(placement, controls.boxExpires, second + labelExpires, top + step,
-              ListWidth(controls.boxExpires), lineHeight);
+              font.DropDownWidth(controls.boxExpires), lineHeight);
     placement.Move(controls.checkSetNumber, second, top + 2 * step, secondOptions, lineHeight);
 }
 

@@ -20,7 +20,6 @@ public:
 
 private:
     int Width(const WindowControl& control) const { return font.CaptionWidth(control.Caption()); }
-    int ListWidth(const ItemList& list) const;
     int OptionsHeight() const { return frameTop + 3 * lineHeight + 2 * lineGap + gapY; }
     int ColumnHeight() const;
     // Places a drop-down in the middle of a row; its field has the height that its font gives it.

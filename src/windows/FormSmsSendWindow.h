@@ -11,7 +11,7 @@
 
 namespace tellwick::windows {
 
-class FormSmsSendWindow : public FormSmsSendView, private FormWindow {
+class FormSmsSendWindow : public FormSmsSendView, public FormWindow {
 public:
     FormSmsSendWindow();
 

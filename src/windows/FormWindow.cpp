@@ -47,20 +47,21 @@ HWND FormWindow::ActiveWindow() {
     return GetActiveWindow();
 }
 
-bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon) {
+bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon, HWND owner) {
     if (window) return true;
     const VisualStyles styles;
     INITCOMMONCONTROLSEX common{sizeof common, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&common);
     if (!RegisterFormClass()) return false;
     placed = false;
-    caller = ActiveWindow();
+    caller = owner ? owner : ActiveWindow();
     // Where the caller is, so that it is made for that monitor's resolution.
     RECT around{};
     if (caller) GetWindowRect(caller, &around);
-    window = CreateWindowExW(WS_EX_CONTROLPARENT, FormClass, nullptr,
-                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, around.left, around.top, 0, 0,
-                             nullptr, nullptr, Library(), nullptr);
+    constexpr DWORD Dialog = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+    window = CreateWindowExW(WS_EX_CONTROLPARENT | (owner ? WS_EX_DLGMODALFRAME : 0), FormClass,
+                             nullptr, (owner ? Dialog : WS_OVERLAPPEDWINDOW) | WS_CLIPCHILDREN,
+                             around.left, around.top, 0, 0, owner, nullptr, Library(), nullptr);
     if (!window) return false;
     lifetime = std::make_unique<Lifetime>();
     font = std::make_unique<MessageFont>(ResolutionOf(window));
@@ -91,6 +92,8 @@ void FormWindow::Destroy() {
     SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
     for (const ControlPlan& part : controls) part.control->Detach();
     lastFocus = defaultButton = caller = nullptr;
+    // Before the window goes, or the system would pass the activation on to another program's.
+    if (const HWND owner = GetWindow(destroyed, GW_OWNER)) EnableWindow(owner, TRUE);
     DestroyWindow(destroyed);
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
@@ -110,8 +113,10 @@ void FormWindow::LoadIcons() {
 void FormWindow::ShowWindowed() {
     if (!window) return;
     if (!std::exchange(placed, true)) PlaceFirst();
+    if (const HWND owner = GetWindow(window, GW_OWNER)) EnableWindow(owner, FALSE);
     ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
-    SetForegroundWindow(window);
+    // Of a window with an open dialog, the dialog.
+    SetForegroundWindow(GetLastActivePopup(window));
 }
 
 FormPlace FormWindow::WindowPlace() const {
@@ -199,8 +204,11 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
     }
     LoadIcons();
     OnResolution();
-    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const SIZE least = Framed(LeastClient());
+    SetWindowPos(window, nullptr, suggested.left, suggested.top,
+                 std::max(suggested.right - suggested.left, least.cx),
+                 std::max(suggested.bottom - suggested.top, least.cy),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
     OnSize();
 }
 
@@ -258,7 +266,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             ChangeResolution(HIWORD(first), *reinterpret_cast<const RECT*>(second));
             return 0;
         case WM_COMMAND:
-            if (second) OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
+            if (!second) return 0;
+            MoveDefault(reinterpret_cast<HWND>(second), HIWORD(first));
+            OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
             return 0;
         case WM_NEXTDLGCTL: {
             // A mnemonic of a label leads to the control behind it.
@@ -345,11 +355,22 @@ bool FormWindow::HandleKey(std::int32_t keyCode, std::int32_t shift) {
 bool FormWindow::MoveFocus(bool backwards) {
     const HWND next = GetNextDlgTabItem(window, GetFocus(), backwards);
     if (!next) return false;
+    SendMessageW(window, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     ::SetFocus(next);
     if (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
         if (!(GetWindowLongW(next, GWL_STYLE) & ES_MULTILINE)) SendMessageW(next, EM_SETSEL, 0, -1);
     }
     return true;
+}
+
+void FormWindow::MoveDefault(HWND control, WORD notification) {
+    const bool focused = notification == BN_SETFOCUS;
+    if ((!focused && notification != BN_KILLFOCUS) || control == defaultButton) return;
+    // Other controls have other notifications of these numbers.
+    const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+    if (!(code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON))) return;
+    SendMessageW(defaultButton, BM_SETSTYLE, focused ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
+    SendMessageW(control, BM_SETSTYLE, focused ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }
 
 Placement::Placement() : positions(BeginDeferWindowPos(40)) {}

@@ -37,8 +37,10 @@ public:
 
 protected:
     // Makes the window, not yet visible, with its controls; nothing when it exists. `icon` is a
-    // resource of the library. False when the system refuses.
-    bool Create(const std::vector<ControlPlan>& plan, int icon = 0);
+    // resource of the library. With an owner it is a dialog: of a fixed size and above its owner,
+    // which takes no input from the first showing until the window is destroyed. False when the
+    // system refuses.
+    bool Create(const std::vector<ControlPlan>& plan, int icon = 0, HWND owner = nullptr);
     void Destroy();
     // The first time at its place: the wanted one where a screen still is there, else over the
     // window it was called from; never below its least size.
@@ -53,7 +55,8 @@ protected:
     const MessageFont& Font() const { return *font; }
     // Whether it has its place: from its first showing on.
     bool Placed() const { return placed; }
-    // Enter pushes it wherever nothing else takes that key.
+    // Enter pushes it wherever nothing else takes that key. A push button that has the style
+    // BS_NOTIFY takes its place while it has the focus.
     void SetDefaultButton(const WindowControl& button);
 
     // Sizes that a derived window lays its controls out by.
@@ -81,6 +84,7 @@ private:
     bool HandleInput(MSG& message);
     bool HandleKey(std::int32_t keyCode, std::int32_t shift);
     bool MoveFocus(bool backwards);
+    void MoveDefault(HWND control, WORD notification);
     void PlaceFirst();
     SIZE Framed(SIZE client) const;
     void LoadIcons();

@@ -6,6 +6,7 @@
 #include "addin/Program.h"
 #include "windows/AutomationObject.h"
 #include "windows/ConnectServer.h"
+#include "windows/FormOptionsWindow.h"
 #include "windows/FormSmsSelectAddressWindow.h"
 #include "windows/FormSmsSendWindow.h"
 #include "windows/Lifetime.h"
@@ -36,10 +37,12 @@ struct Assembly {
     WindowsTimers timers;
     FormSmsSendWindow formSmsSend;
     FormSmsSelectAddressWindow formSmsSelectAddress;
+    FormOptionsWindow formOptions{formSmsSend};
     Program program{{errors, registry, fileSystem, programs, messageLoop, dialogs, clock, locale,
                      automation, bitmaps, timers},
                     formSmsSend,
-                    formSmsSelectAddress};
+                    formSmsSelectAddress,
+                    formOptions};
 };
 
 // Ended by DllCanUnloadNow, never by the end of the process: by then the system's parts that it

@@ -1,5 +1,7 @@
 #include "windows/MessageFont.h"
 
+#include <algorithm>
+
 namespace tellwick::windows {
 
 namespace {
@@ -26,6 +28,17 @@ int SystemResolution() {
     return GetDeviceCaps(Screen(nullptr).Get(), LOGPIXELSY);
 }
 
+int CALLBACK AddFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
+    // "@" marks a font's turned letters for vertical text.
+    if (font->lfCharSet == SYMBOL_CHARSET || font->lfFaceName[0] == L'@') return TRUE;
+    try {
+        reinterpret_cast<std::vector<Text>*>(names)->push_back(FromWide(font->lfFaceName));
+    } catch (...) {
+        return FALSE;
+    }
+    return TRUE;
+}
+
 }  // namespace
 
 int ResolutionOf(HWND window) {
@@ -33,6 +46,18 @@ int ResolutionOf(HWND window) {
     static const auto dpiForWindow = SystemFunction<DpiForWindow>(L"user32.dll", "GetDpiForWindow");
     const UINT own = window && dpiForWindow ? dpiForWindow(window) : 0;
     return own ? int(own) : SystemResolution();
+}
+
+std::vector<Text> InstalledFonts() {
+    LOGFONTW all{};
+    all.lfCharSet = DEFAULT_CHARSET;
+    std::vector<Text> names;
+    const Screen screen(nullptr);
+    EnumFontFamiliesExW(screen.Get(), &all, &AddFont, reinterpret_cast<LPARAM>(&names), 0);
+    // A font comes once for every script it has.
+    std::sort(names.begin(), names.end(), LessFolded);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
 }
 
 MessageFont::MessageFont(int resolution) : resolution(resolution) {
@@ -47,6 +72,14 @@ MessageFont::MessageFont(int resolution) : resolution(resolution) {
     SIZE size{};
     GetTextExtentPoint32W(screen.Get(), Letters, 52, &size);
     metrics = {int(size.cy), int((size.cx / 26 + 1) / 2)};
+}
+
+int MessageFont::DropDownWidth(const ItemList& list) const {
+    int width = metrics.Horizontal(30);
+    for (std::int32_t item = 0; item < list.Count(); ++item) {
+        width = std::max(width, int(Measure(list.Item(item)).cx));
+    }
+    return width + GetSystemMetrics(SM_CXVSCROLL) + metrics.Horizontal(8);
 }
 
 SIZE MessageFont::Measure(TextView text, int width) const {

@@ -1,13 +1,20 @@
 // The user's font for messages at a screen's resolution, and the sizes that follow from it.
 #pragma once
 
+#include <vector>
+
 #include "windows/Com.h"
+
+#include "platform/Controls.h"
 
 namespace tellwick::windows {
 
 // Dots per inch: of the monitor that the window is on where the host follows monitors, else of the
 // system, as for no window.
 int ResolutionOf(HWND window);
+
+// Names of the installed fonts that letters can be written in, in alphabetical order.
+std::vector<Text> InstalledFonts();
 
 // Sizes in pixels that follow the user's font.
 struct FontMetrics {
@@ -29,6 +36,8 @@ public:
     int CaptionWidth(TextView caption) const {
         return Measure(caption).cx + metrics.Horizontal(12);
     }
+    // Width that a drop-down list needs for its items.
+    int DropDownWidth(const ItemList& list) const;
     // Size of a text, mnemonic marks left out; `width` above 0 wraps it.
     SIZE Measure(TextView text, int width = 0) const;
 

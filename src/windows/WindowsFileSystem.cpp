@@ -9,6 +9,14 @@ namespace {
 constexpr DWORD Missing = INVALID_FILE_ATTRIBUTES;
 constexpr std::int32_t FileExists = 58;
 
+struct SearchCloser {
+    using pointer = HANDLE;
+    void operator()(HANDLE search) const {
+        if (search != INVALID_HANDLE_VALUE) FindClose(search);
+    }
+};
+using FileSearch = std::unique_ptr<void, SearchCloser>;
+
 bool GetAttributes(TextView path, WIN32_FILE_ATTRIBUTE_DATA& data) {
     return GetFileAttributesExW(Wide(Text(path)), GetFileExInfoStandard, &data) &&
            !(data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -140,6 +148,20 @@ bool WindowsFileSystem::CreateFolder(TextView path) {
         return !errors;
     }
     return CreateDirectoryW(Wide(Text(path)), nullptr) || NoteLastError();
+}
+
+std::vector<Text> WindowsFileSystem::FileNames(TextView folder, TextView ending) {
+    std::vector<Text> names;
+    WIN32_FIND_DATAW found;
+    // All files: a pattern with the ending would match short names as well.
+    const FileSearch search(FindFirstFileW(Wide(Text(folder) + u"*"), &found));
+    if (search.get() == INVALID_HANDLE_VALUE) return names;
+    do {
+        Text name = FromWide(found.cFileName);
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
+        if (EndsWithFolded(name, ending)) names.push_back(std::move(name));
+    } while (FindNextFileW(search.get(), &found));
+    return names;
 }
 
 Text WindowsFileSystem::ParentFolderName(TextView path) {

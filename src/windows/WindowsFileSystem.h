@@ -20,6 +20,7 @@ public:
     bool Swap(TextView path, std::string_view contents) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
+    std::vector<Text> FileNames(TextView folder, TextView ending) override;
     Text ParentFolderName(TextView path) override;
     Text TempFolder() override;
     Text CreateTempFile(TextView folder, TextView prefix) override;

@@ -2,6 +2,9 @@
 
 #include <doctest.h>
 
+#include <algorithm>
+#include <set>
+
 #include "endtoend/Desktop.h"
 
 namespace tellwick::endtoend {
@@ -51,6 +54,28 @@ HWND Form::Control(const std::wstring& text) const {
     const HWND control = FindByText(window, text);
     REQUIRE_MESSAGE(control, "no such control");
     return control;
+}
+
+void CheckTabOrder(HWND window) {
+    const HWND first = Focus();
+    std::vector<HWND> visited;
+    do {
+        const HWND before = Focus();
+        visited.push_back(before);
+        Press(VK_TAB);
+        REQUIRE(WaitUntil([&] { return Focus() != before; }));
+    } while (Focus() != first && visited.size() < 50);
+    CHECK(std::set<HWND>(visited.begin(), visited.end()).size() == visited.size());
+    for (const HWND child : Descendants(window)) {
+        const bool stop = GetWindowLongW(child, GWL_STYLE) & WS_TABSTOP;
+        if (!stop || !IsWindowVisible(child) || !IsWindowEnabled(child)) continue;
+        const bool reached = std::any_of(visited.begin(), visited.end(), [&](HWND control) {
+            return control == child || GetParent(control) == child;
+        });
+        CHECK_MESSAGE(reached, TextOf(child));
+    }
+    Press(VK_TAB, {VK_SHIFT});
+    CHECK(WaitUntil([&] { return Focus() == visited.back(); }));
 }
 
 }  // namespace tellwick::endtoend

@@ -18,4 +18,7 @@ struct Form {
     HWND Control(const std::wstring& text) const;
 };
 
+// Goes once round a window with Tab, from where the focus is, and one step back.
+void CheckTabOrder(HWND window);
+
 }  // namespace tellwick::endtoend

@@ -1,9 +1,6 @@
 // The form without a mouse.
 #include <doctest.h>
 
-#include <algorithm>
-#include <set>
-
 #include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
 #include "endtoend/Machine.h"
@@ -17,25 +14,7 @@ TEST_CASE("Tab visits every control once, Shift+Tab goes back") {
     const Form form = Form::Open(outlook);
     Click(form.to);
     REQUIRE(WaitUntil([&] { return Focus() == form.to; }));
-    std::vector<HWND> visited;
-    do {
-        const HWND before = Focus();
-        visited.push_back(before);
-        Press(VK_TAB);
-        REQUIRE(WaitUntil([&] { return Focus() != before; }));
-    } while (Focus() != form.to && visited.size() < 50);
-    CHECK(std::set<HWND>(visited.begin(), visited.end()).size() == visited.size());
-    CHECK(std::count(visited.begin(), visited.end(), form.message) == 1);
-    for (const HWND child : Descendants(form.window)) {
-        const bool stop = GetWindowLongW(child, GWL_STYLE) & WS_TABSTOP;
-        if (!stop || !IsWindowVisible(child) || !IsWindowEnabled(child)) continue;
-        const bool reached = std::any_of(visited.begin(), visited.end(), [&](HWND window) {
-            return window == child || GetParent(window) == child;
-        });
-        CHECK_MESSAGE(reached, TextOf(child));
-    }
-    Press(VK_TAB, {VK_SHIFT});
-    CHECK(WaitUntil([&] { return Focus() == visited.back(); }));
+    CheckTabOrder(form.window);
 }
 
 TEST_CASE("Ctrl+Enter sends without the line break, Enter makes one, Escape and Alt+E close") {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+#include "compose/FormOptionsView.h"
 #include "compose/FormSmsSelectAddressView.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
@@ -114,7 +115,7 @@ public:
     void SetText(TextView text) override { caption = text; }
 };
 
-// What both windows have in common; View is the port of one of them.
+// What the windows have in common; View is the port of one of them.
 template <class View>
 class MemoryFormView : public View {
 public:
@@ -204,7 +205,9 @@ public:
     MemoryStatusBar& StatusBar1() override { return statusBar; }
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
-    void SetMessageFont(TextView, std::int32_t) override {}
+    void SetMessageFont(TextView name, std::int32_t points) override {
+        messageFont = Text(name) + u" " + NumberText(points);
+    }
     void SetHandlers(FormSmsSend&, const FormSmsSendParts& parts) override {
         textTo.onChange = [&field = parts.recipientField] { field.TextTo_Change(); };
         textTo.onClick = [&field = parts.recipientField] { field.TextTo_Click(); };
@@ -213,6 +216,7 @@ public:
 
     bool expanded = false;
     std::int32_t rows = 0;
+    Text messageFont;  // name and points
 
 private:
     MemoryComboBox textTo, templates;
@@ -224,6 +228,42 @@ private:
         buttonExpand, buttonHex, buttonUcs2, labelStatus;
     MemoryProgressBar progressBar;
     MemoryStatusBar statusBar;
+};
+
+class MemoryFormOptionsView : public MemoryFormView<FormOptionsView> {
+public:
+    MemoryFormOptionsView() {
+        controls = {{u"CheckStoreNumbers", &checkStoreNumbers},
+                    {u"LabelNumUsedNumber", &labelNumUsedNumber},
+                    {u"TextNumUsedNumber", &textNumUsedNumber},
+                    {u"TextPrefixes", &textPrefixes},
+                    {u"ButtonPrefix", &buttonPrefix},
+                    {u"BoxFont", &boxFont},
+                    {u"BoxFontSize", &boxFontSize},
+                    {u"BoxLanguage", &boxLanguage},
+                    {u"CheckForgetAnswers", &checkForgetAnswers},
+                    {u"CheckTrace", &checkTrace}};
+    }
+    MemoryCheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
+    MemoryControl& LabelNumUsedNumber() override { return labelNumUsedNumber; }
+    MemoryTextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
+    MemoryTextBox& TextPrefixes() override { return textPrefixes; }
+    MemoryControl& ButtonPrefix() override { return buttonPrefix; }
+    MemoryListBox& BoxFont() override { return boxFont; }
+    MemoryListBox& BoxFontSize() override { return boxFontSize; }
+    MemoryListBox& BoxLanguage() override { return boxLanguage; }
+    MemoryCheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
+    MemoryCheckBox& CheckTrace() override { return checkTrace; }
+    std::vector<Text> FontNames() override { return fontNames; }
+    void SetEvents(FormOptionsEvents&) override {}
+
+    std::vector<Text> fontNames{u"Arial", u"Tahoma"};
+
+private:
+    MemoryCheckBox checkStoreNumbers, checkForgetAnswers, checkTrace;
+    MemoryControl labelNumUsedNumber, buttonPrefix;
+    MemoryTextBox textNumUsedNumber, textPrefixes;
+    MemoryListBox boxFont, boxFontSize, boxLanguage;
 };
 
 class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {

@@ -127,6 +127,17 @@ bool MemoryFileSystem::CreateFolder(TextView path) {
     return true;
 }
 
+std::vector<Text> MemoryFileSystem::FileNames(TextView folder, TextView ending) {
+    std::vector<Text> names;
+    for (const auto& [path, file] : files) {
+        const std::size_t name = path.rfind(u'\\') + 1;
+        if (EqualFolded(TextView(path).substr(0, name), folder) && EndsWithFolded(path, ending)) {
+            names.push_back(path.substr(name));
+        }
+    }
+    return names;
+}
+
 Text MemoryFileSystem::ParentFolderName(TextView path) {
     const Text whole = WithoutSlash(path);
     const std::size_t slash = whole.rfind(u'\\');
@@ -225,9 +236,9 @@ std::string MemoryLocale::ToAnsi(TextView text) {
     return bytes;
 }
 
-std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t) {
-    const auto found = languages.find(locale);
-    if (found == languages.end()) return {};
+std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t type) {
+    const auto found = information.find({locale, type});
+    if (found == information.end()) return {};
     return found->second;
 }
 

@@ -15,11 +15,7 @@ namespace tellwick::test {
 
 // Names of files, keys and values: letter case is ignored.
 struct FoldedLess {
-    bool operator()(const Text& left, const Text& right) const {
-        return std::lexicographical_compare(
-            left.begin(), left.end(), right.begin(), right.end(),
-            [](char16_t a, char16_t b) { return LowerCase(a) < LowerCase(b); });
-    }
+    bool operator()(const Text& left, const Text& right) const { return LessFolded(left, right); }
 };
 
 class MemoryRegistry : public Registry {
@@ -51,6 +47,7 @@ public:
     bool Swap(TextView path, std::string_view contents) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
+    std::vector<Text> FileNames(TextView folder, TextView ending) override;
     Text ParentFolderName(TextView path) override;
     Text TempFolder() override { return u"C:\\Temp\\"; }
     Text CreateTempFile(TextView folder, TextView prefix) override;
@@ -102,7 +99,7 @@ public:
     Text commandLine;
     std::int32_t platformId = 2;
     std::vector<Text> snapshot;
-    std::vector<Text> paths;  // of the first module of each process
+    std::vector<Text> paths;       // of the first module of each process
     std::vector<Started> started;  // or tried to
     std::vector<Text> opened;
     bool failStart = false;
@@ -171,7 +168,8 @@ public:
     Text FromAnsi(std::string_view bytes) override;
     std::string ToAnsi(TextView text) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
-    std::map<std::uint32_t, Text> languages;  // by locale, as the system returns them
+    // By locale and type, as the system returns them.
+    std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 };
 
 class MemoryAutomation : public Automation {

@@ -13,7 +13,8 @@ struct TestProgram {
     MemoryPlatform platform;
     MemoryFormSmsSendView view;
     MemoryFormSmsSelectAddressView selectAddressView;
-    Program program{platform.Ports(), view, selectAddressView};
+    MemoryFormOptionsView optionsView;
+    Program program{platform.Ports(), view, selectAddressView, optionsView};
 
     TestProgram() {
         SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",

@@ -119,7 +119,7 @@ TEST_CASE("the language that is chosen") {
         m.SetRegistry(international, u"sLanguage", c.sLanguage);
         m.SetRegistry(u"Control Panel\\Microsoft Input Devices\\Mouse", u"Language", c.mouse);
         m.SetRegistry(international, u"Locale", c.locale);
-        m.platform.locale.languages[40] = u"PLK\0"s;
+        m.platform.locale.information[{40, 3}] = u"PLK\0"s;
         CHECK((m.language.GetLanguageString(u"F", u"name") == c.file));
         CHECK(m.dialogs.shown.empty());
     }

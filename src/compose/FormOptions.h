@@ -1,0 +1,62 @@
+// The settings window: what the add-in itself reads can be changed here. The settings are shared
+// with the sender application, which has windows of its own for the rest.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "compose/FormOptionsView.h"
+#include "platform/Locale.h"
+#include "settings/Services.h"
+
+namespace tellwick {
+
+class Prefixes;
+
+class FormOptions : public Form, public FormOptionsEvents, private Services {
+public:
+    enum class Field { First, Prefixes };
+
+    // `applied` is called once the user's changes are written.
+    FormOptions(const Services& services, FormOptionsView& view, Forms& forms, Prefixes& prefixes,
+                Locale& locale, std::function<void()> applied);
+    ~FormOptions() override;
+
+    // Opens the window, or brings the open one to the front, with the focus in a field.
+    void Show(Field field = Field::First);
+
+    // Takes the window away; nothing is written.
+    void Unload() override;
+
+    void CheckStoreNumbers_Click() override;
+    // Puts the country code of the user's Windows into the field, unless it is there.
+    void ButtonPrefix_Click() override;
+    // Writes what was changed, to the current settings file in one go.
+    void ButtonOK_Click() override;
+    void ButtonCancel_Click() override;
+
+private:
+    struct Setting {
+        TextView section, key;
+        Text value;  // empty: as without the setting
+    };
+
+    void Form_Load();
+    void EnableNumUsedNumber();
+    Text CountryCode();
+    Text CleanPrefixes(TextView typed);
+    void Fill(ItemList& box, const std::vector<Text>& choices, TextView chosen);
+    std::vector<Setting> Entered();
+
+    // As the window was opened.
+    std::vector<Setting> shown;
+    bool traceShown = false;
+
+    FormOptionsView& view;
+    Forms& forms;
+    Prefixes& prefixes;
+    Locale& locale;
+    std::function<void()> applied;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,81 @@
+// The window of the settings: a dialog of the SMS form.
+#pragma once
+
+#include "windows/FormWindow.h"
+
+#include "compose/FormOptionsView.h"
+
+namespace tellwick::windows {
+
+class FormOptionsWindow : public FormOptionsView, private FormWindow {
+public:
+    // `owner` is loaded whenever this window is.
+    explicit FormOptionsWindow(const FormWindow& owner) : owner(owner) {}
+
+    bool Load() override;
+    bool Loaded() const override { return FormWindow::Window() != nullptr; }
+    void Show() override { ShowWindowed(); }
+    void Unload() override { Destroy(); }
+    FormPlace Place() const override { return WindowPlace(); }
+    void SetPlace(const FormPlace& place, bool positioned) override {
+        SetWindowPlace(place, positioned);
+    }
+    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
+    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
+        VisitControls(visit);
+    }
+
+    CheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
+    Control& LabelNumUsedNumber() override { return labelNumUsedNumber; }
+    TextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
+    TextBox& TextPrefixes() override { return textPrefixes; }
+    Control& ButtonPrefix() override { return buttonPrefix; }
+    ItemList& BoxFont() override { return boxFont; }
+    ItemList& BoxFontSize() override { return boxFontSize; }
+    ItemList& BoxLanguage() override { return boxLanguage; }
+    CheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
+    CheckBox& CheckTrace() override { return checkTrace; }
+    std::vector<Text> FontNames() override { return InstalledFonts(); }
+    void SetEvents(FormOptionsEvents& newEvents) override { events = &newEvents; }
+
+private:
+    SIZE LeastClient() const override;
+    SIZE UsualClient() const override { return LeastClient(); }
+    void OnClose() override { events->ButtonCancel_Click(); }
+    void OnSize() override;
+    bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
+    void OnCommand(HWND control, WORD notification, WORD identifier) override;
+    int LabelWidth() const;
+    int InnerWidth() const;
+    int Arrange(int innerWidth, Placement* placement) const;
+
+    const FormWindow& owner;
+    FormOptionsEvents* events = nullptr;
+
+    WindowControl frameNumbers;
+    WindowCheckBox checkStoreNumbers;
+    WindowControl labelNumUsedNumber;
+    WindowTextBox textNumUsedNumber;
+    WindowControl framePrefixes;
+    WindowControl labelPrefixHelp;
+    WindowControl labelPrefixes;
+    WindowTextBox textPrefixes;
+    WindowControl buttonPrefix;
+    WindowControl frameFont;
+    WindowControl labelFont;
+    WindowComboBox boxFont;
+    WindowControl labelFontSize;
+    WindowComboBox boxFontSize;
+    WindowControl frameLanguage;
+    WindowControl labelLanguage;
+    WindowComboBox boxLanguage;
+    WindowControl labelLanguageHelp;
+    WindowControl frameMisc;
+    WindowCheckBox checkForgetAnswers;
+    WindowCheckBox checkTrace;
+    WindowControl labelTraceHelp;
+    WindowControl buttonOK;
+    WindowControl buttonCancel;
+};
+
+}  // namespace tellwick::windows

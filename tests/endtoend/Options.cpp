@@ -1,0 +1,112 @@
+// The settings window over the SMS form.
+#include <doctest.h>
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Form.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+HWND OpenOptions(const Form& form) {
+    Click(form.message);
+    Press('T', {VK_MENU});
+    const HWND options = WaitForWindow(L"Einstellungen");
+    REQUIRE(options);
+    CHECK_FALSE(IsWindowEnabled(form.window));
+    return options;
+}
+
+// The SMS form is back, and the user where he was in it.
+void CheckClosed(HWND options, const Form& form) {
+    REQUIRE(WaitUntilGone(options));
+    CHECK(IsWindowEnabled(form.window));
+    CHECK(WaitUntil([&] { return Focus() == form.message; }));
+}
+
+// The control that a mnemonic takes the focus to.
+HWND Jump(WORD letter) {
+    const HWND before = Focus();
+    Press(letter, {VK_MENU});
+    CHECK(WaitUntil([&] { return Focus() != before; }));
+    return Focus();
+}
+
+}  // namespace
+
+TEST_CASE("the settings are changed by keyboard, and stand in file and registry") {
+    Machine machine;
+    WriteText(AddInKey, L"Active", L"1");
+    const std::wstring file = machine.SettingsFile();
+    WritePrivateProfileStringW(L"QuestionBox", L"Answer126", L"6", file.c_str());
+    StandIn outlook(11, L"--empty");
+    const Form form = Form::Open(outlook);
+    const HWND options = OpenOptions(form);
+    CheckTabOrder(options);
+    Jump('A');
+    Type(L"2x5");
+    const HWND prefixes = Jump('L');
+    Type(L"+49, 0043");
+    CHECK(WaitUntil([&] { return TextOf(prefixes) == L"+49, 0043"; }));
+    const HWND font = Jump('S');
+    Press(VK_DOWN);
+    CHECK(WaitUntil([&] { return TextOf(font) != L"(wie Windows)"; }));
+    const std::wstring fontName = TextOf(font);
+    Jump('G');
+    Press(VK_END);
+    Jump('P');
+    Type(L"e");
+    Jump('F');
+    Jump('R');
+    Press(VK_RETURN);
+    CheckClosed(options, form);
+
+    const auto read = [&](const wchar_t* section, const wchar_t* key) {
+        wchar_t text[512]{};
+        GetPrivateProfileStringW(section, key, L"(none)", text, 512, file.c_str());
+        return std::wstring(text);
+    };
+    CHECK(read(L"SMS", L"StoreNumbers") == L"(none)");
+    CHECK(read(L"SMS", L"NumUsedNumber") == L"25");
+    CHECK(read(L"Prefixes", L"Remove0InPrefixes") == L"+49 +43");
+    CHECK(read(L"Editor", L"Font") == fontName);
+    CHECK(read(L"Editor", L"FontSize") == L"72");
+    CHECK(read(L"Settings", L"Language") == L"English");
+    CHECK(read(L"QuestionBox", L"Answer126") == L"(none)");
+    CHECK(ReadText(AddInKey, L"DebugMode") == L"1");
+    // The trace begins without a new start.
+    Type(std::wstring(100, L'x'));
+    CHECK(WaitUntil(
+        [&] { return FileExists(machine.ProgramFolder() + L"TellwickAddIn.dbg.xml"); }));
+}
+
+TEST_CASE("Escape closes an open list, then the window, and nothing is written") {
+    Machine machine;
+    StandIn outlook(9, L"--empty");
+    const Form form = Form::Open(outlook);
+    HWND options = OpenOptions(form);
+    const std::string before = ReadBytes(machine.SettingsFile());
+    Jump('A');
+    Type(L"25");
+    const HWND font = Jump('S');
+    Press(VK_DOWN, {VK_MENU});
+    const auto open = [&] { return SendMessageW(font, CB_GETDROPPEDSTATE, 0, 0) != 0; };
+    CHECK(WaitUntil(open));
+    Press(VK_ESCAPE);
+    CHECK(WaitUntil([&] { return !open(); }));
+    CHECK(IsWindowVisible(options));
+    Press(VK_ESCAPE);
+    CheckClosed(options, form);
+    options = OpenOptions(form);
+    CHECK(FindByText(options, L"10"));
+    // A second "New SMS" fetches the form to the front, with its dialog.
+    outlook.ClickButton(1, "Neue SMS");
+    CHECK(WaitUntil([&] { return GetForegroundWindow() == options; }));
+    Press(VK_F4, {VK_MENU});
+    CheckClosed(options, form);
+    CHECK(ReadBytes(machine.SettingsFile()) == before);
+    OpenOptions(form);
+    CHECK(outlook.Quit().exitCode == 0);
+}

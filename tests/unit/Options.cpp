@@ -1,0 +1,252 @@
+// The settings window: what it shows, and what of it is written.
+#include <doctest.h>
+
+#include "SettingsModules.h"
+#include "platform/TestProgram.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+using namespace std::string_literals;
+
+namespace {
+
+// The window over a machine with settings. The current settings file is not the base file.
+struct Options : TestProgram {
+    FormOptions& form = program.formOptions;
+    MemoryFormOptionsView& window = optionsView;
+
+    Options() {
+        program.debug.DebugInit(false, true);
+        for (const TextView name : {u"Francais.lng", u"Deutsch.lng", u"english.LNG", u"no.txt"}) {
+            platform.fileSystem.Write(u"C:\\Program\\" + Text(name), "[x]", WriteMode::Replace);
+        }
+    }
+    std::string Settings() { return platform.fileSystem.files[Text(CurrentFile)].contents; }
+};
+
+Text Chosen(const MemoryListBox& box) {
+    return box.Item(box.selected);
+}
+void Choose(MemoryListBox& box, TextView item) {
+    const auto found = std::find(box.items.begin(), box.items.end(), item);
+    REQUIRE(found != box.items.end());
+    box.selected = std::int32_t(found - box.items.begin());
+}
+
+}  // namespace
+
+TEST_CASE("the window shows the settings, or what holds without them") {
+    Options options;
+    MemoryFormOptionsView& window = options.window;
+    const Text asWindows = u"(wie Windows)";
+    options.form.Show();
+    CHECK(window.caption == u"Corvane - Einstellungen");
+    CHECK(window.BoxFont().items == std::vector<Text>{asWindows, u"Arial", u"Tahoma"});
+    CHECK(window.BoxLanguage().items ==
+          std::vector<Text>{asWindows, u"Deutsch", u"english", u"Francais"});
+    CHECK(window.BoxFont().selected + window.BoxFontSize().selected +
+              window.BoxLanguage().selected ==
+          0);
+    options.form.Unload();
+
+    const auto numbers = [&] { return window.TextNumUsedNumber().GetText(); };
+    const auto stores = [&] { return Text(window.CheckStoreNumbers().Checked() ? u"yes" : u"no"); };
+    const auto font = [&] { return Chosen(window.BoxFont()); };
+    const auto size = [&] { return Chosen(window.BoxFontSize()); };
+    const auto chosen = [&] { return Chosen(window.BoxLanguage()); };
+    struct Case {
+        TextView section, key, value;
+        std::function<Text()> shown;
+        TextView expected;
+    };
+    for (const Case& c : {Case{u"SMS", u"NumUsedNumber", u"", numbers, u"10"},
+                          {u"SMS", u"NumUsedNumber", u"abc", numbers, u"0"},
+                          {u"SMS", u"NumUsedNumber", u"-3", numbers, u"0"},
+                          {u"SMS", u"NumUsedNumber", u"99999", numbers, u"10000"},
+                          {u"SMS", u"NumUsedNumber", u"25 or so", numbers, u"25"},
+                          {u"SMS", u"StoreNumbers", u"", stores, u"yes"},
+                          {u"SMS", u"StoreNumbers", u"-1", stores, u"yes"},
+                          {u"SMS", u"StoreNumbers", u"x", stores, u"no"},
+                          {u"Editor", u"Font", u"tahoma", font, u"Tahoma"},
+                          {u"Editor", u"Font", u"Removed Sans", font, u"Removed Sans"},
+                          {u"Editor", u"FontSize", u"13", size, u"13"},
+                          {u"Editor", u"FontSize", u"big", size, asWindows},
+                          {u"Settings", u"Language", u"DEUTSCH.lng", chosen, u"Deutsch"},
+                          {u"Settings", u"Language", u"Fran\u00e7ais", chosen, u"Francais"},
+                          {u"Settings", u"Language", u"Klingon", chosen, u"Klingon"}}) {
+        CAPTURE(Text(c.value));
+        options.SetSetting(c.section, c.key, c.value);
+        options.form.Show();
+        CHECK(c.shown() == c.expected);
+        CHECK(window.TextNumUsedNumber().Enabled() == (stores() == u"yes"));
+        // What nobody changed stays as it is, even where the window shows it otherwise.
+        options.form.ButtonOK_Click();
+        CHECK(options.Setting(c.section, c.key) == c.value);
+        options.SetSetting(c.section, c.key, u"");
+    }
+    // What another program wrote meanwhile; a size between its neighbours.
+    options.platform.fileSystem.Write(CurrentFile, "[Editor]\r\nFontSize=13\r\n",
+                                      WriteMode::Replace);
+    options.form.Show();
+    CHECK(size() == u"13");
+    CHECK(window.BoxFontSize().selected == 6);
+}
+
+TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
+    Options options;
+    options.SetSetting(u"Other", u"Kept", u"yes");
+    options.program.formSmsSend.Open({});
+    options.program.formSmsSend.ButtonOptions_Click();
+    options.window.CheckStoreNumbers().SetChecked(false);
+    options.form.CheckStoreNumbers_Click();
+    CHECK_FALSE(options.window.TextNumUsedNumber().Enabled());
+    CHECK_FALSE(options.window.LabelNumUsedNumber().Enabled());
+    Choose(options.window.BoxFont(), u"Arial");
+    Choose(options.window.BoxFontSize(), u"12");
+    Choose(options.window.BoxLanguage(), u"Francais");
+    const int writes = options.platform.fileSystem.writes;
+    options.form.ButtonOK_Click();
+    CHECK(options.platform.fileSystem.writes == writes + 1);
+    CHECK(options.Settings() ==
+          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\n[Editor]\r\nFont=Arial\r\n"
+          "FontSize=12\r\n[Settings]\r\nLanguage=Francais\r\n");
+    CHECK(options.view.messageFont == u"Arial 12");
+    CHECK_FALSE(options.program.formSmsSend.Settings().storeNumbers);
+
+    // "As in Windows" is the absence of the setting.
+    options.form.Show();
+    options.window.BoxFont().selected = 0;
+    options.window.BoxFontSize().selected = 0;
+    options.window.BoxLanguage().selected = 0;
+    options.form.ButtonOK_Click();
+    CHECK(options.Settings() ==
+          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\n[Editor]\r\n[Settings]\r\n");
+    CHECK(options.program.forms.Count() == 1);
+}
+
+TEST_CASE("without OK nothing is written") {
+    Options options;
+    options.SetSetting(u"QuestionBox", u"Answer126", u"6");
+    const std::string before = options.Settings();
+    options.program.formSmsSend.Open({});
+    options.form.Show();
+    options.window.TextNumUsedNumber().SetText(u"3");
+    options.window.TextPrefixes().SetText(u"+49");
+    options.window.CheckForgetAnswers().SetChecked(true);
+    options.window.CheckTrace().SetChecked(true);
+    SUBCASE("cancelled") {
+        options.form.ButtonCancel_Click();
+        CHECK(options.Settings() == before);
+    }
+    SUBCASE("gone with the SMS form") {
+        options.program.formSmsSend.Unload();
+    }
+    CHECK_FALSE(options.window.Loaded());
+    CHECK(options.Setting(u"SMS", u"NumUsedNumber") == u"");
+    CHECK(options.Setting(u"QuestionBox", u"Answer126") == u"6");
+    CHECK(options.Registry(AddInKey, u"DebugMode") == u"");
+    options.form.Show();
+    CHECK(options.window.TextNumUsedNumber().GetText() == u"10");
+    CHECK_FALSE(options.window.CheckForgetAnswers().Checked());
+}
+
+TEST_CASE("numbers and prefixes are cleaned before they are written") {
+    struct Case {
+        TextView typed, written;
+    };
+    const auto written = [](MemoryTextBox& (MemoryFormOptionsView::*field)(), TextView typed,
+                            TextView section, TextView key) {
+        Options options;
+        options.SetSetting(section, key, u"5");
+        options.form.Show();
+        (options.window.*field)().SetText(typed);
+        options.form.ButtonOK_Click();
+        return options.Setting(section, key);
+    };
+    for (const Case& c : {Case{u" +49,+43;;41\t+1 ", u"+49 +43 41 +1"}, Case{u"0049", u"+49"},
+                          Case{u"+ 49", u"49"}, Case{u"[SMS]=\u4e00", u""}, Case{u"+", u""}}) {
+        CHECK(written(&MemoryFormOptionsView::TextPrefixes, c.typed, u"Prefixes",
+                      u"Remove0InPrefixes") == c.written);
+    }
+    // Nothing left stands for the default.
+    for (const Case& c :
+         {Case{u"25", u"25"}, Case{u"10001", u"10000"}, Case{u"1x2", u"12"}, Case{u"0", u"0"},
+          Case{u"99999999999999999999", u"10000"}, Case{u"", u""}, Case{u"x", u""}}) {
+        CHECK(written(&MemoryFormOptionsView::TextNumUsedNumber, c.typed, u"SMS",
+                      u"NumUsedNumber") == c.written);
+    }
+}
+
+TEST_CASE("the user's own country code is proposed where Windows knows it") {
+    Options options;
+    for (const Text& unusable : {Text(), u"\0"s, u"4x\0"s}) {
+        options.platform.locale.information[{0x400, 5}] = unusable;
+        options.form.Show();
+        CHECK_FALSE(options.window.ButtonPrefix().Visible());
+        options.form.Unload();
+    }
+    options.platform.locale.information[{0x400, 5}] = u"49\0"s;
+    options.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+492");
+    // A second opening keeps what was typed.
+    options.form.Show();
+    options.window.TextNumUsedNumber().SetText(u"3");
+    options.form.Show(FormOptions::Field::Prefixes);
+    CHECK(options.window.TextNumUsedNumber().GetText() == u"3");
+    CHECK(options.window.TextPrefixes().HasFocus());
+    CHECK(options.window.TextPrefixes().SelectionLength() == 4);
+    CHECK(options.window.ButtonPrefix().Visible());
+    CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +49");
+    struct Case {
+        TextView before, after;
+    };
+    for (const Case& c : {Case{u"", u"+49"}, Case{u"+43", u"+43 +49"}, Case{u"+43; 49", u"+43 49"},
+                          Case{u"+49", u"+49"}, Case{u"+492", u"+492 +49"}}) {
+        options.window.TextPrefixes().SetText(c.before);
+        options.form.ButtonPrefix_Click();
+        CHECK(options.window.TextPrefixes().GetText() == c.after);
+    }
+}
+
+TEST_CASE("the trace is switched where its start looks for it") {
+    struct Case {
+        TextView registry, setting;
+        bool on, switchTo;
+        TextView registryAfter, settingAfter;
+    };
+    for (const Case& c :
+         {Case{u"", u"", false, true, u"1", u""}, Case{u"x", u"", false, true, u"1", u""},
+          // A trace that is on keeps its mode.
+          Case{u"17", u"", true, true, u"17", u""}, Case{u"", u"3", true, true, u"", u"3"},
+          // Off in both places.
+          Case{u"-1", u"", true, false, u"0", u""}, Case{u"1", u"3", true, false, u"0", u""}}) {
+        CAPTURE(Text(c.registry));
+        CAPTURE(Text(c.setting));
+        Options options;
+        options.SetRegistry(AddInKey, u"Active", u"1");
+        options.SetRegistry(AddInKey, u"DebugMode", c.registry);
+        options.program.inifilesLite.SetIniSettingWithTest(u"Debug", u"DebugMode", c.setting);
+        options.form.Show();
+        CHECK(options.window.CheckTrace().Checked() == c.on);
+        options.window.CheckTrace().SetChecked(c.switchTo);
+        options.form.ButtonOK_Click();
+        CHECK(options.Registry(AddInKey, u"DebugMode") == c.registryAfter);
+        CHECK(options.program.inifilesLite.GetBaseIniSetting(u"Debug", u"DebugMode") ==
+              c.settingAfter);
+        CHECK(options.Registry(AddInKey, u"Active") == u"1");
+    }
+}
+
+TEST_CASE("remembered answers can be taken back where there are any") {
+    Options options;
+    options.form.Show();
+    CHECK_FALSE(options.window.CheckForgetAnswers().Enabled());
+    options.form.Unload();
+    options.SetSetting(u"QuestionBox", u"Answer138", u"1");
+    for (const bool forget : {false, true}) {
+        options.form.Show();
+        CHECK(options.window.CheckForgetAnswers().Enabled());
+        options.window.CheckForgetAnswers().SetChecked(forget);
+        options.form.ButtonOK_Click();
+        CHECK(options.Setting(u"QuestionBox", u"Answer138") == (forget ? u"" : u"1"));
+    }
+}
