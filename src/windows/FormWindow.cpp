@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/Keys.h"
+#include "windows/DialogKeys.h"
 #include "windows/Server.h"
 #include "windows/VisualStyles.h"
 
@@ -29,12 +30,6 @@ bool RegisterFormClass() {
     form.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     form.lpszClassName = FormClass;
     return RegisterClassExW(&form) != 0;
-}
-
-std::int32_t ShiftState() {
-    const auto down = [](int virtualKey) { return GetKeyState(virtualKey) < 0; };
-    return (down(VK_SHIFT) ? key::Shift : 0) | (down(VK_CONTROL) ? key::Control : 0) |
-           (down(VK_MENU) ? key::Alt : 0);
 }
 
 }  // namespace
@@ -67,9 +62,8 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon, HWND 
     font = std::make_unique<MessageFont>(ResolutionOf(window));
     icon = newIcon;
     LoadIcons();
-    toolTips =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0,
-                        0, window, nullptr, Library(), nullptr);
+    toolTips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
+                               0, 0, 0, window, nullptr, Library(), nullptr);
     controls = plan;
     for (const ControlPlan& part : controls) {
         const HWND control =
@@ -267,7 +261,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_COMMAND:
             if (!second) return 0;
-            MoveDefault(reinterpret_cast<HWND>(second), HIWORD(first));
+            MoveDefault(defaultButton, reinterpret_cast<HWND>(second), HIWORD(first));
             OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
             return 0;
         case WM_NEXTDLGCTL: {
@@ -315,62 +309,12 @@ bool FormWindow::HandleInput(MSG& message) {
         const auto keyCode = std::int32_t(message.wParam);
         // The key that submits has typed its line break by the time the form looks at the text.
         if (keyCode == VK_RETURN && shift == key::Control) TranslateMessage(&message);
-        if (HandleKey(keyCode, shift)) return true;
+        if (OnKeyDown(keyCode, shift) || !window) return true;
+        if (HandleDialogKey(window, defaultButton, keyCode, shift)) return true;
     }
     if (message.message == WM_CHAR && OnCharacter(char16_t(message.wParam))) return true;
-    const bool lineBreak = (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) ||
-                           (message.message == WM_CHAR && message.wParam == '\r');
-    const bool multiLine = (GetWindowLongW(message.hwnd, GWL_STYLE) &
-                            (ES_MULTILINE | ES_WANTRETURN)) == (ES_MULTILINE | ES_WANTRETURN);
-    if ((lineBreak && multiLine) || !IsDialogMessageW(window, &message)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
+    DispatchDialogMessage(window, message);
     return true;
-}
-
-bool FormWindow::HandleKey(std::int32_t keyCode, std::int32_t shift) {
-    if (OnKeyDown(keyCode, shift) || !window) return true;
-    if (keyCode == VK_TAB) return MoveFocus((shift & key::Shift) != 0);
-    const HWND focus = GetFocus();
-    const auto code = SendMessageW(focus, WM_GETDLGCODE, 0, 0);
-    const auto style = GetWindowLongW(focus, GWL_STYLE);
-    if (keyCode == 'A' && shift == key::Control && (code & DLGC_HASSETSEL)) {
-        // Older systems know this key in no text box.
-        SendMessageW(focus, EM_SETSEL, 0, -1);
-        return true;
-    }
-    if (keyCode != VK_RETURN || shift != 0) return false;
-    const HWND parent = GetParent(focus);
-    const HWND combo = parent == window ? focus : parent;
-    if (SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) return false;  // the key chooses in the list
-    const bool multiLine = (code & DLGC_HASSETSEL) && (style & ES_MULTILINE);
-    const HWND pushed = code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON) ? focus : defaultButton;
-    if (multiLine || !pushed || !IsWindowEnabled(pushed)) return false;
-    SendMessageW(pushed, BM_CLICK, 0, 0);
-    return true;
-}
-
-// A text box of several lines would keep the tabulator for itself.
-bool FormWindow::MoveFocus(bool backwards) {
-    const HWND next = GetNextDlgTabItem(window, GetFocus(), backwards);
-    if (!next) return false;
-    SendMessageW(window, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-    ::SetFocus(next);
-    if (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
-        if (!(GetWindowLongW(next, GWL_STYLE) & ES_MULTILINE)) SendMessageW(next, EM_SETSEL, 0, -1);
-    }
-    return true;
-}
-
-void FormWindow::MoveDefault(HWND control, WORD notification) {
-    const bool focused = notification == BN_SETFOCUS;
-    if ((!focused && notification != BN_KILLFOCUS) || control == defaultButton) return;
-    // Other controls have other notifications of these numbers.
-    const LRESULT code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
-    if (!(code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON))) return;
-    SendMessageW(defaultButton, BM_SETSTYLE, focused ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
-    SendMessageW(control, BM_SETSTYLE, focused ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }
 
 Placement::Placement() : positions(BeginDeferWindowPos(40)) {}

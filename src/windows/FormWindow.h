@@ -82,9 +82,6 @@ private:
     static LRESULT CALLBACK MessageHook(int code, WPARAM removal, LPARAM message);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
     bool HandleInput(MSG& message);
-    bool HandleKey(std::int32_t keyCode, std::int32_t shift);
-    bool MoveFocus(bool backwards);
-    void MoveDefault(HWND control, WORD notification);
     void PlaceFirst();
     SIZE Framed(SIZE client) const;
     void LoadIcons();
