@@ -18,11 +18,12 @@ bool MoveFocus(HWND dialog, bool backwards) {
     return true;
 }
 
-bool IsPushButton(LRESULT dialogCode) {
-    return (dialogCode & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
-}
-
 }  // namespace
+
+bool IsPushButton(HWND control) {
+    return (SendMessageW(control, WM_GETDLGCODE, 0, 0) &
+            (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
+}
 
 std::int32_t ShiftState() {
     const auto down = [](int virtualKey) { return GetKeyState(virtualKey) < 0; };
@@ -45,7 +46,7 @@ bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std:
     const HWND combo = parent == dialog ? focus : parent;
     if (SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) return false;  // the key chooses in the list
     const bool multiLine = (code & DLGC_HASSETSEL) && (style & ES_MULTILINE);
-    const HWND pushed = IsPushButton(code) ? focus : defaultButton;
+    const HWND pushed = IsPushButton(focus) ? focus : defaultButton;
     if (multiLine || !pushed || !IsWindowEnabled(pushed)) return false;
     SendMessageW(pushed, BM_CLICK, 0, 0);
     return true;
@@ -66,7 +67,7 @@ void MoveDefault(HWND defaultButton, HWND control, WORD notification) {
     const bool focused = notification == BN_SETFOCUS;
     if ((!focused && notification != BN_KILLFOCUS) || control == defaultButton) return;
     // Other controls have other notifications of these numbers.
-    if (!IsPushButton(SendMessageW(control, WM_GETDLGCODE, 0, 0))) return;
+    if (!IsPushButton(control)) return;
     SendMessageW(defaultButton, BM_SETSTYLE, focused ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON, TRUE);
     SendMessageW(control, BM_SETSTYLE, focused ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }

@@ -3,7 +3,7 @@
 namespace tellwick::windows {
 
 std::vector<ControlPlan> FormSmsSendControls::Plan() {
-    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON;
+    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY;
     constexpr DWORD Check = WS_TABSTOP | BS_AUTOCHECKBOX;
     constexpr DWORD Combo = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL;
     constexpr DWORD DropDown = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;

@@ -109,7 +109,8 @@ void FormWindow::ShowWindowed() {
     if (!std::exchange(placed, true)) PlaceFirst();
     if (const HWND owner = GetWindow(window, GW_OWNER)) EnableWindow(owner, FALSE);
     ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
-    // Of a window with an open dialog, the dialog.
+    // Of a window with an open dialog, the dialog, in front of it.
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     SetForegroundWindow(GetLastActivePopup(window));
 }
 
@@ -265,10 +266,11 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
             return 0;
         case WM_NEXTDLGCTL: {
-            // A mnemonic of a label leads to the control behind it.
+            // A mnemonic of a label leads to the control behind it, that of a button pushes it and
+            // leaves the user where he is.
             const HWND next = LOWORD(second) ? reinterpret_cast<HWND>(first)
                                              : GetNextDlgTabItem(own, GetFocus(), first != 0);
-            if (next) ::SetFocus(next);
+            if (next && !IsPushButton(next)) ::SetFocus(next);
             return 0;
         }
         case WM_NOTIFY:

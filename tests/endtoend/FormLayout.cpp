@@ -86,13 +86,14 @@ private:
 }  // namespace
 
 TEST_CASE("every caption fits and nothing overlaps, in every language at every resolution") {
+    Machine machine;
     for (const DWORD resolution : {96, 120, 144, 192}) {
         CAPTURE(resolution);
         const Resolution system(resolution);
         for (const std::string language : {"Deutsch", "English", "Francais", "Espanol",
                                            "Portugues-BR", "Cesky", "Nederlands", "Polski"}) {
             CAPTURE(language);
-            Machine machine(language);
+            WriteBytes(machine.SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
             StandIn outlook(11, L"--empty");
             const Form form = Form::Open(outlook);
             CheckLayout(outlook);
