@@ -11,6 +11,9 @@ namespace tellwick::windows {
 // The keys held now, as the forms' handlers get them.
 std::int32_t ShiftState();
 
+// Gives a control the focus as dialogs do: the text of a field of one line is selected.
+void FocusControl(HWND control);
+
 // The keys that dialogs have for themselves: Tab moves the focus, Enter pushes the button with the
 // focus or else the default one, Ctrl+A selects a text. True when the key was used up.
 bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std::int32_t shift);

@@ -86,7 +86,7 @@ void FormWindow::Destroy() {
     SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
     for (const ControlPlan& part : controls) part.control->Detach();
     lastFocus = defaultButton = caller = nullptr;
-    // Before the window goes, or the system would pass the activation on to another program's.
+    // Before the window goes: the system then activates its owner, not another program's window.
     if (const HWND owner = GetWindow(destroyed, GW_OWNER)) EnableWindow(owner, TRUE);
     DestroyWindow(destroyed);
     std::erase(openForms, this);
@@ -110,7 +110,9 @@ void FormWindow::ShowWindowed() {
     if (const HWND owner = GetWindow(window, GW_OWNER)) EnableWindow(owner, FALSE);
     ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
     // Of a window with an open dialog, the dialog.
-    SetForegroundWindow(GetLastActivePopup(window));
+    const HWND front = GetLastActivePopup(window);
+    BringWindowToTop(front);
+    SetForegroundWindow(front);
 }
 
 FormPlace FormWindow::WindowPlace() const {
@@ -268,7 +270,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             // A mnemonic of a label leads to the control behind it.
             const HWND next = LOWORD(second) ? reinterpret_cast<HWND>(first)
                                              : GetNextDlgTabItem(own, GetFocus(), first != 0);
-            if (next) ::SetFocus(next);
+            if (next) FocusControl(next);
             return 0;
         }
         case WM_NOTIFY:
