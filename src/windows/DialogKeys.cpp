@@ -11,10 +11,7 @@ bool MoveFocus(HWND dialog, bool backwards) {
     const HWND next = GetNextDlgTabItem(dialog, GetFocus(), backwards);
     if (!next) return false;
     SendMessageW(dialog, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-    SetFocus(next);
-    if (SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
-        if (!(GetWindowLongW(next, GWL_STYLE) & ES_MULTILINE)) SendMessageW(next, EM_SETSEL, 0, -1);
-    }
+    FocusControl(next);
     return true;
 }
 
@@ -29,6 +26,13 @@ std::int32_t ShiftState() {
     const auto down = [](int virtualKey) { return GetKeyState(virtualKey) < 0; };
     return (down(VK_SHIFT) ? key::Shift : 0) | (down(VK_CONTROL) ? key::Control : 0) |
            (down(VK_MENU) ? key::Alt : 0);
+}
+
+void FocusControl(HWND control) {
+    SetFocus(control);
+    if (!(SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)) return;
+    if (GetWindowLongW(control, GWL_STYLE) & ES_MULTILINE) return;
+    SendMessageW(control, EM_SETSEL, 0, -1);
 }
 
 bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std::int32_t shift) {

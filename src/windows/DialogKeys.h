@@ -13,6 +13,9 @@ std::int32_t ShiftState();
 
 bool IsPushButton(HWND control);
 
+// Gives a control the focus as dialogs do: the text of a field of one line is selected.
+void FocusControl(HWND control);
+
 // The keys that dialogs have for themselves: Tab moves the focus, Enter pushes the button with the
 // focus or else the default one, Ctrl+A selects a text. True when the key was used up.
 bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std::int32_t shift);

@@ -86,8 +86,11 @@ void FormWindow::Destroy() {
     SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
     for (const ControlPlan& part : controls) part.control->Detach();
     lastFocus = defaultButton = caller = nullptr;
-    // Before the window goes, or the system would pass the activation on to another program's.
-    if (const HWND owner = GetWindow(destroyed, GW_OWNER)) EnableWindow(owner, TRUE);
+    // Before the window goes: the system then activates its owner, not another program's window.
+    if (const HWND owner = GetWindow(destroyed, GW_OWNER)) {
+        EnableWindow(owner, TRUE);
+        if (GetActiveWindow() == destroyed) SetActiveWindow(owner);
+    }
     DestroyWindow(destroyed);
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
@@ -109,9 +112,11 @@ void FormWindow::ShowWindowed() {
     if (!std::exchange(placed, true)) PlaceFirst();
     if (const HWND owner = GetWindow(window, GW_OWNER)) EnableWindow(owner, FALSE);
     ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
-    // Of a window with an open dialog, the dialog, in front of it.
+    // Of a window with an open dialog, the dialog, and the window right behind it.
+    const HWND front = GetLastActivePopup(window);
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    SetForegroundWindow(GetLastActivePopup(window));
+    BringWindowToTop(front);
+    SetForegroundWindow(front);
 }
 
 FormPlace FormWindow::WindowPlace() const {
@@ -270,7 +275,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             // leaves the user where he is.
             const HWND next = LOWORD(second) ? reinterpret_cast<HWND>(first)
                                              : GetNextDlgTabItem(own, GetFocus(), first != 0);
-            if (next && !IsPushButton(next)) ::SetFocus(next);
+            if (next && !IsPushButton(next)) FocusControl(next);
             return 0;
         }
         case WM_NOTIFY:

@@ -11,7 +11,6 @@ using namespace tellwick::endtoend;
 namespace {
 
 HWND OpenOptions(const Form& form) {
-    Click(form.message);
     Press('T', {VK_MENU});
     const HWND options = WaitForWindow(L"Einstellungen");
     REQUIRE(options);
@@ -23,7 +22,7 @@ HWND OpenOptions(const Form& form) {
 void CheckClosed(HWND options, const Form& form) {
     REQUIRE(WaitUntilGone(options));
     CHECK(IsWindowEnabled(form.window));
-    CHECK(WaitUntil([&] { return Focus() == form.message; }));
+    CHECK(WaitUntil([&] { return Focus() == form.Control(L"Einstellungen"); }));
 }
 
 // The control that a mnemonic takes the focus to.
@@ -77,9 +76,10 @@ TEST_CASE("the settings are changed by keyboard, and stand in file and registry"
     CHECK(read(L"QuestionBox", L"Answer126") == L"(none)");
     CHECK(ReadText(AddInKey, L"DebugMode") == L"1");
     // The trace begins without a new start.
+    Click(form.message);
     Type(std::wstring(100, L'x'));
-    CHECK(WaitUntil(
-        [&] { return FileExists(machine.ProgramFolder() + L"TellwickAddIn.dbg.xml"); }));
+    CHECK(
+        WaitUntil([&] { return FileExists(machine.ProgramFolder() + L"TellwickAddIn.dbg.xml"); }));
 }
 
 TEST_CASE("Escape closes an open list, then the window, and nothing is written") {
@@ -104,7 +104,7 @@ TEST_CASE("Escape closes an open list, then the window, and nothing is written")
     // A second "New SMS" fetches the form to the front, with its dialog.
     outlook.ClickButton(1, "Neue SMS");
     CHECK(WaitUntil([&] { return GetForegroundWindow() == options; }));
-    Press(VK_F4, {VK_MENU});
+    PostMessageW(options, WM_SYSCOMMAND, SC_CLOSE, 0);
     CheckClosed(options, form);
     CHECK(ReadBytes(machine.SettingsFile()) == before);
     OpenOptions(form);
