@@ -265,11 +265,18 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case ResolutionChanged:
             ChangeResolution(HIWORD(first), *reinterpret_cast<const RECT*>(second));
             return 0;
-        case WM_COMMAND:
-            if (!second) return 0;
-            MoveDefault(defaultButton, reinterpret_cast<HWND>(second), HIWORD(first));
-            OnCommand(reinterpret_cast<HWND>(second), HIWORD(first), LOWORD(first));
+        case WM_COMMAND: {
+            const HWND control = reinterpret_cast<HWND>(second);
+            if (!control) return 0;
+            WORD notification = HIWORD(first);
+            // The second of two quick clicks is a click like any other.
+            if (notification == BN_DOUBLECLICKED && IsPushButton(control)) {
+                notification = BN_CLICKED;
+            }
+            MoveDefault(defaultButton, control, notification);
+            OnCommand(control, notification, LOWORD(first));
             return 0;
+        }
         case WM_NEXTDLGCTL: {
             // A mnemonic of a label leads to the control behind it, that of a button pushes it and
             // leaves the user where he is.
