@@ -7,23 +7,12 @@
 
 namespace tellwick::windows {
 
-class FormOptionsWindow : public FormOptionsView, private FormWindow {
+class FormOptionsWindow : public FormViewWindow<FormOptionsView> {
 public:
     // `owner` is loaded whenever this window is.
     explicit FormOptionsWindow(const FormWindow& owner) : owner(owner) {}
 
     bool Load() override;
-    bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override { ShowWindowed(); }
-    void Unload() override { Destroy(); }
-    FormPlace Place() const override { return WindowPlace(); }
-    void SetPlace(const FormPlace& place, bool positioned) override {
-        SetWindowPlace(place, positioned);
-    }
-    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
-    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
-        VisitControls(visit);
-    }
 
     CheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
     Control& LabelNumUsedNumber() override { return labelNumUsedNumber; }

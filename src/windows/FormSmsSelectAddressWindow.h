@@ -7,22 +7,11 @@
 
 namespace tellwick::windows {
 
-class FormSmsSelectAddressWindow : public FormSmsSelectAddressView, private FormWindow {
+class FormSmsSelectAddressWindow : public FormViewWindow<FormSmsSelectAddressView> {
 public:
     FormSmsSelectAddressWindow();
 
     bool Load() override;
-    bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override { ShowWindowed(); }
-    void Unload() override { Destroy(); }
-    FormPlace Place() const override { return WindowPlace(); }
-    void SetPlace(const FormPlace& place, bool positioned) override {
-        SetWindowPlace(place, positioned);
-    }
-    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
-    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
-        VisitControls(visit);
-    }
 
     TextBox& TextSearch() override { return textSearch; }
     ListBox& ListAddresses() override { return listAddresses; }

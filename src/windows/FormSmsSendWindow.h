@@ -11,19 +11,11 @@
 
 namespace tellwick::windows {
 
-class FormSmsSendWindow : public FormSmsSendView, public FormWindow {
+class FormSmsSendWindow : public FormViewWindow<FormSmsSendView> {
 public:
     FormSmsSendWindow();
 
     bool Load() override;
-    bool Loaded() const override { return FormWindow::Window() != nullptr; }
-    void Show() override { ShowWindowed(); }
-    void Unload() override { Destroy(); }
-    FormPlace Place() const override { return WindowPlace(); }
-    void SetPlace(const FormPlace& place, bool positioned) override {
-        SetWindowPlace(place, positioned);
-    }
-    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
     void ForEachControl(const std::function<void(TextView, Control&)>& visit) override;
 
     ComboBox& TextTo() override { return controls.textTo; }

@@ -103,6 +103,23 @@ private:
     std::unique_ptr<Lifetime> lifetime;  // while the window exists
 };
 
+// A form's view over its window: what all of them have in common. View is the port of one of them.
+template <class View>
+class FormViewWindow : public View, public FormWindow {
+public:
+    bool Loaded() const override { return FormWindow::Window() != nullptr; }
+    void Show() override { ShowWindowed(); }
+    void Unload() override { Destroy(); }
+    FormPlace Place() const override { return WindowPlace(); }
+    void SetPlace(const FormPlace& place, bool positioned) override {
+        SetWindowPlace(place, positioned);
+    }
+    void SetCaption(TextView caption) override { SetWindowCaption(caption); }
+    void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
+        VisitControls(visit);
+    }
+};
+
 // Moves controls together, so that the window is painted once.
 class Placement {
 public:
