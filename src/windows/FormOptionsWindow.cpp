@@ -135,7 +135,7 @@ bool FormOptionsWindow::Load() {
          {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", Help, 0},
          {u"ButtonOK", &buttonOK, L"BUTTON", Button | WS_GROUP, 0},
          {u"ButtonCancel", &buttonCancel, L"BUTTON", Button, 0}},
-        0, owner.Window());
+        owner.Window());
     if (!made) return false;
     SendMessageW(textNumUsedNumber.Window(), EM_SETLIMITTEXT, MostDigits, 0);
     SetDefaultButton(buttonOK);

@@ -13,7 +13,6 @@ namespace tellwick::windows {
 namespace {
 
 constexpr WPARAM LongestText = 0x7FFFFFFE;
-constexpr int Icon = 1;  // the resource
 
 // Of the button bar's buttons in the language file.
 constexpr TextView BarButtonNames[FormSmsSendControls::BarButtons] = {
@@ -33,7 +32,7 @@ void FormSmsSendWindow::SetHandlers(FormSmsSend& newForm, const FormSmsSendParts
 }
 
 bool FormSmsSendWindow::Load() {
-    if (!Create(controls.Plan(), Icon)) return false;
+    if (!Create(controls.Plan())) return false;
     expanded = false;
     grown = 0;
     controls.buttonBar1.AddButtons();

@@ -13,6 +13,7 @@ namespace tellwick::windows {
 
 namespace {
 
+constexpr int ProgramIcon = 1;  // the resource
 constexpr const wchar_t* FormClass = L"TellwickForm";
 constexpr UINT ResolutionChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers used
 
@@ -42,7 +43,7 @@ HWND FormWindow::ActiveWindow() {
     return GetActiveWindow();
 }
 
-bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon, HWND owner) {
+bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
     if (window) return true;
     const VisualStyles styles;
     INITCOMMONCONTROLSEX common{sizeof common, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
@@ -60,7 +61,6 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, int newIcon, HWND 
     if (!window) return false;
     lifetime = std::make_unique<Lifetime>();
     font = std::make_unique<MessageFont>(ResolutionOf(window));
-    icon = newIcon;
     LoadIcons();
     toolTips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
                                0, 0, 0, window, nullptr, Library(), nullptr);
@@ -100,9 +100,8 @@ void FormWindow::Destroy() {
 }
 
 void FormWindow::LoadIcons() {
-    if (!icon) return;
-    smallIcon = LoadLibraryIcon(icon, font->Pixels(16));
-    bigIcon = LoadLibraryIcon(icon, font->Pixels(32));
+    smallIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(16));
+    bigIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(32));
     SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
     SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon.get()));
 }

@@ -36,11 +36,10 @@ public:
     static HWND ActiveWindow();
 
 protected:
-    // Makes the window, not yet visible, with its controls; nothing when it exists. `icon` is a
-    // resource of the library. With an owner it is a dialog: of a fixed size and above its owner,
-    // which takes no input from the first showing until the window is destroyed. False when the
-    // system refuses.
-    bool Create(const std::vector<ControlPlan>& plan, int icon = 0, HWND owner = nullptr);
+    // Makes the window, not yet visible, with its controls; nothing when it exists. With an
+    // owner it is a dialog: of a fixed size and above its owner, which takes no input from the
+    // first showing until the window is destroyed. False when the system refuses.
+    bool Create(const std::vector<ControlPlan>& plan, HWND owner = nullptr);
     void Destroy();
     // The first time at its place: the wanted one where a screen still is there, else over the
     // window it was called from; never below its least size.
@@ -92,7 +91,6 @@ private:
     HWND caller = nullptr;
     HWND defaultButton = nullptr;
     HWND toolTips = nullptr;
-    int icon = 0;
     IconHandle smallIcon;
     IconHandle bigIcon;
     FormPlace wanted;
