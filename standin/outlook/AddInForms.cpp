@@ -29,21 +29,29 @@ Text ClassOf(HWND control) {
     return FromWide(name);
 }
 
-// Of the text and what the control draws beside it.
-int NeededWidth(HWND control, const Text& caption) {
+// Of the text and what the control draws beside it. A text of several lines needs the width that
+// it has, or more when it does not fit.
+int NeededWidth(HWND control, const Text& caption, const RECT& place) {
     const HDC screen = GetDC(control);
     const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
     const HGDIOBJ previous = SelectObject(screen, font);
-    RECT area{};
-    DrawTextW(screen, Wide(caption), -1, &area, DT_CALCRECT | DT_SINGLELINE);
+    RECT line{};
+    DrawTextW(screen, Wide(caption), -1, &line, DT_CALCRECT | DT_SINGLELINE);
+    const LONG width = place.right - place.left;
+    RECT lines{0, 0, width, 0};
+    DrawTextW(screen, Wide(caption), -1, &lines, DT_CALCRECT | DT_WORDBREAK);
     SelectObject(screen, previous);
     ReleaseDC(control, screen);
     const auto code = SendMessageW(control, WM_GETDLGCODE, 0, 0);
+    const LONG height = place.bottom - place.top;
+    if ((code & DLGC_STATIC) && height >= 2 * line.bottom) {
+        return lines.bottom <= height ? lines.right : width + 1;
+    }
     const LONG type = GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK;
     int beside = 0;
     if (code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) beside = 8;
     if ((code & DLGC_BUTTON) && type == BS_AUTOCHECKBOX) beside = 18;
-    return area.right + MulDiv(beside, ScreenResolution(), 96);
+    return line.right + MulDiv(beside, ScreenResolution(), 96);
 }
 
 }  // namespace
@@ -82,8 +90,9 @@ std::vector<Text> DescribeControls(HWND window) {
         for (const LONG edge : {place.left, place.top, place.right, place.bottom}) {
             description += u" " + NumberText(std::int64_t(edge));
         }
-        description +=
-            u" " + NumberText(caption.empty() ? 0 : NeededWidth(control, caption)) + u" " + caption;
+        description += u" " +
+                       NumberText(caption.empty() ? 0 : NeededWidth(control, caption, place)) +
+                       u" " + caption;
         descriptions.push_back(description);
     }
     return descriptions;

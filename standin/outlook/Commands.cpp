@@ -576,16 +576,18 @@ Text Commands::CloseForms(const Words&) {
 
 Text Commands::ShrinkForms(const Words&) {
     for (const HWND window : AddInWindows()) {
+        if (!(GetWindowLongW(window, GWL_STYLE) & WS_THICKFRAME)) continue;
         SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
     }
     return {};
 }
 
 Text Commands::Controls(const Words&) {
+    const std::vector<HWND> windows = AddInWindows();
+    const auto active = std::find(windows.begin(), windows.end(), GetActiveWindow());
+    Require(active != windows.end(), "no window of an add-in is active");
     std::vector<Text> all;
-    for (const HWND window : AddInWindows()) {
-        for (const Text& control : DescribeControls(window)) all.push_back(Quoted(control));
-    }
+    for (const Text& control : DescribeControls(*active)) all.push_back(Quoted(control));
     return Joined(all);
 }
 

@@ -44,8 +44,9 @@
 //                                    HRESULT when it is 0x8...; 0 ends that
 // the rest
 //   close-forms                      closes every window of an add-in by its frame
-//   shrink-forms                     makes them as small as they let themselves be made
-//   controls                         of those windows, the visible ones: class, left top right
+//   shrink-forms                     makes those that have sizing frames as small as they let
+//                                    themselves be made
+//   controls                         the visible ones of the active one: class, left top right
 //                                    bottom, the width that the caption needs, the caption
 //   resolution DPI                   tells every window of an add-in that its monitor has another
 //                                    resolution now, as a host that follows monitors does

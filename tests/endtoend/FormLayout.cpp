@@ -61,12 +61,13 @@ void CheckLayout(StandIn& outlook) {
     }
 }
 
-// Folds or unfolds the templates by the button bar's button.
-void PressTemplates(const Form& form) {
-    constexpr WPARAM Template = 3;
+// A button of the button bar, by its place.
+enum BarButton : WPARAM { Template = 3, Options = 5 };
+
+void Push(const Form& form, BarButton button) {
     const HWND bar = FindByClass(form.window, L"ToolbarWindow32");
     REQUIRE(bar);
-    SendMessageW(form.window, WM_COMMAND, Template, reinterpret_cast<LPARAM>(bar));
+    SendMessageW(form.window, WM_COMMAND, button, reinterpret_cast<LPARAM>(bar));
 }
 
 // What programs started from now on take for the system's resolution.
@@ -97,7 +98,9 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             StandIn outlook(11, L"--empty");
             const Form form = Form::Open(outlook);
             CheckLayout(outlook);
-            PressTemplates(form);
+            Push(form, Template);
+            CheckLayout(outlook);
+            Push(form, Options);
             CheckLayout(outlook);
         }
     }
