@@ -29,13 +29,18 @@ Text ClassOf(HWND control) {
     return FromWide(name);
 }
 
-// Of the text and what the control draws beside it.
+// Of the text, which only a label may wrap, and what the control draws beside it.
 int NeededWidth(HWND control, const Text& caption) {
     const HDC screen = GetDC(control);
     const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
     const HGDIOBJ previous = SelectObject(screen, font);
-    RECT area{};
-    DrawTextW(screen, Wide(caption), -1, &area, DT_CALCRECT | DT_SINGLELINE);
+    RECT place;
+    GetClientRect(control, &place);
+    RECT area = place;
+    DrawTextW(screen, Wide(caption), -1, &area, DT_CALCRECT | DT_WORDBREAK);
+    if (ClassOf(control) != u"Static" || area.bottom > place.bottom) {
+        DrawTextW(screen, Wide(caption), -1, &area, DT_CALCRECT | DT_SINGLELINE);
+    }
     SelectObject(screen, previous);
     ReleaseDC(control, screen);
     const auto code = SendMessageW(control, WM_GETDLGCODE, 0, 0);

@@ -576,6 +576,7 @@ Text Commands::CloseForms(const Words&) {
 
 Text Commands::ShrinkForms(const Words&) {
     for (const HWND window : AddInWindows()) {
+        if (!(GetWindowLongW(window, GWL_STYLE) & WS_THICKFRAME)) continue;
         SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
     }
     return {};
@@ -584,6 +585,7 @@ Text Commands::ShrinkForms(const Words&) {
 Text Commands::Controls(const Words&) {
     std::vector<Text> all;
     for (const HWND window : AddInWindows()) {
+        if (!IsWindowEnabled(window)) continue;
         for (const Text& control : DescribeControls(window)) all.push_back(Quoted(control));
     }
     return Joined(all);

@@ -45,8 +45,9 @@
 // the rest
 //   close-forms                      closes every window of an add-in by its frame
 //   shrink-forms                     makes them as small as they let themselves be made
-//   controls                         of those windows, the visible ones: class, left top right
-//                                    bottom, the width that the caption needs, the caption
+//   controls                         of those windows that take input, the visible ones: class,
+//                                    left top right bottom, the width that the caption needs, the
+//                                    caption
 //   resolution DPI                   tells every window of an add-in that its monitor has another
 //                                    resolution now, as a host that follows monitors does
 //   times                            milliseconds spent in OnConnection and in the shutdown

@@ -1,4 +1,4 @@
-// The form's controls in every language at every resolution, in the smallest window.
+// The controls of form and settings in every language at every resolution, in the smallest window.
 #include <doctest.h>
 
 #include <cwctype>
@@ -61,12 +61,14 @@ void CheckLayout(StandIn& outlook) {
     }
 }
 
-// Folds or unfolds the templates by the button bar's button.
-void PressTemplates(const Form& form) {
-    constexpr WPARAM Template = 3;
+// Buttons of the button bar: unfold the templates, open the settings.
+constexpr WPARAM Template = 3;
+constexpr WPARAM Options = 5;
+
+void PressBar(const Form& form, WPARAM button) {
     const HWND bar = FindByClass(form.window, L"ToolbarWindow32");
     REQUIRE(bar);
-    SendMessageW(form.window, WM_COMMAND, Template, reinterpret_cast<LPARAM>(bar));
+    SendMessageW(form.window, WM_COMMAND, button, reinterpret_cast<LPARAM>(bar));
 }
 
 // What programs started from now on take for the system's resolution.
@@ -97,7 +99,10 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             StandIn outlook(11, L"--empty");
             const Form form = Form::Open(outlook);
             CheckLayout(outlook);
-            PressTemplates(form);
+            PressBar(form, Template);
+            CheckLayout(outlook);
+            PressBar(form, Options);
+            CHECK_FALSE(IsWindowEnabled(form.window));
             CheckLayout(outlook);
         }
     }
