@@ -172,6 +172,12 @@ Machine::~Machine() {
 
 std::wstring Machine::SettingsFile() const { return SettingsFolder() + L"corvane.ini"; }
 
+std::wstring Machine::Setting(const wchar_t* section, const wchar_t* key) const {
+    wchar_t text[512]{};
+    GetPrivateProfileStringW(section, key, L"(none)", text, 512, SettingsFile().c_str());
+    return text;
+}
+
 void Machine::Register() {
     const auto done = Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
     REQUIRE(done.inTime);

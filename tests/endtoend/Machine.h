@@ -54,6 +54,8 @@ public:
     const std::wstring& ProgramFolder() const { return programFolder; }
     // The user's settings file, shared with the sender application.
     std::wstring SettingsFile() const;
+    // As the system's profile functions read it; "(none)" where there is none.
+    std::wstring Setting(const wchar_t* section, const wchar_t* key) const;
 
     // What the sender has taken, one line an SMS: entry number, recipient, text, in ANSI bytes.
     std::string Sent() const;

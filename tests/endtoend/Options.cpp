@@ -62,18 +62,13 @@ TEST_CASE("the settings are changed by keyboard, and stand in file and registry"
     Press(VK_RETURN);
     CheckClosed(options, form);
 
-    const auto read = [&](const wchar_t* section, const wchar_t* key) {
-        wchar_t text[512]{};
-        GetPrivateProfileStringW(section, key, L"(none)", text, 512, file.c_str());
-        return std::wstring(text);
-    };
-    CHECK(read(L"SMS", L"StoreNumbers") == L"(none)");
-    CHECK(read(L"SMS", L"NumUsedNumber") == L"25");
-    CHECK(read(L"Prefixes", L"Remove0InPrefixes") == L"+49 +43");
-    CHECK(read(L"Editor", L"Font") == fontName);
-    CHECK(read(L"Editor", L"FontSize") == L"72");
-    CHECK(read(L"Settings", L"Language") == L"English");
-    CHECK(read(L"QuestionBox", L"Answer126") == L"(none)");
+    CHECK(machine.Setting(L"SMS", L"StoreNumbers") == L"(none)");
+    CHECK(machine.Setting(L"SMS", L"NumUsedNumber") == L"25");
+    CHECK(machine.Setting(L"Prefixes", L"Remove0InPrefixes") == L"+49 +43");
+    CHECK(machine.Setting(L"Editor", L"Font") == fontName);
+    CHECK(machine.Setting(L"Editor", L"FontSize") == L"72");
+    CHECK(machine.Setting(L"Settings", L"Language") == L"English");
+    CHECK(machine.Setting(L"QuestionBox", L"Answer126") == L"(none)");
     CHECK(ReadText(AddInKey, L"DebugMode") == L"1");
     // The trace begins without a new start.
     Click(form.message);

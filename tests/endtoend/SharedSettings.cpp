@@ -27,16 +27,11 @@ TEST_CASE("what the form saves, the system's profile functions read, and the oth
     REQUIRE(WaitUntilGone(form.window));
     outlook.Quit();
 
-    const auto read = [&](const wchar_t* section, const wchar_t* key) {
-        wchar_t text[512]{};
-        GetPrivateProfileStringW(section, key, L"(none)", text, 512, file.c_str());
-        return std::wstring(text);
-    };
-    CHECK(read(L"SMS", L"LastText") == L"K\u00f6ln\\13\\10zwei = \u00fc");
-    CHECK(read(L"SMS", L"LastNumber") == L"+43 664 1112223");
-    CHECK(read(L"Positions", L"SMSSendx") != L"(none)");
-    CHECK(read(L"Other", L"Kept") == L"as it is");
-    CHECK(read(L"Settings", L"Language") == L"Deutsch");
+    CHECK(machine.Setting(L"SMS", L"LastText") == L"K\u00f6ln\\13\\10zwei = \u00fc");
+    CHECK(machine.Setting(L"SMS", L"LastNumber") == L"+43 664 1112223");
+    CHECK(machine.Setting(L"Positions", L"SMSSendx") != L"(none)");
+    CHECK(machine.Setting(L"Other", L"Kept") == L"as it is");
+    CHECK(machine.Setting(L"Settings", L"Language") == L"Deutsch");
 }
 
 TEST_CASE("the chosen language is in toolbar and form") {

@@ -186,11 +186,16 @@ TEST_CASE("the user's own country code is proposed where Windows knows it") {
         options.form.Unload();
     }
     options.platform.locale.information[{0x400, 5}] = u"49\0"s;
+    options.program.formSmsSend.Open({});
+    options.program.formSmsSend.StatusBar1_Click();
+    CHECK_FALSE(options.window.Loaded());
+    // A click on the hint leads to the prefixes; what was typed in the open window stays.
+    options.program.prefixes.GetNumber(u"Anna  (+49170)");
+    options.program.recipientField.ShowPrefixHint();
     options.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+492");
-    // A second opening keeps what was typed.
     options.form.Show();
     options.window.TextNumUsedNumber().SetText(u"3");
-    options.form.Show(FormOptions::Field::Prefixes);
+    options.program.formSmsSend.StatusBar1_Click();
     CHECK(options.window.TextNumUsedNumber().GetText() == u"3");
     CHECK(options.window.TextPrefixes().HasFocus());
     CHECK(options.window.TextPrefixes().SelectionLength() == 4);
