@@ -6,26 +6,11 @@ namespace tellwick::windows {
 
 namespace {
 
-// The screen with a font selected into it.
-class Screen {
-public:
-    explicit Screen(HGDIOBJ font)
-        : context(GetDC(nullptr)), previous(font ? SelectObject(context, font) : nullptr) {}
-    Screen(const Screen&) = delete;
-    Screen& operator=(const Screen&) = delete;
-    ~Screen() {
-        if (previous) SelectObject(context, previous);
-        ReleaseDC(nullptr, context);
-    }
-    HDC Get() const { return context; }
-
-private:
-    HDC context;
-    HGDIOBJ previous;
-};
-
 int SystemResolution() {
-    return GetDeviceCaps(Screen(nullptr).Get(), LOGPIXELSY);
+    const HDC screen = GetDC(nullptr);
+    const int resolution = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return resolution;
 }
 
 int CALLBACK AddFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
@@ -52,8 +37,9 @@ std::vector<Text> InstalledFonts() {
     LOGFONTW all{};
     all.lfCharSet = DEFAULT_CHARSET;
     std::vector<Text> names;
-    const Screen screen(nullptr);
-    EnumFontFamiliesExW(screen.Get(), &all, &AddFont, reinterpret_cast<LPARAM>(&names), 0);
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &all, &AddFont, reinterpret_cast<LPARAM>(&names), 0);
+    ReleaseDC(nullptr, screen);
     // A font comes once for every script it has.
     std::sort(names.begin(), names.end(), LessFolded);
     names.erase(std::unique(names.begin(), names.end()), names.end());
@@ -67,10 +53,11 @@ MessageFont::MessageFont(int resolution) : resolution(resolution) {
     LOGFONTW& logical = system.lfMessageFont;
     logical.lfHeight = MulDiv(logical.lfHeight, resolution, SystemResolution());
     font.reset(CreateFontIndirectW(&logical));
-    const Screen screen(font.get());
+    context.reset(CreateCompatibleDC(nullptr));
+    SelectObject(context.get(), font.get());
     constexpr wchar_t Letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     SIZE size{};
-    GetTextExtentPoint32W(screen.Get(), Letters, 52, &size);
+    GetTextExtentPoint32W(context.get(), Letters, 52, &size);
     metrics = {int(size.cy), int((size.cx / 26 + 1) / 2)};
 }
 
@@ -83,9 +70,8 @@ int MessageFont::DropDownWidth(const ItemList& list) const {
 }
 
 SIZE MessageFont::Measure(TextView text, int width) const {
-    const Screen screen(font.get());
     RECT area{0, 0, width, 0};
-    DrawTextW(screen.Get(), reinterpret_cast<const wchar_t*>(text.data()), int(text.size()), &area,
+    DrawTextW(context.get(), reinterpret_cast<const wchar_t*>(text.data()), int(text.size()), &area,
               UINT(DT_CALCRECT) | (width > 0 ? DT_WORDBREAK : 0u));
     return {area.right, area.bottom};
 }

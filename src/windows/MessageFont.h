@@ -43,7 +43,14 @@ public:
 
 private:
     int resolution;
+    struct ContextDeleter {
+        using pointer = HDC;
+        void operator()(HDC context) const { DeleteDC(context); }
+    };
+
     GdiObject font;
+    // Has the font, for as long as both live: to measure must be cheap. Goes first.
+    std::unique_ptr<HDC__, ContextDeleter> context;
     FontMetrics metrics;
 };
 
