@@ -33,8 +33,8 @@ std::vector<Text> FontSizes(std::int32_t chosen) {
     std::vector<std::int32_t> sizes(std::begin(UsualSizes), std::end(UsualSizes));
     const auto place = std::lower_bound(sizes.begin(), sizes.end(), chosen);
     if (chosen > 0 && (place == sizes.end() || *place != chosen)) sizes.insert(place, chosen);
-    std::vector<Text> texts;
-    for (const std::int32_t size : sizes) texts.push_back(NumberText(size));
+    std::vector<Text> texts(sizes.size());
+    std::transform(sizes.begin(), sizes.end(), texts.begin(), NumberText);
     return texts;
 }
 
