@@ -46,7 +46,7 @@ void FormSmsSelectAddressWindow::OnSize() {
     const int gapX = font.Horizontal(Gap);
     const int gapY = font.Vertical(Gap);
     const int rowHeight = font.Vertical(ButtonHeight);
-    SendMessageW(statusBar1.Window(), WM_SIZE, 0, 0);
+    statusBar1.Arrange();
     RECT bar;
     GetWindowRect(statusBar1.Window(), &bar);
     RECT client;

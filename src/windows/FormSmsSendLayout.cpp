@@ -79,7 +79,7 @@ SIZE FormSmsSendLayout::Least(bool expanded) const {
 }
 
 void FormSmsSendLayout::Arrange(SIZE client, bool expanded) {
-    SendMessageW(controls.statusBar1.Window(), WM_SIZE, 0, 0);
+    controls.statusBar1.Arrange();
     const int top = controls.buttonBar1.Arrange() + gapY;
     const int right = client.cx - margin;
     const int columnLeft = right - columnWidth;

@@ -178,6 +178,12 @@ bool WindowComboBox::HasFocus() const {
     return Window() && (focus == Window() || IsChild(Window(), focus));
 }
 
+void WindowStatusBar::Arrange() {
+    Send(WM_SIZE);
+    // The size grip has moved.
+    if (Window()) InvalidateRect(Window(), nullptr, TRUE);
+}
+
 void WindowProgressBar::SetValue(std::int32_t percent) {
     Send(PBM_SETPOS, WPARAM(std::clamp(percent, 0, 100)));
 }

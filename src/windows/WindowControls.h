@@ -110,6 +110,8 @@ class WindowStatusBar : public StatusBar, public WindowLabel {
 public:
     Text GetText() const override { return WindowText(); }
     void SetText(TextView text) override { Announce(text); }
+    // Takes its place at the form's lower edge.
+    void Arrange();
 };
 
 }  // namespace tellwick::windows
