@@ -18,7 +18,6 @@ enum class BarButton { Send, Store, Template, Hex, Options, Help };
 class FormSmsSendView : public FormView {
 public:
     virtual ComboBox& TextTo() = 0;
-    virtual Control& ButtonTo() = 0;
     virtual ListBox& ListBoxNumbers() = 0;
     virtual TextBox& Message() = 0;
     virtual CheckBox& CheckFlash() = 0;
@@ -28,12 +27,6 @@ public:
     virtual CheckBox& CheckSendAndQuit() = 0;
     virtual CheckBox& CheckSetNumber() = 0;
     virtual ComboBox& ComboBoxTextbausteine() = 0;
-    virtual Control& ButtonAdd() = 0;
-    virtual Control& ButtonDel() = 0;
-    virtual Control& ButtonInsert() = 0;
-    virtual Control& ButtonSend() = 0;
-    virtual Control& ButtonStore() = 0;
-    virtual Control& ButtonOK() = 0;
     virtual Control& ButtonExpand() = 0;
     virtual Control& ButtonHex() = 0;
     virtual Control& ButtonUcs2() = 0;
@@ -55,7 +48,7 @@ public:
     // (1 to 10), above the other controls. Showing and hiding it goes through its visibility.
     virtual void PlaceListBoxNumbers(std::int32_t rows) = 0;
 
-    // Font of the message box; an empty name or a size of 0 keeps what is there.
+    // Font of the message box; an empty name or a size of 0 stands for the system's.
     virtual void SetMessageFont(TextView name, std::int32_t points) = 0;
 
     // Receivers of the window's events; set once, before the first load. A handler that returns a

@@ -82,17 +82,17 @@ Text Contacts::NumberForMail(const ObjectPtr& mail) {
     const Text body = LowerCase(AsText(safeItem->Get(u"Body")));
     const AddressList& list = Addresses();
     std::size_t first = Text::npos;
-    Text number;
+    std::size_t named = list.Size();
     for (std::size_t index = 0; index < list.Size(); ++index) {
         const Text& entry = list.Entry(index);
         const Text name = LowerCase(TextView(entry).substr(0, entry.rfind(u"  (")));
         const std::size_t found = name.empty() ? Text::npos : body.find(name);
         if (found < first) {
             first = found;
-            number = prefixes.GetNumber(entry);
+            named = index;
         }
     }
-    return number;
+    return named < list.Size() ? prefixes.GetNumber(list.Entry(named)) : Text();
 }
 
 }  // namespace tellwick

@@ -35,6 +35,9 @@ public:
     // prefix: every number that begins with "+" is then written nationally.
     bool TakeRewritten() { return std::exchange(rewritten, false); }
 
+    // Whether the settings, as last loaded, name no prefix.
+    bool NamesNone() const { return Remove0Prefixes.size() == 1 && Remove0Prefixes[0] == u"+"; }
+
     // Loads both tables where that is due.
     void LoadPrefixes();
 

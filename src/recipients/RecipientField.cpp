@@ -61,10 +61,16 @@ RecipientField::RecipientField(const Services& services, Prefixes& prefixes, Con
 void RecipientField::ReadSettings(std::int32_t numUsedNumber) {
     NumUsedNumber = numUsedNumber;
     prefixes.LoadPrefixes();
+    // The hint has nothing to say any more once the settings name a prefix.
+    if (prefixHint && !prefixes.NamesNone()) {
+        prefixHint = false;
+        ShowPrefixHint();
+    }
 }
 
 void RecipientField::GetListNumbers() {
     Procedure procedure{debug, u"GetListNumbers"};
+    prefixHint = false;  // of the form before
     NumberList.clear();
     for (std::int32_t position = 1; position < FirstUnread; ++position) {
         Text number = inifilesLite.GetIniSetting(ListSection, NumberKey(position));

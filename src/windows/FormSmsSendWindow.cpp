@@ -98,9 +98,13 @@ void FormSmsSendWindow::Resize(bool nowExpanded) {
         return;
     }
     if (changed) {
-        if (!expanded) LeaveTemplates();
         // Sizes the window, which comes back here.
-        grown = Grow(expanded ? layout.TemplatesHeight() : -grown);
+        if (expanded) {
+            grown = Grow(layout.TemplatesHeight());
+        } else {
+            LeaveTemplates();
+            Grow(-std::exchange(grown, 0));
+        }
     }
     RECT client;
     GetClientRect(FormWindow::Window(), &client);

@@ -19,7 +19,6 @@ public:
     void ForEachControl(const std::function<void(TextView, Control&)>& visit) override;
 
     ComboBox& TextTo() override { return controls.textTo; }
-    Control& ButtonTo() override { return controls.buttonTo; }
     ListBox& ListBoxNumbers() override { return controls.listBoxNumbers; }
     TextBox& Message() override { return controls.message; }
     CheckBox& CheckFlash() override { return controls.checkFlash; }
@@ -29,12 +28,6 @@ public:
     CheckBox& CheckSendAndQuit() override { return controls.checkSendAndQuit; }
     CheckBox& CheckSetNumber() override { return controls.checkSetNumber; }
     ComboBox& ComboBoxTextbausteine() override { return controls.comboBoxTextbausteine; }
-    Control& ButtonAdd() override { return controls.buttonAdd; }
-    Control& ButtonDel() override { return controls.buttonDel; }
-    Control& ButtonInsert() override { return controls.buttonInsert; }
-    Control& ButtonSend() override { return controls.buttonSend; }
-    Control& ButtonStore() override { return controls.buttonStore; }
-    Control& ButtonOK() override { return controls.buttonOK; }
     Control& ButtonExpand() override { return controls.buttonExpand; }
     Control& ButtonHex() override { return controls.buttonHex; }
     Control& ButtonUcs2() override { return controls.buttonUcs2; }

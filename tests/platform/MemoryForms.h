@@ -185,18 +185,11 @@ public:
     MemoryCheckBox& ButtonBar1(BarButton button) override { return bar[std::size_t(button)]; }
     void LoadBackGround() override {}
     MemoryComboBox& TextTo() override { return textTo; }
-    MemoryControl& ButtonTo() override { return buttonTo; }
     MemoryListBox& ListBoxNumbers() override { return numbers; }
     MemoryTextBox& Message() override { return message; }
     MemoryCheckBox& CheckFlash() override { return checkFlash; }
     MemoryCheckBox& CheckLong() override { return checkLong; }
     MemoryComboBox& ComboBoxTextbausteine() override { return templates; }
-    MemoryControl& ButtonAdd() override { return buttonAdd; }
-    MemoryControl& ButtonDel() override { return buttonDel; }
-    MemoryControl& ButtonInsert() override { return buttonInsert; }
-    MemoryControl& ButtonSend() override { return buttonSend; }
-    MemoryControl& ButtonStore() override { return buttonStore; }
-    MemoryControl& ButtonOK() override { return buttonOK; }
     MemoryControl& ButtonExpand() override { return buttonExpand; }
     MemoryControl& ButtonHex() override { return buttonHex; }
     MemoryControl& ButtonUcs2() override { return buttonUcs2; }

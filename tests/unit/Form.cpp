@@ -163,7 +163,7 @@ TEST_CASE("load, initialisation, activation and unload are traced in their order
     CHECK(steps == expected);
 }
 
-TEST_CASE("a number that no prefix of the settings accounts for is told of, until the user types") {
+TEST_CASE("a number that no prefix of the settings accounts for is told of") {
     Opened test;
     const auto hint = [&] { return !test.view.StatusBar1().GetText().empty(); };
     struct Case {
@@ -181,7 +181,25 @@ TEST_CASE("a number that no prefix of the settings accounts for is told of, unti
         CHECK(hint() == c.told);
         test.program.recipientField.TextTo_LostFocus();
         CHECK(hint() == c.told);
-        test.view.TextTo().SetText(u"x");
+        test.form.Unload();
+    }
+    const std::function<void()> ends[] = {[&] { test.view.TextTo().SetText(u"x"); },
+                                          [&] {
+                                              test.SetSetting(u"Prefixes", u"Remove0InPrefixes",
+                                                              u"+49");
+                                              test.form.ApplySettings();
+                                          },
+                                          [&] {
+                                              test.form.Unload();
+                                              test.form.Open({});
+                                              test.program.recipientField.TextTo_LostFocus();
+                                          }};
+    for (const auto& end : ends) {
+        test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"");
+        test.form.Open({});
+        test.program.recipientField.Add(test.program.prefixes.GetNumber(u"Eva  (+49172)"));
+        CHECK(hint());
+        end();
         CHECK_FALSE(hint());
         test.form.Unload();
     }
