@@ -29,11 +29,13 @@ EventHandler OnEvent(std::weak_ptr<Self> weak, std::int32_t wanted,
 }  // namespace
 
 OutlookAddIn::OutlookAddIn(PendingError& errors, RegEdit& regEdit, Contacts& contacts, Forms& forms,
-                           ProcessValues& processValues, ExplorerFactory createExplorer)
+                           SmsReply& smsReply, ProcessValues& processValues,
+                           ExplorerFactory createExplorer)
     : errors(errors),
       regEdit(regEdit),
       contacts(contacts),
       forms(forms),
+      smsReply(smsReply),
       processValues(processValues),
       createExplorer(std::move(createExplorer)) {}
 
@@ -86,8 +88,8 @@ void OutlookAddIn::colInsp_NewInspector(const ObjectPtr& inspector) {
     objInsp.Set(
         errors, inspector, outlook::InspectorEvents,
         OnEvent(weak_from_this(), outlook::event::InspectorClose, &OutlookAddIn::objInsp_Close));
-    const ObjectPtr item = outlook::Inspector(errors, objInsp.Reference()).CurrentItem();
-    if (AsNumber(Get(errors, item, u"Class")) == outlook::MailClass) objMailItem = item;
+    smsReply.Follow(objMailItem, outlook::Inspector(errors, objInsp.Reference()).CurrentItem(),
+                    SmsReply::Place::Inspector);
 }
 
 void OutlookAddIn::objInsp_Close(const ObjectPtr&) {
@@ -128,7 +130,7 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
     colInsp.Clear();
     colExpl.Clear();
     golApp.Clear();
-    objMailItem.reset();
+    objMailItem.Clear();
     regEdit.WriteValue(Hive::CurrentUser, RootKey, u"OlAddInActive", u"");
 }
 

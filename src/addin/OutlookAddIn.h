@@ -21,7 +21,7 @@ public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
     OutlookAddIn(PendingError& errors, RegEdit& regEdit, Contacts& contacts, Forms& forms,
-                 ProcessValues& processValues, ExplorerFactory createExplorer);
+                 SmsReply& smsReply, ProcessValues& processValues, ExplorerFactory createExplorer);
 
     // Takes hold of Outlook and wraps its first explorer, which gets its button at once.
     void Initialise(const ObjectPtr& application, TextView progId);
@@ -44,7 +44,7 @@ private:
     SunkObject colExpl;
     SunkObject colInsp;
     SunkObject objInsp;
-    ObjectPtr objMailItem;
+    SunkObject objMailItem;  // the last mail that was opened in an inspector
     Text sProgId;
     // One per explorer window. A wrapper whose window has closed stays until its place is reused.
     std::vector<std::shared_ptr<cOlExplorer>> explorers;
@@ -53,6 +53,7 @@ private:
     RegEdit& regEdit;
     Contacts& contacts;
     Forms& forms;
+    SmsReply& smsReply;
     ProcessValues& processValues;
     ExplorerFactory createExplorer;
 };

@@ -47,17 +47,21 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                   {submission, messageText, recipientField, textTemplates}, formSmsSelectAddress,
                   formOptions, helpViewer),
       formT1(forms, platform.timers),
+      smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
+               recipientField, messageText),
       olButtons(regEdit, platform.bitmaps),
       automation(platform.automation) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
-    return std::make_shared<OutlookAddIn>(errors, regEdit, contacts, forms, processValues, [this] {
-        return std::make_shared<cOlExplorer>(
-            errors, debug, language, olButtons, formT1, automation, processValues,
-            [this](const ObjectPtr& application) {
-                formSmsSend.Open(contacts.SelectedRecipients(application));
-            });
-    });
+    const auto openSms = [this](const ObjectPtr& application) {
+        formSmsSend.Open(contacts.SelectedRecipients(application));
+    };
+    const auto createExplorer = [this, openSms] {
+        return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
+                                             automation, processValues, openSms);
+    };
+    return std::make_shared<OutlookAddIn>(errors, regEdit, contacts, forms, smsReply, processValues,
+                                          createExplorer);
 }
 
 }  // namespace tellwick

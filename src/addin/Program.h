@@ -6,6 +6,7 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
+#include "addin/SmsReply.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
@@ -71,6 +72,7 @@ public:
     FormOptions formOptions;
     FormSmsSend formSmsSend;
     FormT1 formT1;
+    SmsReply smsReply;
     OlButtons olButtons;
     ProcessValues processValues;
 

@@ -30,13 +30,15 @@ Text ButtonCaption(LanguageTexts& language) {
 }  // namespace
 
 cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language,
-                         OlButtons& olButtons, FormT1& formT1, Automation& automation,
-                         const ProcessValues& processValues, SmsOpener openSms)
+                         OlButtons& olButtons, FormT1& formT1, SmsReply& smsReply,
+                         Automation& automation, const ProcessValues& processValues,
+                         SmsOpener openSms)
     : errors(errors),
       debug(debug),
       language(language),
       olButtons(olButtons),
       formT1(formT1),
+      smsReply(smsReply),
       automation(automation),
       processValues(processValues),
       openSms(std::move(openSms)) {}
@@ -79,6 +81,11 @@ void cOlExplorer::objExplorer_Activate() {
 void cOlExplorer::objExplorer_SelectionChange() {
     if (processValues.outlookVersion >= FirstWithDeferredSetUp && !bMenusSet) {
         SetMenus(objExplorer.Reference());
+    }
+    objMailItem.Clear();
+    const auto selection = outlook::Explorer(errors, objExplorer.Reference()).Selection();
+    if (selection.Count() != 0) {
+        smsReply.Follow(objMailItem, selection.Item(1), SmsReply::Place::Explorer);
     }
 }
 
@@ -150,6 +157,7 @@ void cOlExplorer::objExplorer_Close() {
     bMenusSet = false;
     ButtonSMSNew.Clear();
     MenuSMSNew.Clear();
+    objMailItem.Clear();
     objExplorer.Clear();
 }
 

@@ -7,6 +7,7 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
+#include "addin/SmsReply.h"
 #include "platform/Object.h"
 
 namespace tellwick {
@@ -20,8 +21,8 @@ using SmsOpener = std::function<void(const ObjectPtr& application)>;
 class cOlExplorer : public MenuRequester, public std::enable_shared_from_this<cOlExplorer> {
 public:
     cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language, OlButtons& olButtons,
-                FormT1& formT1, Automation& automation, const ProcessValues& processValues,
-                SmsOpener openSms);
+                FormT1& formT1, SmsReply& smsReply, Automation& automation,
+                const ProcessValues& processValues, SmsOpener openSms);
 
     // True from the initialisation until the window's Close.
     bool bOpen = false;
@@ -58,6 +59,7 @@ private:
                     ClickHandler handler);
 
     SunkObject objExplorer;
+    SunkObject objMailItem;  // the first selected item, when that is a mail
     SunkObject ButtonSMSNew;
     SunkObject MenuSMSNew;
     bool bMenusSet = false;
@@ -69,6 +71,7 @@ private:
     LanguageTexts& language;
     OlButtons& olButtons;
     FormT1& formT1;
+    SmsReply& smsReply;
     Automation& automation;
     const ProcessValues& processValues;
     SmsOpener openSms;

@@ -46,6 +46,11 @@ std::int32_t DigitValue(char16_t character) {
     return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
+// What a text above five parts is cut to: one character short of them, on purpose.
+std::int32_t LongestText(std::int32_t partLimit) {
+    return MostParts * partLimit - 1;
+}
+
 }  // namespace
 
 MessageText::MessageText(const Services& services, FormSmsSendView& view, Locale& locale)
@@ -86,11 +91,10 @@ void MessageText::Message_Change() {
     if (counted > SingleLimit && previousLength <= SingleLimit) {
         language.GetLanguageString(FormSection, u"MsgBox12");
     }
-    const std::int32_t limit = view.CheckLong().Checked() ? PartSize : SingleLimit;
+    const std::int32_t limit = PartLimit();
     if (counted > limit) view.CheckLong().SetEnabled(true);
     if (counted > MostParts * limit) {
-        // One character short of five full parts, on purpose.
-        const std::int32_t longest = (MostParts * limit - 1) * (hexFlag ? 2 : 1);
+        const std::int32_t longest = LongestText(limit) * (hexFlag ? 2 : 1);
         if (boxLength > longest) {
             const std::int32_t caret = box.SelectionStart();
             box.SetText(TextView(box.GetText()).substr(0, std::size_t(longest)));
@@ -109,6 +113,10 @@ void MessageText::Message_Change() {
         ReplaceAll(FormText(u"7"), u"%n", NumberText(counted) + u"/" + NumberText(shownLimit));
     if (counted > partSize) status += u" ," + NumberText(parts) + u" SMS";
     view.LabelStatus().SetCaption(status);
+}
+
+std::int32_t MessageText::PartLimit() const {
+    return view.CheckLong().Checked() ? PartSize : SingleLimit;
 }
 
 bool MessageText::Message_KeyPress(char16_t character) const {
@@ -171,6 +179,25 @@ void MessageText::ShowText() {
 
 void MessageText::Insert(TextView text) {
     view.Message().ReplaceSelection(hexFlag ? ToDigits(text) : Text(text));
+}
+
+void MessageText::Replace(TextView text) {
+    if (hexFlag) ButtonHex_Click();
+    // Fits at once: a box that is written back forgets what can be undone.
+    Text fitting(text);
+    std::erase(fitting, Delete);
+    const std::int32_t limit = PartLimit();
+    if (std::int32_t(fitting.size()) > MostParts * limit) {
+        fitting.resize(std::size_t(LongestText(limit)));
+    }
+    TextBox& box = view.Message();
+    box.Select(0, std::int32_t(box.GetText().size()));
+    box.ReplaceSelection(fitting);
+    box.Select(0, 0);
+}
+
+void MessageText::SetFocus() {
+    view.Message().SetFocus();
 }
 
 Text MessageText::ToDigits(TextView text) {

@@ -40,6 +40,11 @@ public:
     // Puts a text in place of the selection, as digits while the box shows digits.
     void Insert(TextView text);
 
+    // Puts a text in place of the whole, shown as text, with the caret before it. What stood there
+    // comes back when the user undoes it.
+    void Replace(TextView text);
+    void SetFocus();
+
     // Two upper-case digits for each character. A character whose code is above 255 notes an
     // overflow and gets the digits of the one before it.
     Text ConvertTextToHexText(TextView text);
@@ -49,6 +54,7 @@ public:
     Text ConvertHexTextToText(TextView digits) const;
 
 private:
+    std::int32_t PartLimit() const;
     Text ToDigits(TextView text);
     Text FromDigits(TextView digits) const;
     std::int32_t CodeOf(char16_t character) const;

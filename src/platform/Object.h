@@ -40,6 +40,9 @@ public:
 };
 using SubscriptionPtr = std::unique_ptr<Subscription>;
 
+// The name that stands for an object's default property.
+inline constexpr TextView DefaultMember;
+
 // One object. Every function that fails notes the error's number and description and yields an
 // empty value.
 class Object {

@@ -47,8 +47,8 @@ public:
 };
 
 class Application;
-
 class CommandBarControls;
+class Item;
 
 class CommandBarControl : public View {
 public:
@@ -110,6 +110,7 @@ public:
     outlook::CommandBars CommandBars() const {
         return As<outlook::CommandBars>(Get(u"CommandBars"));
     }
+    inline Collection<Item> Selection() const;
 };
 
 using Explorers = Collection<Explorer>;
@@ -117,10 +118,32 @@ using Explorers = Collection<Explorer>;
 class Inspector : public View {
 public:
     using View::View;
-    ObjectPtr CurrentItem() const { return AsObject(Get(u"CurrentItem")); }
+    inline Item CurrentItem() const;
 };
 
 using Inspectors = Collection<Inspector>;
+
+class UserProperty : public View {
+public:
+    using View::View;
+    bool Value() const { return AsBoolean(Get(u"Value")); }
+};
+
+class Item : public View {
+public:
+    using View::View;
+    std::int32_t Class() const { return AsNumber(Get(u"Class")); }
+};
+
+class MailItem : public Item {
+public:
+    using Item::Item;
+    outlook::UserProperty UserProperty(TextView name) const {
+        return As<Collection<outlook::UserProperty>>(Get(u"UserProperties")).Item(name);
+    }
+};
+
+using Selection = Collection<Item>;
 
 class Application : public View {
 public:
@@ -131,6 +154,14 @@ public:
     outlook::Inspectors Inspectors() const { return As<outlook::Inspectors>(Get(u"Inspectors")); }
     Explorer ActiveExplorer() const { return As<Explorer>(Call(u"ActiveExplorer")); }
 };
+
+Collection<Item> Explorer::Selection() const {
+    return As<Collection<Item>>(Get(u"Selection"));
+}
+
+Item Inspector::CurrentItem() const {
+    return As<Item>(Get(u"CurrentItem"));
+}
 
 Application Explorer::Parent() const {
     return As<Application>(Get(u"Parent"));

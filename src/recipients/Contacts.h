@@ -16,23 +16,36 @@ public:
     Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes);
 
     // The entries of the default contacts folder, read from Outlook on first use and kept until
-    // the release.
+    // the release. In alphabetical order; of several with one name those with a mobile number
+    // first.
     const AddressList& Addresses();
 
-    // The numbers of what is selected in the application's active window, separated by ";". Takes
-    // the running Outlook when no application is given.
+    // The numbers of what is selected in the application's active window, each once, separated by
+    // ";". Takes the running Outlook when no application is given.
     Text SelectedRecipients(const ObjectPtr& application);
+
+    // True while a mail is asked for its reply, which raises the mail's Reply event.
+    bool AsksForReply() const { return asksForReply; }
 
     // Lets Outlook go.
     void Release();
 
 private:
-    Text NumberOf(const ObjectPtr& contact);
+    struct Number {
+        Text text;
+        bool mobile;
+    };
+    struct Entry;
+    Number NumberOf(const ObjectPtr& contact);
+    Text RecipientOf(const ObjectPtr& item);
     Text NumberForMail(const ObjectPtr& mail);
+    Text NumberOfPersonIn(TextView text);
+    ObjectPtr ReplyOf(const ObjectPtr& mail);
 
     ObjectPtr application;
     ObjectPtr nameSpace;
     bool loaded = false;
+    bool asksForReply = false;
     AddressList addresses;
 
     PendingError& errors;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/Keys.h"
+#include "platform/Meanwhile.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "settings/Debug.h"
@@ -118,10 +119,17 @@ void RecipientField::Save() {
 }
 
 void RecipientField::SetText(TextView text) {
-    setting = true;
-    textTo.SetText(text);
-    setting = false;
+    const Meanwhile set(setting, true);
+    textTo.Select(0, std::int32_t(textTo.GetText().size()));
+    textTo.ReplaceSelection(text);
     fieldText = text;
+}
+
+void RecipientField::SetTextByList(TextView text) {
+    listBoxNumbers.Add(text);
+    TakeMatch(true);
+    SetText(text);
+    listBoxNumbers.SetSelectedIndex(-1);
 }
 
 void RecipientField::Add(TextView recipients) {
@@ -173,7 +181,8 @@ void RecipientField::TextTo_Change() {
 
 void RecipientField::ShowMatches(TextView search) {
     const AddressList* addresses = search.empty() ? nullptr : &contacts.Addresses();
-    matches = addresses ? addresses->Matches(search) : std::vector<std::size_t>();
+    const std::vector<std::size_t> matches =
+        addresses ? addresses->Matches(search) : std::vector<std::size_t>();
     if (matches.empty()) {
         CloseMatches();
         return;
@@ -201,22 +210,17 @@ void RecipientField::ListBoxNumbers_Click() {
     TakeMatch();
 }
 
-void RecipientField::TakeMatch() {
-    const std::int32_t row = listBoxNumbers.SelectedIndex();
-    const AddressList& addresses = contacts.Addresses();
-    if (row >= 0 && std::size_t(row) < matches.size() &&
-        matches[std::size_t(row)] < addresses.Size()) {
+void RecipientField::TakeMatch(bool firstIfNone) {
+    std::int32_t row = listBoxNumbers.SelectedIndex();
+    if (row < 0 && firstIfNone) row = 0;
+    if (row >= 0 && row < listBoxNumbers.Count()) {
         const Text field = textTo.GetText();
-        const Text taken = field.substr(0, SearchStart(field)) +
-                           prefixes.GetNumber(addresses.Entry(matches[std::size_t(row)]));
-        SetText(taken);
-        textTo.Select(std::int32_t(taken.size()), 0);
+        SetText(field.substr(0, SearchStart(field)) + prefixes.GetNumber(listBoxNumbers.Item(row)));
     }
     CloseMatches();
 }
 
 void RecipientField::CloseMatches() {
-    matches.clear();
     if (listBoxNumbers.Visible()) {
         listBoxNumbers.SetVisible(false);
         listBoxNumbers.Clear();

@@ -38,8 +38,12 @@ public:
     // Writes the list back to the settings.
     void Save();
 
-    // Sets the field's text without looking for matches.
+    // Sets the field's text without looking for matches; the user can undo it.
     void SetText(TextView text);
+    bool IsEmpty() const { return textTo.GetText().empty(); }
+
+    // Sets the text of a field that did not keep it, by way of the match list.
+    void SetTextByList(TextView text);
 
     // Adds recipients, separated by ";", to those in the field, except for those it holds already.
     void Add(TextView recipients);
@@ -61,7 +65,8 @@ public:
     void ListBoxNumbers_Click();
 
     // Replaces the search text by the number of the chosen match, if one is, and closes the list.
-    void TakeMatch();
+    // Takes the first match when none is chosen and that is asked for.
+    void TakeMatch(bool firstIfNone = false);
 
     void CloseMatches();
 
@@ -71,7 +76,6 @@ private:
 
     std::vector<Text> NumberList{1};   // most recent first
     std::int32_t NumberListBound = 0;  // upper index; -1 once the list was cleared
-    std::vector<std::size_t> matches;  // indexes into the address list
     Text fieldText;                    // before the item that clears the list was chosen
     bool prefixHint = false;
     bool setting = false;  // the program, not the user, changes the field

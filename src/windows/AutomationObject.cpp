@@ -87,6 +87,10 @@ private:
     // The member's identifier first, then those of the named arguments, all asked for at once.
     bool Identify(TextView member, const std::vector<NamedValue>& named,
                   std::vector<DISPID>& identifiers) {
+        if (member == DefaultMember) {
+            identifiers.assign(1, DISPID_VALUE);
+            return true;
+        }
         std::vector<Text> texts{Text(member)};
         for (const NamedValue& argument : named) texts.emplace_back(argument.name);
         std::vector<LPOLESTR> names;

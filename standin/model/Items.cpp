@@ -42,6 +42,7 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
             self.outlook.DeleteItem(std::static_pointer_cast<Item>(self.shared_from_this()));
             return Value();
         });
+    members.Default(u"Subject");
     if (itemClass == MailClass) {
         members.Method(u"Reply", {}, [](Item& self, const Arguments&) {
             return HandleOf(

@@ -90,7 +90,7 @@ bool Convert(const Value& value, ObjectPtr& object) {
 
 const Member* MemberTable::Find(TextView name) const {
     for (const Member& member : members) {
-        if (EqualFolded(member.name, name)) return &member;
+        if (EqualFolded(member.name, name.empty() ? defaultName : name)) return &member;
     }
     return nullptr;
 }

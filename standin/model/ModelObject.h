@@ -45,13 +45,15 @@ bool Convert(const Value& value, ObjectPtr& object);
 
 class MemberTable {
 public:
-    // Names are found without regard to letter case. Null when there is none.
+    // Names are found without regard to letter case; an empty name finds the default member. Null
+    // when there is none.
     const Member* Find(TextView name) const;
     const std::vector<Member>& All() const { return members; }
 
 protected:
     Member& Insert(Member member);
     std::vector<Member> members;
+    TextView defaultName;
 };
 
 // The members of a class. The last one added can be limited to newer versions with From.
@@ -86,6 +88,11 @@ public:
     }
     Members& Method(TextView name, std::vector<TextView> arguments, Function call) {
         return AddFunction(name, true, std::move(arguments), std::move(call));
+    }
+    // Makes a member the default one.
+    Members& Default(TextView name) {
+        defaultName = name;
+        return *this;
     }
     Members& From(std::int32_t version) {
         members.back().firstVersion = version;

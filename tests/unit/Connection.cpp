@@ -3,55 +3,14 @@
 
 #include <doctest.h>
 
-#include "model/OutlookModel.h"
 #include "platform/OutlookEvents.h"
-#include "platform/TestProgram.h"
+#include "platform/TestHost.h"
 
 using namespace tellwick;
 using namespace tellwick::test;
 namespace model = tellwick::standin;
 
 namespace {
-
-// A program in an Outlook of some version, which has one window unless told otherwise.
-struct Host : TestProgram {
-    explicit Host(std::int32_t version = 11, bool window = true)
-        : outlook(platform.errors, version) {
-        if (window) first = outlook.CreateExplorer();
-        platform.automation.running[u"Outlook.Application"] = outlook.Application();
-    }
-    ~Host() { platform.automation.running.clear(); }
-
-    void Connect() {
-        connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
-        if (first) outlook.Activate(first);
-    }
-    void Disconnect() {
-        connect.AddinInstance_OnBeginShutdown();
-        connect.AddinInstance_OnDisconnection(0);
-    }
-    static std::shared_ptr<model::CommandBarButton> Button(
-        const std::shared_ptr<model::Explorer>& explorer, TextView bar = u"Standard") {
-        const auto found = explorer->commandBars->Find(bar);
-        return std::dynamic_pointer_cast<model::CommandBarButton>(found->Find(u"New SMS"));
-    }
-    std::vector<Text> Captions(TextView bar) {
-        std::vector<Text> captions;
-        for (const auto& control : first->commandBars->Find(bar)->Controls()->all) {
-            captions.push_back(control->caption);
-        }
-        return captions;
-    }
-    int WritesOfActiveFlag() {
-        return int(std::count(platform.registry.writes.begin(), platform.registry.writes.end(),
-                              Text(RootKey) + u"\\OlAddInActive="));
-    }
-
-    model::OutlookModel outlook;
-    std::shared_ptr<model::Explorer> first;
-    std::shared_ptr<model::ComAddIn> addIn = outlook.AddAddIn(ProgrammaticIdentifier);
-    tellwick::Connect connect{program};
-};
 
 constexpr std::int32_t Versions[] = {9, 10, 11, 16};
 
@@ -219,27 +178,6 @@ TEST_CASE("a click opens the form, in every version, and cancels the default") {
         host.Disconnect();
         CHECK_FALSE(host.view.Loaded());
         CHECK(host.Setting(u"SMS", u"LastText") == u"getippt");
-    }
-}
-
-TEST_CASE("a mail's sender is looked up through Redemption, when that is there") {
-    for (const bool installed : {true, false}) {
-        Host host;
-        if (installed) {
-            host.platform.automation.factories[u"Redemption.SafeMailItem"] = [&] {
-                return host.outlook.CreateSafeMailItem();
-            };
-        }
-        host.Connect();
-        host.outlook.AddItem(outlook::ContactClass, {{u"FullName", u"Eva Maier"},
-                                                     {u"MobileTelephoneNumber", u"+43 664 1"}});
-        const auto mail = host.outlook.AddItem(
-            outlook::MailClass, {{u"SenderName", u"EVA MAIER"}, {u"Body", u"von Eva Maier"}});
-        host.outlook.Select(host.first, {mail});
-        host.outlook.ClickButton(Host::Button(host.first));
-        CHECK(host.view.Loaded());
-        CHECK(host.view.TextTo().GetText() == (installed ? u"0436641" : u""));
-        host.Disconnect();
     }
 }
 

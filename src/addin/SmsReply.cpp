@@ -1,0 +1,92 @@
+#include "addin/SmsReply.h"
+
+#include "compose/FormSmsSend.h"
+#include "compose/MessageText.h"
+#include "platform/MessageLoop.h"
+#include "platform/OutlookEvents.h"
+#include "recipients/Contacts.h"
+#include "recipients/RecipientField.h"
+#include "settings/Debug.h"
+
+namespace tellwick {
+
+namespace {
+constexpr std::uint32_t FormLoading = 50;  // milliseconds that a new form is given
+}
+
+SmsReply::SmsReply(PendingError& errors, Debug& debug, Automation& automation,
+                   MessageLoop& messageLoop, const Contacts& contacts, FormSmsSend& formSmsSend,
+                   RecipientField& recipientField, MessageText& messageText)
+    : errors(errors),
+      debug(debug),
+      automation(automation),
+      messageLoop(messageLoop),
+      contacts(contacts),
+      formSmsSend(formSmsSend),
+      recipientField(recipientField),
+      messageText(messageText) {}
+
+void SmsReply::Follow(SunkObject& objMailItem, const outlook::Item& item, Place place) {
+    if (item.Class() != outlook::MailClass) return;
+    objMailItem.Set(
+        errors, item.Reference(), outlook::ItemEvents,
+        [this, held = item.Reference(), place](std::int32_t event, std::vector<Value>& arguments) {
+            // The item may be let go while its reply is written.
+            const ObjectPtr mailItem = held;
+            if (event == outlook::event::ItemReply) objMailItem_Reply(mailItem, arguments, place);
+        });
+}
+
+void SmsReply::objMailItem_Reply(const ObjectPtr& mailItem, std::vector<Value>& arguments,
+                                 Place place) {
+    // The program asks for a reply itself to see who is in it; that one is nobody's answer.
+    if (contacts.AsksForReply()) return;
+    Procedure procedure{debug, u"objMailItem_Reply"};
+    if (!IsSms(mailItem)) return;
+    Parts parts;
+    if (!Separate(mailItem, arguments.empty() ? nullptr : AsObject(arguments[0]), parts)) return;
+
+    formSmsSend.Open({});
+    Fill(parts, place);
+    if (arguments.size() > 1) arguments[1] = true;
+}
+
+bool SmsReply::IsSms(const ObjectPtr& mailItem) {
+    errors.Clear();
+    const bool marked = outlook::MailItem(errors, mailItem).UserProperty(u"IsSMS").Value();
+    return marked && !errors;
+}
+
+// The sender and the body, read through Redemption, since Outlook would ask the user before it
+// hands them out; else what stands before and behind the first colon of the host's own reply.
+bool SmsReply::Separate(const ObjectPtr& mailItem, const ObjectPtr& response, Parts& parts) {
+    const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
+    Put(errors, safeItem, u"Item", mailItem);
+    Text text = AsText(Get(errors, safeItem, u"SentOnBehalfOfName"));
+    std::size_t separator = text.size();
+    if (!text.empty()) {
+        text += u' ' + AsText(Get(errors, safeItem, u"Body"));
+    } else {
+        text = AsText(Get(errors, response, DefaultMember));
+        separator = text.find(u':');
+        if (separator == Text::npos) return false;
+    }
+    parts = {text.substr(0, separator), Trimmed(TextView(text).substr(separator + 1))};
+    return true;
+}
+
+void SmsReply::Fill(const Parts& parts, Place place) {
+    // The form is to have finished loading before it is filled.
+    messageLoop.DoEvents();
+    messageLoop.Sleep(FormLoading);
+    messageLoop.DoEvents();
+    recipientField.SetText(parts.recipient);
+    messageText.Replace(parts.message);
+    if (place == Place::Inspector) return;
+
+    messageLoop.DoEvents();
+    if (recipientField.IsEmpty()) recipientField.SetTextByList(parts.recipient);
+    messageText.SetFocus();
+}
+
+}  // namespace tellwick

@@ -1,0 +1,54 @@
+// A reply to an SMS that lies in Outlook as a mail item becomes a new SMS.
+#pragma once
+
+#include <vector>
+
+#include "platform/Outlook.h"
+
+namespace tellwick {
+
+class Contacts;
+class Debug;
+class FormSmsSend;
+class MessageLoop;
+class MessageText;
+class RecipientField;
+
+class SmsReply {
+public:
+    // Where the item is shown that is replied to.
+    enum class Place { Explorer, Inspector };
+
+    SmsReply(PendingError& errors, Debug& debug, Automation& automation, MessageLoop& messageLoop,
+             const Contacts& contacts, FormSmsSend& formSmsSend, RecipientField& recipientField,
+             MessageText& messageText);
+
+    // Holds the item with its events, marked as SMS or not, when it is a mail; leaves what is held
+    // as it was when it is not.
+    void Follow(SunkObject& objMailItem, const outlook::Item& item, Place place);
+
+private:
+    // The item's Reply event, with the reply that the host has prepared and the cancel flag. When
+    // the item is marked as SMS, opens the form with the sender and the text, and sets the flag;
+    // any other item is left to Outlook.
+    void objMailItem_Reply(const ObjectPtr& mailItem, std::vector<Value>& arguments, Place place);
+
+    struct Parts {
+        Text recipient;
+        Text message;
+    };
+    bool IsSms(const ObjectPtr& mailItem);
+    bool Separate(const ObjectPtr& mailItem, const ObjectPtr& response, Parts& parts);
+    void Fill(const Parts& parts, Place place);
+
+    PendingError& errors;
+    Debug& debug;
+    Automation& automation;
+    MessageLoop& messageLoop;
+    const Contacts& contacts;
+    FormSmsSend& formSmsSend;
+    RecipientField& recipientField;
+    MessageText& messageText;
+};
+
+}  // namespace tellwick

@@ -1,0 +1,64 @@
+// The whole program in a stand-in Outlook.
+#pragma once
+
+#include "addin/Connect.h"
+#include "model/OutlookModel.h"
+#include "platform/OutlookEvents.h"
+#include "platform/TestProgram.h"
+
+namespace tellwick::test {
+
+// A program in an Outlook of some version, which has one window unless told otherwise.
+struct Host : TestProgram {
+    explicit Host(std::int32_t version = 11, bool window = true)
+        : outlook(platform.errors, version) {
+        if (window) first = outlook.CreateExplorer();
+        platform.automation.running[u"Outlook.Application"] = outlook.Application();
+    }
+    ~Host() { platform.automation.running.clear(); }
+
+    void Connect() {
+        connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
+        if (first) outlook.Activate(first);
+    }
+    // Puts the stand-in for the outside library in place, as on a machine that has it.
+    void InstallRedemption() {
+        platform.automation.factories[u"Redemption.SafeMailItem"] = [this] {
+            return outlook.CreateSafeMailItem();
+        };
+    }
+    // A received message, as the sender application stores it.
+    std::shared_ptr<standin::Item> AddSms(TextView sender, TextView body) {
+        const auto sms =
+            outlook.AddItem(outlook::MailClass, {{u"SentOnBehalfOfName", sender}, {u"Body", body}});
+        sms->SetUserProperty(u"IsSMS", true);
+        return sms;
+    }
+    void Disconnect() {
+        connect.AddinInstance_OnBeginShutdown();
+        connect.AddinInstance_OnDisconnection(0);
+    }
+    static std::shared_ptr<standin::CommandBarButton> Button(
+        const std::shared_ptr<standin::Explorer>& explorer, TextView bar = u"Standard") {
+        const auto found = explorer->commandBars->Find(bar);
+        return std::dynamic_pointer_cast<standin::CommandBarButton>(found->Find(u"New SMS"));
+    }
+    std::vector<Text> Captions(TextView bar) {
+        std::vector<Text> captions;
+        for (const auto& control : first->commandBars->Find(bar)->Controls()->all) {
+            captions.push_back(control->caption);
+        }
+        return captions;
+    }
+    int WritesOfActiveFlag() {
+        return int(std::count(platform.registry.writes.begin(), platform.registry.writes.end(),
+                              Text(RootKey) + u"\\OlAddInActive="));
+    }
+
+    standin::OutlookModel outlook;
+    std::shared_ptr<standin::Explorer> first;
+    std::shared_ptr<standin::ComAddIn> addIn = outlook.AddAddIn(ProgrammaticIdentifier);
+    tellwick::Connect connect{program};
+};
+
+}  // namespace tellwick::test
