@@ -244,9 +244,11 @@ const MemberTable& SafeMailItem::Table() const {
                     self.Fail(error::TypeMismatch);
                 }
             });
-        for (const TextView name : FieldNames(MailClass)) {
-            members.Property(name, [name](SafeMailItem& self) -> Value {
-                return self.item ? self.item->Field(name) : self.Fail(error::ObjectNotSet);
+        static const Members<Item> mail = ItemMembers(MailClass);
+        for (const Member& member : mail.All()) {
+            if (member.isMethod) continue;
+            members.Property(member.name, [&member](SafeMailItem& self) -> Value {
+                return self.item ? member.get(*self.item, {}) : self.Fail(error::ObjectNotSet);
             });
         }
         return members;

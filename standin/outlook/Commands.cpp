@@ -139,6 +139,24 @@ std::shared_ptr<CommandBar> BarOf(const Explorer& explorer, TextView name) {
     return bar;
 }
 
+// NAME=VALUE: a field of the item, or else a user property of it.
+void Assign(Item& item, const Text& word) {
+    const std::size_t equals = word.find(u'=');
+    Require(equals != Text::npos && equals > 0, "a field is NAME=VALUE");
+    const Text name = word.substr(0, equals);
+    const Text value = word.substr(equals + 1);
+    const auto& names = FieldNames(item.itemClass);
+    const bool isField = std::any_of(names.begin(), names.end(),
+                                     [&](TextView field) { return EqualFolded(field, name); });
+    if (isField) {
+        item.SetField(name, value);
+    } else if (value == u"true" || value == u"false") {
+        item.SetUserProperty(name, value == u"true");
+    } else {
+        item.SetUserProperty(name, value);
+    }
+}
+
 Text ScreenRectangle(const RECT& rectangle) {
     return NumberText(rectangle.left) + u" " + NumberText(rectangle.top) + u" " +
            NumberText(rectangle.right) + u" " + NumberText(rectangle.bottom);
@@ -231,9 +249,12 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"add-contact", {0, &Commands::AddContact}},
         {u"add-appointment", {0, &Commands::AddAppointment}},
         {u"add-list", {0, &Commands::AddList}},
+        {u"set", {2, &Commands::SetItem}},
         {u"select", {1, &Commands::Select}},
         {u"folder", {2, &Commands::SwitchFolder}},
         {u"reply", {1, &Commands::Reply}},
+        {u"reply-selected", {1, &Commands::ReplySelected}},
+        {u"reply-inspector", {1, &Commands::ReplyInspector}},
         {u"bars", {1, &Commands::Bars}},
         {u"add-bar", {2, &Commands::AddBar}},
         {u"toolbar", {1, &Commands::Toolbar}},
@@ -396,24 +417,16 @@ Text Commands::ListItems(const Words&) {
 
 Text Commands::AddItem(std::int32_t itemClass, const Words& words) {
     const auto item = outlook.AddItem(itemClass);
-    const auto& names = FieldNames(itemClass);
-    for (const Text& word : words) {
-        const std::size_t equals = word.find(u'=');
-        Require(equals != Text::npos && equals > 0, "a field is NAME=VALUE");
-        const Text name = word.substr(0, equals);
-        const Text value = word.substr(equals + 1);
-        const bool isField = std::any_of(names.begin(), names.end(),
-                                         [&](TextView field) { return EqualFolded(field, name); });
-        if (isField) {
-            item->SetField(name, value);
-        } else if (value == u"true" || value == u"false") {
-            item->SetUserProperty(name, value == u"true");
-        } else {
-            item->SetUserProperty(name, value);
-        }
-    }
+    for (const Text& word : words) Assign(*item, word);
     Number();
     return NumberOf(items, item);
+}
+
+Text Commands::SetItem(const Words& words) {
+    const auto item = ItemAt(words[0]);
+    for (std::size_t index = 1; index < words.size(); ++index) Assign(*item, words[index]);
+    outlook.Changed();
+    return {};
 }
 
 Text Commands::AddMail(const Words& words) {
@@ -454,10 +467,26 @@ Text Commands::SwitchFolder(const Words& words) {
     return {};
 }
 
-Text Commands::Reply(const Words& words) {
-    const auto item = ItemAt(words[0]);
-    Require(item->itemClass == MailClass, "only mails have a reply");
+Text Commands::ReplyTo(const std::shared_ptr<Item>& item) {
+    Require(item->itemClass == MailClass && !item->deleted, "only mails have a reply");
     return outlook.PressReply(item) ? u"opened" : u"cancelled";
+}
+
+Text Commands::Reply(const Words& words) {
+    return ReplyTo(ItemAt(words[0]));
+}
+
+Text Commands::ReplySelected(const Words& words) {
+    const auto explorer = ExplorerAt(words);
+    if (outlook.FrontWindow() != explorer) outlook.Activate(explorer);
+    Require(explorer->selection.size() == 1, "not one item is selected");
+    return ReplyTo(explorer->selection[0]);
+}
+
+Text Commands::ReplyInspector(const Words& words) {
+    const auto inspector = InspectorAt(words);
+    if (outlook.FrontWindow() != inspector) outlook.Activate(inspector);
+    return ReplyTo(inspector->item);
 }
 
 Text Commands::Bars(const Words& words) {

@@ -18,9 +18,13 @@
 //   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
+//   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
 //   folder N inbox|calendar|contacts
-//   reply ITEM                       presses Reply; answers "opened" or "cancelled"
+//   reply ITEM, reply-selected N, reply-inspector N
+//                                    presses Reply on the item, the one selected in explorer N,
+//                                    that of inspector N; answers "opened" when Outlook's own
+//                                    reply did, or "cancelled"
 // toolbars of explorer N
 //   bars N, add-bar N NAME           the bars; a new custom bar
 //   toolbar N [BAR]                  the controls of a bar, of "Standard" unless another is named
@@ -102,9 +106,12 @@ private:
     Text AddContact(const Words&);
     Text AddAppointment(const Words&);
     Text AddList(const Words&);
+    Text SetItem(const Words&);
     Text Select(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);
+    Text ReplySelected(const Words&);
+    Text ReplyInspector(const Words&);
     Text Bars(const Words&);
     Text AddBar(const Words&);
     Text Toolbar(const Words&);
@@ -136,6 +143,7 @@ private:
     static const std::map<Text, Command>& Table();
 
     Text AddItem(std::int32_t itemClass, const Words& words);
+    Text ReplyTo(const std::shared_ptr<Item>& item);
     void Number();
     std::shared_ptr<Explorer> ExplorerAt(const Words& words, std::size_t index = 0);
     std::shared_ptr<Inspector> InspectorAt(const Words& words);

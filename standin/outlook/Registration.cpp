@@ -77,7 +77,8 @@ void ForgetClass(TextView programmaticIdentifier, TextView classIdentifier) {
 }
 
 RegisteredClass::RegisteredClass(TextView programmaticIdentifier, TextView classIdentifier,
-                                 bool local, ObjectSource source) {
+                                 bool local, ObjectSource source)
+    : programmaticIdentifier(programmaticIdentifier), classIdentifier(classIdentifier) {
     WriteClass(programmaticIdentifier, classIdentifier, local);
     const ComPtr<IClassFactory> factory =
         ComPtr<IClassFactory>::Attach(new Factory(std::move(source)));
@@ -88,6 +89,7 @@ RegisteredClass::RegisteredClass(TextView programmaticIdentifier, TextView class
 
 RegisteredClass::~RegisteredClass() {
     if (cookie != 0) CoRevokeClassObject(cookie);
+    ForgetClass(programmaticIdentifier, classIdentifier);
 }
 
 RunningObject::RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object) {

@@ -11,7 +11,8 @@ namespace tellwick::standin {
 
 using ObjectSource = std::function<ComPtr<IDispatch>()>;
 
-// One class name that creates objects in this process, from construction to destruction.
+// One class name that creates objects in this process, from construction to destruction, when it
+// goes out of the registry again.
 class RegisteredClass {
 public:
     // `local` offers the class to other processes too, the way a program's class is; otherwise it
@@ -23,6 +24,8 @@ public:
     RegisteredClass& operator=(const RegisteredClass&) = delete;
 
 private:
+    const Text programmaticIdentifier;
+    const Text classIdentifier;
     DWORD cookie = 0;
 };
 
