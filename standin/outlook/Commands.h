@@ -72,7 +72,7 @@
 #include <vector>
 
 #include "outlook/AddInLoader.h"
-#include "outlook/ComObject.h"
+#include "outlook/ComObjects.h"
 #include "outlook/Desk.h"
 #include "outlook/Dispatcher.h"
 
