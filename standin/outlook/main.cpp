@@ -43,7 +43,8 @@
 
 #include "outlook/AddInLoader.h"
 #include "outlook/ComObjects.h"
-#include "outlook/Commands.h"
+#include "outlook/CommandInput.h"
+#include "outlook/CommandText.h"
 #include "outlook/Desk.h"
 #include "outlook/Dispatcher.h"
 #include "outlook/Face.h"
