@@ -1,5 +1,7 @@
 #include "addin/Connect.h"
 
+#include <utility>
+
 #include "addin/OutlookAddIn.h"
 #include "addin/Program.h"
 #include "platform/Outlook.h"
@@ -17,6 +19,10 @@ OutlookAddIn& Connect::AddIn() {
 void Connect::AddinInstance_OnConnection(const ObjectPtr& application,
                                          [[maybe_unused]] std::int32_t connectMode,
                                          const ObjectPtr& addInInstance) {
+    program.debug.Guarded([&] { Start(application, addInInstance); });
+}
+
+void Connect::Start(const ObjectPtr& application, const ObjectPtr& addInInstance) {
     PendingError& errors = program.errors;
     errors.Clear();
     const outlook::Application outlookApplication(errors, application);
@@ -39,13 +45,17 @@ void Connect::AddinInstance_OnBeginShutdown() {
 void Connect::AddinInstance_OnDisconnection([[maybe_unused]] std::int32_t removeMode) {
     ReleaseAddIn();
     // The release has written the same already; the repetition is intended.
-    program.regEdit.WriteValue(Hive::CurrentUser, RootKey, u"OlAddInActive", u"");
+    program.debug.Guarded(
+        [this] { program.regEdit.WriteValue(Hive::CurrentUser, RootKey, u"OlAddInActive", u""); });
 }
 
 void Connect::ReleaseAddIn() {
-    const std::shared_ptr<OutlookAddIn> addIn = (AddIn(), outlookAddIn);
-    addIn->Release(nullptr);
-    outlookAddIn.reset();
+    program.debug.Guarded([this] {
+        AddIn();
+        // Held here: what is released may call back.
+        const std::shared_ptr<OutlookAddIn> addIn = std::exchange(outlookAddIn, nullptr);
+        addIn->Release(nullptr);
+    });
 }
 
 }  // namespace tellwick

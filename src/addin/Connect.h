@@ -25,6 +25,7 @@ public:
     void AddinInstance_Terminate() {}
 
 private:
+    void Start(const ObjectPtr& application, const ObjectPtr& addInInstance);
     OutlookAddIn& AddIn();
     void ReleaseAddIn();
 

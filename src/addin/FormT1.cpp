@@ -2,13 +2,16 @@
 
 #include <utility>
 
+#include "settings/Debug.h"
+
 namespace tellwick {
 
 namespace {
 constexpr std::uint32_t Interval = 200;  // milliseconds
 }
 
-FormT1::FormT1(Forms& forms, Timers& timers) : forms(forms), timers(timers) {}
+FormT1::FormT1(Debug& debug, Forms& forms, Timers& timers)
+    : debug(debug), forms(forms), timers(timers) {}
 
 FormT1::~FormT1() {
     forms.Remove(*this);
@@ -25,7 +28,7 @@ void FormT1::Timer1_Timer() {
     timer1->Stop();
     // Held here: the call may bring a new request, or unload this form.
     const std::shared_ptr<MenuRequester> current = std::exchange(requester, nullptr);
-    if (current) current->SetMenus();
+    if (current) debug.Guarded([&] { current->SetMenus(); });
     if (!requester) Unload();
 }
 

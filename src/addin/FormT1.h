@@ -8,6 +8,8 @@
 
 namespace tellwick {
 
+class Debug;
+
 // Whoever wants its toolbar set up later.
 class MenuRequester {
 public:
@@ -17,7 +19,7 @@ public:
 
 class FormT1 : public Form {
 public:
-    FormT1(Forms& forms, Timers& timers);
+    FormT1(Debug& debug, Forms& forms, Timers& timers);
     ~FormT1() override;
 
     // Calls the requester's SetMenus once, 200 ms from now. A request still pending is replaced.
@@ -28,6 +30,7 @@ public:
 private:
     void Timer1_Timer();
 
+    Debug& debug;
     Forms& forms;
     Timers& timers;
     std::unique_ptr<Timer> timer1;

@@ -7,6 +7,7 @@
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
 #include "recipients/Contacts.h"
+#include "settings/Debug.h"
 #include "settings/RegEdit.h"
 
 namespace tellwick {
@@ -15,29 +16,31 @@ namespace {
 
 constexpr std::int32_t FirstWithoutOwnQuit = 10;  // Outlook 2002
 
-// Calls the member function with the first argument, an object, when its event arrives.
-template <class Self>
-EventHandler OnEvent(std::weak_ptr<Self> weak, std::int32_t wanted,
-                     void (Self::*handler)(const ObjectPtr&)) {
-    return [=](std::int32_t event, std::vector<Value>& arguments) {
-        const auto self = weak.lock();
-        if (!self || event != wanted) return;
-        ((*self).*handler)(arguments.empty() ? nullptr : AsObject(arguments[0]));
-    };
-}
-
 }  // namespace
 
-OutlookAddIn::OutlookAddIn(PendingError& errors, RegEdit& regEdit, Contacts& contacts, Forms& forms,
-                           SmsReply& smsReply, ProcessValues& processValues,
+OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Contacts& contacts,
+                           Forms& forms, SmsReply& smsReply, ProcessValues& processValues,
                            ExplorerFactory createExplorer)
     : errors(errors),
+      debug(debug),
       regEdit(regEdit),
       contacts(contacts),
       forms(forms),
       smsReply(smsReply),
       processValues(processValues),
       createExplorer(std::move(createExplorer)) {}
+
+// Calls the handler with the first argument, an object, when its event arrives.
+EventHandler OutlookAddIn::OnEvent(std::int32_t wanted,
+                                   void (OutlookAddIn::*handler)(const ObjectPtr&)) {
+    return [weak = weak_from_this(), wanted, handler](std::int32_t event,
+                                                      std::vector<Value>& arguments) {
+        const auto self = weak.lock();
+        if (!self || event != wanted) return;
+        self->debug.Guarded(
+            [&] { ((*self).*handler)(arguments.empty() ? nullptr : AsObject(arguments[0])); });
+    };
+}
 
 Text OutlookAddIn::TagText() const {
     return processValues.applicationTitle + u".Main";
@@ -47,17 +50,14 @@ void OutlookAddIn::Initialise(const ObjectPtr& application, TextView progId) {
     const outlook::Application outlookApplication(errors, application);
     processValues.outlookVersion = LeadingNumber32(outlookApplication.Version().substr(0, 2));
 
-    golApp.Set(
-        errors, application, outlook::ApplicationEvents,
-        OnEvent(weak_from_this(), outlook::event::ApplicationQuit, &OutlookAddIn::golApp_Quit));
+    golApp.Set(errors, application, outlook::ApplicationEvents,
+               OnEvent(outlook::event::ApplicationQuit, &OutlookAddIn::golApp_Quit));
     sProgId = progId;
     if (golApp) {
         colExpl.Set(errors, outlookApplication.Explorers().Reference(), outlook::ExplorersEvents,
-                    OnEvent(weak_from_this(), outlook::event::NewExplorer,
-                            &OutlookAddIn::colExpl_NewExplorer));
+                    OnEvent(outlook::event::NewExplorer, &OutlookAddIn::colExpl_NewExplorer));
         colInsp.Set(errors, outlookApplication.Inspectors().Reference(), outlook::InspectorsEvents,
-                    OnEvent(weak_from_this(), outlook::event::NewInspector,
-                            &OutlookAddIn::colInsp_NewInspector));
+                    OnEvent(outlook::event::NewInspector, &OutlookAddIn::colInsp_NewInspector));
     }
 
     const std::shared_ptr<cOlExplorer> first = createExplorer();
@@ -85,9 +85,8 @@ void OutlookAddIn::colExpl_NewExplorer(const ObjectPtr& explorer) {
 }
 
 void OutlookAddIn::colInsp_NewInspector(const ObjectPtr& inspector) {
-    objInsp.Set(
-        errors, inspector, outlook::InspectorEvents,
-        OnEvent(weak_from_this(), outlook::event::InspectorClose, &OutlookAddIn::objInsp_Close));
+    objInsp.Set(errors, inspector, outlook::InspectorEvents,
+                OnEvent(outlook::event::InspectorClose, &OutlookAddIn::objInsp_Close));
     smsReply.Follow(objMailItem, outlook::Inspector(errors, objInsp.Reference()).CurrentItem(),
                     SmsReply::Place::Inspector);
 }
@@ -110,20 +109,24 @@ void OutlookAddIn::CleanUpForQuit() {
     contacts.Release();
 }
 
+// Whatever a step throws, the ones behind it run: nothing of Outlook's may be kept.
 void OutlookAddIn::Release(const ObjectPtr& explorer) {
     if (explorer) return;
-    // Every window still wrapped loses its button, as if it closed.
-    const std::vector<std::shared_ptr<cOlExplorer>> wrapped = explorers;
-    for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) {
-        if (wrapper->bOpen) wrapper->objExplorer_Close();
-    }
+    // Every window still wrapped loses its button, as if it closed. Held here: the calls into
+    // Outlook may bring events that change the array.
+    debug.Guarded([this] {
+        const std::vector<std::shared_ptr<cOlExplorer>> wrapped = explorers;
+        for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) {
+            if (wrapper->bOpen) wrapper->objExplorer_Close();
+        }
+    });
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
     contacts.Release();
 
     // The collection shrinks while forms unload, so this unloads every other form; deliberate.
     for (std::int32_t index = 0, count = forms.Count(); index < count; ++index) {
-        if (Form* form = forms.Item(index)) form->Unload();
+        if (Form* form = forms.Item(index)) debug.Guarded([form] { form->Unload(); });
     }
 
     objInsp.Clear();

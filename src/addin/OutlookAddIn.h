@@ -14,14 +14,16 @@
 namespace tellwick {
 
 class Contacts;
+class Debug;
 class RegEdit;
 
 class OutlookAddIn : public std::enable_shared_from_this<OutlookAddIn> {
 public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
-    OutlookAddIn(PendingError& errors, RegEdit& regEdit, Contacts& contacts, Forms& forms,
-                 SmsReply& smsReply, ProcessValues& processValues, ExplorerFactory createExplorer);
+    OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Contacts& contacts,
+                 Forms& forms, SmsReply& smsReply, ProcessValues& processValues,
+                 ExplorerFactory createExplorer);
 
     // Takes hold of Outlook and wraps its first explorer, which gets its button at once.
     void Initialise(const ObjectPtr& application, TextView progId);
@@ -38,6 +40,7 @@ private:
     void objInsp_Close(const ObjectPtr&);
     void golApp_Quit(const ObjectPtr&);
     void CleanUpForQuit();
+    EventHandler OnEvent(std::int32_t event, void (OutlookAddIn::*handler)(const ObjectPtr&));
     Text TagText() const;
 
     SunkObject golApp;
@@ -50,6 +53,7 @@ private:
     std::vector<std::shared_ptr<cOlExplorer>> explorers;
 
     PendingError& errors;
+    Debug& debug;
     RegEdit& regEdit;
     Contacts& contacts;
     Forms& forms;

@@ -46,7 +46,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       formSmsSend(services, formSmsSendView, forms,
                   {submission, messageText, recipientField, textTemplates}, formSmsSelectAddress,
                   formOptions, helpViewer),
-      formT1(forms, platform.timers),
+      formT1(debug, forms, platform.timers),
       smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
       olButtons(regEdit, platform.bitmaps),
@@ -60,8 +60,8 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
                                              automation, processValues, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, regEdit, contacts, forms, smsReply, processValues,
-                                          createExplorer);
+    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, contacts, forms, smsReply,
+                                          processValues, createExplorer);
 }
 
 }  // namespace tellwick

@@ -33,7 +33,8 @@ void SmsReply::Follow(SunkObject& objMailItem, const outlook::Item& item, Place 
         [this, held = item.Reference(), place](std::int32_t event, std::vector<Value>& arguments) {
             // The item may be let go while its reply is written.
             const ObjectPtr mailItem = held;
-            if (event == outlook::event::ItemReply) objMailItem_Reply(mailItem, arguments, place);
+            if (event != outlook::event::ItemReply) return;
+            debug.Guarded([&] { objMailItem_Reply(mailItem, arguments, place); });
         });
 }
 

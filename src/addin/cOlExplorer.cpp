@@ -47,14 +47,7 @@ void cOlExplorer::OpenItem(const ObjectPtr& explorer, TextView progId, TextView 
     objExplorer.Set(errors, explorer, outlook::ExplorerEvents,
                     [weak = weak_from_this()](std::int32_t event, std::vector<Value>&) {
                         const auto self = weak.lock();
-                        if (!self) return;
-                        if (event == outlook::event::ExplorerActivate) {
-                            self->objExplorer_Activate();
-                        } else if (event == outlook::event::ExplorerSelectionChange) {
-                            self->objExplorer_SelectionChange();
-                        } else if (event == outlook::event::ExplorerClose) {
-                            self->objExplorer_Close();
-                        }
+                        if (self) self->debug.Guarded([&] { self->OnExplorerEvent(event); });
                     });
     bOpen = true;
     bMenusSet = false;
@@ -69,6 +62,16 @@ void cOlExplorer::OpenItemOl20(const ObjectPtr& explorer, TextView progId, TextV
     sTag = tag;
     SetMenus(explorer);
     bMenusSet = true;
+}
+
+void cOlExplorer::OnExplorerEvent(std::int32_t event) {
+    if (event == outlook::event::ExplorerActivate) {
+        objExplorer_Activate();
+    } else if (event == outlook::event::ExplorerSelectionChange) {
+        objExplorer_SelectionChange();
+    } else if (event == outlook::event::ExplorerClose) {
+        objExplorer_Close();
+    }
 }
 
 void cOlExplorer::objExplorer_Activate() {
@@ -130,7 +133,7 @@ void cOlExplorer::SinkClicks(SunkObject& button, const outlook::CommandBarContro
         [weak = weak_from_this(), handler](std::int32_t event, std::vector<Value>& arguments) {
             const auto self = weak.lock();
             if (self && event == outlook::event::ButtonClick) {
-                ((*self).*handler)(arguments);
+                self->debug.Guarded([&] { ((*self).*handler)(arguments); });
             }
         });
 }
@@ -153,7 +156,7 @@ void cOlExplorer::RemoveMenus(const ObjectPtr& explorer) {
 
 void cOlExplorer::objExplorer_Close() {
     bOpen = false;
-    RemoveMenus(objExplorer.Reference());
+    debug.Guarded([this] { RemoveMenus(objExplorer.Reference()); });
     bMenusSet = false;
     ButtonSMSNew.Clear();
     MenuSMSNew.Clear();
@@ -176,7 +179,7 @@ void cOlExplorer::MenuSMSNew_Click(std::vector<Value>& arguments) {
 void cOlExplorer::Click(std::vector<Value>& arguments) {
     const ObjectPtr clicked = arguments.empty() ? nullptr : AsObject(arguments[0]);
     if (outlook::CommandBarControl(errors, clicked).OnAction() == OlButtons::ActionText(sProgId)) {
-        NewSMS();
+        debug.Guarded([this] { NewSMS(); });
     }
     if (arguments.size() > 1) arguments[1] = true;
 }

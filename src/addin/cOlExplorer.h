@@ -50,6 +50,7 @@ public:
 private:
     using ClickHandler = void (cOlExplorer::*)(std::vector<Value>& arguments);
 
+    void OnExplorerEvent(std::int32_t event);
     void objExplorer_Activate();
     void objExplorer_SelectionChange();
     void ButtonSMSNew_Click(std::vector<Value>& arguments);

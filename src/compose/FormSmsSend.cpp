@@ -271,21 +271,29 @@ void FormSmsSend::Unload() {
 void FormSmsSend::Form_Unload() {
     Procedure procedure{debug, u"Form_Unload"};
     const SettingsBatch batch{inifilesLite};
-    const FormPlace place = view.Place();
-    inifilesLite.SetIniSetting(u"Positions", u"SMSSendx", place.width);
-    inifilesLite.SetIniSetting(u"Positions", u"SMSSendy", place.height);
-    inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosx", place.left);
-    inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosy", place.top);
-    inifilesLite.SetIniSetting(u"SMS", u"LastNumber", view.TextTo().GetText());
-    inifilesLite.SetIniSetting(u"SMS", u"LastText", ToSetting(view.Message().GetText()));
-    inifilesLite.SetIniSetting(u"SMS", u"LastTextattachment", ToSetting(textAttachment));
-    inifilesLite.SetIniSetting(u"SMS", u"DoNotContactLong",
-                               std::int32_t(view.CheckLong().Checked() ? -1 : 0));
-    inifilesLite.SetIniSetting(u"Positions", u"SMSExpanded", std::int32_t(expanded ? -1 : 0));
-    parts.recipientField.Save();
-    parts.textTemplates.Save();
-    formSmsSelectAddress.Unload();
-    formOptions.Unload();
+    // Whatever a step throws, the ones behind it run.
+    debug.Guarded([this] {
+        const FormPlace place = view.Place();
+        inifilesLite.SetIniSetting(u"Positions", u"SMSSendx", place.width);
+        inifilesLite.SetIniSetting(u"Positions", u"SMSSendy", place.height);
+        inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosx", place.left);
+        inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosy", place.top);
+    });
+    debug.Guarded(
+        [this] { inifilesLite.SetIniSetting(u"SMS", u"LastNumber", view.TextTo().GetText()); });
+    debug.Guarded([this] {
+        inifilesLite.SetIniSetting(u"SMS", u"LastText", ToSetting(view.Message().GetText()));
+    });
+    debug.Guarded([this] {
+        inifilesLite.SetIniSetting(u"SMS", u"LastTextattachment", ToSetting(textAttachment));
+        inifilesLite.SetIniSetting(u"SMS", u"DoNotContactLong",
+                                   std::int32_t(view.CheckLong().Checked() ? -1 : 0));
+        inifilesLite.SetIniSetting(u"Positions", u"SMSExpanded", std::int32_t(expanded ? -1 : 0));
+    });
+    debug.Guarded([this] { parts.recipientField.Save(); });
+    debug.Guarded([this] { parts.textTemplates.Save(); });
+    debug.Guarded([this] { formSmsSelectAddress.Unload(); });
+    debug.Guarded([this] { formOptions.Unload(); });
 }
 
 void FormSmsSend::StatusBar1_Click() {

@@ -11,6 +11,7 @@ public:
     Meanwhile(Type& variable, Type value)
         : variable(variable), before(std::exchange(variable, std::move(value))) {}
     ~Meanwhile() { variable = std::move(before); }
+    const Type& Before() const { return before; }
     Meanwhile(const Meanwhile&) = delete;
     Meanwhile& operator=(const Meanwhile&) = delete;
 

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <charconv>
-#include <utility>
+#include <exception>
+#include <new>
 
+#include "platform/Meanwhile.h"
 #include "platform/Product.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
@@ -69,9 +71,13 @@ void Debug::DebugTrace(Text& name, std::int32_t level) {
     }
 }
 
-void Debug::TraceCopy(TextView name, std::int32_t level) {
-    Text copy(name);
-    Trace(copy, level);
+void Debug::TraceCopy(TextView name, std::int32_t level) noexcept {
+    try {
+        Text copy(name);
+        Trace(copy, level);
+    } catch (...) {
+        // No memory for a record: the program goes on without it.
+    }
 }
 
 std::int32_t Debug::ReadNumber(TextView name) {
@@ -96,16 +102,43 @@ void Debug::SwitchOn(bool on) {
     }
 }
 
-void Debug::LookForSwitchOn() {
-    const PendingError pending = errors;
-    if (ReadNumber(ModeName) != 0) DebugInit(true, false);
-    errors = pending;
+void Debug::LookForSwitchOn() noexcept {
+    const Meanwhile pending(errors, PendingError());
+    try {
+        if (ReadNumber(ModeName) != 0) DebugInit(true, false);
+    } catch (...) {
+        // It is looked for again later.
+    }
 }
 
-void Debug::Trace(Text& name, std::int32_t level) {
+void Debug::Trace(Text& name, std::int32_t level) noexcept {
     // Kept for the caller: what runs in here neither adds to its error nor clears it.
-    const PendingError pending = errors;
-    errors.Clear();
+    const Meanwhile pending(errors, PendingError());
+    try {
+        ShowAndRecord(pending.Before(), name, level);
+    } catch (...) {
+        // A record that cannot be made is left out.
+    }
+}
+
+void Debug::TraceException() noexcept {
+    try {
+        try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            errors.Note(error::OutOfMemory, u"Out of memory");
+        } catch (const std::exception& thrown) {
+            errors.Note(error::Automation, locale.FromAnsi(thrown.what()));
+        } catch (...) {
+            errors.Note(error::Automation, u"Automation error");
+        }
+        DebugTrace(u"Exception", trace::FreeText);
+    } catch (...) {
+        // Not even that: what was thrown has been caught, which is what counts.
+    }
+}
+
+void Debug::ShowAndRecord(const PendingError& pending, Text& name, std::int32_t level) {
     switch (pending.number) {
         case error::OutOfMemory:
         case error::ControlNotLoaded:
@@ -120,7 +153,6 @@ void Debug::Trace(Text& name, std::int32_t level) {
     } else if (!silent) {
         Record(pending, name, level);
     }
-    errors = pending;
 }
 
 void Debug::Record(const PendingError& pending, Text& name, std::int32_t level) {
@@ -148,7 +180,7 @@ void Debug::Record(const PendingError& pending, Text& name, std::int32_t level) 
     }
 
     // A registry value that cannot be written would be traced in its turn, without end.
-    silent = true;
+    const Meanwhile recording(silent, true);
     if (mode == RegistryMode) {
         regEdit.WriteValue(Hive::CurrentUser, Text(RootKey) + u"\\Debug", u"", record);
     } else {
@@ -158,8 +190,6 @@ void Debug::Record(const PendingError& pending, Text& name, std::int32_t level) 
         lines.append(indent).append(record).append(LineBreak);
         fileSystem.Write(traceFile, locale.ToAnsi(lines), WriteMode::Append);
     }
-    silent = false;
-
     if (level == trace::Enter) {
         indent.insert(indent.begin(), u' ');
         if (indent.size() > MaxIndent) indent = u" ";
@@ -258,10 +288,8 @@ void Debug::CheckVirusScanner() {
 
 // Looked up without a record: the trace file has not been begun, and may be at its limit.
 Text Debug::MessageText(TextView key) {
-    silent = true;
-    const Text text = language.TextOrBuiltIn(u"Messages", key);
-    silent = false;
-    return text;
+    const Meanwhile lookedUp(silent, true);
+    return language.TextOrBuiltIn(u"Messages", key);
 }
 
 }  // namespace tellwick

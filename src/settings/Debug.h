@@ -62,6 +62,22 @@ public:
     // trace that is on keeps its mode.
     void SwitchOn(bool on);
 
+    // Runs what the host or the system has called. What it throws is traced as the error it stands
+    // for and goes no further; false then.
+    template <class Action>
+    bool Guarded(const Action& action) noexcept {
+        try {
+            action();
+            return true;
+        } catch (...) {
+            TraceException();
+            return false;
+        }
+    }
+
+    // Inside a catch: traces what was caught as the error it stands for.
+    void TraceException() noexcept;
+
     bool Active() const { return active; }
     std::int32_t Mode() const { return mode; }
 
@@ -71,9 +87,10 @@ public:
 private:
     std::int32_t ReadNumber(TextView name);
     std::int32_t ReadMode();
-    void LookForSwitchOn();
-    void TraceCopy(TextView name, std::int32_t level);
-    void Trace(Text& name, std::int32_t level);
+    void LookForSwitchOn() noexcept;
+    void TraceCopy(TextView name, std::int32_t level) noexcept;
+    void Trace(Text& name, std::int32_t level) noexcept;
+    void ShowAndRecord(const PendingError& pending, Text& name, std::int32_t level);
     void Record(const PendingError& pending, Text& name, std::int32_t level);
     bool AskFirstSwitchOn(bool force);
     void AskWhetherToStayOn();

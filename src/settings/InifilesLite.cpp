@@ -253,7 +253,10 @@ SettingsBatch::SettingsBatch(InifilesLite& inifilesLite) : inifilesLite(inifiles
 }
 
 SettingsBatch::~SettingsBatch() {
-    if (--inifilesLite.batches == 0) inifilesLite.iniFile.Flush();
+    // What cannot be written now stays in memory until the next write.
+    if (--inifilesLite.batches == 0) {
+        inifilesLite.debug.Guarded([this] { inifilesLite.iniFile.Flush(); });
+    }
 }
 
 }  // namespace tellwick

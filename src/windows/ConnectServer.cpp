@@ -29,19 +29,6 @@ struct IDTExtensibility2 : IDispatch {
 constexpr const wchar_t* Members[] = {L"OnConnection", L"OnDisconnection", L"OnAddInsUpdate",
                                       L"OnStartupComplete", L"OnBeginShutdown"};
 
-// Runs an entry point; what it throws stays inside.
-template <class Action>
-HRESULT Guarded(const Action& action) {
-    try {
-        action();
-        return S_OK;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_UNEXPECTED;
-    }
-}
-
 class ConnectServer final : public IDTExtensibility2 {
 public:
     ConnectServer() : connect(TheProgram()) {}

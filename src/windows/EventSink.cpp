@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "windows/AutomationObject.h"
+#include "windows/Server.h"
 #include "windows/Values.h"
 
 namespace tellwick::windows {
@@ -69,6 +70,7 @@ public:
             }
             return S_OK;
         } catch (...) {
+            ReportException();
             return E_UNEXPECTED;
         }
     }

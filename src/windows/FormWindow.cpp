@@ -231,6 +231,7 @@ LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM f
     try {
         if (form) return form->Handle(message, first, second);
     } catch (...) {
+        ReportException();
     }
     return DefWindowProcW(window, message, first, second);
 }
@@ -306,6 +307,7 @@ LRESULT CALLBACK FormWindow::MessageHook(int code, WPARAM removal, LPARAM parame
             }
         }
     } catch (...) {
+        ReportException();
     }
     return CallNextHookEx(hook, code, removal, parameter);
 }

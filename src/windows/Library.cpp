@@ -60,6 +60,10 @@ IconHandle LoadLibraryIcon(int resource, int size) {
         LoadImageW(library, MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, 0)));
 }
 
+void ReportException() noexcept {
+    if (assembly) assembly->program.debug.TraceException();
+}
+
 Program& TheProgram() {
     if (!assembly) assembly = new Assembly;
     return assembly->program;
@@ -91,9 +95,13 @@ STDAPI DllGetClassObject(REFCLSID classIdentifier, REFIID interfaceIdentifier, v
 }
 
 STDAPI DllRegisterServer() {
-    return Register() ? S_OK : SELFREG_E_CLASS;
+    bool done = false;
+    const HRESULT result = Guarded([&] { done = Register(); });
+    return FAILED(result) || done ? result : SELFREG_E_CLASS;
 }
 
 STDAPI DllUnregisterServer() {
-    return Unregister() ? S_OK : SELFREG_E_CLASS;
+    bool done = false;
+    const HRESULT result = Guarded([&] { done = Unregister(); });
+    return FAILED(result) || done ? result : SELFREG_E_CLASS;
 }

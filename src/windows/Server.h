@@ -1,6 +1,8 @@
 // The library as a COM server: what the class object and the registration share.
 #pragma once
 
+#include <new>
+
 #include "windows/Com.h"
 
 namespace tellwick {
@@ -19,6 +21,24 @@ HMODULE Library();
 
 // The one program, put together on first use.
 Program& TheProgram();
+
+// Inside a catch at an entry point: traces what was caught.
+void ReportException() noexcept;
+
+// Runs an entry point; what it throws stays inside.
+template <class Action>
+HRESULT Guarded(const Action& action) {
+    try {
+        action();
+        return S_OK;
+    } catch (const std::bad_alloc&) {
+        ReportException();
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        ReportException();
+        return E_UNEXPECTED;
+    }
+}
 
 // Per-user registration as a COM class and as an add-in of Outlook. False when the registry
 // refuses a part; unregistering takes away what registering wrote and nothing else.

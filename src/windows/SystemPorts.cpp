@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "windows/Lifetime.h"
+#include "windows/Server.h"
 
 // The byte versions are meant: the wide ones came later.
 #undef PROCESSENTRY32
@@ -316,6 +317,7 @@ private:
                 return;
             }
         } catch (...) {
+            ReportException();
         }
     }
 

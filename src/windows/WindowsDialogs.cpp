@@ -178,6 +178,7 @@ private:
                 return self->Close(dialog, Answer(LOWORD(first)));
             }
         } catch (...) {
+            ReportException();
         }
         return FALSE;
     }
