@@ -61,7 +61,9 @@ bool StandIn::TakeAnswer(std::string& answer) {
     return false;
 }
 
-bool StandIn::Ended() const { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }
+bool StandIn::Ended() const {
+    return WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
+}
 
 std::string StandIn::Command(const std::string& command) {
     DWORD written;
@@ -111,11 +113,23 @@ void StandIn::ClickButton(int explorer, const std::string& caption) {
 
 StandIn::End StandIn::Quit() {
     Command("quit");
+    return WaitForEnd();
+}
+
+StandIn::End StandIn::WaitForEnd() {
     WaitUntil([&] { return Ended(); }, 10000);
     Read();
     End end{STILL_ACTIVE, unread};
     GetExitCodeProcess(process, &end.exitCode);
     return end;
+}
+
+void CheckClean(const StandIn::End& end) {
+    CAPTURE(end.report);
+    CHECK(end.exitCode == 0);
+    CHECK(end.report.find("end library unloaded") != std::string::npos);
+    CHECK(end.report.find("end referenced") == std::string::npos);
+    CHECK(end.report.find("end advised") == std::string::npos);
 }
 
 }  // namespace tellwick::endtoend
