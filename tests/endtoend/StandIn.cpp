@@ -61,7 +61,9 @@ bool StandIn::TakeAnswer(std::string& answer) {
     return false;
 }
 
-bool StandIn::Ended() const { return WaitForSingleObject(process, 0) == WAIT_OBJECT_0; }
+bool StandIn::Ended() const {
+    return WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
+}
 
 std::string StandIn::Command(const std::string& command) {
     DWORD written;
