@@ -22,12 +22,15 @@ void MeasureNumbers(test::TestProgram& test) {
                        [&] { length += test.program.prefixes.ConvertPhoneNumber(number).size(); }),
            "ns", 150);
 #ifdef TELLWICK_LIBPHONENUMBER
-    Report("  the same number through libphonenumber", Nanoseconds(100000, [&] {
-               std::string normalised = "+49 (171) 234-56 78 ";
-               i18n::phonenumbers::PhoneNumberUtil::GetInstance()->NormalizeDiallableCharsOnly(
-                   &normalised);
-               length += normalised.size();
-           }),
+    Report("  the same number through libphonenumber",
+           Nanoseconds(
+               100000,
+               [&] {
+                   std::string normalised = "+49 (171) 234-56 78 ";
+                   i18n::phonenumbers::PhoneNumberUtil::GetInstance()->NormalizeDiallableCharsOnly(
+                       &normalised);
+                   length += normalised.size();
+               }),
            "ns", 0);
 #else
     std::puts("  libphonenumber is not here: not measured");
@@ -63,10 +66,13 @@ void MeasureComposing() {
     MeasureMatches();
     std::vector<Text> templates;
     for (int i = 0; i < 100; ++i) templates.push_back(u"Baustein " + NumberText(i * 37 % 100));
-    Report("SortList, 100 templates", Nanoseconds(20, [&] {
-                                          std::vector<Text> list = templates;
-                                          SortList(test.program.debug, list, -1);
-                                      }) / 1000,
+    Report("SortList, 100 templates",
+           Nanoseconds(20,
+                       [&] {
+                           std::vector<Text> list = templates;
+                           SortList(test.program.debug, list, -1);
+                       }) /
+               1000,
            "us", 0);
 }
 

@@ -102,13 +102,17 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
     return true;
 }
 
-HWND FindTopWindow(const std::wstring& title) { return Find({title, L""}); }
+HWND FindTopWindow(const std::wstring& title) {
+    return Find({title, L""});
+}
 
 HWND WaitForWindow(const std::wstring& title, int milliseconds) {
     return WaitFor({title, L""}, milliseconds);
 }
 
-HWND WaitForBox(int milliseconds) { return WaitFor({L"", L"#32770"}, milliseconds); }
+HWND WaitForBox(int milliseconds) {
+    return WaitFor({L"", L"#32770"}, milliseconds);
+}
 
 bool WaitUntilGone(HWND window, int milliseconds) {
     return WaitUntil([&] { return !IsWindowVisible(window); }, milliseconds);

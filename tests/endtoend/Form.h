@@ -7,7 +7,7 @@ namespace tellwick::endtoend {
 
 struct Form {
     HWND window = nullptr;
-    HWND to = nullptr;       // the recipient field's edit line
+    HWND to = nullptr;  // the recipient field's edit line
     HWND message = nullptr;
 
     // Opens it through the toolbar button of the first explorer.

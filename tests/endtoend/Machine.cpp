@@ -45,7 +45,8 @@ void CopyFiles(const std::wstring& from, const std::wstring& pattern, const std:
     REQUIRE_MESSAGE(search != INVALID_HANDLE_VALUE, "nothing to install");
     do {
         if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-            REQUIRE(CopyFileW((from + found.cFileName).c_str(), (to + found.cFileName).c_str(), FALSE));
+            REQUIRE(
+                CopyFileW((from + found.cFileName).c_str(), (to + found.cFileName).c_str(), FALSE));
     } while (FindNextFileW(search, &found));
     FindClose(search);
 }
@@ -73,8 +74,8 @@ std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring
     DWORD type = 0;
     HKEY handle;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &handle)) return {};
-    const LSTATUS status =
-        RegQueryValueExW(handle, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text), &bytes);
+    const LSTATUS status = RegQueryValueExW(handle, name.c_str(), nullptr, &type,
+                                            reinterpret_cast<BYTE*>(text), &bytes);
     RegCloseKey(handle);
     if (status || type != REG_SZ) return {};
     return text;
@@ -99,7 +100,9 @@ void WriteNumber(const std::wstring& key, const std::wstring& name, DWORD number
     SHSetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), REG_DWORD, &number, sizeof number);
 }
 
-void DeleteKey(const std::wstring& key) { SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str()); }
+void DeleteKey(const std::wstring& key) {
+    SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str());
+}
 
 bool KeyExists(HKEY hive, const std::wstring& key) {
     HKEY handle;
@@ -126,8 +129,8 @@ Finished Run(const std::wstring& commandLine) {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     std::wstring line = commandLine;
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process))
         return {GetLastError(), false};
     Finished finished{0, WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0};
     GetExitCodeProcess(process.hProcess, &finished.exitCode);
@@ -163,14 +166,18 @@ Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for
     Register();
 }
 
-std::string Machine::Sent() const { return ReadBytes(programFolder + L"sent.txt"); }
+std::string Machine::Sent() const {
+    return ReadBytes(programFolder + L"sent.txt");
+}
 
 Machine::~Machine() {
     EndSender();
     Unregister();
 }
 
-std::wstring Machine::SettingsFile() const { return SettingsFolder() + L"corvane.ini"; }
+std::wstring Machine::SettingsFile() const {
+    return SettingsFolder() + L"corvane.ini";
+}
 
 std::wstring Machine::Setting(const wchar_t* section, const wchar_t* key) const {
     wchar_t text[512]{};

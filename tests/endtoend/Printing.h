@@ -14,8 +14,8 @@ struct StringMaker<std::wstring> {
     static String convert(const std::wstring& text) {
         std::string bytes(text.size() * 3 + 1, '\0');
         bytes.resize(static_cast<std::size_t>(
-            WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                static_cast<int>(bytes.size()), nullptr, nullptr)));
+            WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
         return ('"' + bytes + '"').c_str();
     }
 };

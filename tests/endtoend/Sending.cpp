@@ -38,11 +38,15 @@ TEST_CASE("an SMS arrives in the queue, and at the sender after a Yes") {
     const auto path = ReadText(QueueKey, L"1");
     REQUIRE(path);
     CHECK(path->find(L"\\sms") != std::wstring::npos);
-    CHECK(ReadBytes(*path) == "0171 2345678\tGr\xfc\xdf" "e aus K\xf6ln,\r\nzweite Zeile");
+    CHECK(ReadBytes(*path) ==
+          "0171 2345678\tGr\xfc\xdf"
+          "e aus K\xf6ln,\r\nzweite Zeile");
     CHECK_FALSE(ReadText(RootKey, L"On"));
 
     Answer(IDYES);
-    const std::string first = "1\t0171 2345678\tGr\xfc\xdf" "e aus K\xf6ln,\\r\\nzweite Zeile\n";
+    const std::string first =
+        "1\t0171 2345678\tGr\xfc\xdf"
+        "e aus K\xf6ln,\\r\\nzweite Zeile\n";
     CHECK(WaitUntil([&] { return machine.Sent() == first; }, 10000));
     CHECK_FALSE(ReadText(QueueKey, L"1"));
     CHECK_FALSE(FileExists(*path));

@@ -9,15 +9,17 @@ using namespace tellwick::endtoend;
 int wmain(int count, wchar_t** arguments) {
     if (count != 3) return 2;
     HWND control = nullptr;
-    WaitUntil([&] {
-        const HWND window = FindTopWindow(arguments[1]);
-        if (!window) return false;
-        const std::wstring name = arguments[2];
-        control = name[0] == L'#' ? GetDlgItem(window, _wtoi(name.c_str() + 1))
-                                  : FindByText(window, name);
-        if (!control) control = FindByClass(window, arguments[2]);
-        return control != nullptr && IsWindowVisible(control);
-    }, 20000);
+    WaitUntil(
+        [&] {
+            const HWND window = FindTopWindow(arguments[1]);
+            if (!window) return false;
+            const std::wstring name = arguments[2];
+            control = name[0] == L'#' ? GetDlgItem(window, _wtoi(name.c_str() + 1))
+                                      : FindByText(window, name);
+            if (!control) control = FindByClass(window, arguments[2]);
+            return control != nullptr && IsWindowVisible(control);
+        },
+        20000);
     if (!control) return 1;
     RECT place{};
     GetWindowRect(control, &place);
