@@ -19,6 +19,7 @@ SmsQueue::SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem, Locks
 
 void SmsQueue::AddEntry(TextView recipient, TextView message) {
     Text path = fileSystem.CreateTempFile(fileSystem.TempFolder(), u"sms");
+    if (path.empty()) files.ReportFailure(path);
     files.WriteFileConents(path, Text(recipient).append(1, Tab).append(message), false, 0, true);
 
     // A second Outlook of this user would read the same counter and overwrite the entry.

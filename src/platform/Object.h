@@ -16,7 +16,16 @@ class Object;
 // An empty pointer is the empty reference ("Nothing").
 using ObjectPtr = std::shared_ptr<Object>;
 
-using Value = std::variant<std::monostate, bool, std::int32_t, double, Text, ObjectPtr>;
+// No value. It has a copy constructor of its own because libstdc++ takes a variant of trivial types,
+// strings and shared pointers for one that always holds something, and destroys a text whose copy
+// failed for want of memory.
+struct Nothing {
+    Nothing() = default;
+    Nothing(const Nothing&) noexcept {}
+    Nothing& operator=(const Nothing&) noexcept { return *this; }
+};
+
+using Value = std::variant<Nothing, bool, std::int32_t, double, Text, ObjectPtr>;
 
 struct NamedValue {
     TextView name;

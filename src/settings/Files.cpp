@@ -28,11 +28,14 @@ bool Files::WriteFileConents(Text& path, TextView contents, bool append,
     errors.Clear();
     if (fileSystem.Write(path, bytes, writeMode)) return true;
     // Drive M: fails in silence; deliberate.
-    if (showError && !StartsWithFolded(path, u"m:")) {
-        questionBox.MsgBoxEx(u"Error writing file: " + path + u", " + errors.description,
-                             box::IconExclamation);
-    }
+    if (showError && !StartsWithFolded(path, u"m:")) ReportFailure(path);
     return false;
+}
+
+void Files::ReportFailure(TextView path) {
+    questionBox.MsgBoxEx(
+        Text(u"Error writing file: ").append(path).append(u", ").append(errors.description),
+        box::IconExclamation);
 }
 
 void Files::MkDir_(TextView folder) {

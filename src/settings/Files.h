@@ -25,6 +25,9 @@ public:
     bool WriteFileConents(Text& path, TextView contents, bool append, std::int32_t mode,
                           bool showError);
 
+    // Tells the user that the file could not be written, with the pending error's description.
+    void ReportFailure(TextView path);
+
     // Creates the folder with every missing level above it.
     void MkDir_(TextView folder);
 

@@ -12,7 +12,7 @@ namespace {
 Value AddControl(CommandBarControls& self, const Arguments& arguments) {
     enum { Type, Id, Parameter, Before, Temporary };
     const auto isMissing = [&](int argument) {
-        return std::holds_alternative<std::monostate>(arguments[std::size_t(argument)]);
+        return std::holds_alternative<Nothing>(arguments[std::size_t(argument)]);
     };
     std::int32_t type = ButtonType;
     std::int32_t id = CustomId;
@@ -47,7 +47,7 @@ Value AddControl(CommandBarControls& self, const Arguments& arguments) {
 // Their FindControl: the first one that fits every argument given; null when there is none.
 ObjectPtr FindControl(CommandBar& bar, const Arguments& arguments, bool recursive) {
     const auto fits = [&](std::size_t argument, const Value& value) {
-        return std::holds_alternative<std::monostate>(arguments[argument]) ||
+        return std::holds_alternative<Nothing>(arguments[argument]) ||
                AsText(arguments[argument]) == AsText(value);
     };
     for (const auto& control : bar.Controls()->all) {

@@ -175,7 +175,7 @@ const MemberTable& UserProperties::Table() const {
                     const Text name = AsText(arguments[0]);
                     if (const auto found = self.Find(name)) return found->Handle();
                     const Value first = FirstValue(AsNumber(arguments[1]));
-                    if (name.empty() || std::holds_alternative<std::monostate>(first)) {
+                    if (name.empty() || std::holds_alternative<Nothing>(first)) {
                         return self.Fail(error::InvalidCall);
                     }
                     self.all.push_back(std::make_shared<UserProperty>(self.outlook, name, first));

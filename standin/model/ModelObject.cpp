@@ -211,7 +211,25 @@ SubscriptionPtr Reference::Advise(const EventInterface& events, EventHandler han
         object->Fail(error::NoSuchEvents);
         return nullptr;
     }
-    auto sink = std::make_shared<Sink>(Sink{object->ClassName(), events, std::move(handler)});
+    if (const std::int32_t failure = object->outlook.FailureOf(object->ClassName(), u"Advise")) {
+        object->Fail(failure);
+        return nullptr;
+    }
+    // A host that is thrown at ends; this one counts.
+    const auto heard = [&outlook = object->outlook, handler = std::move(handler)](
+                           std::int32_t event, Arguments& arguments) {
+        const auto call = [&] { handler(event, arguments); };
+        try {
+            if (outlook.aroundHandler) {
+                outlook.aroundHandler(call);
+            } else {
+                call();
+            }
+        } catch (...) {
+            ++outlook.thrownAtHost;
+        }
+    };
+    auto sink = std::make_shared<Sink>(Sink{object->ClassName(), events, heard});
     object->AddSink(sink);
     auto& known = object->outlook.sinks;
     std::erase_if(known, [](const std::weak_ptr<Sink>& other) { return other.expired(); });

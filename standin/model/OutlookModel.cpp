@@ -279,6 +279,7 @@ void OutlookModel::FailMember(TextView className, TextView member, std::int32_t 
 }
 
 std::int32_t OutlookModel::FailureOf(TextView className, TextView member) const {
+    if (failUse && failUse(className, member)) return error::Automation;
     if (failures.empty()) return 0;
     const auto found = failures.find({LowerCase(className), LowerCase(member)});
     return found == failures.end() ? 0 : found->second;

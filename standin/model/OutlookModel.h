@@ -87,6 +87,13 @@ public:
     // Lets every use of the member fail with the error; 0 ends that. Class as in TypeName.
     void FailMember(TextView className, TextView member, std::int32_t error);
     std::int32_t FailureOf(TextView className, TextView member) const;
+    // Asked before every use from outside, true lets it fail. Sinking events is the member
+    // "Advise".
+    std::function<bool(TextView className, TextView member)> failUse;
+    // Calls a handler of the outside's events.
+    std::function<void(const std::function<void()>& handler)> aroundHandler;
+    // Handlers that threw something at the host.
+    int thrownAtHost = 0;
 
     struct Referenced {
         Text className;

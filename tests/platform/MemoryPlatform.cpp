@@ -329,13 +329,12 @@ BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {
 
 std::unique_ptr<Lock> MemoryLocks::Take(TextView name) {
     struct Held : Lock {
-        explicit Held(std::vector<Text>& held) : held(held) {}
+        Held(std::vector<Text>& held, TextView name) : held(held) { held.emplace_back(name); }
         ~Held() override { held.pop_back(); }
         std::vector<Text>& held;
     };
     if (faults.Hit()) return nullptr;
-    held.emplace_back(name);
-    return std::make_unique<Held>(held);
+    return std::make_unique<Held>(held, name);
 }
 
 class MemoryTimer : public Timer {

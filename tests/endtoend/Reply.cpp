@@ -1,0 +1,48 @@
+// Replies to SMS that lie in Outlook, with the real form.
+#include <doctest.h>
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Form.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+TEST_CASE("a reply fills the form and can be undone") {
+    for (const int version : {9, 11, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version);
+        const Form form = Form::Open(outlook);
+        Form::Fill(form.message, L"unsent");
+        outlook.Command("select 1 2");
+        CHECK(outlook.Command("reply-selected 1") == "cancelled");
+        CHECK(outlook.List("inspectors").empty());
+        CHECK(TextOf(form.to) == L"+491701234567");
+        CHECK(TextOf(form.message) == L"Komme um 5 an. Gr\u00FC\u00DFe, J\u00F6rg");
+        CHECK(WaitUntil([&] { return Focus() == form.message; }));
+        Press('Z', {VK_CONTROL});
+        CHECK(WaitUntil([&] { return TextOf(form.message) == L"unsent"; }));
+        // Any other mail gets Outlook's own reply.
+        outlook.Command("select 1 1");
+        CHECK(outlook.Command("reply-selected 1") == "opened");
+        CHECK(TextOf(form.message) == L"unsent");
+        CheckClean(outlook.Quit());
+        CHECK(machine.Setting(L"SMS", L"LastText") == L"unsent");
+    }
+}
+
+TEST_CASE("in a window of its own, and without the outside library") {
+    for (const bool library : {true, false}) {
+        CAPTURE(library);
+        Machine machine;
+        StandIn outlook(10, library ? L"" : L"--no-redemption");
+        outlook.Command("open-inspector 2");
+        CHECK(outlook.Command("reply-inspector 1") == "cancelled");
+        const HWND form = WaitForWindow(L"Corvane - ");
+        REQUIRE(form);
+        CHECK(TextOf(FindByClass(form, L"Edit")) == (library ? L"+491701234567" : L"RE"));
+        CHECK(outlook.List("inspectors").size() == 1);
+        CheckClean(outlook.Quit());
+    }
+}

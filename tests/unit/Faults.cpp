@@ -1,0 +1,212 @@
+// Whole sessions in which one call fails: every call into the host, every call into the system, and
+// every allocation, one after the other. Nothing crashes, nothing is thrown at the host, nothing of
+// Outlook's is kept, and what the user typed is in the form, in the settings file or in the queue.
+#include <doctest.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "platform/Meanwhile.h"
+#include "platform/TestHost.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+
+namespace {
+
+// The program's allocations are counted while this is above 0; the one it reaches 0 with fails.
+long allocationsLeft = 0;
+bool inProgram = false;
+
+void* Allocate(std::size_t size) {
+    if (inProgram && allocationsLeft > 0 && --allocationsLeft == 0) throw std::bad_alloc();
+    if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
+    throw std::bad_alloc();
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return Allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return Allocate(size);
+    } catch (...) {
+        return nullptr;
+    }
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace {
+
+struct Session : Host {
+    explicit Session(std::int32_t version, bool traced) : Host(version) {
+        InstallRedemption();
+        platform.automation.running.clear();
+        platform.programs.snapshot = {u"Tellwick.exe"};
+        platform.programs.paths = {u"C:\\Program\\Tellwick.exe"};
+        SetRegistry(RootKey, u"hWnd", u"4711");
+        if (traced) SetRegistry(AddInKey, u"DebugMode", u"17");
+        outlook.aroundHandler = [](const std::function<void()>& handler) { Inside(handler); };
+        sms = AddSms(u"+491701234567", u"Hello");
+        contact = outlook.AddItem(outlook::ContactClass, {{u"FullName", u"Eva Maier"},
+                                                          {u"MobileTelephoneNumber", u"0171"}});
+        plain = outlook.AddItem(outlook::MailClass, {{u"SentOnBehalfOfName", u"Eva Maier"}});
+        other = outlook.AddItem(outlook::AppointmentClass);
+    }
+
+    // What a user does in Outlook and in the form.
+    void Run() {
+        Inside([this] {
+            connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
+        });
+        outlook.Activate(first);
+        Inside([this] { platform.timers.Tick(); });
+        const auto second = outlook.OpenExplorer();
+        Inside([this] { platform.timers.Tick(); });
+        outlook.Select(first, {contact, plain, other});
+        outlook.ClickButton(Button(first));
+        Type(u"0172", u"one");
+        Inside([this] { program.submission.ButtonSend_Click(); });
+        CheckNothingLost();
+        outlook.CloseExplorer(second);
+        outlook.Select(first, {sms});
+        outlook.PressReply(sms);
+        Type(u"0173", u"two");
+        Inside([this] { program.submission.ButtonStore_Click(); });
+        CheckNothingLost();
+        outlook.OpenInspector(plain);
+        outlook.PressReply(plain);
+        outlook.ClickButton(first->NewMenuEntry(u"SMS"));
+        Type(u"0174", u"three");
+        Inside([this] { program.formSmsSend.ButtonOK_Click(); });
+        CheckNothingLost();
+        outlook.OpenInspector(sms);
+        outlook.PressReply(sms);
+        Type(u"0175", u"four");
+        outlook.shutDownAddIns = [this] { Inside([this] { Host::Disconnect(); }); };
+        outlook.Quit();
+    }
+
+    // What was typed last is in the form, the settings or the queue; the next reply may take its
+    // place in the form, where the user can undo that.
+    void CheckNothingLost() {
+        const Meanwhile noFaults(platform.faults, Faults());
+        Text kept = view.Message().GetText() + u"|" + Setting(u"SMS", u"LastText");
+        for (const auto& [path, file] : platform.fileSystem.files) {
+            if (path.ends_with(u".tmp")) kept += u"|" + platform.locale.FromAnsi(file.contents);
+        }
+        for (const auto& [name, text] : typed) {
+            CAPTURE(name);
+            CHECK_MESSAGE(Contains(kept, text), "lost");
+        }
+        typed.clear();
+    }
+    void CheckNothingHeld() {
+        CHECK(outlook.thrownAtHost == 0);
+        CHECK(outlook.LiveSubscriptions().empty());
+        for (const auto& still : outlook.StillReferenced()) {
+            CAPTURE(still.className);
+            CHECK(still.count == 0);
+        }
+        CHECK(platform.locks.held.empty());
+    }
+
+private:
+    // Runs what the host or the system has called; the windows catch what such a call throws.
+    template <class Action>
+    static void Inside(const Action& action) {
+        const Meanwhile inside(inProgram, true);
+        try {
+            action();
+        } catch (const std::bad_alloc&) {
+            CHECK(allocationsLeft == 0);
+        }
+    }
+    void Type(TextView recipient, TextView text) {
+        if (view.Loaded()) {
+            view.TextTo().SetText(recipient);
+            view.Message().SetText(text);
+            typed.emplace_back(std::string(text.begin(), text.end()), text);
+        }
+    }
+
+    std::shared_ptr<standin::Item> sms, contact, plain, other;
+    std::vector<std::pair<std::string, Text>> typed;
+};
+
+}  // namespace
+
+TEST_CASE("every call into the host fails once") {
+    int sessions = 0;
+    for (const std::int32_t version : {9, 11}) {
+        for (int failAt = 1, calls = failAt; failAt <= calls; ++failAt) {
+            Session session(version, false);
+            calls = 0;
+            Text failed;
+            session.outlook.failUse = [&](TextView className, TextView member) {
+                if (++calls != failAt) return false;
+                failed = Text(className) + u"." + Text(member);
+                return true;
+            };
+            session.Run();
+            CAPTURE(version);
+            CAPTURE(failAt);
+            CAPTURE(std::string(failed.begin(), failed.end()));
+            session.CheckNothingHeld();
+            session.CheckNothingLost();
+            ++sessions;
+        }
+    }
+    MESSAGE("calls into the host failed one by one: ", sessions);
+}
+
+TEST_CASE("every call into the system fails once") {
+    int sessions = 0;
+    for (const bool traced : {false, true}) {
+        for (int failAt = 1, calls = failAt; failAt <= calls; ++failAt) {
+            Session session(10, traced);
+            session.platform.faults = {0, failAt};
+            session.Run();
+            calls = session.platform.faults.calls;
+            session.platform.faults = {};
+            CAPTURE(traced);
+            CAPTURE(failAt);
+            session.CheckNothingHeld();
+            session.CheckNothingLost();
+            ++sessions;
+        }
+    }
+    MESSAGE("calls into the system failed one by one: ", sessions);
+}
+
+TEST_CASE("every allocation fails once") {
+    long sessions = 0;
+    bool failed = true;
+    for (long failAt = 1; failed; ++failAt) {
+        Session session(11, false);
+        allocationsLeft = failAt;
+        session.Run();
+        failed = std::exchange(allocationsLeft, 0) == 0;
+        CAPTURE(failAt);
+        session.CheckNothingHeld();
+        session.CheckNothingLost();
+        sessions += failed;
+    }
+    MESSAGE("allocations failed one by one: ", sessions);
+}
