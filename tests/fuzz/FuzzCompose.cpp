@@ -1,0 +1,84 @@
+// The message as hexadecimal digits, and the queue.
+#include "fuzz/Targets.h"
+#include "platform/TestProgram.h"
+
+namespace tellwick::test {
+
+// Fields: options (u: two bytes a character, w: codes of the code page); then the text, two bytes
+// for each unit, the low one first.
+void FuzzHex(Input input) {
+    const std::string_view options = input.Field();
+    const bool unicode = options.find('u') != options.npos;
+    const bool codePage = options.find('w') != options.npos;
+    Text text;
+    for (std::string_view bytes = input.Rest(); bytes.size() >= 2; bytes.remove_prefix(2)) {
+        text += char16_t(std::uint8_t(bytes[0]) | std::uint8_t(bytes[1]) << 8);
+    }
+    TestProgram test;
+    MessageText& message = test.program.messageText;
+    message.wideCharacters = !codePage;
+    if (codePage) text = test.platform.locale.FromAnsi(test.platform.locale.ToAnsi(text));
+
+    const Text digits = message.ConvertTextToHexText(text);
+    Require(digits.size() == 2 * text.size(), "each character has two digits");
+    Require(digits.find_first_not_of(u"0123456789ABCDEF") == Text::npos, "digits are capital");
+    const bool inRange = codePage || std::all_of(text.begin(), text.end(),
+                                                 [](char16_t unit) { return unit <= 0xFF; });
+    if (inRange) Require(message.ConvertHexTextToText(digits) == text, "digits give the text back");
+    const Text read = message.ConvertHexTextToText(text);  // any text may be pasted as digits
+    Require(read.size() <= text.size() / 2, "two digits make one character");
+    Require(message.ConvertHexTextToText(message.ConvertTextToHexText(read)) == read,
+            "what digits stand for has digits");
+
+    // Through the form: the view switched on and off, as far as five parts hold the text.
+    test.program.formSmsSend.Open({});
+    std::erase(text, char16_t(127));
+    test.view.Message().SetText(text);
+    const Text shown = test.view.Message().GetText();
+    Require(shown == text.substr(0, 799), "a text is cut to five parts");
+    if (unicode) message.ButtonUcs2_Click();
+    message.ButtonHex_Click();
+    const Text view = test.view.Message().GetText();
+    Require(std::all_of(view.begin(), view.end(),
+                        [&](char16_t digit) { return !message.Message_KeyPress(digit); }),
+            "the view shows digits");
+    message.ButtonHex_Click();
+    const bool whole = unicode ? shown.size() < 400 && !codePage : inRange;
+    if (whole) Require(test.view.Message().GetText() == shown, "the view changes nothing");
+}
+
+// Fields: the counter, the recipient; then the message.
+void FuzzQueue(Input input) {
+    constexpr std::int64_t entries = 0x100000;
+    TestProgram test;
+    const Text key = Text(RootKey) + u"\\SMSQueue";
+    const Text counter = input.TextField();
+    const Text recipient = input.TextField();
+    const Text message = input.RestText();
+    test.SetRegistry(key, u"cOut", counter);
+    std::int64_t before = LeadingNumber(counter);
+    if (before != std::int32_t(before)) before = 0;
+    for (int entry = 0; entry < 3; ++entry) {
+        test.platform.registry.writes.clear();
+        test.program.smsQueue.AddEntry(recipient, message);
+        const std::int64_t next = before + 1 < entries ? before + 1 : before + 1 - entries;
+        const Text number = NumberText(next);
+        const Text path = test.Registry(key, number);
+        Require(
+            test.platform.registry.writes ==
+                std::vector<Text>{key + u"\\" + number + u"=" + path, key + u"\\cOut=" + number},
+            "the entry comes before the counter, under the number after the last");
+        const auto file = test.platform.fileSystem.files.find(path);
+        Require(
+            file != test.platform.fileSystem.files.end() &&
+                test.platform.locale.FromAnsi(file->second.contents) == recipient + u"\t" + message,
+            "the file holds recipient and message");
+        before = next;
+    }
+    if (LeadingNumber(counter) >= 0 && LeadingNumber(counter) < entries) {
+        Require(before >= 0 && before < entries, "numbers stay in their range");
+    }
+    Require(test.platform.dialogs.shown.empty(), "nothing went wrong");
+}
+
+}  // namespace tellwick::test

@@ -1,0 +1,149 @@
+// Phone numbers, the number list and the text templates.
+#include "fuzz/Targets.h"
+#include "platform/TestProgram.h"
+
+namespace tellwick::test {
+
+namespace {
+
+struct OpenForm : TestProgram {
+    explicit OpenForm(std::string_view settingsFile) {
+        platform.fileSystem.Write(program.inifilesLite.CurrentFile(), settingsFile,
+                                  WriteMode::Replace);
+        program.inifilesLite.GetIniSetting(u"", u"", {}, false, 1);  // looks for the change
+        program.formSmsSend.Open({});
+    }
+    void OpenAgain() {
+        program.formSmsSend.Unload();
+        program.formSmsSend.Open({});
+    }
+    // The values of keys numbered on from `first`, up to the first empty one.
+    std::vector<Text> Settings(TextView section, TextView key, int first, std::size_t most) {
+        std::vector<Text> values;
+        while (values.size() < most) {
+            Text value = Setting(section, Text(key) + NumberText(first++));
+            if (value.empty()) break;
+            values.push_back(std::move(value));
+        }
+        return values;
+    }
+    std::vector<Text> Numbers() {
+        std::vector<Text> items = view.TextTo().items;
+        if (!items.empty()) items.pop_back();  // the item that clears the list
+        return items;
+    }
+};
+
+void SortPlainly(std::vector<Text>& texts) {
+    std::stable_sort(texts.begin(), texts.end(), [](const Text& left, const Text& right) {
+        return LowerCase(left) < LowerCase(right);
+    });
+}
+
+}  // namespace
+
+// Fields: a number to add; then the settings file.
+void FuzzNumbers(Input input) {
+    constexpr std::size_t most = 49;
+    const Text number = input.TextField();
+    OpenForm form(input.Rest());
+    std::vector<Text> numbers = form.Settings(u"SMSNumberList", u"Number", 1, most);
+    Require(form.Numbers() == numbers, "the list is read up to its first gap");
+    if (number.empty() || !IsPlain(number) || !IsWellFormed(input.RestText())) return;
+    // Keys behind the gap are found again when the list has grown up to them.
+    for (int position = int(numbers.size()) + 2; position <= 51; ++position) {
+        if (!form.Settings(u"SMSNumberList", u"Number", position, 1).empty()) return;
+    }
+    form.program.recipientField.AddNumberToList(number);
+    if (std::find(numbers.begin(), numbers.end(), number) == numbers.end()) {
+        numbers.insert(numbers.begin(), number);
+        numbers.resize(std::min(numbers.size(), most));
+    }
+    form.OpenAgain();
+    Require(form.Numbers() == numbers, "a number is kept at the head, or where it was");
+}
+
+// Fields: a template to add; then the settings file.
+void FuzzTemplates(Input input) {
+    constexpr std::size_t most = 100;
+    const Text text = input.TextField();
+    OpenForm form(input.Rest());
+    auto& box = form.view.ComboBoxTextbausteine();
+    std::vector<Text> templates = form.Settings(u"Texte", u"Text", 0, most);
+    SortPlainly(templates);
+    Require(box.items == templates, "the templates are read up to the first gap, and sorted");
+    const Text saved = ReplaceAll(ReplaceAll(text, u"\n", u"\\10"), u"\r", u"\\13");
+    const Text file = input.RestText();
+    if (text.empty() || templates.size() >= most || !IsPlain(saved) || !IsWellFormed(file) ||
+        !HasNothingTwice(file)) {
+        return;
+    }
+    box.SetText(text);
+    form.program.textTemplates.ButtonAdd_Click();
+    if (std::find(templates.begin(), templates.end(), text) == templates.end()) {
+        Require(box.items.at(std::size_t(box.selected)) == text, "what was added is chosen");
+        templates.push_back(saved);
+        SortPlainly(templates);
+    }
+    form.OpenAgain();
+    Require(box.items == templates, "every template is kept");
+
+    const Text meant = ReplaceAll(ReplaceAll(saved, u"\\13", u"\r"), u"\\10", u"\n");
+    if (Contains(text, u"\\1") || Contains(text, u"\x7F") || text.size() > 160) return;
+    form.view.Message().SetText({});
+    box.SetText(saved);
+    form.program.textTemplates.ButtonInsert_Click();
+    Require(form.view.Message().GetText() == meant && meant == text,
+            "line breaks come back when a template is inserted");
+}
+
+// Fields: options, the separator, what the language has for "no"; then the text.
+void FuzzList(Input input) {
+    constexpr std::size_t most = 201;
+    const std::string_view options = input.Field();
+    const auto option = [options](char which) { return options.find(which) != options.npos; };
+    const Text separator = input.TextField();
+    TestProgram test;
+    std::vector<Text> list;
+    const Text text = input.RestText();
+    const std::int32_t bound =
+        test.program.prefixes.GetList(list, text, separator, option('k'), option('t'), option('q'));
+    Require(!list.empty() && bound == std::int32_t(list.size()) - 1, "the bound is the list's");
+    Require(list.size() <= most, "a list has at most 201 elements");
+    if (separator.empty() && !option('q')) Require(list.size() == 1, "nothing separates");
+    if (option('k') || list.size() + 1 >= most || Contains(text, u"+CGMI")) return;
+    // Nothing is lost but the separators, and an empty element at the end.
+    Text joined;
+    for (const Text& element : list) joined += element + separator;
+    Require(StartsWith(joined, text) || StartsWith(text, joined), "the elements make up the text");
+    Require(joined.size() + separator.size() >= text.size(), "no element is lost");
+}
+
+// Fields: the prefixes in the settings; then an entry of the address list.
+void FuzzPhone(Input input) {
+    TestProgram test;
+    const Text prefixes = input.TextField();
+    const Text entry = input.RestText();
+    const Text number = test.program.prefixes.ConvertPhoneNumber(entry);
+    const auto onlyDiallable = [](TextView converted) {
+        return converted.find_first_not_of(u"+#*0123456789pP") == TextView::npos;
+    };
+    Require(onlyDiallable(number), "only what a phone can dial is left");
+    Require(number.size() <= entry.size(), "nothing is added");
+    Require(!StartsWith(number, u"00"), "an international prefix is a plus");
+    // Of three and more "+" in a row one pass leaves two and more, which the next one halves.
+    Require(test.program.prefixes.ConvertPhoneNumber(number) == ReplaceAll(number, u"++", u"+"),
+            "a number that was converted stays as it is");
+
+    if (!IsPlain(prefixes)) return;
+    test.SetSetting(u"Prefixes", u"Remove0InPrefixes", prefixes);
+    const Text national = test.program.prefixes.GetNumber(entry);
+    Require(onlyDiallable(national), "a national number can be dialled");
+    Require(test.program.prefixes.GetNumber(entry) == national, "the tables do not wear out");
+    if (!test.program.prefixes.TakeRewritten()) return;
+    Require(test.program.prefixes.NamesNone() || Contains(u" " + prefixes + u" ", u" + "),
+            "numbers are rewritten for want of prefixes only where none is named");
+    Require(StartsWith(national, u"0"), "a number that was rewritten is a national one");
+}
+
+}  // namespace tellwick::test

@@ -1,0 +1,15 @@
+#include "fuzz/Targets.h"
+
+namespace tellwick::test {
+
+const std::vector<FuzzTarget> FuzzTargets = {{"ini", FuzzIni},
+                                             {"language", FuzzLanguage},
+                                             {"trace", FuzzTrace},
+                                             {"numbers", FuzzNumbers},
+                                             {"templates", FuzzTemplates},
+                                             {"list", FuzzList},
+                                             {"phone", FuzzPhone},
+                                             {"hex", FuzzHex},
+                                             {"queue", FuzzQueue}};
+
+}  // namespace tellwick::test
