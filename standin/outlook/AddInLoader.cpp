@@ -205,6 +205,15 @@ void AddInLoader::Abandon() {
     }
 }
 
+bool AddInLoader::CanUnloadLibraries() const {
+    return std::all_of(libraries.begin(), libraries.end(), [](const Text& path) {
+        const HMODULE library = path.empty() ? nullptr : GetModuleHandleW(Wide(path));
+        const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
+            library ? GetProcAddress(library, "DllCanUnloadNow") : nullptr);
+        return !canUnload || canUnload() == S_OK;
+    });
+}
+
 bool AddInLoader::UnloadLibraries() {
     CoFreeUnusedLibrariesEx(0, 0);
     return std::none_of(libraries.begin(), libraries.end(), [](const Text& path) {

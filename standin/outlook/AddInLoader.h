@@ -36,6 +36,8 @@ public:
     // Unloads libraries that are ready for it. True when no library of an add-in ever connected
     // is left.
     bool UnloadLibraries();
+    // What the libraries still loaded say to that.
+    bool CanUnloadLibraries() const;
     bool Loaded() const { return !libraries.empty(); }
 
     // Milliseconds the add-ins took, and private bytes of this process around the connection.

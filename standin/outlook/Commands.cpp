@@ -99,6 +99,8 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"connect", {0, &Commands::Connect}},
         {u"disconnect", {0, &Commands::Disconnect}},
         {u"references", {0, &Commands::References}},
+        {u"end-addins", {0, &Commands::EndAddIns}},
+        {u"can-unload", {0, &Commands::CanUnload}},
         {u"unload", {0, &Commands::Unload}},
         {u"fail", {2, &Commands::Fail}},
         {u"controls", {0, &Commands::Controls}},
@@ -109,6 +111,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"memory", {0, &Commands::Memory}},
         {u"pump", {0, &Commands::Pump}},
         {u"wait", {1, &Commands::Wait}},
+        {u"start", {0, &Commands::Start}},
         {u"quit", {0, &Commands::Quit}},
         {u"shutdown", {0, &Commands::Quit}},
         {u"help", {0, &Commands::Help}}};
@@ -116,8 +119,13 @@ const std::map<Text, Commands::Command>& Commands::Table() {
 }
 
 Commands::Commands(OutlookModel& outlook, ComObjects& objects, AddInLoader& loader, Desk& desk,
-                   Dispatcher& dispatcher)
-    : outlook(outlook), objects(objects), loader(loader), desk(desk), dispatcher(dispatcher) {}
+                   Dispatcher& dispatcher, Session& session)
+    : outlook(outlook),
+      objects(objects),
+      loader(loader),
+      desk(desk),
+      dispatcher(dispatcher),
+      session(session) {}
 
 void Commands::Run(std::string_view line) {
     std::vector<Text> words = SplitWords(FromUtf8(line));
@@ -274,6 +282,15 @@ Text Commands::References(const Words&) {
     return Joined(entries);
 }
 
+Text Commands::EndAddIns(const Words&) {
+    loader.ShutDown();
+    return {};
+}
+
+Text Commands::CanUnload(const Words&) {
+    return loader.CanUnloadLibraries() ? u"yes" : u"no";
+}
+
 Text Commands::Unload(const Words&) {
     return loader.UnloadLibraries() ? u"unloaded" : u"loaded";
 }
@@ -337,6 +354,17 @@ Text Commands::Wait(const Words& words) {
     desk.Synchronise();
     RunMessages(desk, DWORD(std::clamp<std::int64_t>(LeadingNumber(words[0]), 0, 600000)));
     dispatcher.Release();
+    return {};
+}
+
+Text Commands::Start(const Words& words) {
+    Require(!session.Running(), "Outlook runs already");
+    const auto has = [&](TextView word) {
+        return std::find(words.begin(), words.end(), word) != words.end();
+    };
+    explorers.clear();
+    inspectors.clear();
+    session.Start(!has(u"no-window"), has(u"late"));
     return {};
 }
 

@@ -43,6 +43,10 @@
 //                                    as the user does in the add-ins dialog; the first one unless
 //                                    named
 //   references                       COM objects that are held now: class, references, sinks
+//   end-addins                       OnBeginShutdown and OnDisconnection, as at Outlook's end,
+//   while
+//                                    the windows are still there
+//   can-unload                       what DllCanUnloadNow says: "yes" or "no"
 //   unload                           frees unused libraries; answers "unloaded" or "loaded"
 //   fail CLASS.MEMBER NUMBER         every use fails with that error number, decimal; with the
 //                                    HRESULT when it is 0x8...; 0 ends that
@@ -58,6 +62,8 @@
 //   memory                           private bytes before and after the connection, and now
 //   pump                             runs what waits in the message queue
 //   wait MILLISECONDS                runs the message loop that long
+//   start [no-window] [late]         starts Outlook, in a process that stays; windows are numbered
+//                                    anew
 //   quit, shutdown                   ends Outlook as its user does, and prints the end's report
 //   help                             this list
 //
@@ -70,17 +76,15 @@
 #include <string_view>
 #include <vector>
 
-#include "outlook/AddInLoader.h"
 #include "outlook/ComObjects.h"
-#include "outlook/Desk.h"
-#include "outlook/Dispatcher.h"
+#include "outlook/Session.h"
 
 namespace tellwick::standin {
 
 class Commands {
 public:
     Commands(OutlookModel& outlook, ComObjects& objects, AddInLoader& loader, Desk& desk,
-             Dispatcher& dispatcher);
+             Dispatcher& dispatcher, Session& session);
 
     // Runs one command and prints its answer. Empty lines and lines that begin with # have none.
     void Run(std::string_view line);
@@ -125,6 +129,8 @@ private:
     Text Connect(const Words&);
     Text Disconnect(const Words&);
     Text References(const Words&);
+    Text EndAddIns(const Words&);
+    Text CanUnload(const Words&);
     Text Unload(const Words&);
     Text Fail(const Words&);
     Text CloseForms(const Words&);
@@ -135,6 +141,7 @@ private:
     Text Memory(const Words&);
     Text Pump(const Words&);
     Text Wait(const Words&);
+    Text Start(const Words&);
     Text Quit(const Words&);
     Text Help(const Words&);
 
@@ -156,6 +163,7 @@ private:
     AddInLoader& loader;
     Desk& desk;
     Dispatcher& dispatcher;
+    Session& session;
     // By number - 1.
     std::vector<std::weak_ptr<Explorer>> explorers;
     std::vector<std::weak_ptr<Inspector>> inspectors;

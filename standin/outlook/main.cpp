@@ -2,7 +2,7 @@
 //
 //   OutlookStandIn [--version 9|10|11|16] [--no-window] [--commands] [--script FILE] [--late]
 //                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
-//                  [--ansi-loop]
+//                  [--ansi-loop] [--stay]
 //
 //   --version        plays Outlook 2000, 2002, 2003 (the default) or 2016
 //   --no-window      starts without a window, as for another program
@@ -14,6 +14,8 @@
 //   --no-events      the application object has no events
 //   --ansi-loop      takes its messages by the system's ANSI functions, as old Outlooks do
 //   --empty          starts without the sample items
+//   --stay           the process is there before Outlook starts, by the command start, and after
+//                    its end, for another start
 //
 // Ends when its last window closes, by Exit, Application.Quit or a command. Then it prints what
 // the add-ins left behind, one line each, "end" in front:
@@ -59,7 +61,6 @@ constexpr TextView ApplicationProgId = u"Outlook.Application";
 constexpr TextView ApplicationClass = u"{0006F03A-0000-0000-C000-000000000046}";
 constexpr TextView SafeMailItemProgId = u"Redemption.SafeMailItem";
 constexpr TextView SafeMailItemClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B8}";
-constexpr std::int32_t FirstToEndFast = 16;
 constexpr DWORD OthersToLetGo = 2000;  // milliseconds
 
 struct Options {
@@ -78,6 +79,7 @@ struct Options {
     bool events = true;
     bool samples = true;
     bool ansiLoop = false;
+    bool stay = false;
 };
 
 std::optional<Options> ReadOptions() {
@@ -120,6 +122,8 @@ std::optional<Options> ReadOptions() {
             options.events = false;
         } else if (word == u"--ansi-loop") {
             options.ansiLoop = true;
+        } else if (word == u"--stay") {
+            options.stay = true;
         } else if (word == u"--empty") {
             options.samples = false;
         } else {
@@ -187,27 +191,11 @@ int Run(const Options& options) {
     AddInLoader loader(outlook, objects);
     Dispatcher dispatcher;
     Desk desk(outlook, dispatcher);
-    Commands commands(outlook, objects, loader, desk, dispatcher);
+    Session session(outlook, loader, desk, dispatcher, options.stay);
+    Commands commands(outlook, objects, loader, desk, dispatcher, session);
 
     outlook.applicationHasEvents = options.events;
     outlook.pasteFace = PasteBitmap;
-    outlook.shutDownAddIns = [&] {
-        if (options.version < FirstToEndFast) loader.ShutDown();
-    };
-    outlook.connectAddIn = [&](const auto& addIn, bool connect) {
-        return connect ? loader.Connect(addIn, AddInLoader::AfterStartup)
-                       : loader.Disconnect(addIn, AddInLoader::UserClosed);
-    };
-    bool quitting = false;
-    outlook.quitRequested = [&] {
-        if (quitting) return;
-        quitting = true;
-        dispatcher.Post([&] {
-            outlook.Quit();
-            desk.Synchronise();
-            PostQuitMessage(0);
-        });
-    };
     for (const auto& failure : options.failures) {
         outlook.FailMember(failure.className, failure.member, failure.error);
     }
@@ -227,17 +215,7 @@ int Run(const Options& options) {
             ForgetClass(SafeMailItemProgId, SafeMailItemClass);
         }
 
-        std::shared_ptr<Explorer> first;
-        if (options.window) first = outlook.CreateExplorer();
-        if (options.late) {
-            loader.List();
-        } else {
-            loader.LoadAll(AddInLoader::Startup);
-        }
-        outlook.Activate(first);
-        first.reset();
-        desk.Synchronise();
-        loader.StartupComplete();
+        if (!options.stay) session.Start(options.window, options.late);
 
         HANDLE script = INVALID_HANDLE_VALUE;
         if (!options.script.empty()) {
@@ -251,7 +229,7 @@ int Run(const Options& options) {
         }
         if (options.commands) {
             ReadCommands(GetStdHandle(STD_INPUT_HANDLE), dispatcher, commands,
-                         [&] { outlook.quitRequested(); });
+                         [&] { session.RequestExit(); });
         }
         RunMessageLoop(desk, options.ansiLoop);
         RunRest();

@@ -125,14 +125,6 @@ TEST_CASE("later windows get their button by the timer, the last one that asked 
     CHECK(Host::Button(fourth));
 }
 
-TEST_CASE("in Outlook 2000 activation does nothing") {
-    Host host(9);
-    host.Connect();
-    const auto second = host.outlook.OpenExplorer();
-    CHECK(host.platform.timers.Tick() == 0);
-    CHECK(Host::Button(second) == nullptr);
-}
-
 TEST_CASE("a reused place cuts off the wrappers behind it") {
     Host host(10);
     host.Connect();
