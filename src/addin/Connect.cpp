@@ -56,6 +56,8 @@ void Connect::ReleaseAddIn() {
         const std::shared_ptr<OutlookAddIn> addIn = std::exchange(outlookAddIn, nullptr);
         addIn->Release(nullptr);
     });
+    // Settings that could not be written when the forms closed get a last try.
+    program.debug.Guarded([this] { program.iniFile.Flush(); });
 }
 
 }  // namespace tellwick

@@ -112,12 +112,12 @@ void OutlookAddIn::CleanUpForQuit() {
 // Whatever a step throws, the ones behind it run: nothing of Outlook's may be kept.
 void OutlookAddIn::Release(const ObjectPtr& explorer) {
     if (explorer) return;
-    // Every window still wrapped loses its button, as if it closed. Held here: the calls into
-    // Outlook may bring events that change the array.
+    // Every window still wrapped loses its button and its entry. Held here: the calls into Outlook
+    // may bring events that change the array.
     debug.Guarded([this] {
         const std::vector<std::shared_ptr<cOlExplorer>> wrapped = explorers;
         for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) {
-            if (wrapper->bOpen) wrapper->objExplorer_Close();
+            if (wrapper->bOpen) wrapper->Leave();
         }
     });
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.

@@ -164,6 +164,15 @@ void cOlExplorer::objExplorer_Close() {
     objExplorer.Clear();
 }
 
+void cOlExplorer::Leave() {
+    debug.Guarded([this] {
+        for (const SunkObject* control : {&ButtonSMSNew, &MenuSMSNew}) {
+            if (*control) outlook::CommandBarControl(errors, control->Reference()).Delete();
+        }
+    });
+    objExplorer_Close();
+}
+
 void cOlExplorer::ButtonSMSNew_Click(std::vector<Value>& arguments) {
     Procedure procedure{debug, u"ButtonSMSNew_Click"};
     Click(arguments);

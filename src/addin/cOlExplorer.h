@@ -46,6 +46,8 @@ public:
 
     // The window is closing: takes the button away and lets everything of Outlook's go.
     void objExplorer_Close();
+    // The add-in goes while the window stays: likewise, with both controls wherever they stand.
+    void Leave();
 
 private:
     using ClickHandler = void (cOlExplorer::*)(std::vector<Value>& arguments);

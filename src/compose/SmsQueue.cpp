@@ -1,5 +1,6 @@
 #include "compose/SmsQueue.h"
 
+#include "platform/Locks.h"
 #include "platform/Product.h"
 #include "settings/Files.h"
 #include "settings/RegEdit.h"
@@ -13,13 +14,15 @@ constexpr TextView Counter = u"cOut";
 
 }  // namespace
 
-SmsQueue::SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem)
-    : regEdit(regEdit), files(files), fileSystem(fileSystem) {}
+SmsQueue::SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem, Locks& locks)
+    : regEdit(regEdit), files(files), fileSystem(fileSystem), locks(locks) {}
 
 void SmsQueue::AddEntry(TextView recipient, TextView message) {
     Text path = fileSystem.CreateTempFile(fileSystem.TempFolder(), u"sms");
     files.WriteFileConents(path, Text(recipient).append(1, Tab).append(message), false, 0, true);
 
+    // A second Outlook of this user would read the same counter and overwrite the entry.
+    const std::unique_ptr<Lock> lock = locks.Take(u"Queue");
     const Text key = Text(RootKey).append(u"\\SMSQueue");
     // One step back only, on purpose: a counter far beyond the range comes back into it slowly.
     std::int64_t number =

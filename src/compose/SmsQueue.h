@@ -8,11 +8,12 @@
 namespace tellwick {
 
 class Files;
+class Locks;
 class RegEdit;
 
 class SmsQueue {
 public:
-    SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem);
+    SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem, Locks& locks);
 
     // Writes recipient, TAB and message into a new file and enters it under the next number. A
     // file that cannot be written is reported to the user and entered all the same.
@@ -22,6 +23,7 @@ private:
     RegEdit& regEdit;
     Files& files;
     FileSystem& fileSystem;
+    Locks& locks;
 };
 
 }  // namespace tellwick

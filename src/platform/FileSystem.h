@@ -12,6 +12,7 @@
 namespace tellwick {
 
 enum class WriteMode { Replace, Append };
+enum class SwapResult { Done, Changed, Failed };
 
 // Functions that fail note the pending error named in their comment.
 class FileSystem {
@@ -35,10 +36,12 @@ public:
     // Never creates a folder.
     virtual bool Write(TextView path, std::string_view contents, WriteMode mode) = 0;
 
-    // Replaces the whole contents so that no reader sees half of them and a failure in the middle
-    // leaves the old file: writes a file beside it and swaps the two. A read-only file, or a
-    // folder of that name, is not replaced: false, with 70 or 75 noted.
-    virtual bool Swap(TextView path, std::string_view contents) = 0;
+    // Replaces the contents `before`, empty or missing ones when that is empty, so that no reader
+    // sees half of the new ones and a failure in the middle leaves the old file: writes a file
+    // beside it and swaps the two. Changed, with nothing replaced, when another program has
+    // written something else there meanwhile. A read-only file, or a folder of that name, is not
+    // replaced: Failed, with 70 or 75 noted.
+    virtual SwapResult Swap(TextView path, std::string_view before, std::string_view contents) = 0;
 
     // False, with 53 or 75 noted, when it cannot be deleted.
     virtual bool Delete(TextView path) = 0;

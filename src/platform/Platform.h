@@ -7,6 +7,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Forms.h"
 #include "platform/Locale.h"
+#include "platform/Locks.h"
 #include "platform/MessageLoop.h"
 #include "platform/Object.h"
 #include "platform/PendingError.h"
@@ -28,6 +29,7 @@ struct Platform {
     Automation& automation;
     Bitmaps& bitmaps;
     Timers& timers;
+    Locks& locks;
 };
 
 }  // namespace tellwick

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/Locks.h"
 #include "settings/Debug.h"
 #include "settings/Files.h"
 #include "settings/InifilesLite.h"
@@ -15,6 +16,7 @@ constexpr std::string_view LineBreakBytes = "\r\n";
 constexpr std::string_view SectionBreak = "\r\n[";
 constexpr std::int32_t DefaultMaxSize = 512000;
 constexpr std::int32_t LeastMaxSize = 10240;
+constexpr int MostAttempts = 20;  // to write a file that others keep changing
 
 bool IsAscii(char16_t unit) {
     return unit < 0x80;
@@ -27,11 +29,12 @@ void RemoveTrailingLineBreaks(std::string& text) {
 }  // namespace
 
 IniFile::IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSystem& fileSystem,
-                 Locale& locale)
+                 Locks& locks, Locale& locale)
     : debug(debug),
       inifilesLite(inifilesLite),
       files(files),
       fileSystem(fileSystem),
+      locks(locks),
       locale(locale) {}
 
 void IniFile::SetUp() {
@@ -60,7 +63,7 @@ void IniFile::ReadLetterCase() {
 void IniFile::DropCache() {
     cacheFile.clear();
     cacheText.clear();
-    cacheDirty = false;
+    diskText.clear();
     sections.clear();
 }
 
@@ -68,10 +71,15 @@ bool IniFile::ChangedOnDisk() {
     return !cacheFile.empty() && fileSystem.ModifiedTime(cacheFile) != cacheTime;
 }
 
+bool IniFile::Waits(TextView file) const {
+    return std::any_of(waiting.begin(), waiting.end(),
+                       [&](const Waiting& change) { return change.file == file; });
+}
+
 IniFile::Held IniFile::Load(TextView file) {
     if (!setUp) SetUp();
     if (cacheFile == file) return Held::Yes;
-    if (cacheDirty) Flush();
+    if (Waits(cacheFile)) WriteOut(Text(cacheFile));
     const std::int64_t length = fileSystem.Length(file);
     if (length >= maxSize) return Held::TooBig;
     DropCache();
@@ -80,9 +88,13 @@ IniFile::Held IniFile::Load(TextView file) {
         std::optional<std::string> contents = fileSystem.Read(file);
         // Not held as an empty file: the next write would wipe it.
         if (!contents) return Held::Unreadable;
-        cacheText = std::move(*contents);
+        diskText = std::move(*contents);
+        cacheText = diskText;
     }
     cacheFile = file;
+    for (const Waiting& change : waiting) {
+        if (change.file == file) Change(change);
+    }
     return Held::Yes;
 }
 
@@ -117,7 +129,12 @@ std::size_t IniFile::LineEnd(std::size_t position) const {
 Text IniFile::ReadFromIniFile(TextView file, TextView section, TextView key, TextView defaultValue,
                               std::int16_t flags) {
     if (file.empty()) return Text(defaultValue);
-    if ((checkFileTime || (flags != 0 && !cacheDirty)) && ChangedOnDisk()) DropCache();
+    if (checkFileTime && ChangedOnDisk()) {
+        std::erase_if(waiting, [this](const Waiting& change) { return change.file == cacheFile; });
+        DropCache();
+    } else if (flags != 0 && !Waits(cacheFile) && ChangedOnDisk()) {
+        DropCache();
+    }
     switch (Load(file)) {
         case Held::TooBig:
             return Text(CutAtNul(fileSystem.ReadProfileString(file, section, key, defaultValue)));
@@ -140,52 +157,56 @@ bool IniFile::WriteToIniFile(TextView file, TextView section, TextView key, Text
     std::optional<Procedure> procedure;
     if (debug.Mode() != 0) procedure.emplace(debug, u"WriteToIniFile");
     if (file.empty()) return false;
-    // Another program shares the file: what it wrote meanwhile must not be put back.
-    if (cacheFile == file && !cacheDirty && ChangedOnDisk()) DropCache();
-    switch (Load(file)) {
-        case Held::TooBig: {
-            debug.DebugTrace(u"WriteToIniFile big", trace::FreeText);
-            const bool remove = value.empty() && !keepEmpty;
-            return fileSystem.WriteProfileString(
-                file, section, key, remove ? std::nullopt : std::optional<TextView>(value));
-        }
-        case Held::Unreadable:
-            return false;
-        case Held::Yes:
-            break;
+    // Another program shares the file, and may have what is to be removed.
+    if (cacheFile == file && !Waits(file) && ChangedOnDisk()) DropCache();
+    const Held held = Load(file);
+    if (held != Held::TooBig && !fileSystem.Exists(file)) {
+        files.MkDir_(fileSystem.ParentFolderName(file));
     }
-    if (!fileSystem.Exists(file)) files.MkDir_(fileSystem.ParentFolderName(file));
-    if (Change(ToBytes(section), ToBytes(key), ToBytes(value), keepEmpty)) {
-        cacheDirty = true;
-        sections.clear();
+    Wait({Text(file), ToBytes(section), ToBytes(key), ToBytes(value), keepEmpty});
+    if (held == Held::TooBig) {
+        debug.DebugTrace(u"WriteToIniFile big", trace::FreeText);
+        return WriteOutBig(Text(file));
     }
+    if (held == Held::Unreadable) return false;
+    Change(waiting.back());
     return !writeNow || Flush();
 }
 
-// False when there is nothing to change.
-bool IniFile::Change(std::string_view section, std::string_view key, std::string_view value,
-                     bool keepEmpty) {
-    const bool remove = value.empty() && !keepEmpty;
-    const std::string entry = std::string(key).append("=").append(value);
-    Section* found = FindSection(std::string(section));
+// A later change of the same entry takes the place of an earlier one.
+void IniFile::Wait(Waiting change) {
+    std::erase_if(waiting, [&](const Waiting& earlier) {
+        return earlier.file == change.file && earlier.section == change.section &&
+               earlier.key == change.key;
+    });
+    waiting.push_back(std::move(change));
+}
+
+void IniFile::Change(const Waiting& change) {
+    const bool remove = change.value.empty() && !change.keepEmpty;
+    const std::string entry = std::string(change.key).append("=").append(change.value);
+    Section* found = FindSection(change.section);
     if (!found) {
-        if (remove) return false;
+        if (remove) return;
         RemoveTrailingLineBreaks(cacheText);
-        AppendEntry(std::string("[").append(section).append("]").append(LineBreakBytes) + entry);
-        return true;
+        AppendEntry(std::string("[").append(change.section).append("]").append(LineBreakBytes) +
+                    entry);
+        sections.clear();
+        return;
     }
-    const std::size_t at = found->Find(cacheText, LineBreakBytes, key, Fold{&lowerCase});
+    const std::size_t at = found->Find(cacheText, LineBreakBytes, change.key, Fold{&lowerCase});
     if (at != Section::NotFound) {
-        const std::size_t valueAt = at + LineBreakBytes.size() + key.size() + 1;
+        const std::size_t valueAt = at + LineBreakBytes.size() + change.key.size() + 1;
         const std::size_t lineEnd = LineEnd(valueAt);
         if (remove) {
             cacheText.erase(at, lineEnd - at);
         } else {
-            cacheText.replace(valueAt, lineEnd - valueAt, value);
+            cacheText.replace(valueAt, lineEnd - valueAt, change.value);
         }
-        return true;
+        sections.clear();
+        return;
     }
-    if (remove) return false;
+    if (remove) return;
     std::size_t end = found->End();
     if (end < cacheText.size()) {
         // Blank lines at the section's end stay below the new entry. Every character below the
@@ -196,7 +217,7 @@ bool IniFile::Change(std::string_view section, std::string_view key, std::string
         if (cacheText.size() > 4) RemoveTrailingLineBreaks(cacheText);
         AppendEntry(entry);
     }
-    return true;
+    sections.clear();
 }
 
 // Adds lines at the end of the text, on a new line unless they are the first.
@@ -206,11 +227,60 @@ void IniFile::AppendEntry(const std::string& entry) {
 }
 
 bool IniFile::Flush() {
-    if (!cacheDirty) return true;
-    if (!fileSystem.Swap(cacheFile, cacheText)) return false;
-    cacheDirty = false;
-    cacheTime = fileSystem.ModifiedTime(cacheFile);
-    return true;
+    bool written = true;
+    // Each file once: one that cannot be written goes on waiting.
+    std::vector<Text> paths;
+    for (const Waiting& change : waiting) {
+        if (std::find(paths.begin(), paths.end(), change.file) == paths.end()) {
+            paths.push_back(change.file);
+        }
+    }
+    for (const Text& file : paths) written = WriteOut(file) && written;
+    return written;
+}
+
+bool IniFile::WriteOut(const Text& file) {
+    const std::unique_ptr<Lock> lock = locks.Take(u"Settings");
+    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+        switch (Load(file)) {
+            case Held::TooBig:
+                return WriteOutBig(file);
+            case Held::Unreadable:
+                return false;
+            case Held::Yes:
+                break;
+        }
+        switch (cacheText == diskText ? SwapResult::Done
+                                      : fileSystem.Swap(file, diskText, cacheText)) {
+            case SwapResult::Done:
+                diskText = cacheText;
+                cacheTime = fileSystem.ModifiedTime(file);
+                std::erase_if(waiting, [&](const Waiting& change) { return change.file == file; });
+                return true;
+            case SwapResult::Failed:
+                return false;
+            case SwapResult::Changed:
+                // Another program shares the file: what it wrote must not be put back.
+                DropCache();
+                break;
+        }
+    }
+    return false;
+}
+
+bool IniFile::WriteOutBig(const Text& file) {
+    bool written = true;
+    std::erase_if(waiting, [&](const Waiting& change) {
+        if (change.file != file) return false;
+        const bool remove = change.value.empty() && !change.keepEmpty;
+        const Text value = ToText(change.value);
+        const bool done =
+            fileSystem.WriteProfileString(file, ToText(change.section), ToText(change.key),
+                                          remove ? std::nullopt : std::optional<TextView>(value));
+        written = written && done;
+        return done;
+    });
+    return written;
 }
 
 // Every ANSI code page has the ASCII characters in their places.

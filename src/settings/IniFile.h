@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
@@ -22,11 +23,12 @@ namespace tellwick {
 class Debug;
 class Files;
 class InifilesLite;
+class Locks;
 
 class IniFile {
 public:
     IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSystem& fileSystem,
-            Locale& locale);
+            Locks& locks, Locale& locale);
 
     // The value; the default when file, section or key is missing or unreadable. Never raises.
     // Flags other than 0 look first whether the file changed on disk, unless changes are waiting to
@@ -36,7 +38,8 @@ public:
 
     // An empty value removes the entry, unless keepEmpty is set. With writeNow the file is written
     // at once, else by a later flush. False when the file cannot be read or written; the change
-    // then stays in memory and a later flush tries again.
+    // then waits in memory and a later flush tries again. What other programs have changed in the
+    // file meanwhile stays, but for the entry itself.
     bool WriteToIniFile(TextView file, TextView section, TextView key, TextView value,
                         bool writeNow = true, bool keepEmpty = false);
 
@@ -58,22 +61,35 @@ private:
 
     void SetUp();
     void ReadLetterCase();
+    // One change that is not on disk yet.
+    struct Waiting {
+        Text file;
+        std::string section;
+        std::string key;
+        std::string value;
+        bool keepEmpty;
+    };
+
     void DropCache();
     bool ChangedOnDisk();
+    bool Waits(TextView file) const;
+    void Wait(Waiting change);
+    bool WriteOut(const Text& file);
+    bool WriteOutBig(const Text& file);
     Held Load(TextView file);
     Section* FindSection(const std::string& name);
     std::size_t FindHeader(std::string_view name) const;
     std::size_t LineEnd(std::size_t position) const;
-    bool Change(std::string_view section, std::string_view key, std::string_view value,
-                bool keepEmpty);
+    void Change(const Waiting& change);
     void AppendEntry(const std::string& entry);
     std::string ToBytes(TextView text);
     Text ToText(std::string_view bytes);
 
     Text cacheFile;         // empty when no file is held
     std::string cacheText;  // the file's bytes; empty when it is missing or empty
+    std::string diskText;   // the same as it is on disk
     std::uint64_t cacheTime = 0;
-    bool cacheDirty = false;
+    std::vector<Waiting> waiting;
     // The sections found so far, by the name they were asked for with.
     std::unordered_map<std::string, Section> sections;
     bool setUp = false;
@@ -84,6 +100,7 @@ private:
     InifilesLite& inifilesLite;
     Files& files;
     FileSystem& fileSystem;
+    Locks& locks;
     Locale& locale;
 };
 

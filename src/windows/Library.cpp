@@ -35,11 +35,12 @@ struct Assembly {
     WindowsLocale locale;
     WindowsBitmaps bitmaps{errors, library};
     WindowsTimers timers;
+    WindowsLocks locks;
     FormSmsSendWindow formSmsSend;
     FormSmsSelectAddressWindow formSmsSelectAddress;
     FormOptionsWindow formOptions{formSmsSend};
     Program program{{errors, registry, fileSystem, programs, messageLoop, dialogs, clock, locale,
-                     automation, bitmaps, timers},
+                     automation, bitmaps, timers, locks},
                     formSmsSend,
                     formSmsSelectAddress,
                     formOptions};

@@ -1,10 +1,11 @@
 // The small ports straight over the system: registry, files, programs, message loop, clock, locale,
-// timers.
+// timers, locks.
 #pragma once
 
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
+#include "platform/Locks.h"
 #include "platform/MessageLoop.h"
 #include "platform/PendingError.h"
 #include "platform/Programs.h"
@@ -69,6 +70,11 @@ public:
 class WindowsTimers : public Timers {
 public:
     std::unique_ptr<Timer> Create() override;
+};
+
+class WindowsLocks : public Locks {
+public:
+    std::unique_ptr<Lock> Take(TextView name) override;
 };
 
 }  // namespace tellwick::windows

@@ -8,6 +8,9 @@ namespace {
 
 constexpr DWORD Missing = INVALID_FILE_ATTRIBUTES;
 constexpr std::int32_t FileExists = 58;
+// For a file that another program has open for itself.
+constexpr int MostAttempts = 20;
+constexpr DWORD AttemptPause = 5;  // milliseconds
 
 struct SearchCloser {
     using pointer = HANDLE;
@@ -82,7 +85,13 @@ std::uint64_t WindowsFileSystem::ModifiedTime(TextView path) {
 }
 
 std::optional<std::string> WindowsFileSystem::Read(TextView path) {
-    const Handle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+    Handle file = Open(path, GENERIC_READ, OPEN_EXISTING);
+    for (int attempt = 1;
+         !IsOpen(file) && GetLastError() == ERROR_SHARING_VIOLATION && attempt < MostAttempts;
+         ++attempt) {
+        Sleep(AttemptPause);
+        file = Open(path, GENERIC_READ, OPEN_EXISTING);
+    }
     LARGE_INTEGER size{};
     if (!IsOpen(file) || !GetFileSizeEx(file.get(), &size) || size.QuadPart > 0x7FFFFFFF) {
         NoteLastError();
@@ -112,28 +121,42 @@ bool WindowsFileSystem::Write(TextView path, std::string_view contents, WriteMod
     return IsOpen(file) ? WriteTo(file.get(), contents) : NoteLastError();
 }
 
-bool WindowsFileSystem::Swap(TextView path, std::string_view contents) {
+SwapResult WindowsFileSystem::Swap(TextView path, std::string_view before,
+                                   std::string_view contents) {
     // Also refuses what cannot be written in place: a read-only file, a folder.
     const DWORD attributes = GetFileAttributesW(Wide(Text(path)));
     if (attributes != Missing &&
         (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
         errors.Note(error::PathFileAccess, u"Path/File access error");
-        return false;
+        return SwapResult::Failed;
     }
     const Text aside = Text(path) + u".new";
+    const auto giveUp = [&](SwapResult result) {
+        if (result == SwapResult::Failed) NoteLastError();
+        DeleteFileW(Wide(aside));
+        return result;
+    };
     {
         const Handle file = Open(aside, GENERIC_WRITE, CREATE_ALWAYS);
-        if (!IsOpen(file)) return NoteLastError();
+        if (!IsOpen(file)) return giveUp(SwapResult::Failed);
         if (!WriteTo(file.get(), contents) || !FlushFileBuffers(file.get())) {
-            NoteLastError();
-            DeleteFileW(Wide(aside));
-            return false;
+            return giveUp(SwapResult::Failed);
         }
     }
-    if (MoveFileExW(Wide(aside), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) return true;
-    NoteLastError();
-    DeleteFileW(Wide(aside));
-    return false;
+    for (int attempt = 1;; ++attempt) {
+        // Compared last of all, so that hardly any time is left to another program.
+        if (Length(path) > 0 || !before.empty()) {
+            const std::optional<std::string> now = Read(path);
+            if (now.value_or(std::string()) != before) return giveUp(SwapResult::Changed);
+        }
+        if (MoveFileExW(Wide(aside), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) {
+            return SwapResult::Done;
+        }
+        const DWORD error = GetLastError();
+        const bool isOpen = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!isOpen || attempt == MostAttempts) return giveUp(SwapResult::Failed);
+        Sleep(AttemptPause);
+    }
 }
 
 bool WindowsFileSystem::Delete(TextView path) {

@@ -17,7 +17,7 @@ public:
     std::uint64_t ModifiedTime(TextView path) override;
     std::optional<std::string> Read(TextView path) override;
     bool Write(TextView path, std::string_view contents, WriteMode mode) override;
-    bool Swap(TextView path, std::string_view contents) override;
+    SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
     std::vector<Text> FileNames(TextView folder, TextView ending) override;

@@ -11,6 +11,35 @@ namespace {
 
 using namespace tellwick::outlook;
 
+// Types of user properties.
+constexpr std::int32_t TextType = 1;
+constexpr std::int32_t NumberType = 3;
+constexpr std::int32_t TruthType = 6;
+
+// What a user property of the type begins with; empty for a type that is not played.
+Value FirstValue(std::int32_t type) {
+    switch (type) {
+        case TextType:
+            return Text();
+        case NumberType:
+            return 0.0;
+        case TruthType:
+            return false;
+        default:
+            return {};
+    }
+}
+
+// A value of the type that the property has; false when the new one cannot be converted.
+bool Assign(Value& held, const Value& value) {
+    if (auto* truth = std::get_if<bool>(&held)) return Convert(value, *truth);
+    if (auto* text = std::get_if<Text>(&held)) return Convert(value, *text);
+    std::int32_t number = 0;
+    if (!Convert(value, number)) return false;
+    held = std::holds_alternative<double>(value) ? value : Value(double(number));
+    return true;
+}
+
 void PutField(Item& item, TextView name, const Value& value) {
     Text text;
     if (Convert(value, text)) {
@@ -21,36 +50,41 @@ void PutField(Item& item, TextView name, const Value& value) {
 }
 
 Members<Item> ItemMembers(std::int32_t itemClass) {
-    Members<Item> members;
+    Members<Item> members = OutlookMembers<Item>(itemClass);
     for (const TextView name : FieldNames(itemClass)) {
         members.Property(
             name, [name](Item& self) { return self.Field(name); },
             [name](Item& self, const Value& value) { PutField(self, name, value); });
     }
-    members.Property(u"Application", [](Item& self) { return self.outlook.Application(); })
-        .Property(u"Class", [](Item& self) { return self.itemClass; })
-        .Property(u"Parent", [](Item& self) { return HandleOf(self.folder.lock()); })
+    members.Property(u"Parent", [](Item& self) { return HandleOf(self.folder.lock()); })
         .Property(u"UserProperties", [](Item& self) { return self.userProperties->Handle(); })
-        .Method(
-            u"Display", {u"Modal"},
-            [](Item& self, const Arguments&) {
-                self.outlook.OpenInspector(std::static_pointer_cast<Item>(self.shared_from_this()));
-                return Value();
-            })
-        .Method(u"Save", {}, [](Item&, const Arguments&) { return Value(); })
+        .Method(u"Display", {u"Modal"},
+                [](Item& self, const Arguments&) {
+                    self.outlook.OpenInspector(Self(self));
+                    return Value();
+                })
+        .Method(u"Close", {u"SaveMode"},
+                [](Item& self, const Arguments&) {
+                    self.outlook.CloseInspector(self.outlook.InspectorOf(Self(self)));
+                    return Value();
+                })
+        .Method(u"Save", {},
+                [](Item& self, const Arguments&) {
+                    self.outlook.SaveItem(Self(self));
+                    return Value();
+                })
         .Method(u"Delete", {}, [](Item& self, const Arguments&) {
-            self.outlook.DeleteItem(std::static_pointer_cast<Item>(self.shared_from_this()));
+            self.outlook.DeleteItem(Self(self));
             return Value();
         });
-    members.Default(u"Subject");
     if (itemClass == MailClass) {
+        // A handler that cancels takes the reply away from the caller, too.
         members.Method(u"Reply", {}, [](Item& self, const Arguments&) {
-            return HandleOf(
-                self.outlook.PrepareReply(std::static_pointer_cast<Item>(self.shared_from_this()))
-                    .response);
+            const OutlookModel::Answer answer = self.outlook.PrepareReply(Self(self));
+            return HandleOf(answer.cancelled ? nullptr : answer.response);
         });
     }
-    return members;
+    return members.Default(u"Subject");
 }
 
 }  // namespace
@@ -106,30 +140,47 @@ const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
 
 const MemberTable& UserProperty::Table() const {
     static const MemberTable table =
-        Members<UserProperty>()
+        OutlookMembers<UserProperty>(39)
             .Property(u"Name", [](UserProperty& self) { return self.name; })
+            .Property(u"Type",
+                      [](UserProperty& self) {
+                          return std::holds_alternative<bool>(self.value)   ? TruthType
+                                 : std::holds_alternative<Text>(self.value) ? TextType
+                                                                            : NumberType;
+                      })
             .Property(
                 u"Value", [](UserProperty& self) { return self.value; },
-                [](UserProperty& self, const Value& value) { self.value = value; });
+                [](UserProperty& self, const Value& value) {
+                    if (!Assign(self.value, value)) self.Fail(error::TypeMismatch);
+                })
+            .Default(u"Value");
     return table;
 }
 
 const MemberTable& UserProperties::Table() const {
     static const MemberTable table =
-        Members<UserProperties>()
-            .Property(u"Count", [](UserProperties& self) { return std::int32_t(self.all.size()); })
-            .Method(u"Item", {u"Index"},
-                    [](UserProperties& self, const Arguments& arguments) -> Value {
-                        const auto* name = std::get_if<Text>(&arguments[0]);
-                        if (!name) return ItemAt(self, self.all, arguments[0]);
-                        const auto found = self.Find(*name);
-                        // Outlook 2000 raises an error for an unknown name, later versions give
-                        // the empty reference.
-                        if (!found && self.outlook.version < 10) {
-                            return self.Fail(error::SubscriptOutOfRange);
-                        }
-                        return HandleOf(found);
-                    })
+        OutlookMembers<UserProperties>(38)
+            .Collection([](UserProperties& self, const Text& name) -> Value {
+                const auto found = self.Find(name);
+                // Outlook 2000 raises an error for an unknown name, later versions give the empty
+                // reference.
+                if (!found && self.outlook.version < 10) {
+                    return self.Fail(error::SubscriptOutOfRange);
+                }
+                return HandleOf(found);
+            })
+            .Method(
+                u"Add", {u"Name", u"Type", u"AddToFolderFields", u"DisplayFormat"},
+                [](UserProperties& self, const Arguments& arguments) -> Value {
+                    const Text name = AsText(arguments[0]);
+                    if (const auto found = self.Find(name)) return found->Handle();
+                    const Value first = FirstValue(AsNumber(arguments[1]));
+                    if (name.empty() || std::holds_alternative<std::monostate>(first)) {
+                        return self.Fail(error::InvalidCall);
+                    }
+                    self.all.push_back(std::make_shared<UserProperty>(self.outlook, name, first));
+                    return self.all.back()->Handle();
+                })
             .Method(u"Find", {u"Name", u"Custom"},
                     [](UserProperties& self, const Arguments& arguments) {
                         return HandleOf(self.Find(AsText(arguments[0])));
@@ -206,13 +257,8 @@ const MemberTable& Items::Table() const {
         return self.next < self.all.size() ? self.all[self.next++]->Handle() : ObjectPtr();
     };
     static const MemberTable table =
-        Members<Items>()
-            .Property(u"Application", [](Items& self) { return self.outlook.Application(); })
-            .Property(u"Count", [](Items& self) { return std::int32_t(self.all.size()); })
-            .Method(u"Item", {u"Index"},
-                    [](Items& self, const Arguments& arguments) {
-                        return ItemAt(self, self.all, arguments[0]);
-                    })
+        OutlookMembers<Items>(16)
+            .Collection()
             .Method(u"GetFirst", {},
                     [](Items& self, const Arguments&) {
                         self.next = 0;
@@ -222,11 +268,29 @@ const MemberTable& Items::Table() const {
     return table;
 }
 
+const MemberTable& Folders::Table() const {
+    static const MemberTable table =
+        OutlookMembers<Folders>(15).Collection([](Folders& self, const Text& name) -> Value {
+            for (const auto& folder : self.all) {
+                if (EqualFolded(folder->name, name)) return folder->Handle();
+            }
+            return self.Fail(error::SubscriptOutOfRange);
+        });
+    return table;
+}
+
 const MemberTable& Folder::Table() const {
     static const MemberTable table =
-        Members<Folder>()
-            .Property(u"Application", [](Folder& self) { return self.outlook.Application(); })
+        OutlookMembers<Folder>(2)
             .Property(u"Name", [](Folder& self) { return self.name; })
+            .Default(u"Name")
+            .Property(u"DefaultItemType",
+                      [](Folder& self) {
+                          return self.number == ContactsFolder   ? ContactItem
+                                 : self.number == CalendarFolder ? AppointmentItem
+                                                                 : MailItem;
+                      })
+            .Property(u"Folders", [](Folder& self) { return self.folders->Handle(); })
             .Property(u"Items", [](Folder& self) { return self.items->Handle(); });
     return table;
 }

@@ -12,6 +12,11 @@ class Folder;
 
 inline constexpr std::int32_t CalendarFolder = 9;
 
+// Item types, as CreateItem takes them.
+inline constexpr std::int32_t MailItem = 0;
+inline constexpr std::int32_t AppointmentItem = 1;
+inline constexpr std::int32_t ContactItem = 2;
+
 class UserProperty : public ModelObject {
 public:
     UserProperty(OutlookModel& outlook, Text name, Value value)
@@ -69,18 +74,29 @@ public:
     std::size_t next = 0;  // where GetNext goes on
 };
 
+class Folders : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"Folders"; }
+    const MemberTable& Table() const override;
+
+    std::vector<std::shared_ptr<Folder>> all;
+};
+
 class Folder : public ModelObject {
 public:
     Folder(OutlookModel& outlook, Text name, std::int32_t number)
         : ModelObject(outlook),
           name(std::move(name)),
           number(number),
+          folders(std::make_shared<Folders>(outlook)),
           items(std::make_shared<Items>(outlook)) {}
     TextView ClassName() const override { return u"MAPIFolder"; }
     const MemberTable& Table() const override;
 
     const Text name;
-    const std::int32_t number;  // as default folder
+    const std::int32_t number;  // as default folder; 0 for a store's root
+    const std::shared_ptr<Folders> folders;
     const std::shared_ptr<Items> items;
 };
 

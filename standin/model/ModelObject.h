@@ -49,10 +49,13 @@ public:
     // when there is none.
     const Member* Find(TextView name) const;
     const std::vector<Member>& All() const { return members; }
+    // True for what has elements, by Count and Item.
+    bool IsCollection() const { return isCollection; }
 
 protected:
     Member& Insert(Member member);
     std::vector<Member> members;
+    bool isCollection = false;
     TextView defaultName;
 };
 
@@ -98,6 +101,10 @@ public:
         members.back().firstVersion = version;
         return *this;
     }
+    // What a collection has whose elements are the object's `all`: Count, and Item by an index from
+    // 1 or, if there is `byName`, by a text.
+    using Finder = std::function<Value(Type&, const Text&)>;
+    Members& Collection(Finder byName = nullptr, bool itemIsMethod = true);
 
 private:
     template <class Plain>
@@ -192,6 +199,11 @@ std::shared_ptr<Type> TargetAs(const ObjectPtr& object) {
     return std::dynamic_pointer_cast<Type>(TargetOf(object));
 }
 
+template <class Type>
+std::shared_ptr<Type> Self(Type& self) {
+    return std::static_pointer_cast<Type>(self.shared_from_this());
+}
+
 // The handle, or the empty reference for null.
 template <class Type>
 Value HandleOf(const std::shared_ptr<Type>& object) {
@@ -208,6 +220,19 @@ Value ItemAt(const ModelObject& self, const std::vector<std::shared_ptr<Type>>& 
         return self.Fail(error::SubscriptOutOfRange);
     }
     return all[std::size_t(number) - 1]->Handle();
+}
+
+template <class Type>
+Members<Type>& Members<Type>::Collection(Finder byName, bool itemIsMethod) {
+    isCollection = true;
+    Property(u"Count", [](Type& self) { return std::int32_t(self.all.size()); });
+    return AddFunction(u"Item", itemIsMethod, {u"Index"},
+                       [byName = std::move(byName)](Type& self, const Arguments& arguments) {
+                           const auto* name = std::get_if<Text>(&arguments[0]);
+                           return name && byName ? byName(self, *name)
+                                                 : ItemAt(self, self.all, arguments[0]);
+                       })
+        .Default(u"Item");
 }
 
 template <class Type>

@@ -14,55 +14,6 @@ using namespace tellwick::outlook;
 // Any number but CustomId makes a control one of Outlook's own.
 constexpr std::int32_t OwnId = 2;
 
-TextView VersionText(std::int32_t version) {
-    switch (version) {
-        case 9:
-            return u"9.0.0.2711";
-        case 10:
-            return u"10.0.0.2627";
-        case 11:
-            return u"11.0.0.5510";
-        default:
-            return u"16.0.0.5134";
-    }
-}
-
-template <class Type>
-std::shared_ptr<Type> Self(Type& self) {
-    return std::static_pointer_cast<Type>(self.shared_from_this());
-}
-
-template <class Type>
-Members<Type> WindowMembers() {
-    Members<Type> members;
-    members.Property(u"Application", [](Type& self) { return self.outlook.Application(); })
-        .Property(u"Parent", [](Type& self) { return self.outlook.Application(); })
-        .Property(u"Caption", [](Type& self) { return self.Caption(); })
-        .Property(u"CommandBars", [](Type& self) { return self.commandBars->Handle(); })
-        .Method(u"Activate", {},
-                [](Type& self, const Arguments&) {
-                    self.outlook.Activate(Self(self));
-                    return Value();
-                })
-        .Method(u"Display", {u"Modal"}, [](Type& self, const Arguments&) {
-            self.outlook.Activate(Self(self));
-            return Value();
-        });
-    return members;
-}
-
-template <class Type>
-Members<Type> CollectionMembers() {
-    Members<Type> members;
-    members.Property(u"Application", [](Type& self) { return self.outlook.Application(); })
-        .Property(u"Parent", [](Type& self) { return self.outlook.Application(); })
-        .Property(u"Count", [](Type& self) { return std::int32_t(self.all.size()); })
-        .Method(u"Item", {u"Index"}, [](Type& self, const Arguments& arguments) {
-            return ItemAt(self, self.all, arguments[0]);
-        });
-    return members;
-}
-
 template <class Type>
 std::shared_ptr<Type> TopOf(const std::vector<std::shared_ptr<Window>>& stack) {
     for (auto at = stack.rbegin(); at != stack.rend(); ++at) {
@@ -73,220 +24,20 @@ std::shared_ptr<Type> TopOf(const std::vector<std::shared_ptr<Window>>& stack) {
 
 }  // namespace
 
-void Window::RaiseActivate() {
-    Raise(event::ExplorerActivate);
-}
-
-void Window::RaiseDeactivate() {
-    Raise(event::ExplorerDeactivate);
-}
-
-void Window::RaiseClose() {
-    Raise(event::ExplorerClose);
-}
-
-const MemberTable& Explorer::Table() const {
-    static const MemberTable table =
-        WindowMembers<Explorer>()
-            .Property(u"CurrentFolder", [](Explorer& self) { return self.folder->Handle(); })
-            .Property(u"Selection",
-                      [](Explorer& self) {
-                          auto selection = std::make_shared<Selection>(self.outlook);
-                          selection->all = self.selection;
-                          return selection->Handle();
-                      })
-            .Method(u"Close", {}, [](Explorer& self, const Arguments&) {
-                self.outlook.CloseExplorer(Self(self));
-                return Value();
-            });
-    return table;
-}
-
-const EventInterface* Explorer::Events() const {
-    return &ExplorerEvents;
-}
-
-Text Explorer::Caption() const {
-    return folder->name + u" - Microsoft Outlook";
-}
-
-std::shared_ptr<CommandBarControl> Explorer::ToolbarControl(TextView caption) const {
-    return commandBars->Find(u"Standard")->Find(caption);
-}
-
-std::shared_ptr<CommandBar> Explorer::NewMenu() const {
-    const auto& controls = commandBars->Find(u"Standard")->Controls()->all;
-    const auto popup =
-        controls.empty() ? nullptr : std::dynamic_pointer_cast<CommandBarPopup>(controls[0]);
-    return popup ? popup->Menu() : nullptr;
-}
-
-std::shared_ptr<CommandBarControl> Explorer::NewMenuEntry(TextView caption) const {
-    const auto menu = NewMenu();
-    return menu ? menu->Find(caption) : nullptr;
-}
-
-const MemberTable& Inspector::Table() const {
-    static const MemberTable table =
-        WindowMembers<Inspector>()
-            .Property(u"CurrentItem", [](Inspector& self) { return self.item->Handle(); })
-            .Method(u"Close", {u"SaveMode"}, [](Inspector& self, const Arguments&) {
-                self.outlook.CloseInspector(Self(self));
-                return Value();
-            });
-    return table;
-}
-
-const EventInterface* Inspector::Events() const {
-    return &InspectorEvents;
-}
-
-Text Inspector::Caption() const {
-    return item->Title() + (item->itemClass == MailClass ? u" - Message" : u"");
-}
-
-template <>
-TextView WindowCollection<Explorer>::ClassName() const {
-    return u"Explorers";
-}
-
-template <>
-TextView WindowCollection<Inspector>::ClassName() const {
-    return u"Inspectors";
-}
-
-template <class Type>
-const MemberTable& WindowCollection<Type>::Table() const {
-    static const MemberTable table = CollectionMembers<WindowCollection<Type>>();
-    return table;
-}
-
-template <>
-const EventInterface* WindowCollection<Explorer>::Events() const {
-    return &ExplorersEvents;
-}
-
-template <>
-const EventInterface* WindowCollection<Inspector>::Events() const {
-    return &InspectorsEvents;
-}
-
-const MemberTable& Selection::Table() const {
-    static const MemberTable table = CollectionMembers<Selection>();
-    return table;
-}
-
-const MemberTable& NameSpace::Table() const {
-    static const MemberTable table =
-        Members<NameSpace>()
-            .Property(u"Application", [](NameSpace& self) { return self.outlook.Application(); })
-            .Property(u"Type", [](NameSpace&) { return Text(u"MAPI"); })
-            .Method(u"GetDefaultFolder", {u"FolderType"},
-                    [](NameSpace& self, const Arguments& arguments) -> Value {
-                        std::int32_t number = 0;
-                        if (!Convert(arguments[0], number)) return self.Fail(error::TypeMismatch);
-                        const auto& folder = self.outlook.DefaultFolder(number);
-                        return folder->number == number ? folder->Handle()
-                                                        : self.Fail(error::InvalidCall);
-                    });
-    return table;
-}
-
-const MemberTable& ComAddIn::Table() const {
-    static const MemberTable table =
-        Members<ComAddIn>()
-            .Property(u"Application", [](ComAddIn& self) { return self.outlook.Application(); })
-            .Property(u"ProgId", [](ComAddIn& self) { return self.progId; })
-            .Property(u"Connect", [](ComAddIn& self) { return self.connected; })
-            .Field(u"Description", &ComAddIn::description)
-            .Field(u"Object", &ComAddIn::object);
-    return table;
-}
-
-const MemberTable& ComAddIns::Table() const {
-    static const MemberTable table =
-        Members<ComAddIns>()
-            .Property(u"Count", [](ComAddIns& self) { return std::int32_t(self.all.size()); })
-            .Method(u"Item", {u"Index"}, [](ComAddIns& self, const Arguments& arguments) -> Value {
-                const auto* name = std::get_if<Text>(&arguments[0]);
-                if (!name) return ItemAt(self, self.all, arguments[0]);
-                for (const auto& addIn : self.all) {
-                    if (EqualFolded(addIn->progId, *name)) return addIn->Handle();
-                }
-                return self.Fail(error::SubscriptOutOfRange);
-            });
-    return table;
-}
-
-const MemberTable& ApplicationObject::Table() const {
-    static const MemberTable table =
-        Members<ApplicationObject>()
-            .Property(u"Application",
-                      [](ApplicationObject& self) { return self.outlook.Application(); })
-            .Property(u"Name", [](ApplicationObject&) { return Text(u"Outlook"); })
-            .Property(
-                u"Version",
-                [](ApplicationObject& self) { return Text(VersionText(self.outlook.version)); })
-            .Property(u"Explorers",
-                      [](ApplicationObject& self) { return self.outlook.explorers->Handle(); })
-            .Property(u"Inspectors",
-                      [](ApplicationObject& self) { return self.outlook.inspectors->Handle(); })
-            .Property(u"COMAddIns",
-                      [](ApplicationObject& self) { return self.outlook.comAddIns->Handle(); })
-            .Property(u"Session", [](ApplicationObject& self) { return self.Session()->Handle(); })
-            .Method(u"ActiveExplorer", {},
-                    [](ApplicationObject& self, const Arguments&) {
-                        return HandleOf(self.outlook.ActiveExplorer());
-                    })
-            .Method(u"ActiveInspector", {},
-                    [](ApplicationObject& self, const Arguments&) {
-                        return HandleOf(self.outlook.ActiveInspector());
-                    })
-            .Method(u"GetNamespace", {u"Type"},
-                    [](ApplicationObject& self, const Arguments& arguments) -> Value {
-                        return EqualFolded(AsText(arguments[0]), u"MAPI")
-                                   ? self.Session()->Handle()
-                                   : self.Fail(error::InvalidCall);
-                    })
-            .Method(u"CreateItem", {u"ItemType"},
-                    [](ApplicationObject& self, const Arguments& arguments) -> Value {
-                        static constexpr std::int32_t Classes[] = {MailClass, AppointmentClass,
-                                                                   ContactClass};
-                        std::int32_t type = 0;
-                        if (!Convert(arguments[0], type)) return self.Fail(error::TypeMismatch);
-                        if (type < 0 || type > 2) return self.Fail(error::InvalidCall);
-                        return std::make_shared<Item>(self.outlook, Classes[type])->Handle();
-                    })
-            .Method(u"Quit", {}, [](ApplicationObject& self, const Arguments&) {
-                if (self.outlook.quitRequested) {
-                    self.outlook.quitRequested();
-                } else {
-                    self.outlook.Quit();
-                }
-                return Value();
-            });
-    return table;
-}
-
-const EventInterface* ApplicationObject::Events() const {
-    return outlook.applicationHasEvents ? &ApplicationEvents : nullptr;
-}
-
-const std::shared_ptr<NameSpace>& ApplicationObject::Session() {
-    if (!session) session = std::make_shared<NameSpace>(outlook);
-    return session;
-}
-
 OutlookModel::OutlookModel(PendingError& errors, std::int32_t majorVersion)
     : errors(errors),
       version(majorVersion),
       explorers(std::make_shared<WindowCollection<Explorer>>(*this)),
       inspectors(std::make_shared<WindowCollection<Inspector>>(*this)),
       comAddIns(std::make_shared<ComAddIns>(*this)),
+      session(std::make_shared<NameSpace>(*this)),
       folders{std::make_shared<Folder>(*this, u"Inbox", InboxFolder),
               std::make_shared<Folder>(*this, u"Calendar", CalendarFolder),
               std::make_shared<Folder>(*this, u"Contacts", ContactsFolder)},
-      application(std::make_shared<ApplicationObject>(*this)) {}
+      store(std::make_shared<Folder>(*this, u"Personal Folders", 0)),
+      application(std::make_shared<ApplicationObject>(*this)) {
+    store->folders->all = folders;
+}
 
 OutlookModel::~OutlookModel() {
     changed = nullptr;
@@ -298,10 +49,12 @@ ObjectPtr OutlookModel::Application() {
     return application->Handle();
 }
 
-std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView description) {
+std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView description,
+                                                 TextView guid) {
     auto addIn = std::make_shared<ComAddIn>(*this);
     addIn->progId = progId;
     addIn->description = description;
+    addIn->guid = guid;
     comAddIns->all.push_back(addIn);
     return addIn;
 }
@@ -392,11 +145,9 @@ void OutlookModel::CloseExplorer(const std::shared_ptr<Explorer>& explorer) {
 
 std::shared_ptr<Inspector> OutlookModel::OpenInspector(const std::shared_ptr<Item>& item) {
     if (!item || item->deleted) return nullptr;
-    for (const auto& open : inspectors->all) {
-        if (open->item != item) continue;
-        const std::shared_ptr<Inspector> found = open;
-        Activate(found);
-        return found;
+    if (const auto open = InspectorOf(item)) {
+        Activate(open);
+        return open;
     }
     auto inspector = std::make_shared<Inspector>(*this);
     inspector->item = item;
@@ -409,6 +160,13 @@ std::shared_ptr<Inspector> OutlookModel::OpenInspector(const std::shared_ptr<Ite
     item->Raise(event::ItemOpen, cancel);
     Activate(inspector);
     return inspector;
+}
+
+std::shared_ptr<Inspector> OutlookModel::InspectorOf(const std::shared_ptr<Item>& item) const {
+    const auto& all = inspectors->all;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& open) { return open->item == item; });
+    return found == all.end() ? nullptr : *found;
 }
 
 void OutlookModel::CloseInspector(const std::shared_ptr<Inspector>& inspector) {
@@ -483,13 +241,19 @@ void OutlookModel::Quit() {
 std::shared_ptr<Item> OutlookModel::AddItem(std::int32_t itemClass, Fields fields) {
     auto item = std::make_shared<Item>(*this, itemClass);
     for (const auto& [name, value] : fields) item->SetField(name, value);
+    SaveItem(item);
+    return item;
+}
+
+void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
+    if (!item->folder.expired()) return;
+    const std::int32_t itemClass = item->itemClass;
     const auto& folder = itemClass == AppointmentClass ? DefaultFolder(CalendarFolder)
                          : itemClass == MailClass      ? DefaultFolder(InboxFolder)
                                                        : DefaultFolder(ContactsFolder);
     item->folder = folder;
     folder->items->all.push_back(item);
     Changed();
-    return item;
 }
 
 void OutlookModel::DeleteItem(const std::shared_ptr<Item>& item) {

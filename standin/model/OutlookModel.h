@@ -8,111 +8,10 @@
 #include <set>
 #include <utility>
 
-#include "model/CommandBars.h"
-#include "model/Items.h"
-#include "model/ModelObject.h"
+#include "model/Application.h"
+#include "model/Windows.h"
 
 namespace tellwick::standin {
-
-class ApplicationObject;
-
-// An explorer or an inspector.
-class Window : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    bool IsGone() const override { return closed; }
-    virtual Text Caption() const = 0;
-    // The dispatch identifiers of its events, one set for both kinds.
-    void RaiseActivate();
-    void RaiseDeactivate();
-    void RaiseClose();
-
-    std::shared_ptr<CommandBars> commandBars;
-    bool displayed = false;
-    bool closed = false;
-};
-
-// A main window: a folder's list of items.
-class Explorer : public Window {
-public:
-    using Window::Window;
-    TextView ClassName() const override { return u"Explorer"; }
-    const MemberTable& Table() const override;
-    const EventInterface* Events() const override;
-    Text Caption() const override;
-    // A control of the bar "Standard" by its caption; null when there is none.
-    std::shared_ptr<CommandBarControl> ToolbarControl(TextView caption) const;
-    // The drop-down of the first control of "Standard"; null when that has none.
-    std::shared_ptr<CommandBar> NewMenu() const;
-    // An entry of that drop-down.
-    std::shared_ptr<CommandBarControl> NewMenuEntry(TextView caption) const;
-
-    std::shared_ptr<Folder> folder;
-    std::vector<std::shared_ptr<Item>> selection;
-};
-
-// A window that shows one item.
-class Inspector : public Window {
-public:
-    using Window::Window;
-    TextView ClassName() const override { return u"Inspector"; }
-    const MemberTable& Table() const override;
-    const EventInterface* Events() const override;
-    Text Caption() const override;
-
-    std::shared_ptr<Item> item;
-};
-
-// A collection of a window kind.
-template <class Type>
-class WindowCollection : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override;
-    const MemberTable& Table() const override;
-    const EventInterface* Events() const override;
-
-    std::vector<std::shared_ptr<Type>> all;
-};
-
-// What was selected in an explorer when it was asked.
-class Selection : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"Selection"; }
-    const MemberTable& Table() const override;
-
-    std::vector<std::shared_ptr<Item>> all;
-};
-
-class NameSpace : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"NameSpace"; }
-    const MemberTable& Table() const override;
-};
-
-// An add-in as the host knows it.
-class ComAddIn : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"COMAddIn"; }
-    const MemberTable& Table() const override;
-
-    Text progId;
-    Text description;
-    bool connected = false;
-    ObjectPtr object;
-};
-
-class ComAddIns : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"COMAddIns"; }
-    const MemberTable& Table() const override;
-
-    std::vector<std::shared_ptr<ComAddIn>> all;
-};
 
 using Fields = std::initializer_list<std::pair<TextView, TextView>>;
 
@@ -128,7 +27,8 @@ public:
 
     ObjectPtr Application();
     // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
-    std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {});
+    std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {},
+                                       TextView guid = {});
     // What Create("Redemption.SafeMailItem") gives.
     ObjectPtr CreateSafeMailItem();
 
@@ -146,6 +46,8 @@ public:
     // NewInspector, then Open of the item and Activate. Brings the item's inspector to the front
     // when there is one.
     std::shared_ptr<Inspector> OpenInspector(const std::shared_ptr<Item>& item);
+    // Null when the item is not open.
+    std::shared_ptr<Inspector> InspectorOf(const std::shared_ptr<Item>& item) const;
     void CloseInspector(const std::shared_ptr<Inspector>& inspector);
     // Changes the selection, then SelectionChange.
     void Select(const std::shared_ptr<Explorer>& explorer,
@@ -176,6 +78,8 @@ public:
     // Puts an item with these fields into the default folder of its kind. Any of the four item
     // classes.
     std::shared_ptr<Item> AddItem(std::int32_t itemClass, Fields fields = {});
+    // Puts an item that lies nowhere into the default folder of its kind.
+    void SaveItem(const std::shared_ptr<Item>& item);
     void DeleteItem(const std::shared_ptr<Item>& item);
     // An inbox for every number that is not the contacts' or the calendar's.
     const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
@@ -204,15 +108,19 @@ public:
     bool applicationHasEvents = true;
 
     // What surrounds the model; each may be missing.
-    std::function<void()> changed;              // windows, items or toolbars may look different
-    std::function<void()> quitRequested;        // instead of quitting at once in Application.Quit
-    std::function<void()> shutDownAddIns;       // between the last window's Close and Quit
+    std::function<void()> changed;         // windows, items or toolbars may look different
+    std::function<void()> quitRequested;   // instead of quitting at once in Application.Quit
+    std::function<void()> shutDownAddIns;  // between the last window's Close and Quit
+    // COMAddIn.Connect; false when it failed.
+    std::function<bool(const std::shared_ptr<ComAddIn>&, bool connect)> connectAddIn;
     std::function<std::uintptr_t()> pasteFace;  // the clipboard's bitmap, the host's own; 0: none
 
     std::shared_ptr<WindowCollection<Explorer>> explorers;
     std::shared_ptr<WindowCollection<Inspector>> inspectors;
     std::shared_ptr<ComAddIns> comAddIns;
-    std::vector<std::shared_ptr<Folder>> folders;
+    std::shared_ptr<NameSpace> session;
+    std::vector<std::shared_ptr<Folder>> folders;  // the default ones
+    std::shared_ptr<Folder> store;                 // the root that they lie in
 
     // Kept by the handles and subscriptions themselves.
     std::set<Reference*> references;
@@ -229,17 +137,14 @@ private:
     std::map<std::pair<Text, Text>, std::int32_t> failures;
 };
 
-class ApplicationObject : public ModelObject {
-public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"Application"; }
-    const MemberTable& Table() const override;
-    const EventInterface* Events() const override;
-
-    const std::shared_ptr<NameSpace>& Session();
-
-private:
-    std::shared_ptr<NameSpace> session;
-};
+// What every object of Outlook's own has, by the number of its class.
+template <class Type>
+Members<Type> OutlookMembers(std::int32_t objectClass) {
+    Members<Type> members;
+    members.Property(u"Application", [](Type& self) { return self.outlook.Application(); })
+        .Property(u"Class", [objectClass](Type&) { return objectClass; })
+        .Property(u"Session", [](Type& self) { return self.outlook.session->Handle(); });
+    return members;
+}
 
 }  // namespace tellwick::standin

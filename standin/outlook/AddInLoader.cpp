@@ -112,19 +112,26 @@ AddInLoader::AddInLoader(OutlookModel& outlook, ComObjects& objects)
 
 AddInLoader::~AddInLoader() = default;
 
-std::size_t AddInLoader::LoadAll(ConnectMode mode) {
-    std::size_t count = 0;
+void AddInLoader::List() {
     for (const Text& progId : SubKeys(HKEY_CURRENT_USER, AddInsKey)) {
-        const Text key = AddInsKey + u"\\" + progId;
+        const auto& known = outlook.comAddIns->all;
+        if (std::any_of(known.begin(), known.end(),
+                        [&](const auto& addIn) { return EqualFolded(addIn->progId, progId); })) {
+            continue;
+        }
+        outlook.AddAddIn(progId,
+                         ReadText(HKEY_CURRENT_USER, AddInsKey + u"\\" + progId, L"FriendlyName"),
+                         ReadText(HKEY_CLASSES_ROOT, progId + u"\\CLSID"));
+    }
+}
+
+std::size_t AddInLoader::LoadAll(ConnectMode mode) {
+    List();
+    std::size_t count = 0;
+    const auto known = outlook.comAddIns->all;
+    for (const auto& addIn : known) {
+        const Text key = AddInsKey + u"\\" + addIn->progId;
         if (!(ReadNumber(HKEY_CURRENT_USER, key, L"LoadBehavior") & LoadAtStartup)) continue;
-        auto& known = outlook.comAddIns->all;
-        const auto found = std::find_if(known.begin(), known.end(), [&](const auto& addIn) {
-            return EqualFolded(addIn->progId, progId);
-        });
-        const std::shared_ptr<ComAddIn> addIn =
-            found != known.end()
-                ? *found
-                : outlook.AddAddIn(progId, ReadText(HKEY_CURRENT_USER, key, L"FriendlyName"));
         if (Connect(addIn, mode)) ++count;
     }
     return count;

@@ -6,7 +6,7 @@
 
 #include "model/OutlookModel.h"
 #include "outlook/Com.h"
-#include "outlook/ComObject.h"
+#include "outlook/ComObjects.h"
 
 namespace tellwick::standin {
 
@@ -20,8 +20,10 @@ public:
     AddInLoader(const AddInLoader&) = delete;
     AddInLoader& operator=(const AddInLoader&) = delete;
 
-    // Reads the current user's add-ins key and connects every add-in whose load behaviour asks
-    // for loading at start-up. The number of add-ins connected.
+    // Reads the current user's add-ins key into COMAddIns.
+    void List();
+    // Lists, and connects every add-in whose load behaviour asks for loading at start-up. The
+    // number of add-ins connected.
     std::size_t LoadAll(ConnectMode mode);
     // Connects one add-in that is known already. False when it cannot be created or is connected.
     bool Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mode);

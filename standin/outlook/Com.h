@@ -56,6 +56,34 @@ private:
     Interface* object = nullptr;
 };
 
+// The IUnknown of an object that has one interface. Its maker holds the first reference.
+template <class Interface, const IID& Identifier>
+class ComClass : public Interface {
+public:
+    ComClass() = default;
+    virtual ~ComClass() = default;
+    ComClass(const ComClass&) = delete;
+    ComClass& operator=(const ComClass&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
+        if (!object) return E_POINTER;
+        *object = nullptr;
+        if (identifier != IID_IUnknown && identifier != Identifier) return E_NOINTERFACE;
+        AddRef();
+        *object = this;
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references;
+        if (left == 0) delete this;
+        return left;
+    }
+
+private:
+    ULONG references = 1;
+};
+
 class Variant : public VARIANT {
 public:
     Variant() { VariantInit(this); }

@@ -1,218 +1,19 @@
 #include "outlook/ComObject.h"
 
-#include <ocidl.h>
-#include <olectl.h>
-
 #include <algorithm>
 
+#include "outlook/ConnectionPoint.h"
+#include "outlook/Enumerator.h"
 #include "outlook/TypeInfo.h"
 
 namespace tellwick::standin {
 
 namespace {
 
-constexpr HRESULT AutomationFacility = HRESULT(0x800A0000);
 // Members' identifiers differ from version to version, as Outlook's do.
 constexpr DISPID IdentifiersPerVersion = 1000;
 // Office 2000 offers class information only through IDispatch::GetTypeInfo.
 constexpr std::int32_t FirstWithClassInfo = 10;
-
-// Asked of a foreign reference to find out that it is one of these objects.
-constexpr GUID ComObjectIdentifier = {
-    0x5b0e6f0d, 0x7a41, 0x4c1e, {0x9d, 0x2b, 0x61, 0x0f, 0x3c, 0x88, 0x24, 0x97}};
-
-// An object of somebody else, kept for him (a picture, an add-in's object).
-class ForeignObject : public Object {
-public:
-    ForeignObject(PendingError& errors, ComPtr<IDispatch> dispatch)
-        : errors(errors), dispatch(std::move(dispatch)) {}
-    Value Get(TextView, const std::vector<Value>&) override { return Refuse(); }
-    void Put(TextView, const Value&) override { Refuse(); }
-    Value Call(TextView, const std::vector<Value>&, const std::vector<NamedValue>&) override {
-        return Refuse();
-    }
-    Text TypeName() override { return {}; }
-    SubscriptionPtr Advise(const EventInterface&, EventHandler) override {
-        Refuse();
-        return nullptr;
-    }
-    const ComPtr<IDispatch>& Dispatch() const { return dispatch; }
-
-private:
-    Value Refuse() {
-        errors.Note(error::NoSuchMember, u"Not an object of this program");
-        return {};
-    }
-    PendingError& errors;
-    ComPtr<IDispatch> dispatch;
-};
-
-// Keeps what is pending outside a call from being mixed up with what the call notes.
-class ErrorScope {
-public:
-    explicit ErrorScope(PendingError& errors) : errors(errors), before(errors) { errors.Clear(); }
-    ~ErrorScope() { errors = before; }
-    ErrorScope(const ErrorScope&) = delete;
-    ErrorScope& operator=(const ErrorScope&) = delete;
-
-private:
-    PendingError& errors;
-    PendingError before;
-};
-
-void InvokeSink(ComObjects& objects, const ComPtr<IDispatch>& sink, std::int32_t event,
-                std::vector<Value>& arguments) {
-    const std::size_t count = arguments.size();
-    std::vector<VARIANT_BOOL> truths(count);
-    std::vector<VARIANT> variants(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        VARIANT& variant = variants[count - 1 - index];  // last argument first
-        VariantInit(&variant);
-        if (const bool* truth = std::get_if<bool>(&arguments[index])) {
-            truths[index] = *truth ? VARIANT_TRUE : VARIANT_FALSE;
-            variant.vt = VT_BYREF | VT_BOOL;
-            variant.pboolVal = &truths[index];
-        } else {
-            objects.ToVariant(arguments[index], variant);
-        }
-    }
-    DISPPARAMS parameters{variants.data(), nullptr, UINT(count), 0};
-    Variant result;
-    EXCEPINFO exception{};
-    UINT wrongArgument = 0;
-    sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result,
-                 &exception, &wrongArgument);
-    SysFreeString(exception.bstrSource);
-    SysFreeString(exception.bstrDescription);
-    SysFreeString(exception.bstrHelpFile);
-    for (std::size_t index = 0; index < count; ++index) {
-        if (std::holds_alternative<bool>(arguments[index])) {
-            arguments[index] = truths[index] != VARIANT_FALSE;
-        }
-        VariantClear(&variants[count - 1 - index]);
-    }
-}
-
-}  // namespace
-
-class ComObject : public IDispatch, public IProvideClassInfo, public IConnectionPointContainer {
-public:
-    ComObject(ComObjects& objects, ObjectPtr handle) : objects(objects), handle(std::move(handle)) {
-        objects.alive[this->handle.get()] = this;
-    }
-    virtual ~ComObject() { objects.alive.erase(handle.get()); }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references;
-        if (left == 0) delete this;
-        return left;
-    }
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        if (!count) return E_POINTER;
-        *count = 1;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
-                                            DISPID* identifiers) override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID identifier, REFIID, LCID, WORD flags,
-                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
-                                     UINT* wrongArgument) override;
-
-    HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** information) override;
-
-    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID identifier,
-                                                  IConnectionPoint** point) override;
-
-    HRESULT Advise(const EventInterface& events, IUnknown* sink, DWORD* cookie);
-    HRESULT Unadvise(DWORD cookie) {
-        return subscriptions.erase(cookie) != 0 ? S_OK : CONNECT_E_NOCONNECTION;
-    }
-    const ObjectPtr& Handle() const { return handle; }
-    ComObjects::Living Life() const {
-        return {handle->TypeName(), references, subscriptions.size()};
-    }
-
-private:
-    // Null when the model has gone.
-    const MemberTable* Table() const {
-        const auto target = TargetOf(handle);
-        return target ? &target->Table() : nullptr;
-    }
-    DISPID FirstIdentifier() const {
-        return DISPID(objects.outlook.version) * IdentifiersPerVersion + 1;
-    }
-    HRESULT CallMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
-                       VARIANT* result);
-
-    ULONG references = 0;
-    ComObjects& objects;
-    ObjectPtr handle;
-    std::map<DWORD, SubscriptionPtr> subscriptions;
-    DWORD lastCookie = 0;
-};
-
-namespace {
-
-// The connection point of an object's one event interface.
-class ConnectionPoint : public IConnectionPoint {
-public:
-    ConnectionPoint(ComObject& object, const EventInterface& events)
-        : object(&object), events(events) {}
-    virtual ~ConnectionPoint() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** result) override {
-        if (!result) return E_POINTER;
-        *result = nullptr;
-        if (identifier != IID_IUnknown && identifier != IID_IConnectionPoint) return E_NOINTERFACE;
-        AddRef();
-        *result = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* identifier) override {
-        if (!identifier) return E_POINTER;
-        *identifier = ToGuid(events.identifier);
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE
-    GetConnectionPointContainer(IConnectionPointContainer** container) override {
-        if (!container) return E_POINTER;
-        return object->QueryInterface(IID_IConnectionPointContainer,
-                                      reinterpret_cast<void**>(container));
-    }
-    HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
-        return Guarded([&] { return object->Advise(events, sink, cookie); });
-    }
-    HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
-        return Guarded([&] { return object->Unadvise(cookie); });
-    }
-    HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
-
-private:
-    ULONG references = 1;
-    ComPtr<ComObject> object;
-    EventInterface events;
-};
-
-// Which member has identifier 0, the one a reference stands for by itself.
-const Member* DefaultMember(const MemberTable& table) {
-    for (const TextView name : {u"Item", u"Value", u"Subject", u"Name", u"Caption"}) {
-        if (const Member* member = table.Find(name)) return member;
-    }
-    return nullptr;
-}
 
 }  // namespace
 
@@ -236,6 +37,10 @@ HRESULT ComObject::QueryInterface(REFIID identifier, void** object) {
         AddRef();
         return S_OK;
     });
+}
+
+DISPID ComObject::FirstIdentifier() const {
+    return DISPID(objects.outlook.version) * IdentifiersPerVersion + 1;
 }
 
 HRESULT ComObject::GetTypeInfo(UINT index, LCID, ITypeInfo** information) {
@@ -290,23 +95,32 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
         if (!parameters) return E_INVALIDARG;
         const MemberTable* table = Table();
         if (!table) return RPC_E_DISCONNECTED;
+        if (identifier == DISPID_NEWENUM && table->IsCollection()) {
+            if (result) {
+                result->vt = VT_UNKNOWN;
+                result->punkVal = new Enumerator(objects, self, 1);
+            }
+            return S_OK;
+        }
         const auto& members = table->All();
         const DISPID index = identifier - FirstIdentifier();
-        const Member* member = identifier == DISPID_VALUE ? DefaultMember(*table)
+        const Member* member = identifier == DISPID_VALUE ? table->Find(DefaultMember)
                                : index >= 0 && std::size_t(index) < members.size()
                                    ? &members[std::size_t(index)]
                                    : nullptr;
         if (!member) return DISP_E_MEMBERNOTFOUND;
 
         const ErrorScope scope(objects.outlook.errors);
-        const HRESULT called = CallMember(*member, flags, *parameters, result);
+        const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+        const HRESULT called = isPut ? PutMember(*member, flags, *parameters, exception)
+                                     : CallMember(*member, flags, *parameters, result, exception);
         const PendingError& errors = objects.outlook.errors;
         if (FAILED(called) || !errors) return called;
         if (result) VariantClear(result);
         if (errors.number < 0) return errors.number;  // a failure of the call itself
         if (exception) {
             *exception = EXCEPINFO{};
-            exception->scode = AutomationFacility + errors.number;
+            exception->scode = AutomationCode(errors);
             exception->bstrSource = NewBstr(u"Microsoft Outlook");
             exception->bstrDescription = NewBstr(errors.description);
         }
@@ -314,19 +128,47 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
     });
 }
 
-HRESULT ComObject::CallMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
-                              VARIANT* result) {
-    if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
-        if (parameters.cArgs != 1 || parameters.cNamedArgs != 1 ||
-            parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) {
-            return DISP_E_BADPARAMCOUNT;
-        }
+HRESULT ComObject::PutMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
+                             EXCEPINFO* exception) {
+    if (parameters.cArgs < 1 || parameters.cNamedArgs != 1 ||
+        parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT) {
+        return DISP_E_BADPARAMCOUNT;
+    }
+    if (parameters.cArgs == 1) {
         if (!member.put) return DISP_E_MEMBERNOTFOUND;
         handle->Put(member.name, objects.ToValue(parameters.rgvarg[0]));
         return S_OK;
     }
+    // UserProperties("IsSMS") = True: the index leads to the object whose default member is put.
+    if (member.arguments.empty()) return InvokeDefault(member, {}, flags, parameters, exception);
+    DISPPARAMS value = parameters;
+    value.cArgs = 1;
+    std::vector<Value> index;
+    for (UINT at = parameters.cArgs; at-- > 1;) {
+        index.push_back(objects.ToValue(parameters.rgvarg[at]));
+    }
+    return InvokeDefault(member, index, flags, value, exception);
+}
+
+HRESULT ComObject::InvokeDefault(const Member& member, const std::vector<Value>& index, WORD flags,
+                                 const DISPPARAMS& parameters, EXCEPINFO* exception,
+                                 VARIANT* result) {
+    const ComPtr<IDispatch> given = objects.Wrap(AsObject(handle->Call(member.name, index)));
+    if (objects.outlook.errors) return S_OK;
+    if (!given) return DISP_E_BADPARAMCOUNT;
+    DISPPARAMS passed = parameters;
+    return given->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT, flags, &passed, result,
+                         exception, nullptr);
+}
+
+HRESULT ComObject::CallMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
+                              VARIANT* result, EXCEPINFO* exception) {
     if (!(flags & (member.isMethod ? DISPATCH_METHOD : DISPATCH_PROPERTYGET))) {
         return DISP_E_MEMBERNOTFOUND;
+    }
+    // CommandBars("Standard"): the property has no arguments, they are those of its object.
+    if (parameters.cArgs > 0 && !member.isMethod && member.arguments.empty()) {
+        return InvokeDefault(member, {}, flags, parameters, exception, result);
     }
     if (parameters.cArgs > member.arguments.size()) return DISP_E_BADPARAMCOUNT;
     std::vector<Value> positional;
@@ -378,90 +220,6 @@ HRESULT ComObject::Advise(const EventInterface& events, IUnknown* sink, DWORD* c
     *cookie = ++lastCookie;
     subscriptions[*cookie] = std::move(subscription);
     return S_OK;
-}
-
-ComPtr<IDispatch> ForeignDispatch(const ObjectPtr& object) {
-    const auto* foreign = dynamic_cast<const ForeignObject*>(object.get());
-    return foreign ? foreign->Dispatch() : ComPtr<IDispatch>();
-}
-
-ComPtr<IDispatch> ComObjects::Wrap(const ObjectPtr& object) {
-    if (!object) return {};
-    if (ComPtr<IDispatch> foreign = ForeignDispatch(object)) return foreign;
-    const auto found = alive.find(object.get());
-    ComObject* wrapper = found != alive.end() ? found->second : new ComObject(*this, object);
-    return ComPtr<IDispatch>(wrapper);
-}
-
-Value ComObjects::ToValue(const VARIANT& variant) {
-    Variant plain;
-    if (FAILED(VariantCopyInd(&plain, const_cast<VARIANT*>(&variant)))) return {};
-    switch (plain.vt) {
-        case VT_BOOL:
-            return plain.boolVal != VARIANT_FALSE;
-        case VT_BSTR:
-            return FromBstr(plain.bstrVal);
-        case VT_DISPATCH:
-        case VT_UNKNOWN: {
-            const ComPtr<IUnknown> unknown(plain.punkVal);
-            if (!unknown) return ObjectPtr();
-            if (const auto ours = unknown.As<ComObject>(ComObjectIdentifier)) return ours->Handle();
-            ComPtr<IDispatch> dispatch = unknown.As<IDispatch>(IID_IDispatch);
-            if (!dispatch) return ObjectPtr();
-            return ObjectPtr(std::make_shared<ForeignObject>(outlook.errors, std::move(dispatch)));
-        }
-        case VT_I1:
-        case VT_UI1:
-        case VT_I2:
-        case VT_UI2:
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT: {
-            Variant number;
-            if (FAILED(VariantChangeType(&number, &plain, 0, VT_I4))) return {};
-            return std::int32_t(number.lVal);
-        }
-        case VT_I8:
-        case VT_UI8:
-        case VT_R4:
-        case VT_R8:
-        case VT_DATE:
-        case VT_CY:
-        case VT_DECIMAL: {
-            Variant number;
-            if (FAILED(VariantChangeType(&number, &plain, 0, VT_R8))) return {};
-            return number.dblVal;
-        }
-        default:
-            return {};
-    }
-}
-
-void ComObjects::ToVariant(const Value& value, VARIANT& variant) {
-    VariantInit(&variant);
-    if (const auto* truth = std::get_if<bool>(&value)) {
-        variant.vt = VT_BOOL;
-        variant.boolVal = *truth ? VARIANT_TRUE : VARIANT_FALSE;
-    } else if (const auto* number = std::get_if<std::int32_t>(&value)) {
-        variant.vt = VT_I4;
-        variant.lVal = *number;
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        variant.vt = VT_R8;
-        variant.dblVal = *real;
-    } else if (const auto* text = std::get_if<Text>(&value)) {
-        variant.vt = VT_BSTR;
-        variant.bstrVal = NewBstr(*text);
-    } else if (const auto* object = std::get_if<ObjectPtr>(&value)) {
-        variant.vt = VT_DISPATCH;
-        variant.pdispVal = Wrap(*object).Detach();
-    }
-}
-
-std::vector<ComObjects::Living> ComObjects::Alive() const {
-    std::vector<Living> living;
-    for (const auto& [object, wrapper] : alive) living.push_back(wrapper->Life());
-    return living;
 }
 
 }  // namespace tellwick::standin

@@ -1,46 +1,85 @@
-// The object model as COM objects: late binding by name, events through connection points, and
-// the class name as type information.
+// One object of the model as a COM object: late binding by name, events through connection points,
+// and the class name as type information.
 #pragma once
 
-#include <map>
-#include <vector>
+#include <ocidl.h>
+#include <olectl.h>
 
-#include "model/OutlookModel.h"
-#include "outlook/Com.h"
+#include <map>
+
+#include "outlook/ComObjects.h"
 
 namespace tellwick::standin {
 
-class ComObject;
+// Asked of a foreign reference to find out that it is one of these objects.
+inline constexpr GUID ComObjectIdentifier = {
+    0x5b0e6f0d, 0x7a41, 0x4c1e, {0x9d, 0x2b, 0x61, 0x0f, 0x3c, 0x88, 0x24, 0x97}};
 
-// All COM objects of the model that somebody holds.
-class ComObjects {
+class ComObject : public IDispatch, public IProvideClassInfo, public IConnectionPointContainer {
 public:
-    explicit ComObjects(OutlookModel& outlook) : outlook(outlook) {}
-    ComObjects(const ComObjects&) = delete;
-    ComObjects& operator=(const ComObjects&) = delete;
+    ComObject(ComObjects& objects, ObjectPtr handle) : objects(objects), handle(std::move(handle)) {
+        objects.alive[this->handle.get()] = this;
+    }
+    virtual ~ComObject() { objects.alive.erase(handle.get()); }
 
-    // The COM object of a model object, one and the same as long as somebody holds it. Objects of
-    // others come back as they came in; null stays null.
-    ComPtr<IDispatch> Wrap(const ObjectPtr& object);
-    // Values by reference are followed; types that automation has and the model lacks are empty.
-    Value ToValue(const VARIANT& variant);
-    void ToVariant(const Value& value, VARIANT& variant);
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references;
+        if (left == 0) delete this;
+        return left;
+    }
 
-    struct Living {
-        Text className;
-        ULONG references;
-        std::size_t advised;  // sinks that nobody has unadvised
-    };
-    std::vector<Living> Alive() const;
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+        if (!count) return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) override;
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* identifiers) override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID identifier, REFIID, LCID, WORD flags,
+                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                                     UINT* wrongArgument) override;
 
-    OutlookModel& outlook;
+    HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** information) override;
+
+    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID identifier,
+                                                  IConnectionPoint** point) override;
+
+    HRESULT Advise(const EventInterface& events, IUnknown* sink, DWORD* cookie);
+    HRESULT Unadvise(DWORD cookie) {
+        return subscriptions.erase(cookie) != 0 ? S_OK : CONNECT_E_NOCONNECTION;
+    }
+    const ObjectPtr& Handle() const { return handle; }
+    ComObjects::Living Life() const {
+        return {handle->TypeName(), references, subscriptions.size()};
+    }
 
 private:
-    friend class ComObject;
-    std::map<const Object*, ComObject*> alive;
-};
+    // Null when the model has gone.
+    const MemberTable* Table() const {
+        const auto target = TargetOf(handle);
+        return target ? &target->Table() : nullptr;
+    }
+    DISPID FirstIdentifier() const;
+    HRESULT CallMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
+                       VARIANT* result, EXCEPINFO* exception);
+    HRESULT PutMember(const Member& member, WORD flags, const DISPPARAMS& parameters,
+                      EXCEPINFO* exception);
+    // Invokes the default member of the object that the member gives.
+    HRESULT InvokeDefault(const Member& member, const std::vector<Value>& index, WORD flags,
+                          const DISPPARAMS& parameters, EXCEPINFO* exception,
+                          VARIANT* result = nullptr);
 
-// The IDispatch behind an object of others that was put into the model; null when it is ours.
-ComPtr<IDispatch> ForeignDispatch(const ObjectPtr& object);
+    ULONG references = 0;
+    ComObjects& objects;
+    ObjectPtr handle;
+    std::map<DWORD, SubscriptionPtr> subscriptions;
+    DWORD lastCookie = 0;
+};
 
 }  // namespace tellwick::standin

@@ -65,14 +65,13 @@
 // meanwhile; "wait" and "pump" hold back the commands behind them.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "outlook/AddInLoader.h"
-#include "outlook/ComObject.h"
+#include "outlook/ComObjects.h"
 #include "outlook/Desk.h"
 #include "outlook/Dispatcher.h"
 
@@ -162,13 +161,5 @@ private:
     std::vector<std::weak_ptr<Inspector>> inspectors;
     std::vector<std::weak_ptr<Item>> items;
 };
-
-// Prints a line in UTF-8 to the standard output at once.
-void PrintLine(TextView line);
-
-// Reads lines from a handle on a thread of its own and posts them as commands; `atEnd` is posted
-// behind the last one.
-void ReadCommands(HANDLE source, Dispatcher& dispatcher, Commands& commands,
-                  std::function<void()> atEnd);
 
 }  // namespace tellwick::standin

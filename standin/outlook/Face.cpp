@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "outlook/Com.h"
-#include "outlook/ComObject.h"
+#include "outlook/ComObjects.h"
 
 namespace tellwick::standin {
 

@@ -8,25 +8,9 @@ namespace tellwick::standin {
 
 namespace {
 
-class Factory : public IClassFactory {
+class Factory : public ComClass<IClassFactory, IID_IClassFactory> {
 public:
     explicit Factory(ObjectSource source) : source(std::move(source)) {}
-    virtual ~Factory() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (identifier != IID_IUnknown && identifier != IID_IClassFactory) return E_NOINTERFACE;
-        AddRef();
-        *object = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references;
-        if (left == 0) delete this;
-        return left;
-    }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID identifier,
                                              void** object) override {
         return Guarded([&]() -> HRESULT {
@@ -40,7 +24,6 @@ public:
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
-    ULONG references = 1;
     ObjectSource source;
 };
 

@@ -6,25 +6,9 @@ namespace tellwick::standin {
 
 namespace {
 
-class NamedTypeInfo : public ITypeInfo {
+class NamedTypeInfo : public ComClass<ITypeInfo, IID_ITypeInfo> {
 public:
     NamedTypeInfo(TextView name, TYPEKIND kind) : name(name) { attributes.typekind = kind; }
-    virtual ~NamedTypeInfo() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
-        if (!object) return E_POINTER;
-        *object = nullptr;
-        if (identifier != IID_IUnknown && identifier != IID_ITypeInfo) return E_NOINTERFACE;
-        AddRef();
-        *object = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE GetTypeAttr(TYPEATTR** result) override {
         if (!result) return E_POINTER;
@@ -72,7 +56,6 @@ public:
     void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC*) override {}
 
 private:
-    ULONG references = 1;
     Text name;
     TYPEATTR attributes{};
 };

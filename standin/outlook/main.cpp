@@ -42,8 +42,9 @@
 #include <string>
 
 #include "outlook/AddInLoader.h"
-#include "outlook/ComObject.h"
-#include "outlook/Commands.h"
+#include "outlook/ComObjects.h"
+#include "outlook/CommandInput.h"
+#include "outlook/CommandText.h"
 #include "outlook/Desk.h"
 #include "outlook/Dispatcher.h"
 #include "outlook/Face.h"
@@ -59,6 +60,7 @@ constexpr TextView ApplicationClass = u"{0006F03A-0000-0000-C000-000000000046}";
 constexpr TextView SafeMailItemProgId = u"Redemption.SafeMailItem";
 constexpr TextView SafeMailItemClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B8}";
 constexpr std::int32_t FirstToEndFast = 16;
+constexpr DWORD OthersToLetGo = 2000;  // milliseconds
 
 struct Options {
     std::int32_t version = 11;
@@ -192,6 +194,10 @@ int Run(const Options& options) {
     outlook.shutDownAddIns = [&] {
         if (options.version < FirstToEndFast) loader.ShutDown();
     };
+    outlook.connectAddIn = [&](const auto& addIn, bool connect) {
+        return connect ? loader.Connect(addIn, AddInLoader::AfterStartup)
+                       : loader.Disconnect(addIn, AddInLoader::UserClosed);
+    };
     bool quitting = false;
     outlook.quitRequested = [&] {
         if (quitting) return;
@@ -223,7 +229,11 @@ int Run(const Options& options) {
 
         std::shared_ptr<Explorer> first;
         if (options.window) first = outlook.CreateExplorer();
-        if (!options.late) loader.LoadAll(AddInLoader::Startup);
+        if (options.late) {
+            loader.List();
+        } else {
+            loader.LoadAll(AddInLoader::Startup);
+        }
         outlook.Activate(first);
         first.reset();
         desk.Synchronise();
@@ -248,7 +258,15 @@ int Run(const Options& options) {
         loader.Abandon();
     }
     RunRest();
-    return Report(objects, outlook, loader) ? 0 : 1;
+    // Another program may be about to let go of what it got.
+    const DWORD start = GetTickCount();
+    while (!objects.Alive().empty() && GetTickCount() - start < OthersToLetGo) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+        RunRest();
+    }
+    const bool clean = Report(objects, outlook, loader);
+    objects.Disconnect();
+    return clean ? 0 : 1;
 }
 
 }  // namespace

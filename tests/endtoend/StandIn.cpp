@@ -113,11 +113,23 @@ void StandIn::ClickButton(int explorer, const std::string& caption) {
 
 StandIn::End StandIn::Quit() {
     Command("quit");
+    return WaitForEnd();
+}
+
+StandIn::End StandIn::WaitForEnd() {
     WaitUntil([&] { return Ended(); }, 10000);
     Read();
     End end{STILL_ACTIVE, unread};
     GetExitCodeProcess(process, &end.exitCode);
     return end;
+}
+
+void CheckClean(const StandIn::End& end) {
+    CAPTURE(end.report);
+    CHECK(end.exitCode == 0);
+    CHECK(end.report.find("end library unloaded") != std::string::npos);
+    CHECK(end.report.find("end referenced") == std::string::npos);
+    CHECK(end.report.find("end advised") == std::string::npos);
 }
 
 }  // namespace tellwick::endtoend

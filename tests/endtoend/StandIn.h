@@ -32,6 +32,7 @@ public:
     };
     // Quits Outlook as its user would and waits for its end.
     End Quit();
+    End WaitForEnd();
 
 private:
     // Takes what has been printed meanwhile.
@@ -44,5 +45,8 @@ private:
     HANDLE output = nullptr;
     std::string unread;
 };
+
+// Passes only when the stand-in found no reference, no event handler and no library left.
+void CheckClean(const StandIn::End& end);
 
 }  // namespace tellwick::endtoend

@@ -25,6 +25,7 @@ constexpr std::array<char16_t, 32> Upper1252 = {
 
 std::optional<Text> MemoryRegistry::Read(Hive hive, TextView key, TextView name) {
     ++reads;
+    if (faults.Hit()) return {};
     const auto found = values.find(ValuePath(hive, key, name));
     if (found == values.end()) return {};
     return found->second;
@@ -37,7 +38,7 @@ std::optional<Text> MemoryRegistry::ReadExpanded(Hive hive, TextView key, TextVi
 }
 
 bool MemoryRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
-    if (failWrites) return false;
+    if (failWrites || faults.Hit()) return false;
     writes.push_back(Text(key).append(u"\\").append(name).append(u"=").append(value));
     values[ValuePath(hive, key, name)] = value;
     return true;
@@ -48,16 +49,24 @@ bool MemoryRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::ui
 }
 
 bool MemoryRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
-    return values.erase(ValuePath(hive, key, name)) != 0;
+    return !faults.Hit() && values.erase(ValuePath(hive, key, name)) != 0;
 }
 
 bool MemoryRegistry::DeleteKey(Hive hive, TextView key, TextView subkey) {
+    if (faults.Hit()) return false;
     const Text path = ValuePath(hive, key, subkey) + u"\\";
     return std::erase_if(
                values, [&](const auto& entry) { return StartsWithFolded(entry.first, path); }) != 0;
 }
 
+bool MemoryFileSystem::Fails(std::int32_t error) {
+    if (!faults.Hit()) return false;
+    if (error != 0) errors.Note(error, u"Failed on purpose");
+    return true;
+}
+
 bool MemoryFileSystem::Exists(TextView path) {
+    if (Fails(0)) return false;
     return files.contains(Text(path)) || FolderExists(path);
 }
 
@@ -67,16 +76,17 @@ bool MemoryFileSystem::FolderExists(TextView path) {
 
 std::int64_t MemoryFileSystem::Length(TextView path) {
     const auto found = files.find(Text(path));
-    return found == files.end() ? -1 : std::int64_t(found->second.contents.size());
+    return found == files.end() || Fails(0) ? -1 : std::int64_t(found->second.contents.size());
 }
 
 std::uint64_t MemoryFileSystem::ModifiedTime(TextView path) {
     const auto found = files.find(Text(path));
-    return found == files.end() ? 0 : found->second.modified;
+    return found == files.end() || Fails(0) ? 0 : found->second.modified;
 }
 
 std::optional<std::string> MemoryFileSystem::Read(TextView path) {
     ++reads;
+    if (Fails(error::PathFileAccess)) return {};
     const auto found = files.find(Text(path));
     if (found != files.end() && !failReads) return found->second.contents;
     errors.Note(FolderExists(path) ? error::PathFileAccess : error::FileNotFound,
@@ -86,6 +96,7 @@ std::optional<std::string> MemoryFileSystem::Read(TextView path) {
 
 bool MemoryFileSystem::MayWrite(TextView path) {
     const auto found = files.find(Text(path));
+    if (Fails(error::PathFileAccess)) return false;
     const bool readOnly = found != files.end() && found->second.readOnly;
     if (failWrites || readOnly || FolderExists(path)) {
         errors.Note(error::PathFileAccess, u"Path/File access error");
@@ -107,11 +118,17 @@ bool MemoryFileSystem::Write(TextView path, std::string_view contents, WriteMode
     return true;
 }
 
-bool MemoryFileSystem::Swap(TextView path, std::string_view contents) {
-    return Write(path, contents, WriteMode::Replace);
+SwapResult MemoryFileSystem::Swap(TextView path, std::string_view before,
+                                  std::string_view contents) {
+    if (onSwap) onSwap();
+    const auto found = files.find(Text(path));
+    const std::string now = found == files.end() ? std::string() : found->second.contents;
+    if (now != before) return SwapResult::Changed;
+    return Write(path, contents, WriteMode::Replace) ? SwapResult::Done : SwapResult::Failed;
 }
 
 bool MemoryFileSystem::Delete(TextView path) {
+    if (Fails(error::PathFileAccess)) return false;
     if (files.erase(Text(path))) return true;
     errors.Note(error::FileNotFound, u"File not found");
     return false;
@@ -119,6 +136,7 @@ bool MemoryFileSystem::Delete(TextView path) {
 
 bool MemoryFileSystem::CreateFolder(TextView path) {
     const Text parent = ParentFolderName(path);
+    if (Fails(error::PathNotFound)) return false;
     if (failWrites || files.contains(Text(path)) || !FolderExists(parent)) {
         errors.Note(error::PathNotFound, u"Path not found");
         return false;
@@ -129,6 +147,7 @@ bool MemoryFileSystem::CreateFolder(TextView path) {
 
 std::vector<Text> MemoryFileSystem::FileNames(TextView folder, TextView ending) {
     std::vector<Text> names;
+    if (Fails(0)) return names;
     for (const auto& [path, file] : files) {
         const std::size_t name = path.rfind(u'\\') + 1;
         if (EqualFolded(TextView(path).substr(0, name), folder) && EndsWithFolded(path, ending)) {
@@ -145,6 +164,7 @@ Text MemoryFileSystem::ParentFolderName(TextView path) {
 }
 
 Text MemoryFileSystem::CreateTempFile(TextView folder, TextView prefix) {
+    if (Fails(error::PathFileAccess)) return {};
     const Text path = Text(folder).append(prefix) + HexText(std::uint32_t(++tempFiles)) + u".tmp";
     files[path].modified = ++time;
     return path;
@@ -164,6 +184,7 @@ bool MemoryFileSystem::WriteProfileString(TextView path, TextView section, TextV
 
 std::vector<std::uint32_t> MemoryPrograms::ProcessIdentifiers(std::size_t) {
     std::vector<std::uint32_t> identifiers;
+    if (faults.Hit()) return identifiers;
     for (std::uint32_t process = 0; process < paths.size(); ++process) {
         identifiers.push_back(process);
     }
@@ -171,13 +192,14 @@ std::vector<std::uint32_t> MemoryPrograms::ProcessIdentifiers(std::size_t) {
 }
 
 Text MemoryPrograms::FirstModulePath(std::uint32_t process) {
-    return paths.at(process);
+    return faults.Hit() ? Text() : paths.at(process);
 }
 
 bool MemoryPrograms::Start(TextView application, TextView startLine, WindowStyle style) {
     started.push_back({Text(application), Text(startLine), style});
-    if (failStart) errors.Note(error::FileNotFound, u"File not found");
-    return !failStart;
+    const bool fails = failStart || faults.Hit();
+    if (fails) errors.Note(error::FileNotFound, u"File not found");
+    return !fails;
 }
 
 bool MemoryPrograms::OpenAssociated(TextView document) {
@@ -244,14 +266,14 @@ std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t
 
 ObjectPtr MemoryAutomation::Create(TextView programmaticIdentifier) {
     const auto found = factories.find(Text(programmaticIdentifier));
-    if (found != factories.end()) return found->second();
+    if (found != factories.end() && !faults.Hit()) return found->second();
     errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
     return nullptr;
 }
 
 ObjectPtr MemoryAutomation::Running(TextView programmaticIdentifier) {
     const auto found = running.find(Text(programmaticIdentifier));
-    if (found != running.end()) return found->second;
+    if (found != running.end() && !faults.Hit()) return found->second;
     errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
     return nullptr;
 }
@@ -272,17 +294,48 @@ struct MemoryPicture : Object {
 
 }  // namespace
 
+bool MemoryBitmaps::Fails() {
+    const bool fails = faults.Hit();
+    if (fails) errors.Note(error::Automation, u"Failed on purpose");
+    return fails;
+}
+
+BitmapHandle MemoryBitmaps::Load(std::int32_t resource) {
+    return Fails() ? 0 : BitmapHandle(1000 + resource);
+}
+
+void MemoryBitmaps::ClearClipboard() {
+    if (!Fails()) clipboard = 0;
+}
+
+void MemoryBitmaps::PutOnClipboard(const ObjectPtr& picture) {
+    if (!Fails()) clipboard = BitmapOf(picture);
+}
+
 BitmapHandle MemoryBitmaps::CreateMapped(std::int32_t resource, SystemColour lightGrey) {
+    if (Fails()) return 0;
     return BitmapHandle(resource + (lightGrey == SystemColour::Number0 ? 2000 : 3000));
 }
 
 ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {
+    if (Fails()) return nullptr;
     return std::make_shared<MemoryPicture>(bitmap);
 }
 
 BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {
     const auto memoryPicture = std::dynamic_pointer_cast<MemoryPicture>(picture);
     return memoryPicture ? memoryPicture->bitmap : 0;
+}
+
+std::unique_ptr<Lock> MemoryLocks::Take(TextView name) {
+    struct Held : Lock {
+        explicit Held(std::vector<Text>& held) : held(held) {}
+        ~Held() override { held.pop_back(); }
+        std::vector<Text>& held;
+    };
+    if (faults.Hit()) return nullptr;
+    held.emplace_back(name);
+    return std::make_unique<Held>(held);
 }
 
 class MemoryTimer : public Timer {

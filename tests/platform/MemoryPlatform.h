@@ -18,8 +18,16 @@ struct FoldedLess {
     bool operator()(const Text& left, const Text& right) const { return LessFolded(left, right); }
 };
 
+// The calls into the system, counted; one of them can be made to fail.
+struct Faults {
+    bool Hit() { return ++calls == failAt; }
+    int calls = 0;
+    int failAt = 0;  // counted from 1; 0: none
+};
+
 class MemoryRegistry : public Registry {
 public:
+    explicit MemoryRegistry(Faults& faults) : faults(faults) {}
     std::optional<Text> Read(Hive hive, TextView key, TextView name) override;
     // Every value may hold the one variable there is, "%Programs%".
     std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) override;
@@ -33,23 +41,26 @@ public:
     std::vector<Text> writes;  // key, name and value of every write, "key\name=value"
     bool failWrites = false;
     int reads = 0;
+
+private:
+    Faults& faults;
 };
 
 class MemoryFileSystem : public FileSystem {
 public:
-    explicit MemoryFileSystem(PendingError& errors) : errors(errors) {}
+    MemoryFileSystem(PendingError& errors, Faults& faults) : errors(errors), faults(faults) {}
     bool Exists(TextView path) override;
     bool FolderExists(TextView path) override;
     std::int64_t Length(TextView path) override;
     std::uint64_t ModifiedTime(TextView path) override;
     std::optional<std::string> Read(TextView path) override;
     bool Write(TextView path, std::string_view contents, WriteMode mode) override;
-    bool Swap(TextView path, std::string_view contents) override;
+    SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
     std::vector<Text> FileNames(TextView folder, TextView ending) override;
     Text ParentFolderName(TextView path) override;
-    Text TempFolder() override { return u"C:\\Temp\\"; }
+    Text TempFolder() override { return faults.Hit() ? u"" : u"C:\\Temp\\"; }
     Text CreateTempFile(TextView folder, TextView prefix) override;
     Text ReadProfileString(TextView path, TextView section, TextView key,
                            TextView defaultValue) override;
@@ -69,23 +80,28 @@ public:
     int reads = 0;
     int writes = 0;
     std::vector<Text> profileCalls;  // path, section and key of every profile call
+    std::function<void()> onSwap;    // before the file is looked at: another program's turn
 
 private:
+    bool Fails(std::int32_t error);
     bool MayWrite(TextView path);
 
     PendingError& errors;
+    Faults& faults;
     std::uint64_t time = 0;
     int tempFiles = 0;
 };
 
 class MemoryPrograms : public Programs {
 public:
-    explicit MemoryPrograms(PendingError& errors) : errors(errors) {}
+    MemoryPrograms(PendingError& errors, Faults& faults) : errors(errors), faults(faults) {}
     Text LibraryFolder() override { return u"C:\\Program\\"; }
     Text WindowsFolder() override { return u"C:\\Windows\\"; }
     Text CommandLine() override { return commandLine; }
     std::int32_t PlatformId() override { return platformId; }
-    std::vector<Text> SnapshotNames() override { return snapshot; }
+    std::vector<Text> SnapshotNames() override {
+        return faults.Hit() ? std::vector<Text>() : snapshot;
+    }
     std::vector<std::uint32_t> ProcessIdentifiers(std::size_t entries) override;
     Text FirstModulePath(std::uint32_t process) override;
     bool Start(TextView application, TextView startLine, WindowStyle style) override;
@@ -107,16 +123,19 @@ public:
 
 private:
     PendingError& errors;
+    Faults& faults;
 };
 
 class MemoryMessageLoop : public MessageLoop {
 public:
+    explicit MemoryMessageLoop(Faults& faults) : faults(faults) {}
     void DoEvents() override {
         if (onDoEvents) onDoEvents();
     }
     void Sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
     bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
               std::uint64_t second) override {
+        if (faults.Hit()) return false;
         posted.push_back({window, message, first, second});
         return true;
     }
@@ -130,6 +149,9 @@ public:
     std::function<void()> onDoEvents;
     std::uint32_t slept = 0;  // milliseconds
     std::vector<Posted> posted;
+
+private:
+    Faults& faults;
 };
 
 // Answers come from the queue; with none left, a box is answered with its first button.
@@ -174,7 +196,7 @@ public:
 
 class MemoryAutomation : public Automation {
 public:
-    explicit MemoryAutomation(PendingError& errors) : errors(errors) {}
+    MemoryAutomation(PendingError& errors, Faults& faults) : errors(errors), faults(faults) {}
     ObjectPtr Create(TextView programmaticIdentifier) override;
     ObjectPtr Running(TextView programmaticIdentifier) override;
     std::map<Text, std::function<ObjectPtr()>> factories;
@@ -182,19 +204,27 @@ public:
 
 private:
     PendingError& errors;
+    Faults& faults;
 };
 
 // Bitmaps are numbers: 1000 + resource, or 2000 + resource when light grey was replaced by the
 // system colour 0, 3000 + resource by another one. Pictures remember theirs.
 class MemoryBitmaps : public Bitmaps {
 public:
+    MemoryBitmaps(PendingError& errors, Faults& faults) : errors(errors), faults(faults) {}
     BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
-    BitmapHandle Load(std::int32_t resource) override { return BitmapHandle(1000 + resource); }
+    BitmapHandle Load(std::int32_t resource) override;
     ObjectPtr CreatePicture(BitmapHandle bitmap) override;
-    void ClearClipboard() override { clipboard = 0; }
-    void PutOnClipboard(const ObjectPtr& picture) override { clipboard = BitmapOf(picture); }
+    void ClearClipboard() override;
+    void PutOnClipboard(const ObjectPtr& picture) override;
     static BitmapHandle BitmapOf(const ObjectPtr& picture);
     BitmapHandle clipboard = 0;
+
+private:
+    bool Fails();
+
+    PendingError& errors;
+    Faults& faults;
 };
 
 // Ticks by hand.
@@ -206,22 +236,35 @@ public:
     std::vector<class MemoryTimer*> timers;
 };
 
+// Everybody gets every lock.
+class MemoryLocks : public Locks {
+public:
+    explicit MemoryLocks(Faults& faults) : faults(faults) {}
+    std::unique_ptr<Lock> Take(TextView name) override;
+    std::vector<Text> held;
+
+private:
+    Faults& faults;
+};
+
 struct MemoryPlatform {
     PendingError errors;
-    MemoryRegistry registry;
-    MemoryFileSystem fileSystem{errors};
-    MemoryPrograms programs{errors};
-    MemoryMessageLoop messageLoop;
+    Faults faults;
+    MemoryRegistry registry{faults};
+    MemoryFileSystem fileSystem{errors, faults};
+    MemoryPrograms programs{errors, faults};
+    MemoryMessageLoop messageLoop{faults};
     MemoryDialogs dialogs;
     MemoryClock clock;
     MemoryLocale locale;
-    MemoryAutomation automation{errors};
-    MemoryBitmaps bitmaps;
+    MemoryAutomation automation{errors, faults};
+    MemoryBitmaps bitmaps{errors, faults};
     MemoryTimers timers;
+    MemoryLocks locks{faults};
 
     Platform Ports() {
         return {errors, registry, fileSystem, programs, messageLoop, dialogs,
-                clock,  locale,   automation, bitmaps,  timers};
+                clock,  locale,   automation, bitmaps,  timers,      locks};
     }
 };
 

@@ -24,7 +24,7 @@ struct Modules {
     Paths paths{regEdit, ports.programs};
     QuestionBox questionBox{debug, language, inifilesLite, ports.dialogs};
     Files files{ports.errors, debug, questionBox, ports.fileSystem, ports.locale};
-    IniFile iniFile{debug, inifilesLite, files, ports.fileSystem, ports.locale};
+    IniFile iniFile{debug, inifilesLite, files, ports.fileSystem, ports.locks, ports.locale};
     InifilesLite inifilesLite{debug, regEdit,  iniFile,     files,
                               paths, language, questionBox, ports.fileSystem};
     Language language{debug, regEdit,     iniFile,          inifilesLite,

@@ -199,6 +199,7 @@ TEST_CASE("disconnection leaves no reference, no sink and no button, in every ve
                 const auto button = Host::Button(host.first);
                 host.Disconnect();
                 CHECK(button->deleted);
+                CHECK_FALSE(host.first->NewMenuEntry(u"SMS"));
                 // Written by both releases and by the disconnection itself.
                 CHECK(host.WritesOfActiveFlag() == 3);
             }

@@ -135,6 +135,9 @@ TEST_CASE("one file is held, and written when it must be") {
     CHECK(engine.Read(u"S", u"k") == u"4");
     CHECK_FALSE(engine.iniFile.Flush());
     engine.disk.files[Text(File1)].readOnly = false;
+    // Nor does it get lost when another file is held meanwhile.
+    CHECK(engine.Read(u"T", u"k", File2) == u"3");
+    CHECK(engine.Read(u"S", u"k") == u"4");
     CHECK(engine.iniFile.Flush());
     CHECK(engine.File(File1) == "[S]\r\nk=4\r\n");
     CHECK_FALSE(engine.iniFile.WriteToIniFile(u"C:\\Data", u"S", u"k", u"1"));
@@ -155,7 +158,25 @@ TEST_CASE("changes by another program") {
         engine.SetFile(File1, "[S]\r\nk=4\r\n");
         CHECK(engine.iniFile.ReadFromIniFile(File1, u"S", u"k", {}, 1) == u"3");
         CHECK(engine.iniFile.Flush());
-        CHECK(engine.File(File1) == "[S]\r\nk=3\r\nother=1\r\n");
+        CHECK(engine.File(File1) == "[S]\r\nk=3\r\n");
+    }
+    SUBCASE("kept when they come at the last moment, and looked at under the lock") {
+        int turns = 0;
+        engine.disk.onSwap = [&] {
+            CHECK(engine.platform.locks.held == std::vector<Text>{u"Settings"});
+            if (++turns < 3) engine.SetFile(File1, "[S]\r\nother=" + std::to_string(turns));
+        };
+        engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);
+        CHECK(engine.iniFile.WriteToIniFile(File1, u"S", u"new", u"1"));
+        CHECK(engine.File(File1) == "[S]\r\nother=2\r\nk=3\r\nnew=1\r\n");
+        CHECK(turns == 3);
+        // Without end, the changes go on waiting.
+        engine.disk.onSwap = [&] { engine.SetFile(File1, "[T]\r\n" + std::to_string(++turns)); };
+        CHECK_FALSE(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"4"));
+        engine.disk.onSwap = nullptr;
+        CHECK(engine.iniFile.Flush());
+        CHECK(engine.File(File1) ==
+              "[T]\r\n" + std::to_string(turns) + "\r\n[S]\r\nk=4\r\n");
     }
     SUBCASE("seen by every read when that is switched on, even over unwritten changes") {
         engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);
@@ -179,6 +200,11 @@ TEST_CASE("changes by another program") {
         CHECK_FALSE(engine.iniFile.WriteToIniFile(File1, u"S", u"new", u"1"));
         CHECK(engine.Read(u"S", u"k") == u"default");
         CHECK(engine.File(File1) == "[S]\r\nk=2\r\nother=1\r\n");
+        // The change waits until it can be.
+        engine.disk.failReads = false;
+        CHECK(engine.Read(u"S", u"new") == u"1");
+        CHECK(engine.iniFile.Flush());
+        CHECK(engine.File(File1) == "[S]\r\nk=2\r\nother=1\r\nnew=1\r\n");
     }
 }
 

@@ -1,0 +1,78 @@
+// Outlook's windows: explorers, inspectors, and what is selected in them.
+#pragma once
+
+#include "model/CommandBars.h"
+#include "model/Items.h"
+
+namespace tellwick::standin {
+
+// An explorer or an inspector.
+class Window : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    bool IsGone() const override { return closed; }
+    virtual Text Caption() const = 0;
+    // The dispatch identifiers of its events, one set for both kinds.
+    void RaiseActivate();
+    void RaiseDeactivate();
+    void RaiseClose();
+
+    std::shared_ptr<CommandBars> commandBars;
+    bool displayed = false;
+    bool closed = false;
+};
+
+// A main window: a folder's list of items.
+class Explorer : public Window {
+public:
+    using Window::Window;
+    TextView ClassName() const override { return u"Explorer"; }
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+    Text Caption() const override;
+    // A control of the bar "Standard" by its caption; null when there is none.
+    std::shared_ptr<CommandBarControl> ToolbarControl(TextView caption) const;
+    // The drop-down of the first control of "Standard"; null when that has none.
+    std::shared_ptr<CommandBar> NewMenu() const;
+    // An entry of that drop-down.
+    std::shared_ptr<CommandBarControl> NewMenuEntry(TextView caption) const;
+
+    std::shared_ptr<Folder> folder;
+    std::vector<std::shared_ptr<Item>> selection;
+};
+
+// A window that shows one item.
+class Inspector : public Window {
+public:
+    using Window::Window;
+    TextView ClassName() const override { return u"Inspector"; }
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+    Text Caption() const override;
+
+    std::shared_ptr<Item> item;
+};
+
+// A collection of a window kind.
+template <class Type>
+class WindowCollection : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override;
+    const MemberTable& Table() const override;
+    const EventInterface* Events() const override;
+
+    std::vector<std::shared_ptr<Type>> all;
+};
+
+// What was selected in an explorer when it was asked.
+class Selection : public ModelObject {
+public:
+    using ModelObject::ModelObject;
+    TextView ClassName() const override { return u"Selection"; }
+    const MemberTable& Table() const override;
+
+    std::vector<std::shared_ptr<Item>> all;
+};
+
+}  // namespace tellwick::standin
