@@ -97,7 +97,7 @@ void FuzzTemplates(Input input) {
             "line breaks come back when a template is inserted");
 }
 
-// Fields: options, the separator, what the language has for "no"; then the text.
+// Fields: options (k: keep empty ones, t: translate, q: quoted), the separator; then the text.
 void FuzzList(Input input) {
     constexpr std::size_t most = 201;
     const std::string_view options = input.Field();
