@@ -279,11 +279,12 @@ void FormSmsSend::Form_Unload() {
         inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosx", place.left);
         inifilesLite.SetIniSetting(u"Positions", u"SMSSendPosy", place.top);
     });
-    debug.Guarded(
-        [this] { inifilesLite.SetIniSetting(u"SMS", u"LastNumber", view.TextTo().GetText()); });
-    debug.Guarded([this] {
+    const auto saveTexts = [this] {
+        inifilesLite.SetIniSetting(u"SMS", u"LastNumber", view.TextTo().GetText());
         inifilesLite.SetIniSetting(u"SMS", u"LastText", ToSetting(view.Message().GetText()));
-    });
+    };
+    // What the user typed gets a second try: the first one may have made room.
+    if (!debug.Guarded(saveTexts)) debug.Guarded(saveTexts);
     debug.Guarded([this] {
         inifilesLite.SetIniSetting(u"SMS", u"LastTextattachment", ToSetting(textAttachment));
         inifilesLite.SetIniSetting(u"SMS", u"DoNotContactLong",
