@@ -54,7 +54,44 @@ int NeededWidth(HWND control, const Text& caption, const RECT& place) {
     return line.right + MulDiv(beside, ScreenResolution(), 96);
 }
 
+BOOL CALLBACK CollectControl(HWND control, LPARAM found) {
+    reinterpret_cast<std::vector<HWND>*>(found)->push_back(control);
+    return TRUE;
+}
+
+// Of the window in front, in the order in which they were made.
+std::vector<HWND> ControlsInFront() {
+    std::vector<HWND> controls;
+    const std::vector<HWND> windows = AddInWindows();
+    if (windows.empty()) return controls;
+    EnumChildWindows(windows[0], CollectControl, reinterpret_cast<LPARAM>(&controls));
+    return controls;
+}
+
 }  // namespace
+
+bool FillFields(const std::vector<Text>& texts) {
+    std::size_t filled = 0;
+    for (const HWND control : ControlsInFront()) {
+        if (filled == texts.size()) break;
+        if (ClassOf(control) != u"Edit") continue;
+        SendMessageW(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(texts[filled++])));
+    }
+    return filled == texts.size();
+}
+
+bool PushButton(const Text& caption) {
+    for (const HWND control : ControlsInFront()) {
+        wchar_t text[256] = L"";
+        GetWindowTextW(control, text, 256);
+        if (ClassOf(control) != u"Button" || ReplaceAll(FromWide(text), u"&", u"") != caption) {
+            continue;
+        }
+        SendMessageW(control, BM_CLICK, 0, 0);
+        return true;
+    }
+    return false;
+}
 
 std::vector<HWND> AddInWindows() {
     std::vector<HWND> windows;

@@ -7,6 +7,7 @@
 #include "outlook/AddInForms.h"
 #include "outlook/CommandText.h"
 #include "outlook/ExplorerWindow.h"
+#include "outlook/Stopwatch.h"
 
 namespace tellwick::standin {
 
@@ -55,6 +56,13 @@ std::shared_ptr<Type> AtNumber(const std::vector<std::weak_ptr<Type>>& numbered,
     return numbered[std::size_t(number) - 1].lock();
 }
 
+// Commands wait.
+struct Held {
+    explicit Held(Dispatcher& dispatcher) : dispatcher(dispatcher) { dispatcher.Hold(); }
+    ~Held() { dispatcher.Release(); }
+    Dispatcher& dispatcher;
+};
+
 }  // namespace
 
 struct Commands::Command {
@@ -91,7 +99,9 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},
         {u"click", {2, &Commands::Click}},
-        {u"click-time", {2, &Commands::ClickTime}},
+        {u"time", {1, &Commands::Time}},
+        {u"fill", {1, &Commands::Fill}},
+        {u"push", {1, &Commands::Push}},
         {u"click-menu", {2, &Commands::ClickMenu}},
         {u"where", {2, &Commands::Where}},
         {u"where-item", {2, &Commands::WhereItem}},
@@ -128,21 +138,22 @@ Commands::Commands(OutlookModel& outlook, ComObjects& objects, AddInLoader& load
       session(session) {}
 
 void Commands::Run(std::string_view line) {
-    std::vector<Text> words = SplitWords(FromUtf8(line));
+    const std::vector<Text> words = SplitWords(FromUtf8(line));
     if (words.empty() || StartsWith(words[0], u"#")) return;
-    const auto found = Table().find(words[0]);
-    words.erase(words.begin());
-    if (found == Table().end() || words.size() < found->second.leastWords) {
-        PrintLine(found == Table().end() ? u"error no such command" : u"error too few words");
-        return;
-    }
     try {
         Number();
-        const Text result = (this->*found->second.action)(words);
+        const Text result = Perform(words);
         PrintLine(result.empty() ? Text(u"ok") : u"ok " + result);
     } catch (const std::exception& failure) {
         PrintLine(u"error " + FromUtf8(failure.what()));
     }
+}
+
+Text Commands::Perform(const Words& words) {
+    const auto found = Table().find(words[0]);
+    Require(found != Table().end(), "no such command");
+    Require(words.size() > found->second.leastWords, "too few words");
+    return (this->*found->second.action)({words.begin() + 1, words.end()});
 }
 
 // Gives every window and item that has none yet its number.
@@ -224,21 +235,27 @@ Text Commands::Click(const Words& words) {
     return {};
 }
 
-Text Commands::ClickTime(const Words& words) {
-    LARGE_INTEGER start;
-    LARGE_INTEGER end;
-    LARGE_INTEGER frequency;
-    QueryPerformanceFrequency(&frequency);
-    dispatcher.Hold();
-    QueryPerformanceCounter(&start);
-    Click(words);
+Text Commands::Time(const Words& words) {
+    const Held held(dispatcher);
+    Stopwatch watch;
+    Perform(words);
     RunMessages(desk, 0);
-    QueryPerformanceCounter(&end);
-    dispatcher.Release();
+    const double elapsed = watch.Elapsed();
+    const std::optional<double> queued = watch.Queued();
     wchar_t title[256] = L"";
     GetWindowTextW(GetActiveWindow(), title, 256);
-    return RealText(double(end.QuadPart - start.QuadPart) * 1000.0 / double(frequency.QuadPart)) +
-           u" " + FromWide(title);
+    return RealText(elapsed) + (queued ? u" queued " + RealText(*queued) : Text()) + u" " +
+           FromWide(title);
+}
+
+Text Commands::Fill(const Words& words) {
+    Require(FillFields(words), "no such fields");
+    return {};
+}
+
+Text Commands::Push(const Words& words) {
+    Require(PushButton(words[0]), "no such button");
+    return {};
 }
 
 Text Commands::ClickMenu(const Words& words) {
@@ -342,18 +359,16 @@ Text Commands::Memory(const Words&) {
 }
 
 Text Commands::Pump(const Words&) {
-    dispatcher.Hold();
+    const Held held(dispatcher);
     desk.Synchronise();
     RunMessages(desk, 0);
-    dispatcher.Release();
     return {};
 }
 
 Text Commands::Wait(const Words& words) {
-    dispatcher.Hold();
+    const Held held(dispatcher);
     desk.Synchronise();
     RunMessages(desk, DWORD(std::clamp<std::int64_t>(LeadingNumber(words[0]), 0, 600000)));
-    dispatcher.Release();
     return {};
 }
 

@@ -33,8 +33,13 @@
 //                                    a button that is remembered, as an earlier run leaves one
 //   click N CAPTION [BAR]            clicks a button of a bar
 //   click-menu N CAPTION             chooses an entry of the "New" drop-down
-//   click-time N CAPTION             likewise; milliseconds until the queue is empty again, behind
-//                                    them the title of the window that is active then
+//   time COMMAND...                  another command; milliseconds until the message queue is empty
+//                                    again ("queued" and those until the add-in had queued an SMS),
+//                                    behind them the title of the window that is active then
+//   fill TEXT...                     puts texts into the edit fields of an add-in's window, in
+//   their
+//                                    order
+//   push CAPTION                     clicks a button of an add-in's window
 //   where N CAPTION                  the button's rectangle on the screen: left top right bottom
 //   where-item N ITEM                likewise of an item's line in the list
 // add-ins
@@ -121,7 +126,9 @@ private:
     Text Menu(const Words&);
     Text AddControl(const Words&);
     Text Click(const Words&);
-    Text ClickTime(const Words&);
+    Text Time(const Words&);
+    Text Fill(const Words&);
+    Text Push(const Words&);
     Text ClickMenu(const Words&);
     Text Where(const Words&);
     Text WhereItem(const Words&);
@@ -148,6 +155,7 @@ private:
     struct Command;
     static const std::map<Text, Command>& Table();
 
+    Text Perform(const Words& words);
     Text AddItem(std::int32_t itemClass, const Words& words);
     Text ReplyTo(const std::shared_ptr<Item>& item);
     void Number();
