@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <stdexcept>
 
 #include "platform/Meanwhile.h"
 #include "platform/TestHost.h"
@@ -209,4 +210,15 @@ TEST_CASE("every allocation fails once") {
         sessions += failed;
     }
     MESSAGE("allocations failed one by one: ", sessions);
+}
+
+TEST_CASE("what a handler throws reaches the trace and not the host") {
+    Session session(11, true);
+    session.platform.messageLoop.onDoEvents = [] { throw std::runtime_error("broken"); };
+    session.Run();
+    session.CheckNothingHeld();
+    const std::string trace =
+        session.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents;
+    CHECK(trace.find("440:broken\r\n") != std::string::npos);
+    CHECK(trace.find("Exception\r\n") != std::string::npos);
 }
