@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "language/BuiltInTexts.h"
+#include "platform/Meanwhile.h"
 #include "settings/Debug.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
@@ -122,7 +123,7 @@ std::vector<Text> Language::LanguageNames() {
 void Language::LoadLanguageFile() {
     // While the settings are being located the user's choice is not known: the one load waits.
     if (loaded || inifilesLite.Locating()) return;
-    loaded = true;
+    const Once loading(loaded);
     Procedure procedure{debug, u"LoadLanguageFile"};
     if (!inifilesLite.Located()) inifilesLite.GetIniFile();
 

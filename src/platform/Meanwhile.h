@@ -1,10 +1,12 @@
-// A value that a variable has until the end of a scope, however that is left.
+// Values that depend on how a scope is left.
 #pragma once
 
+#include <exception>
 #include <utility>
 
 namespace tellwick {
 
+// A value that a variable has until the end of the scope, however that is left.
 template <class Type>
 class Meanwhile {
 public:
@@ -18,6 +20,22 @@ public:
 private:
     Type& variable;
     Type before;
+};
+
+// Sets a flag for good, unless the scope is left by an exception: what is done once is then done
+// anew the next time.
+class Once {
+public:
+    explicit Once(bool& flag) : flag(flag) { flag = true; }
+    ~Once() {
+        if (std::uncaught_exceptions() > exceptions) flag = false;
+    }
+    Once(const Once&) = delete;
+    Once& operator=(const Once&) = delete;
+
+private:
+    bool& flag;
+    int exceptions = std::uncaught_exceptions();
 };
 
 }  // namespace tellwick

@@ -62,7 +62,7 @@ const AddressList& Contacts::Addresses() {
     if (loaded) return addresses;
     if (!application) application = automation.Running(u"Outlook.Application");
     if (!application) return addresses;
-    loaded = true;
+    const Once loading(loaded);
     if (!nameSpace) {
         nameSpace = AsObject(Call(errors, application, u"GetNamespace", {Text(u"MAPI")}));
     }

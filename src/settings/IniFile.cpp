@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/Locks.h"
+#include "platform/Meanwhile.h"
 #include "settings/Debug.h"
 #include "settings/Files.h"
 #include "settings/InifilesLite.h"
@@ -38,7 +39,7 @@ IniFile::IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSys
       locale(locale) {}
 
 void IniFile::SetUp() {
-    setUp = true;
+    const Once settingUp(setUp);
     Flush();
     DropCache();
     ReadLetterCase();

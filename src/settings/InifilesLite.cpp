@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/Meanwhile.h"
 #include "platform/Product.h"
 #include "settings/Debug.h"
 #include "settings/Files.h"
@@ -51,7 +52,7 @@ InifilesLite::InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Fil
 
 void InifilesLite::GetIniFile() {
     Procedure procedure{debug, u"GetIniFile"};
-    located = true;
+    const Once locating(located);
     const Text settingsKey = RegistryKey(RootKey, u"Settings");
     const Text kind = regEdit.ReadValue(Hive::CurrentUser, settingsKey, u"SaveIn");
     if (kind.empty()) regEdit.WriteValue(Hive::CurrentUser, settingsKey, u"SaveIn", u"0");

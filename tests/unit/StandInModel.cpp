@@ -217,59 +217,6 @@ TEST_CASE("a handler may drop its own and other subscriptions while it runs") {
     CHECK(host.outlook.LiveSubscriptions().empty());
 }
 
-TEST_CASE("Reply opens Outlook's own answer unless a handler cancels it") {
-    Host host;
-    const auto mail = host.outlook.AddItem(
-        MailClass,
-        {{u"Subject", u"Hello"}, {u"SentOnBehalfOfName", u"+491701234567"}, {u"Body", u"Text"}});
-    CHECK(host.outlook.PressReply(mail));
-    REQUIRE(host.outlook.inspectors->all.size() == 1);
-    CHECK(host.outlook.inspectors->all[0]->item->Field(u"Subject") == u"RE: Hello");
-    host.outlook.CloseInspector(host.outlook.inspectors->all[0]);
-
-    const SubscriptionPtr subscription =
-        mail->Handle()->Advise(ItemEvents, [&](std::int32_t event, std::vector<Value>& arguments) {
-            if (event != event::ItemReply) return;
-            CHECK(AsText(AsObject(arguments[0])->Get(u"To")) == u"+491701234567");
-            arguments[1] = true;
-        });
-    CHECK_FALSE(host.outlook.PressReply(mail));
-    CHECK(host.outlook.inspectors->all.empty());
-    CHECK_FALSE(host.outlook.PressReply(host.outlook.AddItem(ContactClass)));
-}
-
-TEST_CASE("items, their user properties, and the safe way to read them") {
-    for (const std::int32_t version : {9, 11}) {
-        CAPTURE(version);
-        Host host(version);
-        const auto mail = host.outlook.AddItem(MailClass, {{u"Body", u"Hello"}});
-        mail->SetUserProperty(u"IsSMS", true);
-        const ObjectPtr properties = host.Child(mail->Handle(), u"UserProperties");
-        CHECK(AsBoolean(host.Child(properties, u"Item", {Text(u"issms")})->Get(u"Value")));
-        CHECK(host.Child(properties, u"Item", {Text(u"Other")}) == nullptr);
-        CHECK(host.TakeError() == (version < 10 ? standin::error::SubscriptOutOfRange : 0));
-
-        const ObjectPtr safe = host.outlook.CreateSafeMailItem();
-        safe->Get(u"Body");
-        CHECK(host.TakeError() == standin::error::ObjectNotSet);
-        safe->Put(u"Item", host.outlook.AddItem(ContactClass)->Handle());
-        CHECK(host.TakeError() == standin::error::TypeMismatch);
-        safe->Put(u"Item", mail->Handle());
-        CHECK(AsText(safe->Get(u"Body")) == u"Hello");
-
-        host.outlook.AddItem(ContactClass,
-                             {{u"FullName", u"J\u00FCrgen"}, {u"MobileTelephoneNumber", u"0171"}});
-        const ObjectPtr session =
-            AsObject(host.outlook.Application()->Call(u"GetNamespace", {Text(u"MAPI")}));
-        const ObjectPtr folder = AsObject(session->Call(u"GetDefaultFolder", {ContactsFolder}));
-        const ObjectPtr contact = host.Child(host.Child(folder, u"Items"), u"Item", {2});
-        CHECK(contact->TypeName() == u"ContactItem");
-        CHECK(AsNumber(contact->Get(u"Class")) == ContactClass);
-        CHECK(AsText(contact->Get(u"MobileTelephoneNumber")) == u"0171");
-        CHECK(host.TakeError() == 0);
-    }
-}
-
 TEST_CASE("the model tells what is still referenced, and survives whoever keeps a reference") {
     PendingError errors;
     auto outlook = std::make_unique<OutlookModel>(errors, 11);
