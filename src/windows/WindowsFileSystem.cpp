@@ -131,30 +131,40 @@ SwapResult WindowsFileSystem::Swap(TextView path, std::string_view before,
         return SwapResult::Failed;
     }
     const Text aside = Text(path) + u".new";
-    const auto giveUp = [&](SwapResult result) {
+    const Text old = Text(path) + u".old";
+    const auto finish = [&](SwapResult result) {
         if (result == SwapResult::Failed) NoteLastError();
         DeleteFileW(Wide(aside));
+        DeleteFileW(Wide(old));
         return result;
     };
     {
         const Handle file = Open(aside, GENERIC_WRITE, CREATE_ALWAYS);
-        if (!IsOpen(file)) return giveUp(SwapResult::Failed);
+        if (!IsOpen(file)) return finish(SwapResult::Failed);
         if (!WriteTo(file.get(), contents) || !FlushFileBuffers(file.get())) {
-            return giveUp(SwapResult::Failed);
+            return finish(SwapResult::Failed);
         }
     }
+    const auto unchanged = [&](TextView file) {
+        return Length(file) <= 0 ? before.empty() : Read(file).value_or(std::string()) == before;
+    };
+    // A second name, by which the old file can still be read once it has been replaced. Not every
+    // file system gives one.
+    DeleteFileW(Wide(old));
+    const bool linked = CreateHardLinkW(Wide(old), Wide(Text(path)), nullptr);
     for (int attempt = 1;; ++attempt) {
         // Compared last of all, so that hardly any time is left to another program.
-        if (Length(path) > 0 || !before.empty()) {
-            const std::optional<std::string> now = Read(path);
-            if (now.value_or(std::string()) != before) return giveUp(SwapResult::Changed);
-        }
+        if (!unchanged(path)) return finish(SwapResult::Changed);
         if (MoveFileExW(Wide(aside), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) {
-            return SwapResult::Done;
+            // It may have used even that: then what it wrote comes back.
+            const bool tooLate =
+                linked && !unchanged(old) &&
+                MoveFileExW(Wide(old), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING);
+            return finish(tooLate ? SwapResult::Changed : SwapResult::Done);
         }
         const DWORD error = GetLastError();
         const bool isOpen = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-        if (!isOpen || attempt == MostAttempts) return giveUp(SwapResult::Failed);
+        if (!isOpen || attempt == MostAttempts) return finish(SwapResult::Failed);
         Sleep(AttemptPause);
     }
 }

@@ -167,6 +167,7 @@ private:
     void Publish();
     void TakeAll();
     void Take(const Entry& entry);
+    void Log(const Entry& entry, const std::string& message);
 
     Options options;
     HWND window = nullptr;
@@ -271,14 +272,18 @@ void Sender::TakeAll() {
     for (const Entry& entry : ReadQueue()) Take(entry);
 }
 
+// Logged before it is deleted: who is killed in between takes the entry twice, and loses none.
 void Sender::Take(const Entry& entry) {
     const std::optional<std::string> message = ReadFileBytes(entry.path);
+    if (message) Log(entry, *message);
     DeleteValue(QueueKey, entry.name.c_str());
     DeleteFileA(entry.path.c_str());
-    if (!message) return;
-    const std::size_t tab = std::min(message->find('\t'), message->size());
-    const std::string recipient = Escaped(message->substr(0, tab));
-    const std::string text = Escaped(message->substr(std::min(tab + 1, message->size())));
+}
+
+void Sender::Log(const Entry& entry, const std::string& message) {
+    const std::size_t tab = std::min(message.find('\t'), message.size());
+    const std::string recipient = Escaped(message.substr(0, tab));
+    const std::string text = Escaped(message.substr(std::min(tab + 1, message.size())));
     const std::string line = entry.name + "\t" + recipient + "\t" + text;
 
     DWORD written = 0;

@@ -7,6 +7,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "endtoend/Child.h"
+
 namespace tellwick::endtoend {
 
 namespace {
@@ -125,19 +127,9 @@ void WriteBytes(const std::wstring& path, const std::string& bytes) {
 }
 
 Finished Run(const std::wstring& commandLine) {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    std::wstring line = commandLine;
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
-        return {GetLastError(), false};
-    Finished finished{0, WaitForSingleObject(process.hProcess, 30000) == WAIT_OBJECT_0};
-    GetExitCodeProcess(process.hProcess, &finished.exitCode);
-    if (!finished.inTime) TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return finished;
+    Child child(commandLine);
+    const bool inTime = child.Ends(30000);
+    return {child.ExitCode(), inTime};
 }
 
 void EndSender() {

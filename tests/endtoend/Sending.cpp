@@ -48,8 +48,7 @@ TEST_CASE("an SMS arrives in the queue, and at the sender after a Yes") {
         "1\t0171 2345678\tGr\xfc\xdf"
         "e aus K\xf6ln,\\r\\nzweite Zeile\n";
     CHECK(WaitUntil([&] { return machine.Sent() == first; }, 10000));
-    CHECK_FALSE(ReadText(QueueKey, L"1"));
-    CHECK_FALSE(FileExists(*path));
+    CHECK(WaitUntil([&] { return !ReadText(QueueKey, L"1") && !FileExists(*path); }));
     CHECK(ReadText(QueueKey, L"cOut") == L"1");
     CHECK(ReadText(RootKey, L"On") == L"1");
     CHECK(WaitUntil([] { return !FindTopWindow(L"SMS erstellen"); }));

@@ -1,0 +1,174 @@
+// Queue and settings while several programs write them and some of these are killed. Short in a
+// normal run; TELLWICK_SOAK, a number of seconds, makes them long.
+#include <doctest.h>
+
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "endtoend/Child.h"
+#include "endtoend/Desktop.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+const int Soak = std::getenv("TELLWICK_SOAK") ? std::atoi(std::getenv("TELLWICK_SOAK")) : 0;
+
+std::mt19937 random(GetTickCount());
+DWORD UpTo(DWORD most) {
+    return std::uniform_int_distribution<DWORD>(0, most)(random);
+}
+
+std::wstring FireCommand(const std::wstring& arguments) {
+    return L"\"" + BuildFolder() + L"fire.exe\" " + arguments;
+}
+
+// Number and file of every entry that waits.
+std::map<std::string, std::string> Waiting() {
+    std::map<std::string, std::string> waiting;
+    HKEY key;
+    REQUIRE(!RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Omberline\\Tellwick\\SMSQueue", 0,
+                           KEY_READ, &key));
+    for (DWORD index = 0;; ++index) {
+        char name[64], path[MAX_PATH];
+        DWORD length = sizeof name, size = sizeof path;
+        if (RegEnumValueA(key, index, name, &length, nullptr, nullptr,
+                          reinterpret_cast<BYTE*>(path), &size))
+            break;
+        if (std::string(name) != "cOut") waiting[name] = path;
+    }
+    RegCloseKey(key);
+    return waiting;
+}
+
+}  // namespace
+
+// The sender logs an entry before it deletes it: killed in between, it takes the same entry again
+// when it comes back. Such a repetition has number, recipient and text of the first line, and there
+// is at most one for each kill; two entries under one number differ in recipient or text.
+TEST_CASE("two writers and a sender that is killed again and again lose no SMS") {
+    Machine machine;
+    const int count = Soak ? 10000 : 1000;
+    const std::wstring first = L"1048000";  // so that the numbers begin again at 0 on the way
+    WriteText(QueueKey, L"cOut", first);
+    int kills = 0, pointsNowhere = 0;
+    {
+        const std::wstring number = std::to_wstring(count);
+        const Child writers[] = {Child(FireCommand(L"queue 0171 " + number)),
+                                 Child(FireCommand(L"queue 0172 " + number))};
+        const auto writing = [&] { return !writers[0].Ends(0) || !writers[1].Ends(0); };
+        while (writing()) {
+            Child sender(L"\"" + machine.ProgramFolder() + L"Tellwick.exe\" nocheck");
+            WaitUntil([] { return FindWindowW(L"TellwickSender", nullptr) != nullptr; });
+            const DWORD life = UpTo(500);
+            for (const DWORD start = GetTickCount(); GetTickCount() - start < life;) {
+                const std::wstring last = *ReadText(QueueKey, L"cOut");
+                if (last == first || ReadText(QueueKey, last)) continue;
+                const std::string line = std::string(last.begin(), last.end()) + "\t";
+                pointsNowhere += ("\n" + machine.Sent()).find("\n" + line) == std::string::npos;
+            }
+            sender.Kill();
+            ++kills;
+        }
+        for (const Child& writer : writers) CHECK(writer.ExitCode() == 0);
+    }
+    CHECK(pointsNowhere == 0);
+
+    std::map<std::string, std::string> messages;  // recipient and text, by number
+    int repeated = 0, usedTwice = 0;
+    const auto add = [&](const std::string& name, const std::string& message) {
+        const auto [at, isNew] = messages.emplace(name, message);
+        if (!isNew) ++(at->second == message ? repeated : usedTwice);
+    };
+    std::istringstream log(machine.Sent());
+    for (std::string line; std::getline(log, line);) {
+        const std::size_t tab = line.find('\t');
+        add(line.substr(0, tab), line.substr(tab + 1));
+    }
+    const auto waiting = Waiting();
+    for (const auto& [name, path] : waiting)
+        add(name, ReadBytes(std::wstring(path.begin(), path.end())));
+    std::set<std::string> all;
+    for (const auto& [name, message] : messages) all.insert(message);
+    std::size_t there = 0;
+    for (int number = 1; number <= count; ++number)
+        for (const char* recipient : {"0171\t", "0172\t"})
+            there += all.count(recipient + std::to_string(number));
+    MESSAGE("of " << 2 * count << " SMS, " << kills << " kills of the sender, " << waiting.size()
+                  << " SMS waiting, " << repeated << " taken twice");
+    CHECK(usedTwice == 0);
+    CHECK(there == std::size_t(2 * count));
+    CHECK(messages.size() == std::size_t(2 * count));
+    CHECK(repeated <= kills);
+    CHECK(kills >= 2);
+}
+
+TEST_CASE("settings that three programs change at once keep everybody's last value") {
+    Machine machine;
+    const std::wstring file = machine.ProgramFolder() + L"fire.ini";
+    std::string contents = "[Sender]\r\n";
+    for (int key = 0; key < 10; ++key) contents += "Key" + std::to_string(key) + "=\r\n";
+    WriteBytes(file, contents);
+    const std::wstring names[] = {L"One", L"Two", L"Sender"};
+    const auto output = [&](const std::wstring& name) {
+        return machine.ProgramFolder() + name + L".txt";
+    };
+    const int seconds = Soak ? Soak : 3;
+    {
+        std::vector<std::unique_ptr<Child>> writers;
+        for (const std::wstring& name : names) {
+            const std::wstring mode = name == L"Sender" ? L"sender-settings \"" : L"settings \"";
+            writers.push_back(std::make_unique<Child>(
+                FireCommand(mode + file + L"\" " + name + L" " + std::to_wstring(seconds)),
+                output(name)));
+        }
+        for (const auto& writer : writers) CHECK(writer->Ends(DWORD(seconds + 20) * 1000));
+    }
+    for (const std::wstring& name : names) {
+        CAPTURE(name);
+        std::istringstream printed(ReadBytes(output(name)));
+        int values = 0;
+        for (std::string line; std::getline(printed, line); ++values) {
+            while (line.ends_with('\r')) line.pop_back();
+            const std::size_t equals = line.find('=');
+            const std::wstring key(line.begin(), line.begin() + std::ptrdiff_t(equals));
+            const std::wstring value(line.begin() + std::ptrdiff_t(equals) + 1, line.end());
+            if (key == L"Key0")
+                MESSAGE(std::string(name.begin(), name.end())
+                        << " changed the file " << std::stoi(value) << " times");
+            wchar_t found[32]{};
+            GetPrivateProfileStringW(name.c_str(), key.c_str(), L"0", found, 32, file.c_str());
+            CHECK_MESSAGE(found == value, key);
+            CHECK(value != (key == L"lost" ? L"" : L"0"));
+        }
+        CHECK(values == 11);
+    }
+}
+
+TEST_CASE("a file is wholly old or wholly new, whenever its writer is killed") {
+    Machine machine;
+    const std::wstring file = machine.ProgramFolder() + L"fire.ini";
+    const int kills = Soak ? 200 : 12;
+    int withA = 0;
+    for (int kill = 0; kill < kills; ++kill) {
+        Child writer(FireCommand(L"swap \"" + file + L"\""));
+        REQUIRE(WaitUntil([&] { return FileExists(file); }));
+        Sleep(UpTo(150));
+        writer.Kill();
+        const std::string contents = ReadBytes(file);
+        const char letter = contents.empty() ? ' ' : contents[0];
+        withA += letter == 'a';
+        std::string whole;
+        for (int line = 0; line < 5000; ++line) whole += std::string(62, letter) + "\r\n";
+        REQUIRE(contents == whole);
+    }
+    MESSAGE(kills << " kills, all \"a\" after " << withA);
+}

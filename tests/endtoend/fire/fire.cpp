@@ -1,0 +1,141 @@
+// Puts queue and settings under fire, through the add-in's own modules over the real system:
+//
+//   fire queue NAME COUNT                        submits so many SMS to NAME, numbered from 1
+//   fire settings FILE SECTION SECONDS           counts the keys of a section up
+//   fire sender-settings FILE SECTION SECONDS    the same as a program does that has no lock
+//   fire swap FILE                               replaces the whole file until it is killed
+//
+// The settings modes look each time whether the value they wrote last is still there, and print
+// "KEY=VALUE" with the last value of each key, and "lost=N".
+#include "windows/Com.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "compose/SmsQueue.h"
+#include "platform/MemoryPlatform.h"
+#include "platform/Modules.h"
+#include "windows/SystemPorts.h"
+#include "windows/WindowsFileSystem.h"
+
+using namespace tellwick;
+
+namespace tellwick::windows {
+
+void ReportException() noexcept {
+    std::abort();
+}
+
+}  // namespace tellwick::windows
+
+namespace {
+
+constexpr int Keys = 10;
+
+// Nothing but registry, files and locks is real; the user's answers and the like are not needed.
+struct Machine {
+    test::MemoryPlatform memory;
+    windows::WindowsRegistry registry;
+    windows::WindowsFileSystem fileSystem{memory.errors, memory.automation};
+    windows::WindowsLocale locale;
+    windows::WindowsLocks locks;
+    test::Modules modules{{memory.errors, registry, fileSystem, memory.programs, memory.messageLoop,
+                           memory.dialogs, memory.clock, locale, memory.automation, memory.bitmaps,
+                           memory.timers, locks}};
+};
+
+void Queue(Machine& machine, const Text& name, int count) {
+    SmsQueue queue(machine.modules.regEdit, machine.modules.files, machine.fileSystem,
+                   machine.locks);
+    for (int number = 1; number <= count; ++number) {
+        queue.AddEntry(name, NumberText(number));
+        // The signal that the sender waits for.
+        PostMessageW(FindWindowW(L"TellwickSender", nullptr), WM_KEYUP, 0, 0);
+    }
+}
+
+// Calls change(key, last value, new value) for one key after the other. It answers whether the last
+// value was there.
+template <class Change>
+void CountUp(DWORD seconds, const Change& change) {
+    std::array<int, Keys> last{};
+    int lost = 0;
+    int count = 0;
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < seconds * 1000;) {
+        int& value = last[std::size_t(++count % Keys)];
+        const std::string key = "Key" + std::to_string(count % Keys);
+        lost += !change(key, value == 0 ? "" : std::to_string(value), std::to_string(count));
+        value = count;
+    }
+    for (int key = 0; key < Keys; ++key) std::printf("Key%d=%d\n", key, last[std::size_t(key)]);
+    std::printf("lost=%d\n", lost);
+}
+
+void Settings(Machine& machine, const Text& file, const Text& section, DWORD seconds) {
+    IniFile& iniFile = machine.modules.iniFile;
+    const auto wide = [](const std::string& ascii) { return Text(ascii.begin(), ascii.end()); };
+    CountUp(seconds, [&](const std::string& key, const std::string& last, const std::string& next) {
+        const bool kept = iniFile.ReadFromIniFile(file, section, wide(key), {}, 1) == wide(last);
+        iniFile.WriteToIniFile(file, section, wide(key), wide(next));
+        return kept;
+    });
+    for (int attempt = 0; !iniFile.Flush() && attempt < 100; ++attempt) Sleep(10);
+}
+
+// The section is there already, with all its keys.
+void SenderSettings(const Text& path, const std::string& section, DWORD seconds) {
+    CountUp(seconds, [&](const std::string& key, const std::string& last, const std::string& next) {
+        windows::Handle file;
+        do {
+            Sleep(10);
+            file.reset(CreateFileW(windows::Wide(path), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                   OPEN_EXISTING, 0, nullptr));
+        } while (file.get() == INVALID_HANDLE_VALUE);
+        std::string contents(GetFileSize(file.get(), nullptr), '\0');
+        DWORD bytes = 0;
+        ReadFile(file.get(), contents.data(), DWORD(contents.size()), &bytes, nullptr);
+        const std::size_t value =
+            contents.find("\r\n" + key + "=", contents.find("[" + section + "]")) + key.size() + 3;
+        const std::size_t end = contents.find("\r\n", value);
+        const bool kept = contents.substr(value, end - value) == last;
+        contents.replace(value, end - value, next);
+        SetFilePointer(file.get(), 0, nullptr, FILE_BEGIN);
+        WriteFile(file.get(), contents.data(), DWORD(contents.size()), &bytes, nullptr);
+        SetEndOfFile(file.get());
+        return kept;
+    });
+}
+
+[[noreturn]] void SwapForEver(Machine& machine, const Text& file) {
+    for (std::string before = machine.fileSystem.Read(file).value_or("");;) {
+        std::string next;
+        const std::string line(62, before.starts_with('a') ? 'b' : 'a');
+        for (int lines = 0; lines < 5000; ++lines) next.append(line).append("\r\n");
+        if (machine.fileSystem.Swap(file, before, next) == SwapResult::Done) before = next;
+    }
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** words) {
+    const auto word = [&](int index) {
+        return windows::FromWide(index < count ? words[index] : L"");
+    };
+    const auto number = [&](int index) { return int(LeadingNumber(word(index))); };
+    const Text mode = word(1);
+    Machine machine;
+    if (mode == u"queue") {
+        Queue(machine, word(2), number(3));
+    } else if (mode == u"settings") {
+        Settings(machine, word(2), word(3), DWORD(number(4)));
+    } else if (mode == u"sender-settings") {
+        SenderSettings(word(2), windows::ToAnsi(word(3)), DWORD(number(4)));
+    } else if (mode == u"swap") {
+        SwapForEver(machine, word(2));
+    } else {
+        return 2;
+    }
+    return 0;
+}
