@@ -74,10 +74,17 @@ Program& TheProgram() {
 
 using namespace tellwick::windows;
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+namespace __gnu_cxx {
+void __freeres();  // of the language's runtime; it declares it nowhere
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {
         library = instance;
         DisableThreadLibraryCalls(instance);
+    } else if (reason == DLL_PROCESS_DETACH && !processEnds) {
+        // The runtime's reserve for exceptions, taken at every load and else never given back.
+        __gnu_cxx::__freeres();
     }
     return TRUE;
 }

@@ -29,6 +29,10 @@ std::string ButtonCaption(StandIn& outlook) {
 
 Form Form::Open(StandIn& outlook) {
     outlook.ClickButton(1, ButtonCaption(outlook));
+    return Opened();
+}
+
+Form Form::Opened() {
     Form form;
     form.window = WaitForWindow(L"Corvane - ");
     REQUIRE(form.window);

@@ -12,6 +12,8 @@ struct Form {
 
     // Opens it through the toolbar button of the first explorer.
     static Form Open(StandIn& outlook);
+    // The one that is opening now.
+    static Form Opened();
     // Replaces a field's text by typing.
     static void Fill(HWND field, const std::wstring& text);
     // The button, check box or label with that text, mnemonic not counted.

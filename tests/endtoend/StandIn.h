@@ -26,6 +26,8 @@ public:
     // Brings an explorer to the front and clicks its toolbar button with the mouse.
     void ClickButton(int explorer, const std::string& caption);
 
+    HANDLE Process() const { return process; }
+
     struct End {
         DWORD exitCode;  // 0: the add-in left nothing behind
         std::string report;
