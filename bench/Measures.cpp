@@ -115,7 +115,7 @@ void MeasureLanguage(test::Modules& modules) {
     std::size_t found = 0;
     const auto lookUp = [&] {
         for (const Lookup& lookup : lookups) {
-            found += modules.language.GetLanguageString(lookup.section, lookup.key).size() != 0;
+            found += modules.language.GetLanguageString(lookup.section, lookup.key).empty() ? 0 : 1;
         }
     };
     lookUp();

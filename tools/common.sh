@@ -1,5 +1,14 @@
 # Shared by the steps of `run`; sourced, not run.
-set -euo pipefail
+set -Eeuo pipefail
+
+# No step ends without a word: what fails and has not said so itself is named here, by its line in
+# the script, whatever function that led into. A step that keeps a log names it in `log`.
+unexpected() {
+    local status=$? line=${BASH_LINENO[-2]}
+    printf 'error: %s, line %s, status %s: %s%s\n' "${0##*/}" "$line" "$status" \
+        "$(sed -n "${line}s/^ *//p" "$0")" "${log:+ (see $log)}" >&2
+}
+trap unexpected ERR
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 tools=$root/tools

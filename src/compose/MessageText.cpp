@@ -26,14 +26,14 @@ bool IsSeparator(char16_t unit) {
 }
 
 std::int32_t WordLeft(TextView text, std::int32_t position) {
-    std::size_t at = std::size_t(position);
+    auto at = std::size_t(position);
     while (at > 0 && IsSeparator(text[at - 1])) --at;
     while (at > 0 && !IsSeparator(text[at - 1])) --at;
     return std::int32_t(at);
 }
 
 std::int32_t WordRight(TextView text, std::int32_t position) {
-    std::size_t at = std::size_t(position);
+    auto at = std::size_t(position);
     while (at < text.size() && !IsSeparator(text[at])) ++at;
     while (at < text.size() && IsSeparator(text[at])) ++at;
     return std::int32_t(at);
@@ -79,12 +79,12 @@ void MessageText::Message_Change() {
         box.Select(std::max(caret - 1, 0), 0);
         return;
     }
-    const std::int32_t boxLength = std::int32_t(text.size());
+    const auto boxLength = std::int32_t(text.size());
     if (hexFlag) {
         text = ConvertHexTextToText(text);
         std::erase(text, LineFeed);
     }
-    const std::int32_t ownLength = std::int32_t(text.size());
+    const auto ownLength = std::int32_t(text.size());
     if (ownLength > SingleLimit) partSize = PartSize;
     const std::int32_t counted = ownLength + extraLength;
     // Looked up and not shown, on purpose.

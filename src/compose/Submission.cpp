@@ -61,7 +61,7 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
 void Submission::RemoveKeyLineBreak() {
     messageLoop.DoEvents();
     Text text = view.Message().GetText();
-    const std::size_t caret = std::size_t(view.Message().SelectionStart());
+    const auto caret = std::size_t(view.Message().SelectionStart());
     if (caret < LineBreak.size() || caret > text.size()) return;
     const std::size_t start = caret - LineBreak.size();
     if (TextView(text).substr(start, LineBreak.size()) != LineBreak) return;

@@ -16,9 +16,9 @@ class Object;
 // An empty pointer is the empty reference ("Nothing").
 using ObjectPtr = std::shared_ptr<Object>;
 
-// No value. It has a copy constructor of its own because libstdc++ takes a variant of trivial types,
-// strings and shared pointers for one that always holds something, and destroys a text whose copy
-// failed for want of memory.
+// No value. It has a copy constructor of its own because libstdc++ takes a variant of trivial
+// types, strings and shared pointers for one that always holds something, and destroys a text whose
+// copy failed for want of memory.
 struct Nothing {
     Nothing() = default;
     Nothing(const Nothing&) noexcept {}

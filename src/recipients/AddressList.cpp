@@ -50,7 +50,7 @@ std::vector<std::size_t> AddressList::Matches(TextView search) const {
             ++at;
             continue;
         }
-        const std::size_t position = std::size_t(at - begin);
+        const auto position = std::size_t(at - begin);
         const char16_t* const behind = at + wanted.size();
         const bool atStart = position > 0 && at[-1] == LineFeed;
         const bool closed = behind != end && (*behind == u' ' || *behind == u'(');

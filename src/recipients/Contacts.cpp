@@ -80,6 +80,7 @@ const AddressList& Contacts::Addresses() {
     }
     std::stable_sort(entries.begin(), entries.end());
     std::vector<Text> texts;
+    texts.reserve(entries.size());
     for (const Entry& entry : entries) texts.push_back(entry.AsText());
     addresses.Assign(std::move(texts));
     return addresses;

@@ -26,6 +26,7 @@ void SortList(Debug& debug, std::vector<Text>& list, std::int32_t bound) {
     if (bound < 0 || bound > upper) bound = upper;
     if (bound < 0) return;
     std::vector<Text> lower;
+    lower.reserve(list.size());
     for (const Text& text : list) lower.push_back(LowerCase(text));
     // So many passes suffice for every list; the limit only guards.
     bool swapped = true;

@@ -45,7 +45,7 @@ Text PlainLanguageRead(Text text, const Text& section, const Text& key) {
     const std::size_t at = text.find(u"\r" + key + u"=", begin);
     if (at >= Within(end, text)) return {};
     const std::size_t value = at + 1 + key.size() + 1;
-    const Text found = text.substr(value, Within(text.find(u"\r", value), text) - value);
+    const Text found = text.substr(value, Within(text.find(u'\r', value), text) - value);
     return ReplaceAll(ReplaceAll(found, u"\\n", u"\r"), u"\\t", u"\t");
 }
 

@@ -301,7 +301,7 @@ bool MemoryBitmaps::Fails() {
 }
 
 BitmapHandle MemoryBitmaps::Load(std::int32_t resource) {
-    return Fails() ? 0 : BitmapHandle(1000 + resource);
+    return Fails() ? 0 : 1000 + BitmapHandle(resource);
 }
 
 void MemoryBitmaps::ClearClipboard() {
@@ -314,7 +314,7 @@ void MemoryBitmaps::PutOnClipboard(const ObjectPtr& picture) {
 
 BitmapHandle MemoryBitmaps::CreateMapped(std::int32_t resource, SystemColour lightGrey) {
     if (Fails()) return 0;
-    return BitmapHandle(resource + (lightGrey == SystemColour::Number0 ? 2000 : 3000));
+    return BitmapHandle(resource) + (lightGrey == SystemColour::Number0 ? 2000 : 3000);
 }
 
 ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {

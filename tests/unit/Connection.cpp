@@ -8,7 +8,6 @@
 
 using namespace tellwick;
 using namespace tellwick::test;
-namespace model = tellwick::standin;
 
 namespace {
 

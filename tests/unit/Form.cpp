@@ -92,17 +92,16 @@ TEST_CASE("what is in the form comes back with the next one, each value in its p
     test.view.CheckLong().SetChecked(true);
     CHECK(test.Setting(u"Positions", u"SMSExpanded").empty());
     test.form.Unload();
-    for (const auto& [section, key, value] :
-         {std::array<TextView, 3>{u"Positions", u"SMSSendx", u"500"},
-          {u"Positions", u"SMSSendy", u"330"},
-          {u"Positions", u"SMSSendPosx", u"-1200"},
-          {u"Positions", u"SMSSendPosy", u"40"},
-          {u"Positions", u"SMSExpanded", u"-1"},
-          {u"SMS", u"LastText", u"a\\13\\10b"},
-          {u"SMS", u"LastTextattachment", u"\\10b"},
-          {u"SMS", u"DoNotContactLong", u"-1"}}) {
-        CAPTURE(Text(key));
-        CHECK(test.Setting(section, key) == value);
+    for (const auto& setting : {std::array<TextView, 3>{u"Positions", u"SMSSendx", u"500"},
+                                {u"Positions", u"SMSSendy", u"330"},
+                                {u"Positions", u"SMSSendPosx", u"-1200"},
+                                {u"Positions", u"SMSSendPosy", u"40"},
+                                {u"Positions", u"SMSExpanded", u"-1"},
+                                {u"SMS", u"LastText", u"a\\13\\10b"},
+                                {u"SMS", u"LastTextattachment", u"\\10b"},
+                                {u"SMS", u"DoNotContactLong", u"-1"}}) {
+        CAPTURE(Text(setting[1]));
+        CHECK(test.Setting(setting[0], setting[1]) == setting[2]);
     }
     test.Open();
     CHECK(test.view.positioned);

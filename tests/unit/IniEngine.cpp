@@ -175,8 +175,7 @@ TEST_CASE("changes by another program") {
         CHECK_FALSE(engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"4"));
         engine.disk.onSwap = nullptr;
         CHECK(engine.iniFile.Flush());
-        CHECK(engine.File(File1) ==
-              "[T]\r\n" + std::to_string(turns) + "\r\n[S]\r\nk=4\r\n");
+        CHECK(engine.File(File1) == "[T]\r\n" + std::to_string(turns) + "\r\n[S]\r\nk=4\r\n");
     }
     SUBCASE("seen by every read when that is switched on, even over unwritten changes") {
         engine.iniFile.WriteToIniFile(File1, u"S", u"k", u"3", false);

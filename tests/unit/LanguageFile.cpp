@@ -158,7 +158,7 @@ TEST_CASE("texts read once fall back on English") {
     m.SetRegistry(u"Control Panel\\International", u"sLanguage", u"DEU");
     m.inifilesLite.GetIniFile();
     CHECK((m.language.Loaded().infrared == u"Infrarot"));
-    CHECK((m.language.Loaded().outlook == u""));
+    CHECK(m.language.Loaded().outlook.empty());
     CHECK((m.language.Loaded().anniversary == u"Anniversary"));
     CHECK((m.language.Loaded().birthday == u"Geburtstag"));
 }

@@ -151,7 +151,7 @@ TEST_CASE("in the hexadecimal view two digits count as one character, line feeds
     form.Events().ButtonHex_Click();
     CHECK(form.Status() == form.StatusFor(u"4/160"));
     form.Type(Letters(0));
-    form.Type(Text(2 * 900, u'4'));
+    form.Type(Text(1800, u'4'));
     CHECK(form.Box().GetText().size() == 2 * 799);
 }
 

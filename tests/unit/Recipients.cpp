@@ -255,6 +255,7 @@ TEST_CASE("typing shows the matching addresses, and choosing one replaces what w
 TEST_CASE("AddressList finds what a plain search finds") {
     AddressList list;
     std::vector<Text> entries;
+    entries.reserve(400);
     for (int i = 0; i < 400; ++i) {
         entries.push_back(u"Name" + NumberText(i * 7919 % 400) + (i % 3 ? u" x" : u"\u00C4a") +
                           u"  (+49" + NumberText(i) + u")");

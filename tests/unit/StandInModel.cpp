@@ -14,7 +14,8 @@ namespace {
 struct Host {
     explicit Host(std::int32_t version = 11) : outlook(errors, version) {}
 
-    ObjectPtr Child(const ObjectPtr& object, TextView member, std::vector<Value> arguments = {}) {
+    ObjectPtr Child(const ObjectPtr& object, TextView member,
+                    const std::vector<Value>& arguments = {}) {
         return AsObject(object->Get(member, arguments));
     }
     // The error that the last step left, taken away.
@@ -23,10 +24,11 @@ struct Host {
         errors.Clear();
         return number;
     }
-    SubscriptionPtr Log(const ObjectPtr& source, const EventInterface& events, Text name) {
-        return source->Advise(events, [this, name](std::int32_t event, std::vector<Value>&) {
-            log += name + u":" + HexText(std::uint32_t(event)) + u" ";
-        });
+    SubscriptionPtr Log(const ObjectPtr& source, const EventInterface& events, TextView name) {
+        return source->Advise(events,
+                              [this, name = Text(name)](std::int32_t event, std::vector<Value>&) {
+                                  log += name + u":" + HexText(std::uint32_t(event)) + u" ";
+                              });
     }
     ObjectPtr StandardControls(const std::shared_ptr<Explorer>& explorer) {
         const ObjectPtr bars = Child(explorer->Handle(), u"CommandBars");
@@ -230,6 +232,7 @@ TEST_CASE("the model tells what is still referenced, and survives whoever keeps 
     REQUIRE(held.size() == 1);
     CHECK(held[0].className == u"Explorer");
     CHECK(held[0].count == 2);
+    CHECK(second == explorer);
     CHECK(outlook->LiveSubscriptions() == std::vector<Text>{u"Explorer"});
 
     outlook.reset();
