@@ -56,7 +56,7 @@ std::map<std::string, std::string> Waiting() {
 // is at most one for each kill; two entries under one number differ in recipient or text.
 TEST_CASE("two writers and a sender that is killed again and again lose no SMS") {
     Machine machine;
-    const int count = Soak ? 10000 : 1000;
+    const int count = Soak ? 10000 : 500;
     const std::wstring first = L"1048000";  // so that the numbers begin again at 0 on the way
     WriteText(QueueKey, L"cOut", first);
     int kills = 0, pointsNowhere = 0;
@@ -68,7 +68,7 @@ TEST_CASE("two writers and a sender that is killed again and again lose no SMS")
         while (writing()) {
             Child sender(L"\"" + machine.ProgramFolder() + L"Tellwick.exe\" nocheck");
             WaitUntil([] { return FindWindowW(L"TellwickSender", nullptr) != nullptr; });
-            const DWORD life = UpTo(500);
+            const DWORD life = UpTo(Soak ? 2000 : 400);
             for (const DWORD start = GetTickCount(); GetTickCount() - start < life;) {
                 const std::wstring last = *ReadText(QueueKey, L"cOut");
                 if (last == first || ReadText(QueueKey, last)) continue;
@@ -108,7 +108,7 @@ TEST_CASE("two writers and a sender that is killed again and again lose no SMS")
     CHECK(there == std::size_t(2 * count));
     CHECK(messages.size() == std::size_t(2 * count));
     CHECK(repeated <= kills);
-    CHECK(kills >= 2);
+    CHECK(kills >= 1);
 }
 
 TEST_CASE("settings that three programs change at once keep everybody's last value") {
@@ -121,7 +121,7 @@ TEST_CASE("settings that three programs change at once keep everybody's last val
     const auto output = [&](const std::wstring& name) {
         return machine.ProgramFolder() + name + L".txt";
     };
-    const int seconds = Soak ? Soak : 3;
+    const int seconds = Soak ? Soak : 2;
     {
         std::vector<std::unique_ptr<Child>> writers;
         for (const std::wstring& name : names) {
