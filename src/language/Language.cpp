@@ -123,7 +123,7 @@ std::vector<Text> Language::LanguageNames() {
 void Language::LoadLanguageFile() {
     // While the settings are being located the user's choice is not known: the one load waits.
     if (loaded || inifilesLite.Locating()) return;
-    const Once loading(loaded);
+    Once loading(loaded);
     Procedure procedure{debug, u"LoadLanguageFile"};
     if (!inifilesLite.Located()) inifilesLite.GetIniFile();
 
@@ -143,6 +143,7 @@ void Language::LoadLanguageFile() {
                              box::IconExclamation);
     }
     ReadLoadedTexts(folder);
+    loading.Done();
 }
 
 void Language::SetText(std::string_view bytes) {

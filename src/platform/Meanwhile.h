@@ -1,7 +1,6 @@
 // Values that depend on how a scope is left.
 #pragma once
 
-#include <exception>
 #include <utility>
 
 namespace tellwick {
@@ -22,20 +21,21 @@ private:
     Type before;
 };
 
-// Sets a flag for good, unless the scope is left by an exception: what is done once is then done
+// Sets a flag, for good once it is done. Left before, by an exception, what is done once is done
 // anew the next time.
 class Once {
 public:
     explicit Once(bool& flag) : flag(flag) { flag = true; }
     ~Once() {
-        if (std::uncaught_exceptions() > exceptions) flag = false;
+        if (!done) flag = false;
     }
+    void Done() { done = true; }
     Once(const Once&) = delete;
     Once& operator=(const Once&) = delete;
 
 private:
     bool& flag;
-    int exceptions = std::uncaught_exceptions();
+    bool done = false;
 };
 
 }  // namespace tellwick

@@ -62,7 +62,7 @@ const AddressList& Contacts::Addresses() {
     if (loaded) return addresses;
     if (!application) application = automation.Running(u"Outlook.Application");
     if (!application) return addresses;
-    const Once loading(loaded);
+    Once loading(loaded);
     if (!nameSpace) {
         nameSpace = AsObject(Call(errors, application, u"GetNamespace", {Text(u"MAPI")}));
     }
@@ -83,6 +83,7 @@ const AddressList& Contacts::Addresses() {
     texts.reserve(entries.size());
     for (const Entry& entry : entries) texts.push_back(entry.AsText());
     addresses.Assign(std::move(texts));
+    loading.Done();
     return addresses;
 }
 

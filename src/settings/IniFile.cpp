@@ -39,7 +39,7 @@ IniFile::IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSys
       locale(locale) {}
 
 void IniFile::SetUp() {
-    const Once settingUp(setUp);
+    Once settingUp(setUp);
     Flush();
     DropCache();
     ReadLetterCase();
@@ -47,6 +47,7 @@ void IniFile::SetUp() {
     const std::int32_t wanted =
         LeadingNumber32(inifilesLite.GetBaseIniSetting(u"Files", u"MaxSize", u"512000"));
     if (wanted >= LeastMaxSize) maxSize = wanted;
+    settingUp.Done();
 }
 
 void IniFile::ReadLetterCase() {

@@ -52,7 +52,7 @@ InifilesLite::InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Fil
 
 void InifilesLite::GetIniFile() {
     Procedure procedure{debug, u"GetIniFile"};
-    const Once locating(located);
+    Once locating(located);
     const Text settingsKey = RegistryKey(RootKey, u"Settings");
     const Text kind = regEdit.ReadValue(Hive::CurrentUser, settingsKey, u"SaveIn");
     if (kind.empty()) regEdit.WriteValue(Hive::CurrentUser, settingsKey, u"SaveIn", u"0");
@@ -70,6 +70,7 @@ void InifilesLite::GetIniFile() {
     debug.DebugTrace(NumberText(saveIn) + u": " + currentFile, trace::FreeText);
     defaultsFile = paths.ProgramFolder() + u"defaults.ini";
     language.LoadLanguageFile();
+    locating.Done();
 }
 
 // The file that reads and writes go to; names the base file on the way.
