@@ -21,7 +21,9 @@ using ObjectPtr = std::shared_ptr<Object>;
 // copy failed for want of memory.
 struct Nothing {
     Nothing() = default;
+    // NOLINTNEXTLINE(modernize-use-equals-default)
     Nothing(const Nothing&) noexcept {}
+    // NOLINTNEXTLINE(modernize-use-equals-default)
     Nothing& operator=(const Nothing&) noexcept { return *this; }
 };
 

@@ -77,7 +77,7 @@ std::optional<Text> ReadTyped(Hive hive, TextView key, TextView name, DWORD& typ
     if (!opened) return {};
     const std::string valueName = ToAnsi(name);
     std::string data(256, '\0');
-    DWORD size = DWORD(data.size());
+    auto size = DWORD(data.size());
     LSTATUS status = RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, &type,
                                       reinterpret_cast<BYTE*>(data.data()), &size);
     // Another program may make the value longer between two calls.
@@ -205,7 +205,7 @@ std::vector<std::uint32_t> WindowsPrograms::ProcessIdentifiers(std::size_t entri
     std::vector<DWORD> identifiers(entries);
     DWORD used = 0;
     for (;;) {
-        const DWORD size = DWORD(identifiers.size() * sizeof(DWORD));
+        const auto size = DWORD(identifiers.size() * sizeof(DWORD));
         if (!enumerate(identifiers.data(), size, &used)) return {};
         if (used < size) break;
         identifiers.resize(2 * identifiers.size());

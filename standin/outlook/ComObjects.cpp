@@ -35,7 +35,7 @@ private:
 }  // namespace
 
 HRESULT AutomationCode(const PendingError& errors) {
-    constexpr HRESULT AutomationFacility = HRESULT(0x800A0000);
+    constexpr auto AutomationFacility = HRESULT(0x800A0000);
     return errors.number < 0 ? errors.number : AutomationFacility + errors.number;
 }
 

@@ -35,10 +35,10 @@
 //   click-menu N CAPTION             chooses an entry of the "New" drop-down
 //   time COMMAND...                  another command; milliseconds until the message queue is empty
 //                                    again ("queued" and those until the add-in had queued an SMS),
-//                                    behind them the title of the window that is active then
+//                                    "handler" and those of the longest event handler, behind them
+//                                    the title of the window that is active then
 //   fill TEXT...                     puts texts into the edit fields of an add-in's window, in
-//   their
-//                                    order
+//                                    their order
 //   push CAPTION                     clicks a button of an add-in's window
 //   where N CAPTION                  the button's rectangle on the screen: left top right bottom
 //   where-item N ITEM                likewise of an item's line in the list
