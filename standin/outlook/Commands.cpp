@@ -95,6 +95,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"reply-inspector", {1, &Commands::ReplyInspector}},
         {u"bars", {1, &Commands::Bars}},
         {u"add-bar", {2, &Commands::AddBar}},
+        {u"many-contacts", {2, &Commands::ManyContacts}},
         {u"toolbar", {1, &Commands::Toolbar}},
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},

@@ -18,6 +18,7 @@
 //   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
+//   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
 //   folder N inbox|calendar|contacts
@@ -115,6 +116,7 @@ private:
     Text AddAppointment(const Words&);
     Text AddList(const Words&);
     Text SetItem(const Words&);
+    Text ManyContacts(const Words&);
     Text Select(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);
