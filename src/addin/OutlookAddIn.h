@@ -13,7 +13,7 @@
 
 namespace tellwick {
 
-class Contacts;
+class Addresses;
 class Debug;
 class RegEdit;
 
@@ -21,7 +21,7 @@ class OutlookAddIn : public std::enable_shared_from_this<OutlookAddIn> {
 public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
-    OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Contacts& contacts,
+    OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Addresses& addresses,
                  Forms& forms, SmsReply& smsReply, ProcessValues& processValues,
                  ExplorerFactory createExplorer);
 
@@ -55,7 +55,7 @@ private:
     PendingError& errors;
     Debug& debug;
     RegEdit& regEdit;
-    Contacts& contacts;
+    Addresses& addresses;
     Forms& forms;
     SmsReply& smsReply;
     ProcessValues& processValues;

@@ -17,6 +17,7 @@
 #include "compose/Tellwick.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
+#include "recipients/Addresses.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
@@ -59,6 +60,7 @@ public:
     Documents documents;
     HelpViewer helpViewer;
     Prefixes prefixes;
+    Addresses addresses;
     Contacts contacts;
     Process process;
     Tellwick tellwick;

@@ -41,7 +41,6 @@ struct Grid {
     const Value& At(std::size_t i, std::size_t j) const { return cells[i * second + j]; }
 };
 
-
 struct NamedValue {
     TextView name;
     Value value;

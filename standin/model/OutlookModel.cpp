@@ -278,6 +278,19 @@ void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
     Changed();
 }
 
+std::shared_ptr<Item> OutlookModel::FindItem(TextView entryId) const {
+    std::vector<std::shared_ptr<Folder>> waiting = stores;
+    while (!waiting.empty()) {
+        const std::shared_ptr<Folder> folder = waiting.back();
+        waiting.pop_back();
+        for (const auto& item : folder->items->all) {
+            if (item->Field(u"EntryID") == entryId) return item;
+        }
+        waiting.insert(waiting.end(), folder->folders->all.begin(), folder->folders->all.end());
+    }
+    return nullptr;
+}
+
 void OutlookModel::MoveItem(const std::shared_ptr<Item>& item,
                             const std::shared_ptr<Folder>& folder) {
     if (const auto before = item->folder.lock()) std::erase(before->items->all, item);

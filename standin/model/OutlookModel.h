@@ -134,6 +134,8 @@ public:
     // A date in a filter, as the user writes dates; "46000 17:05" unless it is set otherwise.
     std::function<std::optional<double>(TextView)> readDate;
     Text NewEntryId();
+    // In any folder; null when there is none.
+    std::shared_ptr<Item> FindItem(TextView entryId) const;
     std::uint32_t lastEntry = 0;
 
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones

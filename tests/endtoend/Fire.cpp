@@ -2,6 +2,7 @@
 // normal run; TELLWICK_SOAK, a number of seconds, makes them long.
 #include <doctest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -135,7 +136,7 @@ TEST_CASE("settings that three programs change at once keep everybody's last val
     for (const std::wstring& name : names) {
         CAPTURE(name);
         std::istringstream printed(ReadBytes(output(name)));
-        int values = 0;
+        int values = 0, changes = 0;
         for (std::string line; std::getline(printed, line); ++values) {
             while (line.ends_with('\r')) line.pop_back();
             const std::size_t equals = line.find('=');
@@ -146,8 +147,15 @@ TEST_CASE("settings that three programs change at once keep everybody's last val
                         << " changed the file " << std::stoi(value) << " times");
             wchar_t found[32]{};
             GetPrivateProfileStringW(name.c_str(), key.c_str(), L"0", found, 32, file.c_str());
+            if (key == L"lost") {
+                // Only a program that takes no lock can write between the last look at the file and
+                // its replacement, which is then taken back; one in a thousand looks may see that.
+                CHECK(std::stoi(value) <= (name == L"Sender" ? changes / 1000 : 0));
+                continue;
+            }
+            changes = std::max(changes, std::stoi(value));
             CHECK_MESSAGE(found == value, key);
-            CHECK(value != (key == L"lost" ? L"" : L"0"));
+            CHECK(value != L"0");
         }
         CHECK(values == 11);
     }
