@@ -7,6 +7,7 @@
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
 #include "addin/SmsReply.h"
+#include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
@@ -66,6 +67,7 @@ public:
     Forms forms;
     MessageText messageText;
     RecipientField recipientField;
+    AirCountLine airCountLine;
     TextTemplates textTemplates;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;

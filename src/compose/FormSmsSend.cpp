@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSendView.h"
@@ -31,12 +32,14 @@ Text FromSetting(TextView text) {
 }  // namespace
 
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                         const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
-                         FormOptions& formOptions, HelpViewer& helpViewer)
+                         const FormSmsSendParts& parts, AirCountLine& airCountLine,
+                         FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
+                         HelpViewer& helpViewer)
     : Services(services),
       view(view),
       forms(forms),
       parts(parts),
+      airCountLine(airCountLine),
       formSmsSelectAddress(formSmsSelectAddress),
       formOptions(formOptions),
       helpViewer(helpViewer) {
@@ -144,6 +147,7 @@ void FormSmsSend::Form_Initialize_() {
 void FormSmsSend::ReadSettings() {
     settings.GetSettings(*this);
     parts.recipientField.ReadSettings(settings.numUsedNumber);
+    airCountLine.SwitchOn(settings.airCount);
 }
 
 void FormSmsSend::RestoreTexts() {
@@ -197,6 +201,10 @@ void FormSmsSend::FillBoxExpires() {
 void FormSmsSend::Form_Resize() {
     Procedure procedure{debug, u"Form_Resize"};
     view.Resize(expanded);
+}
+
+void FormSmsSend::Contents_Change() {
+    airCountLine.Update();
 }
 
 bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {

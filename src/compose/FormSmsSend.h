@@ -10,6 +10,7 @@
 
 namespace tellwick {
 
+class AirCountLine;
 enum class BarButton;
 class FormOptions;
 class FormSmsSelectAddress;
@@ -35,8 +36,9 @@ public:
     static constexpr TextView Name = u"FormSmsSend";
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
-                FormOptions& formOptions, HelpViewer& helpViewer);
+                const FormSmsSendParts& parts, AirCountLine& airCountLine,
+                FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
+                HelpViewer& helpViewer);
     ~FormSmsSend() override;
 
     // Shows the form, initialised anew. The recipients, unless empty, take the place of the
@@ -64,6 +66,8 @@ public:
     // The user closed the window by its frame.
     void Form_Close() { Unload(); }
     void Form_Resize();
+    // Message or recipients have changed, whoever did it. Comes after their owners have heard it.
+    void Contents_Change();
     // Comes before any control's own key handler; true when the key was used up.
     bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void ButtonTo_Click();
@@ -97,6 +101,7 @@ private:
     FormSmsSendView& view;
     Forms& forms;
     FormSmsSendParts parts;
+    AirCountLine& airCountLine;
     FormSmsSelectAddress& formSmsSelectAddress;
     FormOptions& formOptions;
     HelpViewer& helpViewer;

@@ -104,6 +104,8 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"PrefixHint",
      u"Das „+“ einer Rufnummer wurde durch 0 ersetzt. Hier klicken, um Ihre Ländervorwahl "
      u"einzutragen."},
+    {u"FormSmsSend", u"AirFree", u"%n frei"},
+    {u"FormSmsSend", u"AirLost", u"verloren: %n"},
     {u"FormSmsSelectAddress", u"Caption", u"Corvane - Empfänger auswählen"},
     {u"FormSmsSelectAddress", u"LabelSearch", u"&Suchen:"},
     {u"FormSmsSelectAddress", u"ButtonAdd", u"&Hinzufügen"},

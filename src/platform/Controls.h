@@ -72,6 +72,10 @@ class StatusBar : public virtual Control {
 public:
     virtual Text GetText() const = 0;
     virtual void SetText(TextView text) = 0;
+    // A pane of its own at the right end, which leaves the bar's text its place: as wide as its
+    // text, or as the short one where both do not fit. An empty text takes it away. The tool tip
+    // of the bar is the pane's.
+    virtual void SetPane(TextView text, TextView shortText) = 0;
 };
 
 }  // namespace tellwick

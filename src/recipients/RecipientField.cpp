@@ -125,6 +125,10 @@ void RecipientField::SetText(TextView text) {
     fieldText = text;
 }
 
+std::size_t RecipientField::Count() const {
+    return Recipients(textTo.GetText()).size();
+}
+
 void RecipientField::SetTextByList(TextView text) {
     listBoxNumbers.Add(text);
     TakeMatch(true);

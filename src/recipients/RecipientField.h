@@ -2,6 +2,7 @@
 // while the user types.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -41,6 +42,8 @@ public:
     // Sets the field's text without looking for matches; the user can undo it.
     void SetText(TextView text);
     bool IsEmpty() const { return textTo.GetText().empty(); }
+    // How many recipients the field holds, as the sender application splits it: at ";" and ",".
+    std::size_t Count() const;
 
     // Sets the text of a field that did not keep it, by way of the match list.
     void SetTextByList(TextView text);

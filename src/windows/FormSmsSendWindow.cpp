@@ -22,8 +22,14 @@ constexpr TextView BarButtonNames[FormSmsSendControls::BarButtons] = {
 }  // namespace
 
 FormSmsSendWindow::FormSmsSendWindow() {
-    controls.textTo.onChange = [this] { parts->recipientField.TextTo_Change(); };
-    controls.message.onChange = [this] { parts->messageText.Message_Change(); };
+    controls.textTo.onChange = [this] {
+        parts->recipientField.TextTo_Change();
+        form->Contents_Change();
+    };
+    controls.message.onChange = [this] {
+        parts->messageText.Message_Change();
+        form->Contents_Change();
+    };
 }
 
 void FormSmsSendWindow::SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) {
@@ -132,9 +138,9 @@ void FormSmsSendWindow::LeaveTemplates() {
 }
 
 void FormSmsSendWindow::OnNotify(const NMHDR& notification) {
-    if (notification.hwndFrom == controls.statusBar1.Window() && notification.code == NM_CLICK) {
-        form->StatusBar1_Click();
-    }
+    if (notification.hwndFrom != controls.statusBar1.Window() || notification.code != NM_CLICK)
+        return;
+    if (!controls.statusBar1.OnPane(notification)) form->StatusBar1_Click();
 }
 
 bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {
@@ -188,6 +194,7 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             const std::int32_t index = controls.textTo.SelectedIndex();
             controls.textTo.SetSelectedIndex(index);
             parts->recipientField.TextTo_Click();
+            form->Contents_Change();
             break;
         }
         case CBN_KILLFOCUS:

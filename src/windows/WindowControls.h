@@ -28,6 +28,7 @@ public:
     void SetToolTip(TextView text) override;
 
 protected:
+    HWND ToolTips() const { return toolTips; }
     Text WindowText() const;
     void SetWindowTextTo(TextView text);
     LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const;
@@ -109,9 +110,20 @@ public:
 class WindowStatusBar : public StatusBar, public WindowLabel {
 public:
     Text GetText() const override { return WindowText(); }
-    void SetText(TextView text) override { Announce(text); }
+    void SetText(TextView text) override;
+    void SetPane(TextView text, TextView shortText) override;
+    void SetToolTip(TextView text) override { paneTip = text; }
     // Takes its place at the form's lower edge.
     void Arrange();
+    // Whether a click that it told of was on the pane.
+    bool OnPane(const NMHDR& notification) const;
+
+private:
+    // Shows the pane in the width that there is.
+    void ArrangePane();
+    int WidthOf(TextView text) const;
+
+    Text pane, shortPane, paneTip;
 };
 
 }  // namespace tellwick::windows

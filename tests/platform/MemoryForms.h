@@ -113,6 +113,11 @@ class MemoryStatusBar : public StatusBar, public MemoryControl {
 public:
     Text GetText() const override { return caption; }
     void SetText(TextView text) override { caption = text; }
+    void SetPane(TextView text, TextView shortText) override {
+        pane = text;
+        shortPane = shortText;
+    }
+    Text pane, shortPane;
 };
 
 // What the windows have in common; View is the port of one of them.
@@ -201,10 +206,19 @@ public:
     void SetMessageFont(TextView name, std::int32_t points) override {
         messageFont = Text(name) + u" " + NumberText(points);
     }
-    void SetHandlers(FormSmsSend&, const FormSmsSendParts& parts) override {
-        textTo.onChange = [&field = parts.recipientField] { field.TextTo_Change(); };
-        textTo.onClick = [&field = parts.recipientField] { field.TextTo_Click(); };
-        message.onChange = [&text = parts.messageText] { text.Message_Change(); };
+    void SetHandlers(FormSmsSend& form, const FormSmsSendParts& parts) override {
+        textTo.onChange = [&form, &field = parts.recipientField] {
+            field.TextTo_Change();
+            form.Contents_Change();
+        };
+        textTo.onClick = [&form, &field = parts.recipientField] {
+            field.TextTo_Click();
+            form.Contents_Change();
+        };
+        message.onChange = [&form, &text = parts.messageText] {
+            text.Message_Change();
+            form.Contents_Change();
+        };
     }
 
     bool expanded = false;
