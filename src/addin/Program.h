@@ -11,6 +11,7 @@
 #include "compose/FormOptions.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
+#include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
 #include "compose/Process.h"
 #include "compose/SmsQueue.h"
@@ -69,6 +70,7 @@ public:
     RecipientField recipientField;
     AirCountLine airCountLine;
     TextTemplates textTemplates;
+    LostCharacters lostCharacters;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;

@@ -26,6 +26,12 @@ constexpr BuiltInTextEntry texts[] = {
     {u"Messages", u"Msg232",
      u"Auf diesem Computer ist Kaspersky Anti-Virus installiert. Der Virenscanner kann Outlook "
      u"stark verlangsamen, während Tellwick ein Protokoll schreibt."},
+    {u"Messages", u"Msg301",
+     u"Einige Zeichen gehen auf dem Weg zum Sender verloren. Sie kämen als „?“ oder als ein "
+     u"ähnliches Zeichen an:\r\r%c"},
+    {u"Messages", u"ReplaceLost", u"&Ersetzen"},
+    {u"Messages", u"SendLost", u"&Trotzdem senden"},
+    {u"Messages", u"BackToText", u"&Zurück zum Text"},
     {u"Messages", u"DoNotAskAgain", u"Nicht mehr &nachfragen"},
     {u"Messages", u"DoNotShowAgain", u"Diese Meldung nicht mehr &anzeigen"},
     {u"Messages", u"OK", u"OK"},

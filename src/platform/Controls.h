@@ -43,6 +43,9 @@ public:
     // Replaces the selection (inserts at the caret when it is empty), leaves the caret behind the
     // new text and raises the change event.
     virtual void ReplaceSelection(TextView text) = 0;
+    // Takes back the last change that the user or ReplaceSelection made, if it is still known, and
+    // raises the change event.
+    virtual void Undo() = 0;
 };
 
 // Items count from 0; an index of -1 is none.

@@ -134,6 +134,10 @@ void WindowTextBox::ReplaceSelection(TextView text) {
     }
 }
 
+void WindowTextBox::Undo() {
+    if (Edit()) SendMessageW(Edit(), EM_UNDO, 0, 0);
+}
+
 std::int32_t WindowListBox::Count() const {
     return std::max(std::int32_t(Send(LB_GETCOUNT)), 0);
 }

@@ -69,6 +69,7 @@ public:
     std::int32_t SelectionLength() const override;
     void Select(std::int32_t start, std::int32_t length) override;
     void ReplaceSelection(TextView text) override;
+    void Undo() override;
 
 protected:
     // The edit control itself.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "compose/FormOptionsView.h"
@@ -49,6 +50,7 @@ public:
     void SetText(TextView newText) override {
         if (!loaded || text == newText) return;
         text = newText;
+        before.reset();
         start = length = 0;
         if (onChange) onChange();
     }
@@ -61,13 +63,21 @@ public:
     }
     void ReplaceSelection(TextView newText) override {
         if (!loaded) return;
+        before = text;
         text.replace(std::size_t(start), std::size_t(length), newText);
         start += std::int32_t(newText.size());
         length = 0;
         if (onChange) onChange();
     }
+    // One step, as the system's boxes have it.
+    void Undo() override {
+        if (!before) return;
+        std::swap(text, *before);
+        if (onChange) onChange();
+    }
     std::function<void()> onChange;
     Text text;
+    std::optional<Text> before;
     std::int32_t start = 0;
     std::int32_t length = 0;
 };

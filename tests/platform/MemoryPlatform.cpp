@@ -221,11 +221,13 @@ Answer MemoryDialogs::MessageBox(TextView text, std::uint32_t flags, TextView ti
     return Next(flags);
 }
 
-Answer MemoryDialogs::CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
-                                        TextView title, TextView checkBoxText, bool& checked) {
-    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText)});
+Answer MemoryDialogs::CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
+                                        std::uint32_t icon, TextView title, TextView checkBoxText,
+                                        bool& checked) {
+    const std::uint32_t buttons = choices.size() > 1 ? box::YesNo : box::Ok;
+    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText), choices});
     checked = check;
-    return Next(buttons);
+    return answers.empty() ? choices.front().answer : Next(buttons);
 }
 
 Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView, TextView) {
@@ -247,7 +249,10 @@ Text MemoryLocale::FromAnsi(std::string_view bytes) {
 
 std::string MemoryLocale::ToAnsi(TextView text) {
     std::string bytes;
-    for (const char16_t unit : text) {
+    for (char16_t unit : text) {
+        // Two of the system's nearest ones.
+        if (unit == 0x0142) unit = u'l';
+        if (unit == 0x2011) unit = u'-';
         const auto upper = std::find(Upper1252.begin(), Upper1252.end(), unit);
         if (upper != Upper1252.end()) {
             bytes += char(0x80 + (upper - Upper1252.begin()));

@@ -158,7 +158,7 @@ private:
 class MemoryDialogs : public Dialogs {
 public:
     Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
-    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+    Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices, std::uint32_t icon,
                              TextView title, TextView checkBoxText, bool& checked) override;
     Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
                   TextView cancelText) override;
@@ -168,6 +168,7 @@ public:
         std::uint32_t flags;
         Text title;
         Text checkBoxText;
+        std::vector<Choice> choices = {};
     };
     std::vector<Shown> shown;
     std::deque<Answer> answers;

@@ -1,6 +1,8 @@
-// What the form says of a text on air: the line in the status bar.
+// What the form says of a text on air: the line in the status bar, and the question before a
+// character gets lost.
 #include <doctest.h>
 
+#include "compose/QueueText.h"
 #include "platform/TestProgram.h"
 
 using namespace tellwick;
@@ -31,7 +33,8 @@ TEST_CASE("the line in the status bar follows text and recipients") {
           {u"1;2", u"— x", u"Unicode · 1 SMS × 2 = 2 · 67 frei", u"Unicode · 2 SMS"},
           // What the queue loses is counted as what arrives: here one "?" each.
           {u"1", u"Привет €", u"GSM · 1 SMS · 151 frei · verloren: 6", u"GSM · 1 SMS"},
-          {u"1", u"ｘ\u2011", u"GSM · 1 SMS · 158 frei · verloren: 2", u"GSM · 1 SMS"}}) {
+          // The nearest one is a loss where it reads otherwise: "l", not "-".
+          {u"1", u"ł\u2011", u"GSM · 1 SMS · 158 frei · verloren: 1", u"GSM · 1 SMS"}}) {
         OnAir form;
         form.view.TextTo().SetText(c.to);
         form.Type(c.text);
@@ -62,4 +65,102 @@ TEST_CASE("the line comes with the form, whatever changes it, and goes with its 
     form.Type(u"x");
     CHECK(form.Line().empty());
     CHECK(form.view.LabelStatus().Caption() == u"Zeichen: 1/160");
+}
+
+TEST_CASE("before characters get lost the user is asked, and can replace them or go back") {
+    struct Case {
+        TextView text;
+        std::deque<Answer> answers;
+        std::vector<TextView> named;  // one question each
+        const char* queued;           // null: the form stays open
+        TextView left;                // in the box then, or the text of the next form
+    };
+    const TextView zazolc = u"Zażółć — ж";
+    const TextView all = u"ż → ?    ł → l    ć → ?    ж → ?";
+    for (const Case& c :
+         {Case{u"Grüße — €\u2011",
+               {},
+               {},
+               "1\tGr\xFC\xDF"
+               "e \x97 \x80-",
+               u"Grüße — €\u2011"},
+          {zazolc, {Answer::No}, {all}, "1\tZa?\xF3l? \x97 ?", zazolc},
+          {zazolc, {Answer::Cancel}, {all}, nullptr, zazolc},
+          {zazolc,
+           {Answer::Yes, Answer::No},
+           {all, u"ж → ?"},
+           "1\tZaz\xF3lc \x97 ?",
+           u"Zazólc — ж"},
+          {zazolc, {Answer::Yes, Answer::Cancel}, {all, u"ж → ?"}, nullptr, u"Zazólc — ж"},
+          {u"e\u0301 ł", {Answer::Yes}, {u"U+0301 → ?    ł → l"}, "1\t\xE9 l", u"é l"},
+          {u"абвгдежзийкл",
+           {Answer::No},
+           {u"а → ?    б → ?    в → ?    г → ?    д → ?    е → ?    "
+            u"ж → ?    з → ?    и → ?    й → ?    …"},
+           "1\t????????????",
+           u"абвгдежзийкл"}}) {
+        CAPTURE(Text(c.text));
+        OnAir form;
+        form.SetRegistry(RootKey, u"hWnd", u"4711");
+        form.platform.programs.paths = {u"C:\\Tellwick.exe"};
+        form.SetRegistry(RootKey, u"On", u"1");
+        form.view.TextTo().SetText(u"1");
+        form.Type(c.text);
+        form.platform.dialogs.answers = c.answers;
+        CHECK(form.program.submission.ButtonSend_Click_(false, true, {}, {}) == !!c.queued);
+        auto& shown = form.platform.dialogs.shown;
+        REQUIRE(shown.size() == c.named.size());
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            CHECK(EndsWith(shown[i].text, Text(u"\r\r").append(c.named[i])));
+            const bool replaceable = c.named[i].find(u'→') != c.named[i].rfind(u'→');
+            CHECK(shown[i].choices.size() == (replaceable && c.text[0] != u'а' ? 3 : 2));
+        }
+        CHECK(form.view.Loaded() == !c.queued);
+        if (c.queued) {
+            CHECK(form.platform.fileSystem.files[u"C:\\Temp\\sms1.tmp"].contents == c.queued);
+            form.program.formSmsSend.Open({});
+            // The settings file is in the code page, too.
+            CHECK(form.view.Message().GetText() ==
+                  ThroughQueue(c.left, form.platform.locale).arrives);
+            continue;
+        }
+        CHECK(form.view.Message().GetText() == c.left);
+        CHECK(form.view.Message().HasFocus());
+        form.view.Message().Undo();
+        CHECK(form.view.Message().GetText() == c.text);
+        // It is sent later, or closed.
+        form.platform.dialogs.answers = {Answer::No};
+        CHECK(form.program.submission.ButtonSend_Click_(false, false, {}, {}));
+        CHECK_FALSE(form.view.Loaded());
+    }
+}
+
+TEST_CASE("nothing is asked of digits, without the setting, or once the answer is remembered") {
+    OnAir form;
+    const auto asked = [&](TextView text, std::deque<Answer> answers) {
+        form.platform.dialogs.shown.clear();
+        form.platform.dialogs.answers = std::move(answers);
+        form.program.formSmsSend.Open({});
+        form.Type(text);
+        form.program.submission.ButtonSend_Click_(false, true, u"1", {});
+        std::size_t count = 0;
+        for (const auto& box : form.platform.dialogs.shown)
+            count += box.text.find(u'→') != Text::npos;
+        return count;
+    };
+    form.program.messageText.ButtonHex_Click();
+    CHECK(asked(u"ж", {}) == 0);
+    form.platform.dialogs.check = true;
+    // To go back is no answer for ever.
+    CHECK(asked(u"ł", {Answer::Cancel}) == 1);
+    CHECK(asked(u"ł", {Answer::Yes}) == 1);
+    CHECK(asked(u"ł", {}) == 0);
+    // What cannot be replaced is asked for all the same.
+    CHECK(asked(u"łж", {Answer::No}) == 1);
+    CHECK(asked(u"łж", {}) == 0);
+    form.program.questionBox.ForgetAnswers();
+    CHECK(asked(u"ж", {Answer::No}) == 1);
+    form.program.questionBox.ForgetAnswers();
+    form.SetSetting(u"SMS", u"AskLostCharacters", u"0");
+    CHECK(asked(u"ж", {}) == 0);
 }
