@@ -9,7 +9,7 @@ namespace tellwick {
 // only keep them.
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormSmsSelectAddressView& formSmsSelectAddressView,
-                 FormOptionsView& formOptionsView)
+                 FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView)
     : errors(platform.errors),
       regEdit(platform.registry, debug),
       debug(errors, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
@@ -45,9 +45,11 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                            recipientField),
       formOptions(services, formOptionsView, forms, prefixes, platform.locale,
                   [this] { formSmsSend.ApplySettings(); }),
+      formSmsPreview(services, formSmsPreviewView, forms, messageText, airCountLine,
+                     platform.locale),
       formSmsSend(services, formSmsSendView, forms,
                   {submission, messageText, recipientField, textTemplates}, airCountLine,
-                  formSmsSelectAddress, formOptions, helpViewer),
+                  formSmsPreview, formSmsSelectAddress, formOptions, helpViewer),
       formT1(debug, forms, platform.timers),
       smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),

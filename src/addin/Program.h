@@ -9,6 +9,7 @@
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
+#include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/LostCharacters.h"
@@ -41,7 +42,8 @@ class OutlookAddIn;
 class Program {
 public:
     Program(const Platform& platform, FormSmsSendView& formSmsSendView,
-            FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView);
+            FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView,
+            FormSmsPreviewView& formSmsPreviewView);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -74,6 +76,7 @@ public:
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;
+    FormSmsPreview formSmsPreview;
     FormSmsSend formSmsSend;
     FormT1 formT1;
     SmsReply smsReply;

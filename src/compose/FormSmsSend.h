@@ -13,6 +13,7 @@ namespace tellwick {
 class AirCountLine;
 enum class BarButton;
 class FormOptions;
+class FormSmsPreview;
 class FormSmsSelectAddress;
 class FormSmsSendView;
 class HelpViewer;
@@ -37,8 +38,8 @@ public:
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                 const FormSmsSendParts& parts, AirCountLine& airCountLine,
-                FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
-                HelpViewer& helpViewer);
+                FormSmsPreview& formSmsPreview, FormSmsSelectAddress& formSmsSelectAddress,
+                FormOptions& formOptions, HelpViewer& helpViewer);
     ~FormSmsSend() override;
 
     // Shows the form, initialised anew. The recipients, unless empty, take the place of the
@@ -75,6 +76,8 @@ public:
     void ButtonHelp_Click();
     // Opens the settings at what the status bar speaks of, if it speaks of one.
     void StatusBar1_Click();
+    // A click on the status bar's own pane: shows what goes on air.
+    void AirCount_Click();
     // Closes the form, unless a submission runs.
     void ButtonOK_Click();
     void ButtonExpand_Click();
@@ -102,6 +105,7 @@ private:
     Forms& forms;
     FormSmsSendParts parts;
     AirCountLine& airCountLine;
+    FormSmsPreview& formSmsPreview;
     FormSmsSelectAddress& formSmsSelectAddress;
     FormOptions& formOptions;
     HelpViewer& helpViewer;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -64,6 +65,17 @@ class ListBox : public virtual ItemList {};
 
 // A drop-down list with an edit field. Clearing the list keeps the text of the edit field.
 class ComboBox : public virtual ItemList, public virtual TextBox {};
+
+// A text to be read, put together from pieces.
+class StyledText : public virtual Control {
+public:
+    enum class Style { Plain, Heading, Marked };
+    struct Piece {
+        Style style;
+        Text text;
+    };
+    virtual void SetPieces(const std::vector<Piece>& pieces) = 0;
+};
 
 class ProgressBar : public virtual Control {
 public:

@@ -140,7 +140,11 @@ void FormSmsSendWindow::LeaveTemplates() {
 void FormSmsSendWindow::OnNotify(const NMHDR& notification) {
     if (notification.hwndFrom != controls.statusBar1.Window() || notification.code != NM_CLICK)
         return;
-    if (!controls.statusBar1.OnPane(notification)) form->StatusBar1_Click();
+    if (controls.statusBar1.OnPane(notification)) {
+        form->AirCount_Click();
+    } else {
+        form->StatusBar1_Click();
+    }
 }
 
 bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "compose/FormOptionsView.h"
+#include "compose/FormSmsPreviewView.h"
 #include "compose/FormSmsSelectAddressView.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
@@ -281,6 +282,40 @@ private:
     MemoryControl labelNumUsedNumber, buttonPrefix;
     MemoryTextBox textNumUsedNumber, textPrefixes;
     MemoryListBox boxFont, boxFontSize, boxLanguage;
+};
+
+// Pieces one behind the other, a marked one in "<" and ">".
+class MemoryStyledText : public StyledText, public MemoryControl {
+public:
+    void SetPieces(const std::vector<Piece>& pieces) override {
+        text.clear();
+        for (const Piece& piece : pieces) {
+            text += piece.style == Style::Marked ? u"<" + piece.text + u">" : piece.text;
+        }
+    }
+    Text text;
+};
+
+class MemoryFormSmsPreviewView : public MemoryFormView<FormSmsPreviewView> {
+public:
+    MemoryFormSmsPreviewView() {
+        controls = {{u"LabelCount", &labelCount},
+                    {u"TextParts", &parts},
+                    {u"ListCharacters", &list},
+                    {u"ButtonReplace", &buttonReplace},
+                    {u"ButtonReplaceAll", &buttonReplaceAll}};
+    }
+    MemoryControl& LabelCount() override { return labelCount; }
+    MemoryStyledText& TextParts() override { return parts; }
+    MemoryListBox& ListCharacters() override { return list; }
+    MemoryControl& ButtonReplace() override { return buttonReplace; }
+    MemoryControl& ButtonReplaceAll() override { return buttonReplaceAll; }
+    void SetEvents(FormSmsPreviewEvents&) override {}
+
+private:
+    MemoryStyledText parts;
+    MemoryListBox list;
+    MemoryControl labelCount, buttonReplace, buttonReplaceAll;
 };
 
 class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {

@@ -240,6 +240,10 @@ Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView
 
 Text MemoryLocale::FromAnsi(std::string_view bytes) {
     Text text;
+    for (std::size_t at = 0; holdsAll && at + 1 < bytes.size(); at += 2) {
+        text += char16_t(std::uint8_t(bytes[at]) | std::uint8_t(bytes[at + 1]) << 8);
+    }
+    if (holdsAll) return text;
     for (const char byte : bytes) {
         const auto code = static_cast<unsigned char>(byte);
         text += code >= 0x80 && code < 0xA0 ? Upper1252[code - 0x80u] : char16_t(code);
@@ -250,6 +254,10 @@ Text MemoryLocale::FromAnsi(std::string_view bytes) {
 std::string MemoryLocale::ToAnsi(TextView text) {
     std::string bytes;
     for (char16_t unit : text) {
+        if (holdsAll) {
+            bytes += {char(unit & 0xFF), char(unit >> 8)};
+            continue;
+        }
         // Two of the system's nearest ones.
         if (unit == 0x0142) unit = u'l';
         if (unit == 0x2011) unit = u'-';

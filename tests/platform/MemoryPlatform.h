@@ -191,6 +191,8 @@ public:
     Text FromAnsi(std::string_view bytes) override;
     std::string ToAnsi(TextView text) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
+    // One that holds every character, with two bytes for each unit, as newer systems can have it.
+    bool holdsAll = false;
     // By locale and type, as the system returns them.
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 };

@@ -164,3 +164,104 @@ TEST_CASE("nothing is asked of digits, without the setting, or once the answer i
     form.SetSetting(u"SMS", u"AskLostCharacters", u"0");
     CHECK(asked(u"ж", {}) == 0);
 }
+
+TEST_CASE("the preview shows the SMS, marks what is dear or lost, and says what it costs") {
+    struct Case {
+        Text text;
+        Text parts;
+        std::vector<Text> rows;
+    };
+    for (const Case& c :
+         {Case{u"Hallo", u"SMS 1 von 1 (5/160)\r\nHallo", {}},
+          {Text(154, u'x') + u"€[€x",
+           u"SMS 1 von 2 (153/153)\r\n" + Text(153, u'x') + u"\r\n\r\nSMS 2 von 2 (8/153)\r\nx€[€x",
+           {u"€\tzählt doppelt\tkein Ersatz", u"[\tzählt doppelt\tkein Ersatz"}},
+          {Text(150, u'x') + u" — ‹ø›",
+           u"SMS 1 von 3 (67/67)\r\n" + Text(67, u'x') + u"\r\n\r\nSMS 2 von 3 (67/67)\r\n" +
+               Text(67, u'x') + u"\r\n\r\nSMS 3 von 3 (22/67)\r\n" + Text(16, u'x') +
+               u" <—> <‹>ø<›>",
+           {u"—\tmacht 3 SMS statt 1\tersetzbar durch -",
+            u"‹\tmacht 3 SMS statt 1\tersetzbar durch '",
+            u"›\tmacht 3 SMS statt 1\tersetzbar durch '"}},
+          {u"½\u00A0l\u00AD",
+           u"SMS 1 von 1 (4/70)\r\n<½\u00A0>l<\u00AD>",
+           {u"½\tnur in Unicode\tkein Ersatz", u"U+00A0\tnur in Unicode\tersetzbar durch U+0020",
+            u"U+00AD\tnur in Unicode\tkann entfallen"}},
+          {u"Zdjęć u\u0308 ł\xD83D\xDE00",
+           u"SMS 1 von 1 (12/160)\r\nZdj<?"
+           u"?> u<?> <l?"
+           u"?>",
+           {u"ę\tkommt an als ?\tersetzbar durch e", u"ć\tkommt an als ?\tersetzbar durch c",
+            u"U+0308\tkommt an als ?\tersetzbar durch ü", u"ł\tkommt an als l\tersetzbar durch l",
+            u"\xD83D\xDE00\tkommt an als ??\tkein Ersatz"}}}) {
+        CAPTURE(c.text);
+        OnAir form;
+        form.Type(c.text);
+        form.program.formSmsSend.AirCount_Click();
+        CHECK(form.previewView.TextParts().text == c.parts);
+        CHECK(form.previewView.ListCharacters().items == c.rows);
+        CHECK(form.previewView.LabelCount().Caption() == form.Line());
+        const auto replaceable = [](const Text& row) { return row.find(u"kein") == Text::npos; };
+        CHECK(form.previewView.ButtonReplaceAll().Enabled() ==
+              std::any_of(c.rows.begin(), c.rows.end(), replaceable));
+        CHECK(form.previewView.ButtonReplace().Enabled() ==
+              (!c.rows.empty() && replaceable(c.rows[0])));
+        CHECK(form.view.Message().GetText() == c.text);
+    }
+}
+
+TEST_CASE("the preview replaces what it is told to, and one undo brings all of it back") {
+    OnAir form;
+    FormSmsPreview& preview = form.program.formSmsPreview;
+    const Text text = u"„a“ — „b“…ж";
+    form.Type(text);
+    form.view.Message().Select(4, 0);
+    CHECK(form.program.formSmsSend.Form_KeyDown(u'P', key::Control));
+    const auto choose = [&](TextView character) {
+        MemoryListBox& list = form.previewView.ListCharacters();
+        const auto row = std::find_if(list.items.begin(), list.items.end(), [&](const Text& item) {
+            return StartsWith(item, character);
+        });
+        list.selected = std::int32_t(row - list.items.begin());
+        preview.ListCharacters_Click();
+    };
+    choose(u"ж");
+    CHECK_FALSE(form.previewView.ButtonReplace().Enabled());
+    preview.ButtonReplace_Click();
+    CHECK(form.view.Message().GetText() == text);
+    choose(u"„");
+    CHECK(form.previewView.ButtonReplace().Enabled());
+    preview.ButtonReplace_Click();
+    CHECK(form.view.Message().GetText() == u"\"a“ — \"b“…ж");
+    CHECK(form.view.Message().SelectionStart() == 4);
+    CHECK(form.previewView.ListCharacters().Count() == 4);
+    preview.ButtonReplaceAll_Click();
+    CHECK(form.view.Message().GetText() == u"\"a\" - \"b\"...ж");
+    CHECK(form.previewView.ListCharacters().items.size() == 1);
+    CHECK(form.Line() == u"GSM · 1 SMS · 147 frei · verloren: 1");
+    preview.ButtonOK_Click();
+    CHECK_FALSE(form.previewView.Loaded());
+    form.view.Message().Undo();
+    CHECK(form.view.Message().GetText() == text);
+
+    // What is one character for a reader is cut where the SMS ends, and the preview says so.
+    form.platform.locale.holdsAll = true;
+    form.Type(Text(65, u'x') + u"\xD83D\xDC4D\xD83C\xDFFD" + Text(5, u'ж'));
+    preview.Show();
+    CHECK(form.previewView.TextParts().text ==
+          u"SMS 1 von 2 (67/67)\r\n" + Text(65, u'x') +
+              u"<\xD83D\xDC4D>\r\n(Hier wird ein Zeichen zerteilt.)\r\n\r\n"
+              u"SMS 2 von 2 (7/67)\r\n<\xD83C\xDFFDжжжжж>");
+    CHECK(form.previewView.ListCharacters().items.back() == u"ж\tmacht 2 SMS statt 1\tkein Ersatz");
+    form.platform.locale.holdsAll = false;
+
+    // A text that fills the box has no room for "...", but for the rest; nothing of it is cut.
+    form.Type(Text(797, u'x') + u"—…");
+    preview.Show();
+    preview.ButtonReplaceAll_Click();
+    CHECK(form.view.Message().GetText() == Text(797, u'x') + u"-…");
+    // It goes with the form.
+    form.program.formSmsSend.Unload();
+    CHECK_FALSE(form.previewView.Loaded());
+    CHECK(form.program.forms.Count() == 0);
+}
