@@ -93,6 +93,20 @@ TEST_CASE("the pane follows the typing, and a click on it opens the preview") {
     CHECK(outlook.Quit().exitCode == 0);
 }
 
+TEST_CASE("beside a long hint the pane is short") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    outlook.Command("add-contact \"FullName=Anna Berg\" \"MobileTelephoneNumber=+49 170 1\"");
+    const Form form = Form::Open(outlook);
+    CheckPane(outlook, form, L"GSM \u00b7 1 SMS \u00b7 160 frei");
+    Form::Fill(form.to, L"an");
+    CHECK(WaitUntil([&] { return TextOf(StatusBar(form)) == L"1 Treffer"; }));
+    Press(VK_DOWN);
+    Press(VK_RETURN);
+    CheckPane(outlook, form, L"GSM \u00b7 1 SMS");
+    CHECK(TextOf(StatusBar(form)).find(L"durch 0 ersetzt") != std::wstring::npos);
+}
+
 TEST_CASE("who would lose characters goes back, and later has them replaced") {
     Machine machine;
     StandIn outlook(11, L"--empty");

@@ -259,6 +259,8 @@ public:
                     {u"BoxFont", &boxFont},
                     {u"BoxFontSize", &boxFontSize},
                     {u"BoxLanguage", &boxLanguage},
+                    {u"CheckAirCount", &checkAirCount},
+                    {u"CheckAskLostCharacters", &checkAskLostCharacters},
                     {u"CheckForgetAnswers", &checkForgetAnswers},
                     {u"CheckTrace", &checkTrace}};
     }
@@ -270,6 +272,8 @@ public:
     MemoryListBox& BoxFont() override { return boxFont; }
     MemoryListBox& BoxFontSize() override { return boxFontSize; }
     MemoryListBox& BoxLanguage() override { return boxLanguage; }
+    MemoryCheckBox& CheckAirCount() override { return checkAirCount; }
+    MemoryCheckBox& CheckAskLostCharacters() override { return checkAskLostCharacters; }
     MemoryCheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
     MemoryCheckBox& CheckTrace() override { return checkTrace; }
     std::vector<Text> FontNames() override { return fontNames; }
@@ -278,7 +282,8 @@ public:
     std::vector<Text> fontNames{u"Arial", u"Tahoma"};
 
 private:
-    MemoryCheckBox checkStoreNumbers, checkForgetAnswers, checkTrace;
+    MemoryCheckBox checkStoreNumbers, checkAirCount, checkAskLostCharacters, checkForgetAnswers,
+        checkTrace;
     MemoryControl labelNumUsedNumber, buttonPrefix;
     MemoryTextBox textNumUsedNumber, textPrefixes;
     MemoryListBox boxFont, boxFontSize, boxLanguage;
