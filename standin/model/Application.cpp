@@ -33,7 +33,7 @@ const MemberTable& NameSpace::Table() const {
             .Property(u"Folders",
                       [](NameSpace& self) {
                           auto stores = std::make_shared<Folders>(self.outlook);
-                          stores->all = {self.outlook.store};
+                          stores->all = self.outlook.stores;
                           return stores->Handle();
                       })
             .Property(u"Type", [](NameSpace&) { return Text(u"MAPI"); })

@@ -31,6 +31,10 @@ TEST_CASE("the line in the status bar follows text and recipients") {
           // As the sender splits them; empty ones not.
           {u"0171;, 0172 ;Eva,;", x + u"y", u"GSM · 2 SMS × 3 = 6 · 145 frei", u"GSM · 6 SMS"},
           {u"1;2", u"— x", u"Unicode · 1 SMS × 2 = 2 · 67 frei", u"Unicode · 2 SMS"},
+          // A long text is counted as the form cuts it.
+          {u"1", Text(0x10000, u'x'), u"GSM · 6 SMS · 119 frei", u"GSM · 6 SMS"},
+          {u"1", Text(u"a\0b", 3), u"Unicode · 1 SMS · 67 frei", u"Unicode · 1 SMS"},
+          {u"1", u"\xDE00\u05D0", u"GSM · 1 SMS · 158 frei · verloren: 2", u"GSM · 1 SMS"},
           // What the queue loses is counted as what arrives: here one "?" each.
           {u"1", u"Привет €", u"GSM · 1 SMS · 151 frei · verloren: 6", u"GSM · 1 SMS"},
           // The nearest one is a loss where it reads otherwise: "l", not "-".
