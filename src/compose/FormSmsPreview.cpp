@@ -103,9 +103,9 @@ void FormSmsPreview::ShowParts(const QueueText& through, const AirCount& count) 
         for (std::size_t i = 0; i < lost.arrives.size(); ++i) marked[lost.position + i] = true;
     }
     std::vector<StyledText::Piece> pieces;
+    const std::int32_t limit = count.parts.back().units + count.free;
     std::int64_t number = 0;
     for (const AirPart& part : count.parts) {
-        const std::int32_t limit = part.units + (&part == &count.parts.back() ? count.free : 0);
         Text heading = ReplaceAll(FormText(u"Part"), u"%n", NumberText(++number));
         heading = ReplaceAll(heading, u"%m", NumberText(std::int64_t(count.parts.size())));
         heading = ReplaceAll(heading, u"%u", NumberText(part.units) + u"/" + NumberText(limit));
@@ -132,35 +132,37 @@ std::optional<Text> FormSmsPreview::Replacement(TextView text, TextView characte
     return WithLookAlikes(text.substr(at - 1, character.size() + 1), arrivesAsGsm, character);
 }
 
-void FormSmsPreview::AddRow(const Row& row) {
-    const bool known = std::any_of(rows.begin(), rows.end(), [&](const Row& other) {
-        return other.character == row.character;
-    });
-    if (!known) rows.push_back(row);
+bool FormSmsPreview::HasRow(TextView character) const {
+    return std::any_of(rows.begin(), rows.end(),
+                       [character](const Row& row) { return row.character == character; });
+}
+
+// Of a character that forces UCS-2, where all others have been taken care of.
+Text FormSmsPreview::CostOf(TextView text, TextView character, std::int64_t without) const {
+    const std::int64_t with = PartsWithout(text, character);
+    const Text cost = FormText(with > without ? u"Forces" : u"ForcesOnly");
+    return ReplaceAll(ReplaceAll(cost, u"%n", NumberText(with)), u"%m", NumberText(without));
 }
 
 void FormSmsPreview::FindRows(TextView text, const QueueText& through, const AirCount& count) {
     rows.clear();
     for (const LostCharacter& lost : through.lost) {
-        AddRow({lost.character, ReplaceAll(FormText(u"Lost"), u"%c", lost.arrives),
-                Replacement(text, lost.character)});
+        if (HasRow(lost.character)) continue;
+        rows.push_back({lost.character, ReplaceAll(FormText(u"Lost"), u"%c", lost.arrives),
+                        Replacement(text, lost.character)});
     }
     const TextView arrives = through.arrives;
+    const std::int64_t without = PartsWithout(arrives, {});
     for (const std::size_t at : count.forcing) {
         const TextView character = arrives.substr(at, CharacterLength(arrives, at));
-        const auto known = std::any_of(rows.begin(), rows.end(),
-                                       [&](const Row& row) { return row.character == character; });
-        if (known) continue;
-        const std::int64_t with = PartsWithout(arrives, character);
-        const std::int64_t without = PartsWithout(arrives, {});
-        const Text cost = ReplaceAll(FormText(with > without ? u"Forces" : u"ForcesOnly"), u"%n",
-                                     NumberText(with));
-        rows.push_back({Text(character), ReplaceAll(cost, u"%m", NumberText(without)),
-                        Replacement(text, character)});
+        if (HasRow(character)) continue;
+        rows.push_back(
+            {Text(character), CostOf(arrives, character, without), Replacement(text, character)});
     }
     if (count.encoding == AirEncoding::Ucs2) return;
     for (const char16_t unit : arrives) {
-        if (SeptetsOf(unit) == 2) AddRow({Text(1, unit), FormText(u"Doubles"), {}});
+        if (SeptetsOf(unit) != 2 || HasRow({&unit, 1})) continue;
+        rows.push_back({Text(1, unit), FormText(u"Doubles"), {}});
     }
 }
 

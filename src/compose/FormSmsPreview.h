@@ -44,10 +44,11 @@ private:
 
     void ShowParts(const QueueText& through, const AirCount& count);
     void ShowRows();
-    void AddRow(const Row& row);
+    bool HasRow(TextView character) const;
     void Enable(Control& button, bool enabled);
     // Rows of what gets lost, of what forces UCS-2, and of what counts twice.
     void FindRows(TextView text, const QueueText& through, const AirCount& count);
+    Text CostOf(TextView text, TextView character, std::int64_t without) const;
     std::optional<Text> Replacement(TextView text, TextView character) const;
     void Exchange(TextView only);
     Text FormText(TextView key) const;

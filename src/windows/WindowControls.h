@@ -1,6 +1,7 @@
 // The controls of a form over the system's windows.
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "windows/Com.h"
@@ -122,7 +123,9 @@ public:
 private:
     // Shows the pane in the width that there is.
     void ArrangePane();
-    int WidthOf(TextView text) const;
+    std::array<int, 3> Widths() const;
+    // To its left edge; -1 takes it away.
+    void MovePane(int edge, const RECT& client);
 
     Text pane, shortPane, paneTip;
 };

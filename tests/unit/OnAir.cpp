@@ -177,8 +177,9 @@ TEST_CASE("the preview shows the SMS, marks what is dear or lost, and says what 
     };
     for (const Case& c :
          {Case{u"Hallo", u"SMS 1 von 1 (5/160)\r\nHallo", {}},
-          {Text(154, u'x') + u"€[€x",
-           u"SMS 1 von 2 (153/153)\r\n" + Text(153, u'x') + u"\r\n\r\nSMS 2 von 2 (8/153)\r\nx€[€x",
+          {Text(152, u'x') + u"€[€xxx",
+           u"SMS 1 von 2 (152/153)\r\n" + Text(152, u'x') +
+               u"\r\n\r\nSMS 2 von 2 (9/153)\r\n€[€xxx",
            {u"€\tzählt doppelt\tkein Ersatz", u"[\tzählt doppelt\tkein Ersatz"}},
           {Text(150, u'x') + u" — ‹ø›",
            u"SMS 1 von 3 (67/67)\r\n" + Text(67, u'x') + u"\r\n\r\nSMS 2 von 3 (67/67)\r\n" +
