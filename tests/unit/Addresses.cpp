@@ -44,7 +44,7 @@ struct People : TestProgram {
     }
     // As a new start of Outlook: another program over the same machine.
     std::vector<Text> Read() {
-        Program fresh(platform.Ports(), view, selectAddressView, optionsView);
+        Program fresh(platform.Ports(), view, selectAddressView, optionsView, previewView);
         return ReadWith(fresh.addresses);
     }
     std::vector<Text> ReadWith(Addresses& addresses) {
