@@ -90,8 +90,12 @@ const AddressList& Contacts::Addresses() {
 Text Contacts::SelectedRecipients(const ObjectPtr& outlookApplication) {
     application =
         outlookApplication ? outlookApplication : automation.Running(u"Outlook.Application");
-    const outlook::Selection selection =
-        outlook::Application(errors, application).ActiveExplorer().Selection();
+    return RecipientsIn(
+        outlook::Application(errors, application).ActiveExplorer().Selection().Reference());
+}
+
+Text Contacts::RecipientsIn(const ObjectPtr& items) {
+    const outlook::Selection selection(errors, items);
     std::vector<Text> numbers;
     Text recipients;
     for (std::int32_t index = 1, count = selection.Count(); index <= count; ++index) {
