@@ -274,4 +274,19 @@ TEST_CASE("the host finds what is wrong with a ribbon's XML, and where") {
         CHECK(Contains(error(xml), part));
     }
     CHECK(Contains(error(good, 12), u"Unknown namespace"));
+
+    // The user who wants to hear of it does, once, and the rest of Outlook goes on.
+    struct Broken : standin::RibbonAddIn {
+        Text GetCustomUI(TextView) override { return u"<customUI>"; }
+        bool HasCallback(TextView) override { return false; }
+        Value Call(TextView, const ObjectPtr&) override { return {}; }
+    };
+    Host host(16);
+    std::vector<Text> shown;
+    host.outlook.ribbons.showError = [&](const Text& what) { shown.push_back(what); };
+    host.outlook.ribbons.Add(u"Other", std::make_shared<Broken>());
+    host.Connect(true);
+    REQUIRE(shown.size() == 1);
+    CHECK(shown[0].starts_with(u"Error found in Custom UI XML of \"Other\"\r\rLine: 1\rColumn: "));
+    CHECK(host.outlook.ribbons.Entries(host.first).size() == 1);
 }
