@@ -5,7 +5,7 @@
 ; Exit codes: 0 done, 1 the user cancelled, 2 nothing could be installed, 3 a newer version stays.
 ;
 ; Made by tools/dist, which defines VERSION, OUTPUT, STAGE (a folder with everything that is put
-; on the user's disk), ICON, SIZE (kilobytes) and FILES (a list of the files to include).
+; on the user's disk), SIZE (kilobytes) and FILES (a list of the files to include).
 
 Unicode true
 ManifestDPIAware true
@@ -50,8 +50,9 @@ Var InUse        ; "yes" where a program has one of the libraries loaded
 Var Status
 Var Failed
 
-!define MUI_ICON "${ICON}"
-!define MUI_UNICON "${ICON}"
+!define MUI_ICON "../src/windows/resources/pictures/sms.ico"
+!define MUI_UNICON "${MUI_ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "welcome.bmp"
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TITLE "${NAME} ${VERSION}"
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
