@@ -319,13 +319,13 @@ Section
     ; Before anything is changed: can the folder be written, is Outlook open?
     CreateDirectory "$INSTDIR"
     ClearErrors
-    FileOpen $0 "$INSTDIR\${UNINSTALLER}" a
+    GetTempFileName $0 "$INSTDIR"
     ${If} ${Errors}
         MessageBox MB_OK|MB_ICONSTOP "$(NotWritableText)" /SD IDOK
         SetErrorLevel 2
         Quit
     ${EndIf}
-    FileClose $0
+    Delete "$0"
     ${Do}
         Call LookForUse
         ${If} $InUse == ""

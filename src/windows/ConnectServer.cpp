@@ -55,7 +55,7 @@ bool Argument(const DISPPARAMS* parameters, UINT position, VARTYPE type, Variant
 // object; its own members are numbered from 1 once more.
 class RibbonServer final : public IRibbonExtensibility {
 public:
-    RibbonServer(IUnknown& whole, Connect& connect) : whole(whole), connect(connect) {}
+    RibbonServer(IDispatch& whole, Connect& connect) : whole(whole), connect(connect) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identifier, void** object) override {
         return whole.QueryInterface(identifier, object);
@@ -64,17 +64,15 @@ public:
     ULONG STDMETHODCALLTYPE Release() override { return whole.Release(); }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        if (!count) return E_POINTER;
-        *count = 0;
-        return S_OK;
+        return whole.GetTypeInfoCount(count);
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
                                             DISPID* identifiers) override {
-        if (!names || !identifiers || count == 0) return E_INVALIDARG;
-        for (UINT name = 0; name < count; ++name) identifiers[name] = DISPID_UNKNOWN;
-        if (lstrcmpiW(names[0], L"GetCustomUI") == 0) identifiers[0] = 1;
-        return count == 1 && identifiers[0] == 1 ? S_OK : DISP_E_UNKNOWNNAME;
+        if (!names || !identifiers || count != 1) return E_INVALIDARG;
+        const bool known = lstrcmpiW(names[0], L"GetCustomUI") == 0;
+        identifiers[0] = known ? 1 : DISPID_UNKNOWN;
+        return known ? S_OK : DISP_E_UNKNOWNNAME;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO*, UINT*) override {
@@ -91,7 +89,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetCustomUI(BSTR ribbonId, BSTR* xml) override {
         if (!xml) return E_POINTER;
         *xml = nullptr;
-        const auto self = ComPtr<IUnknown>::Share(&whole);
+        const auto self = ComPtr<IDispatch>::Share(&whole);
         return Guarded([&] {
             *xml = Bstr(connect.GetCustomUI(ribbonId ? FromWide(ribbonId, SysStringLen(ribbonId))
                                                      : Text()))
@@ -103,7 +101,7 @@ private:
     ~RibbonServer() = default;
     friend class ConnectServer;
 
-    IUnknown& whole;
+    IDispatch& whole;
     Connect& connect;
 };
 
