@@ -38,6 +38,17 @@ void Connect::Start(const ObjectPtr& application, const ObjectPtr& addInInstance
     program.debug.DebugInit(false, false);
 }
 
+Text Connect::GetCustomUI(TextView ribbonId) {
+    Text xml;
+    program.debug.Guarded([&] {
+        // Held here: Outlook may disconnect from within.
+        if (const std::shared_ptr<OutlookAddIn> addIn = outlookAddIn) {
+            xml = addIn->GetCustomUI(ribbonId);
+        }
+    });
+    return xml;
+}
+
 void Connect::AddinInstance_OnBeginShutdown() {
     ReleaseAddIn();
 }

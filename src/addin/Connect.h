@@ -24,6 +24,10 @@ public:
     void AddinInstance_OnDisconnection(std::int32_t removeMode);
     void AddinInstance_Terminate() {}
 
+    // The ribbon's XML for a kind of window; empty where the add-in has nothing, and while it is
+    // not connected.
+    Text GetCustomUI(TextView ribbonId);
+
 private:
     void Start(const ObjectPtr& application, const ObjectPtr& addInInstance);
     OutlookAddIn& AddIn();

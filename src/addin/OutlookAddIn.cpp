@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "addin/Ribbon.h"
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
@@ -19,7 +20,7 @@ constexpr std::int32_t FirstWithoutOwnQuit = 10;  // Outlook 2002
 }  // namespace
 
 OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit,
-                           Addresses& addresses, Forms& forms, SmsReply& smsReply,
+                           Addresses& addresses, Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
                            ProcessValues& processValues, ExplorerFactory createExplorer)
     : errors(errors),
       debug(debug),
@@ -27,6 +28,7 @@ OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit,
       addresses(addresses),
       forms(forms),
       smsReply(smsReply),
+      ribbon(ribbon),
       processValues(processValues),
       createExplorer(std::move(createExplorer)) {}
 
@@ -70,6 +72,17 @@ void OutlookAddIn::Initialise(const ObjectPtr& application, TextView progId) {
     } else {
         first->OpenItemOl20(window, sProgId, TagText());
     }
+}
+
+Text OutlookAddIn::GetCustomUI(TextView ribbonId) {
+    if (!golApp) return {};
+    // Held here: the calls into Outlook may bring events that change the array.
+    const Wrappers wrapped = explorers;
+    Text xml = ribbon.GetCustomUI(ribbonId, processValues.outlookVersion);
+    if (ribbon.InExplorers()) {
+        for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) wrapper->GiveWay();
+    }
+    return xml;
 }
 
 void OutlookAddIn::colExpl_NewExplorer(const ObjectPtr& explorer) {
@@ -116,11 +129,12 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
     // Every window still wrapped loses its button and its entry. Held here: the calls into Outlook
     // may bring events that change the array.
     debug.Guarded([this] {
-        const std::vector<std::shared_ptr<cOlExplorer>> wrapped = explorers;
+        const Wrappers wrapped = explorers;
         for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) {
             if (wrapper->bOpen) wrapper->Leave();
         }
     });
+    ribbon.Release();
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
     addresses.Release();

@@ -16,17 +16,22 @@ namespace tellwick {
 class Addresses;
 class Debug;
 class RegEdit;
+class Ribbon;
 
 class OutlookAddIn : public std::enable_shared_from_this<OutlookAddIn> {
 public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
     OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Addresses& addresses,
-                 Forms& forms, SmsReply& smsReply, ProcessValues& processValues,
+                 Forms& forms, SmsReply& smsReply, Ribbon& ribbon, ProcessValues& processValues,
                  ExplorerFactory createExplorer);
 
     // Takes hold of Outlook and wraps its first explorer, which gets its button at once.
     void Initialise(const ObjectPtr& application, TextView progId);
+
+    // The ribbon's XML for a kind of window; empty when there is none or Outlook has been let go.
+    // Explorers that have the ribbon lose button and entry.
+    Text GetCustomUI(TextView ribbonId);
 
     // Lets go of Outlook and unloads the forms. Does nothing unless `explorer` is empty.
     void Release(const ObjectPtr& explorer);
@@ -35,6 +40,8 @@ public:
     ObjectPtr GetOlApp() const { return golApp.Reference(); }
 
 private:
+    using Wrappers = std::vector<std::shared_ptr<cOlExplorer>>;
+
     void colExpl_NewExplorer(const ObjectPtr& explorer);
     void colInsp_NewInspector(const ObjectPtr& inspector);
     void objInsp_Close(const ObjectPtr&);
@@ -50,7 +57,7 @@ private:
     SunkObject objMailItem;  // the last mail that was opened in an inspector
     Text sProgId;
     // One per explorer window. A wrapper whose window has closed stays until its place is reused.
-    std::vector<std::shared_ptr<cOlExplorer>> explorers;
+    Wrappers explorers;
 
     PendingError& errors;
     Debug& debug;
@@ -58,6 +65,7 @@ private:
     Addresses& addresses;
     Forms& forms;
     SmsReply& smsReply;
+    Ribbon& ribbon;
     ProcessValues& processValues;
     ExplorerFactory createExplorer;
 };

@@ -58,6 +58,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       formT1(debug, forms, platform.timers),
       smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
+      ribbon(errors, debug, language, platform.bitmaps, contacts, smsReply, formSmsSend),
       olButtons(regEdit, platform.bitmaps),
       automation(platform.automation) {}
 
@@ -67,10 +68,10 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     };
     const auto createExplorer = [this, openSms] {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
-                                             automation, processValues, openSms);
+                                             automation, processValues, ribbon, openSms);
     };
     return std::make_shared<OutlookAddIn>(errors, debug, regEdit, addresses, forms, smsReply,
-                                          processValues, createExplorer);
+                                          ribbon, processValues, createExplorer);
 }
 
 }  // namespace tellwick

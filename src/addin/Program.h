@@ -6,6 +6,7 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/ProcessValues.h"
+#include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
@@ -82,6 +83,7 @@ public:
     FormSmsSend formSmsSend;
     FormT1 formT1;
     SmsReply smsReply;
+    Ribbon ribbon;
     OlButtons olButtons;
     ProcessValues processValues;
 

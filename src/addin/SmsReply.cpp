@@ -15,7 +15,7 @@ constexpr std::uint32_t FormLoading = 50;  // milliseconds that a new form is gi
 }
 
 SmsReply::SmsReply(PendingError& errors, Debug& debug, Automation& automation,
-                   MessageLoop& messageLoop, const Contacts& contacts, FormSmsSend& formSmsSend,
+                   MessageLoop& messageLoop, Contacts& contacts, FormSmsSend& formSmsSend,
                    RecipientField& recipientField, MessageText& messageText)
     : errors(errors),
       debug(debug),
@@ -44,12 +44,16 @@ void SmsReply::objMailItem_Reply(const ObjectPtr& mailItem, std::vector<Value>& 
     if (contacts.AsksForReply()) return;
     Procedure procedure{debug, u"objMailItem_Reply"};
     if (!IsSms(mailItem)) return;
-    Parts parts;
-    if (!Separate(mailItem, arguments.empty() ? nullptr : AsObject(arguments[0]), parts)) return;
-
-    formSmsSend.Open({});
-    Fill(parts, place);
+    const auto parts =
+        Separate(mailItem, [&] { return arguments.empty() ? nullptr : AsObject(arguments[0]); });
+    if (!parts) return;
+    Open(*parts, place);
     if (arguments.size() > 1) arguments[1] = true;
+}
+
+std::optional<SmsReply::Parts> SmsReply::PartsOf(const ObjectPtr& mailItem) {
+    if (!IsSms(mailItem)) return std::nullopt;
+    return Separate(mailItem, [&] { return contacts.ReplyOf(mailItem); });
 }
 
 bool SmsReply::IsSms(const ObjectPtr& mailItem) {
@@ -60,7 +64,8 @@ bool SmsReply::IsSms(const ObjectPtr& mailItem) {
 
 // The sender and the body, read through Redemption, since Outlook would ask the user before it
 // hands them out; else what stands before and behind the first colon of the host's own reply.
-bool SmsReply::Separate(const ObjectPtr& mailItem, const ObjectPtr& response, Parts& parts) {
+std::optional<SmsReply::Parts> SmsReply::Separate(const ObjectPtr& mailItem,
+                                                  const ResponseSource& response) {
     const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
     Put(errors, safeItem, u"Item", mailItem);
     Text text = AsText(Get(errors, safeItem, u"SentOnBehalfOfName"));
@@ -68,15 +73,15 @@ bool SmsReply::Separate(const ObjectPtr& mailItem, const ObjectPtr& response, Pa
     if (!text.empty()) {
         text += u' ' + AsText(Get(errors, safeItem, u"Body"));
     } else {
-        text = AsText(Get(errors, response, DefaultMember));
+        text = AsText(Get(errors, response(), DefaultMember));
         separator = text.find(u':');
-        if (separator == Text::npos) return false;
+        if (separator == Text::npos) return std::nullopt;
     }
-    parts = {text.substr(0, separator), Trimmed(TextView(text).substr(separator + 1))};
-    return true;
+    return Parts{text.substr(0, separator), Trimmed(TextView(text).substr(separator + 1))};
 }
 
-void SmsReply::Fill(const Parts& parts, Place place) {
+void SmsReply::Open(const Parts& parts, Place place) {
+    formSmsSend.Open({});
     // The form is to have finished loading before it is filled.
     messageLoop.DoEvents();
     messageLoop.Sleep(FormLoading);

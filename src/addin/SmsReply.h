@@ -1,6 +1,8 @@
 // A reply to an SMS that lies in Outlook as a mail item becomes a new SMS.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/Outlook.h"
@@ -20,12 +22,21 @@ public:
     enum class Place { Explorer, Inspector };
 
     SmsReply(PendingError& errors, Debug& debug, Automation& automation, MessageLoop& messageLoop,
-             const Contacts& contacts, FormSmsSend& formSmsSend, RecipientField& recipientField,
+             Contacts& contacts, FormSmsSend& formSmsSend, RecipientField& recipientField,
              MessageText& messageText);
 
     // Holds the item with its events, marked as SMS or not, when it is a mail; leaves what is held
     // as it was when it is not.
     void Follow(SunkObject& objMailItem, const outlook::Item& item, Place place);
+
+    struct Parts {
+        Text recipient;
+        Text message;
+    };
+    // Sender and text of a mail that is marked as SMS; empty for any other.
+    std::optional<Parts> PartsOf(const ObjectPtr& mailItem);
+    // Opens the form with them.
+    void Open(const Parts& parts, Place place);
 
 private:
     // The item's Reply event, with the reply that the host has prepared and the cancel flag. When
@@ -33,19 +44,15 @@ private:
     // any other item is left to Outlook.
     void objMailItem_Reply(const ObjectPtr& mailItem, std::vector<Value>& arguments, Place place);
 
-    struct Parts {
-        Text recipient;
-        Text message;
-    };
+    using ResponseSource = std::function<ObjectPtr()>;
     bool IsSms(const ObjectPtr& mailItem);
-    bool Separate(const ObjectPtr& mailItem, const ObjectPtr& response, Parts& parts);
-    void Fill(const Parts& parts, Place place);
+    std::optional<Parts> Separate(const ObjectPtr& mailItem, const ResponseSource& response);
 
     PendingError& errors;
     Debug& debug;
     Automation& automation;
     MessageLoop& messageLoop;
-    const Contacts& contacts;
+    Contacts& contacts;
     FormSmsSend& formSmsSend;
     RecipientField& recipientField;
     MessageText& messageText;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "addin/Ribbon.h"
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
@@ -31,7 +32,7 @@ Text ButtonCaption(LanguageTexts& language) {
 
 cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language,
                          OlButtons& olButtons, FormT1& formT1, SmsReply& smsReply,
-                         Automation& automation, const ProcessValues& processValues,
+                         Automation& automation, const ProcessValues& processValues, Ribbon& ribbon,
                          SmsOpener openSms)
     : errors(errors),
       debug(debug),
@@ -41,6 +42,7 @@ cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& lang
       smsReply(smsReply),
       automation(automation),
       processValues(processValues),
+      ribbon(ribbon),
       openSms(std::move(openSms)) {}
 
 void cOlExplorer::OpenItem(const ObjectPtr& explorer, TextView progId, TextView tag) {
@@ -75,6 +77,7 @@ void cOlExplorer::OnExplorerEvent(std::int32_t event) {
 }
 
 void cOlExplorer::objExplorer_Activate() {
+    ribbon.FollowResolution();
     if (processValues.outlookVersion >= FirstWithDeferredSetUp && !bMenusSet) {
         formT1.StartT(shared_from_this());
         bMenusSet = true;
@@ -94,6 +97,10 @@ void cOlExplorer::objExplorer_SelectionChange() {
 
 void cOlExplorer::SetMenus(const ObjectPtr& target) {
     Procedure procedure{debug, u"SetMenus"};
+    if (ribbon.InExplorers()) {
+        bMenusSet = true;
+        return;
+    }
     outlook::Explorer window(errors, nullptr);
     if (TypeName(target) == u"Explorer") {
         window = outlook::Explorer(errors, target);
@@ -164,12 +171,20 @@ void cOlExplorer::objExplorer_Close() {
     objExplorer.Clear();
 }
 
-void cOlExplorer::Leave() {
+void cOlExplorer::GiveWay() {
     debug.Guarded([this] {
-        for (const SunkObject* control : {&ButtonSMSNew, &MenuSMSNew}) {
-            if (*control) outlook::CommandBarControl(errors, control->Reference()).Delete();
+        for (SunkObject* control : {&ButtonSMSNew, &MenuSMSNew}) {
+            if (!*control) continue;
+            errors.Clear();
+            outlook::CommandBarControl(errors, control->Reference()).Delete();
+            // One that stays is to go on answering.
+            if (!errors) control->Clear();
         }
     });
+}
+
+void cOlExplorer::Leave() {
+    GiveWay();
     objExplorer_Close();
 }
 

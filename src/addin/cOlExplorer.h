@@ -14,6 +14,7 @@ namespace tellwick {
 
 class Debug;
 class LanguageTexts;
+class Ribbon;
 
 // Opens the SMS form for what is selected in the given Outlook application.
 using SmsOpener = std::function<void(const ObjectPtr& application)>;
@@ -22,7 +23,7 @@ class cOlExplorer : public MenuRequester, public std::enable_shared_from_this<cO
 public:
     cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language, OlButtons& olButtons,
                 FormT1& formT1, SmsReply& smsReply, Automation& automation,
-                const ProcessValues& processValues, SmsOpener openSms);
+                const ProcessValues& processValues, Ribbon& ribbon, SmsOpener openSms);
 
     // True from the initialisation until the window's Close.
     bool bOpen = false;
@@ -37,6 +38,9 @@ public:
     // application given, or, given nothing, to the active one of this window's application.
     void SetMenus(const ObjectPtr& target);
     void SetMenus() override { SetMenus(nullptr); }
+
+    // Takes both controls away wherever they stand.
+    void GiveWay();
 
     // Deletes this add-in's button from the "Standard" bar of the explorer.
     void RemoveMenus(const ObjectPtr& explorer);
@@ -77,6 +81,7 @@ private:
     SmsReply& smsReply;
     Automation& automation;
     const ProcessValues& processValues;
+    Ribbon& ribbon;
     SmsOpener openSms;
 };
 

@@ -14,6 +14,8 @@ namespace tellwick {
 namespace {
 
 constexpr TextView FormName = u"FormOptions";
+constexpr TextView PrefixSection = u"Prefixes";
+constexpr TextView CountryPrefixes = u"Remove0InPrefixes";
 constexpr std::int64_t MostNumbers = 10000;
 constexpr std::int32_t UsualSizes[] = {8,  9,  10, 11, 12, 14, 16, 18,
                                        20, 22, 24, 26, 28, 36, 48, 72};  // points
@@ -91,7 +93,7 @@ void FormOptions::Form_Load() {
     view.TextNumUsedNumber().SetText(NumberText(std::clamp(numbers, std::int64_t(0), MostNumbers)));
     EnableNumUsedNumber();
 
-    view.TextPrefixes().SetText(read(u"Prefixes", u"Remove0InPrefixes", {}));
+    view.TextPrefixes().SetText(read(PrefixSection, CountryPrefixes, {}));
     const Text code = CountryCode();
     view.ButtonPrefix().SetVisible(!code.empty());
     view.ButtonPrefix().SetCaption(
@@ -159,12 +161,20 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
     return {{u"SMS", u"StoreNumbers", flag(view.CheckStoreNumbers())},
             {u"SMS", u"NumberCache", flag(view.CheckNumberCache())},
             {u"SMS", u"NumUsedNumber", CleanNumber(view.TextNumUsedNumber().GetText())},
-            {u"Prefixes", u"Remove0InPrefixes", CleanPrefixes(view.TextPrefixes().GetText())},
+            {PrefixSection, CountryPrefixes, CleanPrefixes(view.TextPrefixes().GetText())},
             {u"Editor", u"Font", Chosen(view.BoxFont())},
             {u"Editor", u"FontSize", Chosen(view.BoxFontSize())},
             {u"Settings", u"Language", Chosen(view.BoxLanguage())},
             {u"SMS", u"AirCount", flag(view.CheckAirCount())},
             {u"SMS", u"AskLostCharacters", flag(view.CheckAskLostCharacters())}};
+}
+
+void FormOptions::SetFirstPrefixes(TextView typed) {
+    const Text clean = CleanPrefixes(typed);
+    if (clean.empty() || !inifilesLite.GetIniSetting(PrefixSection, CountryPrefixes).empty()) {
+        return;
+    }
+    inifilesLite.SetIniSetting(PrefixSection, CountryPrefixes, clean);
 }
 
 void FormOptions::CheckStoreNumbers_Click() {

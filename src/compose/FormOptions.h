@@ -28,6 +28,9 @@ public:
     // Takes the window away; nothing is written.
     void Unload() override;
 
+    // Writes the prefixes, as they may be typed, where the user has none yet.
+    void SetFirstPrefixes(TextView typed);
+
     void CheckStoreNumbers_Click() override;
     // Puts the country code of the user's Windows into the field, unless it is there.
     void ButtonPrefix_Click() override;

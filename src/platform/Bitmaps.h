@@ -27,6 +27,13 @@ public:
     // A picture object for the bitmap, which it owns from then on, failed or not.
     virtual ObjectPtr CreatePicture(BitmapHandle bitmap) = 0;
 
+    // A picture object, with transparency, of a resource icon: a square of that many pixels at 96
+    // dots per inch, made for the resolution below.
+    virtual ObjectPtr CreateIconPicture(std::int32_t resource, std::int32_t size) = 0;
+
+    // Dots per inch where the active window is; the system's while there is none.
+    virtual std::int32_t Resolution() = 0;
+
     virtual void ClearClipboard() = 0;
 
     // Puts a copy of the picture on the clipboard as a bitmap.

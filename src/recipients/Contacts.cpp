@@ -35,8 +35,12 @@ Contacts::Contacts(PendingError& errors, Automation& automation, Prefixes& prefi
 Text Contacts::SelectedRecipients(const ObjectPtr& outlookApplication) {
     const ObjectPtr application =
         outlookApplication ? outlookApplication : automation.Running(u"Outlook.Application");
-    const outlook::Selection selection =
-        outlook::Application(errors, application).ActiveExplorer().Selection();
+    return RecipientsIn(
+        outlook::Application(errors, application).ActiveExplorer().Selection().Reference());
+}
+
+Text Contacts::RecipientsIn(const ObjectPtr& items) {
+    const outlook::Selection selection(errors, items);
     std::vector<Text> numbers;
     Text recipients;
     for (std::int32_t index = 1, count = selection.Count(); index <= count; ++index) {

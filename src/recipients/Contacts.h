@@ -20,15 +20,23 @@ public:
     // ";". Takes the running Outlook when no application is given.
     Text SelectedRecipients(const ObjectPtr& application);
 
+    // The same of a collection of items, such as a selection.
+    Text RecipientsIn(const ObjectPtr& items);
+
+    // The number of one item: a contact's, or that of the sender of a mail; empty when there is
+    // none.
+    Text RecipientOf(const ObjectPtr& item);
+
+    // The reply that Outlook prepares for a mail, not shown.
+    ObjectPtr ReplyOf(const ObjectPtr& mail);
+
     // True while a mail is asked for its reply, which raises the mail's Reply event.
     bool AsksForReply() const { return asksForReply; }
 
 private:
     Text Dialable(TextView number);
-    Text RecipientOf(const ObjectPtr& item);
     Text NumberForMail(const ObjectPtr& mail);
     Text NumberOfPersonIn(TextView text);
-    ObjectPtr ReplyOf(const ObjectPtr& mail);
 
     bool asksForReply = false;
 

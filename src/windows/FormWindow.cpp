@@ -142,17 +142,16 @@ SIZE FormWindow::UsualClient() const {
     return {least.cx * 5 / 4, least.cy * 5 / 4};
 }
 
-// The size of the window around a client area.
-SIZE FormWindow::Framed(SIZE client) const {
-    RECT frame{0, 0, client.cx, client.cy};
-    AdjustWindowRectEx(&frame, DWORD(GetWindowLongW(window, GWL_STYLE)), FALSE,
-                       DWORD(GetWindowLongW(window, GWL_EXSTYLE)));
-    return {frame.right - frame.left, frame.bottom - frame.top};
+void FormWindow::PlaceFirst() {
+    const int resolution = font->Resolution();
+    MoveToFirstPlace();
+    // On its way to a monitor of another resolution the system has scaled it.
+    if (font->Resolution() != resolution) MoveToFirstPlace();
 }
 
-void FormWindow::PlaceFirst() {
-    const SIZE least = Framed(LeastClient());
-    const SIZE usual = Framed(UsualClient());
+void FormWindow::MoveToFirstPlace() {
+    const SIZE least = SizeAround(window, LeastClient());
+    const SIZE usual = SizeAround(window, UsualClient());
     LONG width = std::max(wanted.width > 0 ? LONG(wanted.width) : usual.cx, least.cx);
     LONG height = std::max(wanted.height > 0 ? LONG(wanted.height) : usual.cy, least.cy);
     const RECT place{wanted.left, wanted.top, wanted.left + width, wanted.top + height};
@@ -203,7 +202,7 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
     }
     LoadIcons();
     OnResolution();
-    const SIZE least = Framed(LeastClient());
+    const SIZE least = SizeAround(window, LeastClient());
     SetWindowPos(window, nullptr, suggested.left, suggested.top,
                  std::max(suggested.right - suggested.left, least.cx),
                  std::max(suggested.bottom - suggested.top, least.cy),
@@ -258,7 +257,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_GETMINMAXINFO: {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(second);
-            const SIZE least = Framed(LeastClient());
+            const SIZE least = SizeAround(window, LeastClient());
             limits.ptMinTrackSize = {least.cx, least.cy};
             return 0;
         }

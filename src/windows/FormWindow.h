@@ -83,7 +83,7 @@ private:
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
     bool HandleInput(MSG& message);
     void PlaceFirst();
-    SIZE Framed(SIZE client) const;
+    void MoveToFirstPlace();
     void LoadIcons();
     void ChangeResolution(int resolution, const RECT& suggested);
 

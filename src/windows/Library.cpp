@@ -24,6 +24,7 @@ namespace {
 HMODULE library = nullptr;
 
 // The program over the real system.
+template <class Dialogs>
 struct Assembly {
     PendingError errors;
     WindowsRegistry registry;
@@ -31,7 +32,7 @@ struct Assembly {
     WindowsFileSystem fileSystem{errors, automation};
     WindowsPrograms programs{errors, library};
     WindowsMessageLoop messageLoop;
-    WindowsDialogs dialogs;
+    Dialogs dialogs;
     WindowsClock clock;
     WindowsLocale locale;
     WindowsBitmaps bitmaps{errors, library};
@@ -51,7 +52,7 @@ struct Assembly {
 
 // Ended by DllCanUnloadNow, never by the end of the process: by then the system's parts that it
 // would call may be gone.
-Assembly* assembly = nullptr;
+Assembly<WindowsDialogs>* assembly = nullptr;
 
 }  // namespace
 
@@ -69,7 +70,7 @@ void ReportException() noexcept {
 }
 
 Program& TheProgram() {
-    if (!assembly) assembly = new Assembly;
+    if (!assembly) assembly = new Assembly<WindowsDialogs>;
     return assembly->program;
 }
 
@@ -109,6 +110,22 @@ STDAPI DllRegisterServer() {
     bool done = false;
     const HRESULT result = Guarded([&] { done = Register(); });
     return FAILED(result) || done ? result : SELFREG_E_CLASS;
+}
+
+// For the set-up program, by `regsvr32 /i:prefix=+49`: writes the country prefix where the user has
+// none yet. Asks nothing.
+STDAPI DllInstall(BOOL install, const wchar_t* words) {
+    using namespace tellwick;
+    constexpr TextView Prefix = u"prefix=";
+    const Text text = FromWide(words);
+    if (!install || !StartsWith(text, Prefix)) return E_INVALIDARG;
+    return Guarded([&] {
+        Assembly<NoDialogs> own;
+        Program& program = own.program;
+        program.inifilesLite.GetIniFile();
+        program.formOptions.SetFirstPrefixes(TextView(text).substr(Prefix.size()));
+        program.iniFile.Flush();
+    });
 }
 
 STDAPI DllUnregisterServer() {

@@ -29,8 +29,35 @@ int CALLBACK AddFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM nam
 int ResolutionOf(HWND window) {
     using DpiForWindow = UINT(WINAPI*)(HWND);
     static const auto dpiForWindow = SystemFunction<DpiForWindow>(L"user32.dll", "GetDpiForWindow");
-    const UINT own = window && dpiForWindow ? dpiForWindow(window) : 0;
-    return own ? int(own) : SystemResolution();
+    if (!window) return SystemResolution();
+    UINT own = dpiForWindow ? dpiForWindow(window) : 0;
+    if (own) return int(own);
+    // Windows 8.1 knows the monitor's only; a host that does not follow gets the system's here.
+    using DpiForMonitor = HRESULT(WINAPI*)(HMONITOR, int type, UINT* horizontal, UINT* vertical);
+    static const auto dpiForMonitor =
+        SystemFunction<DpiForMonitor>(L"shcore.dll", "GetDpiForMonitor");
+    UINT vertical = 0;
+    if (dpiForMonitor &&
+        SUCCEEDED(dpiForMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), 0, &own,
+                                &vertical))) {
+        return int(own);
+    }
+    return SystemResolution();
+}
+
+SIZE SizeAround(HWND window, SIZE client) {
+    using AdjustForDpi =
+        BOOL(WINAPI*)(RECT*, DWORD style, BOOL menu, DWORD extendedStyle, UINT dpi);
+    static const auto adjustForDpi =
+        SystemFunction<AdjustForDpi>(L"user32.dll", "AdjustWindowRectExForDpi");
+    RECT frame{0, 0, client.cx, client.cy};
+    const auto style = DWORD(GetWindowLongW(window, GWL_STYLE));
+    const auto extendedStyle = DWORD(GetWindowLongW(window, GWL_EXSTYLE));
+    if (!adjustForDpi ||
+        !adjustForDpi(&frame, style, FALSE, extendedStyle, UINT(ResolutionOf(window)))) {
+        AdjustWindowRectEx(&frame, style, FALSE, extendedStyle);
+    }
+    return {frame.right - frame.left, frame.bottom - frame.top};
 }
 
 std::vector<Text> InstalledFonts() {
@@ -66,7 +93,8 @@ int MessageFont::DropDownWidth(const ItemList& list) const {
     for (std::int32_t item = 0; item < list.Count(); ++item) {
         width = std::max(width, int(Measure(list.Item(item)).cx));
     }
-    return width + GetSystemMetrics(SM_CXVSCROLL) + metrics.Horizontal(8);
+    return width + MulDiv(GetSystemMetrics(SM_CXVSCROLL), resolution, SystemResolution()) +
+           metrics.Horizontal(8);
 }
 
 SIZE MessageFont::Measure(TextView text, int width) const {

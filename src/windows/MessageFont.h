@@ -13,6 +13,9 @@ namespace tellwick::windows {
 // system, as for no window.
 int ResolutionOf(HWND window);
 
+// The size of a window around a client area, with its frame at its resolution.
+SIZE SizeAround(HWND window, SIZE client);
+
 // Names of the installed fonts that letters can be written in, in alphabetical order.
 std::vector<Text> InstalledFonts();
 

@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include "windows/AutomationObject.h"
+#include "windows/MessageFont.h"
 #include "windows/Values.h"
 
 namespace tellwick::windows {
@@ -72,15 +73,44 @@ BitmapHandle WindowsBitmaps::CreateMapped(std::int32_t resource, SystemColour li
 }
 
 ObjectPtr WindowsBitmaps::CreatePicture(BitmapHandle bitmap) {
+    return MakePicture(reinterpret_cast<HBITMAP>(bitmap));
+}
+
+std::int32_t WindowsBitmaps::Resolution() {
+    return ResolutionOf(GetActiveWindow());
+}
+
+ObjectPtr WindowsBitmaps::CreateIconPicture(std::int32_t resource, std::int32_t size) {
+    const int side = MulDiv(size, Resolution(), 96);
+    const IconHandle icon = LoadLibraryIcon(resource, side);
+    BITMAPINFO pixels{};
+    pixels.bmiHeader.biSize = sizeof pixels.bmiHeader;
+    pixels.bmiHeader.biWidth = side;
+    pixels.bmiHeader.biHeight = -side;
+    pixels.bmiHeader.biPlanes = 1;
+    pixels.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    const HBITMAP bitmap = CreateDIBSection(nullptr, &pixels, DIB_RGB_COLORS, &bits, nullptr, 0);
+    if (!icon || !bitmap) {
+        NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
+        if (bitmap) DeleteObject(bitmap);
+        return nullptr;
+    }
+    // Drawn over nothing at all, the icon brings its transparency along.
+    DrawIconEx(Canvas(bitmap).Get(), 0, 0, icon.get(), side, side, 0, nullptr, DI_NORMAL);
+    return MakePicture(bitmap);
+}
+
+ObjectPtr WindowsBitmaps::MakePicture(HBITMAP bitmap) {
     PICTDESC description{};
     description.cbSizeofstruct = sizeof description;
     description.picType = PICTYPE_BITMAP;
-    description.bmp.hbitmap = reinterpret_cast<HBITMAP>(bitmap);
+    description.bmp.hbitmap = bitmap;
     ComPtr<IDispatch> picture;
     const HRESULT result = OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
                                                     reinterpret_cast<void**>(picture.Out()));
     if (FAILED(result)) {
-        DeleteObject(description.bmp.hbitmap);
+        DeleteObject(bitmap);
         NoteFailure(errors, result);
     }
     return WrapDispatch(errors, picture.Get());

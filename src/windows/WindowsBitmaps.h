@@ -12,10 +12,14 @@ public:
     BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
     BitmapHandle Load(std::int32_t resource) override;
     ObjectPtr CreatePicture(BitmapHandle bitmap) override;
+    ObjectPtr CreateIconPicture(std::int32_t resource, std::int32_t size) override;
+    std::int32_t Resolution() override;
     void ClearClipboard() override;
     void PutOnClipboard(const ObjectPtr& picture) override;
 
 private:
+    ObjectPtr MakePicture(HBITMAP bitmap);
+
     PendingError& errors;
     HMODULE library;
 };

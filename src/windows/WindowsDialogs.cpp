@@ -140,11 +140,7 @@ private:
         }
         y += buttonHeight + margin;
 
-        RECT frame{0, 0, contentWidth + 2 * margin, y};
-        AdjustWindowRectEx(&frame, DWORD(GetWindowLongW(dialog, GWL_STYLE)), FALSE,
-                           DWORD(GetWindowLongW(dialog, GWL_EXSTYLE)));
-        const int width = frame.right - frame.left;
-        const int height = frame.bottom - frame.top;
+        const auto [width, height] = SizeAround(dialog, {contentWidth + 2 * margin, y});
         const HWND owner = GetWindow(dialog, GW_OWNER);
         MONITORINFO monitor{};
         monitor.cbSize = sizeof monitor;
@@ -196,7 +192,7 @@ private:
     HWND extraWindow = nullptr;
     std::vector<Choice> buttons;
     Answer escapeAnswer = Answer::None;
-    MessageFont font;
+    MessageFont font{ResolutionOf(FormWindow::ActiveWindow())};
 };
 
 }  // namespace

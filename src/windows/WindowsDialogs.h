@@ -16,4 +16,17 @@ public:
                   TextView cancelText) override;
 };
 
+// Nobody is there: every box is answered as if it had been closed.
+class NoDialogs : public Dialogs {
+public:
+    Answer MessageBox(TextView, std::uint32_t flags, TextView) override {
+        return (flags & box::ButtonMask) == box::YesNo ? Answer::No : Answer::Ok;
+    }
+    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t, TextView title,
+                             TextView, bool&) override {
+        return MessageBox(text, buttons, title);
+    }
+    Text InputBox(TextView, TextView, TextView, TextView, TextView) override { return {}; }
+};
+
 }  // namespace tellwick::windows

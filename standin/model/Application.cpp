@@ -19,6 +19,10 @@ TextView VersionText(std::int32_t version) {
             return u"10.0.0.2627";
         case 11:
             return u"11.0.0.5510";
+        case 12:
+            return u"12.0.0.4518";
+        case 14:
+            return u"14.0.0.4760";
         default:
             return u"16.0.0.5134";
     }

@@ -123,6 +123,7 @@ void OutlookModel::Activate(const std::shared_ptr<Window>& window) {
     const bool isFirst = !window->displayed;
     window->displayed = true;
     Changed();
+    if (isFirst) ribbons.Open(*window);
     if (before && before != window && before->displayed) before->RaiseDeactivate();
     if (window->closed) return;
     window->RaiseActivate();

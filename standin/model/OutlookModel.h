@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "model/Application.h"
+#include "model/Ribbon.h"
 #include "model/Windows.h"
 
 namespace tellwick::standin {
@@ -19,7 +20,7 @@ using Fields = std::initializer_list<std::pair<TextView, TextView>>;
 class OutlookModel {
 public:
     // Errors of calls from outside are noted in `errors`. The major version is 9 (2000), 10
-    // (2002), 11 (2003) or 16. Starts without windows and items.
+    // (2002), 11 (2003), 12 (2007), 14 (2010) or 16. Starts without windows and items.
     OutlookModel(PendingError& errors, std::int32_t majorVersion);
     // Every handle still held fails from then on.
     ~OutlookModel();
@@ -140,6 +141,8 @@ public:
 
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones
     std::vector<std::shared_ptr<Folder>> stores;   // the roots; the default ones lie in the first
+
+    Ribbons ribbons{*this};
 
     // Kept by the handles and subscriptions themselves.
     std::set<Reference*> references;

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "outlook/RibbonAddIn.h"
+
 namespace tellwick::standin {
 
 // Office's interface of add-ins, a dual one. Not in the nameless namespace: the compiler would know
@@ -98,6 +100,7 @@ std::vector<Text> SubKeys(HKEY hive, const Text& key) {
 struct AddInLoader::Connected {
     std::shared_ptr<ComAddIn> addIn;
     ComPtr<IDTExtensibility2> events;
+    std::shared_ptr<RibbonAddIn> ribbon;  // null when it has none
 };
 
 std::uint64_t PrivateBytes() {
@@ -161,9 +164,11 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
             CoTaskMemFree(text);
         }
         addIn->connected = true;
-        connected.push_back({addIn, events});
+        const auto ribbon = RibbonAddInOf(objects, created.Get());
+        connected.push_back({addIn, events, ribbon});
         CustomArray custom;
         events->OnConnection(application.Get(), mode, instance.Get(), custom.Address());
+        if (ribbon) outlook.ribbons.Add(addIn->description, ribbon);
     }
     bytesAfterConnection = PrivateBytes();
     return true;
@@ -173,10 +178,11 @@ bool AddInLoader::Disconnect(const std::shared_ptr<ComAddIn>& addIn, DisconnectM
     const auto found = std::find_if(connected.begin(), connected.end(),
                                     [&](const Connected& one) { return one.addIn == addIn; });
     if (found == connected.end()) return false;
-    const ComPtr<IDTExtensibility2> events = found->events;
+    const Connected one = *found;
     connected.erase(found);
     CustomArray custom;
-    events->OnDisconnection(mode, custom.Address());
+    one.events->OnDisconnection(mode, custom.Address());
+    outlook.ribbons.Remove(one.ribbon);
     addIn->connected = false;
     addIn->object.reset();
     return true;
@@ -200,6 +206,7 @@ void AddInLoader::Abandon() {
     const std::vector<Connected> all = std::move(connected);
     connected.clear();
     for (const Connected& one : all) {
+        outlook.ribbons.Remove(one.ribbon);
         one.addIn->connected = false;
         one.addIn->object.reset();
     }

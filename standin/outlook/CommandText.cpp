@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "outlook/Face.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -22,18 +21,6 @@ std::string ToUtf8(TextView text) {
     return bytes;
 }
 
-// Size and number of colours of the picture a control shows, "none" without one.
-Text FaceText(const CommandBarControl& control) {
-    const Face face = FaceOf(control);
-    if (face.IsEmpty()) return u"none";
-    std::vector<std::uint32_t> colours = face.pixels;
-    std::sort(colours.begin(), colours.end());
-    const auto end = std::unique(colours.begin(), colours.end());
-    const bool transparent = std::find(colours.begin(), end, Transparent) != end;
-    return NumberText(face.width) + u"x" + NumberText(face.height) + u"/" +
-           NumberText(end - colours.begin()) + (transparent ? u"/transparent" : u"");
-}
-
 Text Describe(const CommandBarControl& control, std::size_t index) {
     Text text = NumberText(std::int64_t(index + 1)) + u" " +
                 Quoted(ReplaceAll(control.caption, u"&", u"")) + u" tag=" + Quoted(control.tag) +
@@ -48,7 +35,7 @@ Text Describe(const CommandBarControl& control, std::size_t index) {
     flag(u"visible", control.visible);
     flag(u"temporary", control.temporary);
     flag(u"builtin", control.BuiltIn());
-    return text + u" face=" + FaceText(control);
+    return text + u" face=" + FaceText(FaceOf(control));
 }
 
 }  // namespace
@@ -117,6 +104,16 @@ TextView KindOf(const Item& item) {
         default:
             return u"mail";
     }
+}
+
+Text FaceText(const Face& face) {
+    if (face.IsEmpty()) return u"none";
+    std::vector<std::uint32_t> colours = face.pixels;
+    std::sort(colours.begin(), colours.end());
+    const auto end = std::unique(colours.begin(), colours.end());
+    const bool transparent = std::find(colours.begin(), end, Transparent) != end;
+    return NumberText(face.width) + u"x" + NumberText(face.height) + u"/" +
+           NumberText(end - colours.begin()) + (transparent ? u"/transparent" : u"");
 }
 
 Text DescribeAll(CommandBar& bar) {

@@ -9,6 +9,7 @@
 
 #include "model/CommandBars.h"
 #include "model/Items.h"
+#include "outlook/Face.h"
 
 namespace tellwick::standin {
 
@@ -22,6 +23,8 @@ Text Joined(const std::vector<Text>& entries);
 Text RealText(double number);
 TextView KindOf(const Item& item);
 Text ScreenRectangle(const RECT& rectangle);
+// Size and number of colours of a picture, "none" without one.
+Text FaceText(const Face& face);
 // The controls of a bar.
 Text DescribeAll(CommandBar& bar);
 

@@ -34,6 +34,10 @@
 //                                    a button that is remembered, as an earlier run leaves one
 //   click N CAPTION [BAR]            clicks a button of a bar
 //   click-menu N CAPTION             chooses an entry of the "New" drop-down
+//   ribbon N, ribbon-inspector N     the add-ins' buttons on the ribbon of a window
+//   context-menu N                   their entries in the context menu of what is selected
+//   click-ribbon N LABEL, click-ribbon-inspector N LABEL, click-context N LABEL
+//   ribbon-errors                    what was wrong with the XML and the callbacks of add-ins
 //   time COMMAND...                  another command; milliseconds until the message queue is empty
 //                                    again ("queued" and those until the add-in had queued an SMS),
 //                                    "handler" and those of the longest event handler, behind them
@@ -128,6 +132,13 @@ private:
     Text Menu(const Words&);
     Text AddControl(const Words&);
     Text Click(const Words&);
+    Text Ribbon(const Words&);
+    Text InspectorRibbon(const Words&);
+    Text ContextMenu(const Words&);
+    Text ClickRibbon(const Words&);
+    Text ClickInspectorRibbon(const Words&);
+    Text ClickContextMenu(const Words&);
+    Text RibbonErrors(const Words&);
     Text Time(const Words&);
     Text Fill(const Words&);
     Text Push(const Words&);

@@ -6,6 +6,7 @@
 
 #include "outlook/Com.h"
 #include "outlook/MenuCommands.h"
+#include "outlook/Popup.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -214,6 +215,9 @@ LRESULT ExplorerWindow::Notify(const NMHDR& notification) {
         if (!selectionPosted) {
             selectionPosted = PostMessageW(window, SelectionChanged, 0, 0) != FALSE;
         }
+    } else if (notification.idFrom == ItemList && notification.code == NM_RCLICK) {
+        TakeSelection();
+        OpenContextMenu();
     } else if (notification.idFrom == ItemList && notification.code == NM_DBLCLK) {
         Command(menu::OpenItem, 0);
     } else if (notification.idFrom == FolderTree && notification.code == TVN_SELCHANGEDW) {
@@ -224,6 +228,25 @@ LRESULT ExplorerWindow::Notify(const NMHDR& notification) {
         }
     }
     return 0;
+}
+
+void ExplorerWindow::OpenContextMenu() {
+    if (explorer->selection.empty()) return;
+    Popup popup(look.Scale(FaceSize));
+    const auto addOwn = [&](const Text& caption, WORD identifier) {
+        popup.Add(caption, OwnFace(caption), true, [this, identifier] { Command(identifier, 0); });
+    };
+    addOwn(u"Open", menu::OpenItem);
+    if (CurrentItem()->itemClass == MailClass) addOwn(u"Reply", menu::Reply);
+    addOwn(u"Delete", menu::Delete);
+    const auto entries = explorer->outlook.ribbons.MenuEntries(explorer);
+    if (!entries.empty()) popup.AddSeparator();
+    for (const auto& entry : entries) {
+        popup.Add(entry.label, FaceOfPicture(entry.image), true, entry.click);
+    }
+    POINT corner;
+    GetCursorPos(&corner);
+    popup.Run(window, corner);
 }
 
 void ExplorerWindow::OwnMessage(UINT message) {

@@ -33,6 +33,7 @@ private:
     void FillList();
     void ShowSelection();
     void TakeSelection();
+    void OpenContextMenu();
 
     std::shared_ptr<Explorer> explorer;
     HWND folderTree = nullptr;

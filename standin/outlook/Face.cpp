@@ -3,6 +3,7 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "outlook/Com.h"
@@ -69,27 +70,6 @@ std::uint32_t ColourOf(char letter) {
     }
 }
 
-Face OwnFace(const Text& caption) {
-    static const struct {
-        TextView caption;
-        const char* const* rows;
-    } Faces[] = {{u"New", NewFace},        {u"Mail Message", NewFace},
-                 {u"Reply", ReplyFace},    {u"Print", PrintFace},
-                 {u"Delete", DeleteFace},  {u"Appointment", AppointmentFace},
-                 {u"Contact", ContactFace}};
-    Face face;
-    for (const auto& own : Faces) {
-        if (ReplaceAll(caption, u"&", u"") != own.caption) continue;
-        face.width = face.height = FaceSize;
-        for (int row = 0; row < FaceSize; ++row) {
-            for (int column = 0; column < FaceSize; ++column) {
-                face.pixels.push_back(ColourOf(own.rows[row][column]));
-            }
-        }
-    }
-    return face;
-}
-
 Face ReadBitmap(HBITMAP bitmap) {
     Face face;
     BITMAP size{};
@@ -109,18 +89,14 @@ Face ReadBitmap(HBITMAP bitmap) {
                                 &information, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
     if (lines != size.bmHeight) return Face();
-    for (std::uint32_t& pixel : face.pixels) pixel &= 0x00FFFFFF;
+    const bool transparent = std::any_of(face.pixels.begin(), face.pixels.end(),
+                                         [](std::uint32_t pixel) { return pixel > 0x00FFFFFF; });
+    for (std::uint32_t& pixel : face.pixels) {
+        pixel = transparent ? pixel ^ Transparent : pixel & 0x00FFFFFF;
+    }
     face.width = size.bmWidth;
     face.height = size.bmHeight;
     return face;
-}
-
-Face ReadPicture(const ObjectPtr& object) {
-    const auto picture = ForeignDispatch(object).As<IPicture>(IID_IPicture);
-    OLE_HANDLE handle = 0;
-    if (!picture || FAILED(picture->get_Handle(&handle))) return Face();
-    // Handles keep their meaning when they are sign-extended to the pointer's width.
-    return ReadBitmap(reinterpret_cast<HBITMAP>(LONG_PTR(LONG(handle))));
 }
 
 }  // namespace
@@ -137,13 +113,48 @@ std::uintptr_t PasteBitmap() {
     return reinterpret_cast<std::uintptr_t>(copy);
 }
 
+Face OwnFace(const Text& caption) {
+    static const struct {
+        TextView caption;
+        const char* const* rows;
+    } Faces[] = {{u"New", NewFace},
+                 {u"Mail Message", NewFace},
+                 {u"New E-mail", NewFace},
+                 {u"Reply", ReplyFace},
+                 {u"Print", PrintFace},
+                 {u"Delete", DeleteFace},
+                 {u"Appointment", AppointmentFace},
+                 {u"Contact", ContactFace},
+                 {u"New Contact", ContactFace},
+                 {u"New Appointment", AppointmentFace}};
+    Face face;
+    for (const auto& own : Faces) {
+        if (ReplaceAll(caption, u"&", u"") != own.caption) continue;
+        face.width = face.height = FaceSize;
+        for (int row = 0; row < FaceSize; ++row) {
+            for (int column = 0; column < FaceSize; ++column) {
+                face.pixels.push_back(ColourOf(own.rows[row][column]));
+            }
+        }
+    }
+    return face;
+}
+
+Face FaceOfPicture(const ObjectPtr& object) {
+    const auto picture = ForeignDispatch(object).As<IPicture>(IID_IPicture);
+    OLE_HANDLE handle = 0;
+    if (!picture || FAILED(picture->get_Handle(&handle))) return Face();
+    // Handles keep their meaning when they are sign-extended to the pointer's width.
+    return ReadBitmap(reinterpret_cast<HBITMAP>(LONG_PTR(LONG(handle))));
+}
+
 Face FaceOf(const CommandBarControl& control) {
     if (control.BuiltIn()) return OwnFace(control.caption);
     const auto* button = dynamic_cast<const CommandBarButton*>(&control);
     if (!button) return Face();
-    Face face = ReadPicture(button->picture);
+    Face face = FaceOfPicture(button->picture);
     if (face.IsEmpty()) return ReadBitmap(reinterpret_cast<HBITMAP>(button->pastedFace));
-    const Face mask = ReadPicture(button->mask);
+    const Face mask = FaceOfPicture(button->mask);
     if (mask.width == face.width && mask.height == face.height) {
         for (std::size_t index = 0; index < face.pixels.size(); ++index) {
             if (mask.pixels[index] == 0x00FFFFFF) face.pixels[index] = Transparent;
@@ -160,9 +171,15 @@ void DrawFace(HDC context, const Face& face, int left, int top, int size) {
             const int column = x * face.width / size;
             const std::uint32_t pixel =
                 face.pixels[std::size_t(row) * std::size_t(face.width) + std::size_t(column)];
-            if (pixel & Transparent) continue;
+            const std::uint32_t through = pixel >> 24;
+            if (through == 0xFF) continue;
+            const COLORREF behind = through ? GetPixel(context, left + x, top + y) : 0;
+            const auto mixed = [&](std::uint32_t colour, std::uint32_t other) {
+                return BYTE(std::min<std::uint32_t>(255, (colour & 0xFF) + other * through / 255));
+            };
             SetPixelV(context, left + x, top + y,
-                      RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF));
+                      RGB(mixed(pixel >> 16, GetRValue(behind)),
+                          mixed(pixel >> 8, GetGValue(behind)), mixed(pixel, GetBValue(behind))));
         }
     }
 }

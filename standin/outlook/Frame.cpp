@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "outlook/Com.h"
+#include "outlook/RibbonBar.h"
+#include "outlook/Toolbar.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -19,7 +21,7 @@ Frame::Frame(const Look& look, std::shared_ptr<Window> model)
     : look(look), model(std::move(model)) {}
 
 Frame::~Frame() {
-    toolbar.reset();
+    bar.reset();
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     DestroyWindow(window);
 }
@@ -36,11 +38,17 @@ void Frame::Create(const wchar_t* className, HMENU menu, int width, int height) 
     // Each window a little off the one before, so that all of them can be seen.
     const std::size_t open =
         model->outlook.explorers->all.size() + model->outlook.inspectors->all.size();
+    const bool hasRibbon = model->outlook.ribbons.Has(*model);
+    if (hasRibbon) DestroyMenu(std::exchange(menu, nullptr));
     const int offset = look.Scale(26) * int(open % 8);
     CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                     offset, offset, look.Scale(width), look.Scale(height), nullptr, menu,
                     type.hInstance, this);
-    toolbar = std::make_unique<Toolbar>(look, window, model->commandBars,
+    if (hasRibbon) {
+        bar = std::make_unique<RibbonBar>(look, window, model,
+                                          [this](const Text& caption) { RunBuiltIn(caption); });
+    } else {
+        bar = std::make_unique<Toolbar>(look, window, model->commandBars,
                                         [this](const std::shared_ptr<CommandBarControl>& control) {
                                             if (control->BuiltIn()) {
                                                 RunBuiltIn(ReplaceAll(control->caption, u"&", u""));
@@ -48,6 +56,7 @@ void Frame::Create(const wchar_t* className, HMENU menu, int width, int height) 
                                                 model->outlook.ClickButton(control);
                                             }
                                         });
+    }
 }
 
 HWND Frame::AddChild(const wchar_t* className, DWORD style, DWORD extendedStyle, int identifier) {
@@ -62,9 +71,9 @@ void Frame::Refresh() {
     SetWindowTextW(window, Wide(model->Caption() + u" (stand-in)"));
     // A box of an add-in may have been open while the window was to come up.
     if (!IsWindowVisible(window)) ShowWindow(window, SW_SHOW);
-    const int before = toolbar->Height();
-    toolbar->Refresh();
-    if (toolbar->Height() != before) LayOutAll();
+    const int before = bar->Height();
+    bar->Refresh();
+    if (bar->Height() != before) LayOutAll();
 }
 
 void Frame::Raise() {
@@ -76,11 +85,11 @@ void Frame::Raise() {
 }
 
 void Frame::LayOutAll() {
-    if (!toolbar) return;
+    if (!bar) return;
     RECT client;
     GetClientRect(window, &client);
-    MoveWindow(toolbar->Handle(), 0, 0, client.right, toolbar->Height(), TRUE);
-    client.top += toolbar->Height();
+    MoveWindow(bar->Handle(), 0, 0, client.right, bar->Height(), TRUE);
+    client.top += bar->Height();
     Layout(client);
 }
 
@@ -147,11 +156,11 @@ void Frame::RunBuiltIn(const Text& caption) {
         outlook.PressReply(item);
     } else if (caption == u"Delete" && item) {
         outlook.DeleteItem(item);
-    } else if (caption == u"Mail Message") {
+    } else if (caption == u"Mail Message" || caption == u"New E-mail") {
         OpenNew(outlook, tellwick::outlook::MailClass);
-    } else if (caption == u"Appointment") {
+    } else if (caption == u"Appointment" || caption == u"New Appointment") {
         OpenNew(outlook, tellwick::outlook::AppointmentClass);
-    } else if (caption == u"Contact") {
+    } else if (caption == u"Contact" || caption == u"New Contact") {
         OpenNew(outlook, tellwick::outlook::ContactClass);
     }
 }

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "model/OutlookModel.h"
+#include "outlook/Bar.h"
 #include "outlook/Look.h"
-#include "outlook/Toolbar.h"
 
 namespace tellwick::standin {
 
@@ -20,7 +20,7 @@ public:
 
     HWND Handle() const { return window; }
     const std::shared_ptr<Window>& Model() const { return model; }
-    const Toolbar& Bars() const { return *toolbar; }
+    const Bar& Bars() const { return *bar; }
     // Shows what the model has now.
     virtual void Refresh();
     // Brings the window to the front without telling the model, which knows it already.
@@ -34,9 +34,10 @@ protected:
 
     Frame(const Look& look, std::shared_ptr<Window> model);
 
-    // Creates the window, not yet visible, and its toolbar.
+    // Creates the window, not yet visible, and its toolbars or its ribbon. Beside a ribbon there is
+    // no menu.
     void Create(const wchar_t* className, HMENU menu, int width, int height);
-    // Places the children below the toolbar.
+    // Places the children below that.
     virtual void Layout(const RECT& inside) = 0;
     // A menu entry, an accelerator, a control's notification.
     virtual void Command(WORD identifier, WORD code) = 0;
@@ -61,7 +62,7 @@ private:
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
 
     std::shared_ptr<Window> model;
-    std::unique_ptr<Toolbar> toolbar;
+    std::unique_ptr<Bar> bar;
     bool raising = false;
     bool userActivation = false;
 };

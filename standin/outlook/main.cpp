@@ -1,10 +1,11 @@
 // The stand-in Outlook as a program.
 //
-//   OutlookStandIn [--version 9|10|11|16] [--no-window] [--commands] [--script FILE] [--late]
+//   OutlookStandIn [--version 9|10|11|12|14|16] [--no-window] [--commands] [--script FILE] [--late]
 //                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
 //                  [--ansi-loop] [--stay]
 //
-//   --version        plays Outlook 2000, 2002, 2003 (the default) or 2016
+//   --version        plays Outlook 2000, 2002, 2003 (the default), 2007, 2010
+//                    or 2016; from 2010 on with a ribbon, in 2007 in the windows of items only
 //   --no-window      starts without a window, as for another program
 //   --commands       takes commands from the standard input (see Commands.h); its end quits
 //   --script FILE    takes commands from a file; Outlook stays open behind its end
@@ -36,7 +37,9 @@
 #include <io.h>
 #include <ole2.h>
 #include <shellapi.h>
+#include <shlwapi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -96,7 +99,9 @@ std::optional<Options> ReadOptions() {
         if (word == u"--version") {
             options.version = LeadingNumber32(value);
             const std::int32_t version = options.version;
-            valid = version == 9 || version == 10 || version == 11 || version == 16;
+            constexpr std::int32_t Versions[] = {9, 10, 11, 12, 14, 16};
+            valid =
+                std::find(std::begin(Versions), std::end(Versions), version) != std::end(Versions);
             ++index;
         } else if (word == u"--script") {
             options.script = value;
@@ -135,6 +140,17 @@ std::optional<Options> ReadOptions() {
     }
     LocalFree(words);
     return valid ? std::optional<Options>(options) : std::nullopt;
+}
+
+// Whether the user has asked to be shown what is wrong with add-ins' ribbons.
+bool ReportsAddInErrors(std::int32_t version) {
+    const Text key =
+        u"Software\\Microsoft\\Office\\" + NumberText(version) + u".0\\Common\\General";
+    DWORD reports = 0;
+    DWORD size = sizeof reports;
+    return SHGetValueW(HKEY_CURRENT_USER, Wide(key), L"ReportAddinCustomUIErrors", nullptr,
+                       &reports, &size) == ERROR_SUCCESS &&
+           reports != 0;
 }
 
 void RunMessageLoop(const Desk& desk, bool ansi) {
@@ -199,6 +215,11 @@ int Run(const Options& options) {
 
     outlook.applicationHasEvents = options.events;
     outlook.pasteFace = PasteBitmap;
+    if (ReportsAddInErrors(options.version)) {
+        outlook.ribbons.showError = [](const Text& what) {
+            MessageBoxW(nullptr, Wide(what), L"Microsoft Outlook", MB_OK | MB_ICONERROR);
+        };
+    }
     for (const auto& failure : options.failures) {
         outlook.FailMember(failure.className, failure.member, failure.error);
     }

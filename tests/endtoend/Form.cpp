@@ -15,8 +15,13 @@ namespace {
 std::string ButtonCaption(StandIn& outlook) {
     std::string caption;
     REQUIRE(WaitUntil([&] {
-        for (const std::string& control : outlook.List("toolbar 1")) {
-            if (control.find("tag=\"101\"") == std::string::npos) continue;
+        std::vector<std::string> controls = outlook.List("ribbon 1");
+        if (controls.empty()) controls = outlook.List("toolbar 1");
+        for (const std::string& control : controls) {
+            if (control.find("tag=\"101\"") == std::string::npos &&
+                control.find("at=TabMail") == std::string::npos) {
+                continue;
+            }
             const std::size_t begin = control.find('"') + 1;
             caption = control.substr(begin, control.find('"', begin) - begin);
         }

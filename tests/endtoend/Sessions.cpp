@@ -17,7 +17,8 @@ using namespace tellwick::endtoend;
 namespace {
 
 // Steps and ends are commands of the stand-in, but for "has N" and "none N", which look whether
-// window N has the add-in's controls. The end "" is that of Outlook's last window.
+// window N has the add-in's controls, on its bars or, without a tick, on its ribbon. The end "" is
+// that of Outlook's last window.
 struct Course {
     std::string name;
     std::vector<std::string> steps;
@@ -25,6 +26,7 @@ struct Course {
 };
 
 const std::string Tick = "wait 230";
+constexpr int FirstWithRibbon = 14;
 
 const Course Courses[] = {
     {"one window", {"start", "has 1"}, {"quit", "end-addins", "disconnect"}},
@@ -71,11 +73,18 @@ bool HasControls(StandIn& outlook, const std::string& window) {
     return button || entry;
 }
 
+bool HasRibbon(StandIn& outlook, const std::string& window) {
+    return !outlook.Command("ribbon " + window).empty();
+}
+
 void Play(StandIn& outlook, int version, const std::vector<std::string>& steps) {
     for (const std::string& step : steps) {
         CAPTURE(step);
         const std::string window = step.substr(step.find(' ') + 1);
-        if (step.starts_with("has ")) {
+        if (version >= FirstWithRibbon && (step.starts_with("has ") || step.starts_with("none "))) {
+            CHECK_FALSE(HasControls(outlook, window));
+            if (step.starts_with("has ")) CHECK(HasRibbon(outlook, window));
+        } else if (step.starts_with("has ")) {
             // Outlook 2000 sets up its first window only.
             CHECK(HasControls(outlook, window) == (version >= 10 || window == "1"));
         } else if (step.starts_with("none ")) {
@@ -93,7 +102,9 @@ std::string Left(StandIn& outlook, const std::string& references) {
         if (is) left += left.empty() ? what : std::string(",") + what;
     };
     for (const std::string& window : outlook.List("explorers")) {
-        note(HasControls(outlook, window.substr(0, window.find(' '))), "controls");
+        const std::string number = window.substr(0, window.find(' '));
+        note(HasControls(outlook, number), "controls");
+        note(HasRibbon(outlook, number), "ribbon");
     }
     note(outlook.Command("references") != references, "references");
     note(outlook.Command("can-unload") != "yes", "library");
@@ -106,7 +117,7 @@ std::string Left(StandIn& outlook, const std::string& references) {
 TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of the add-in") {
     std::map<std::string, std::string> table;
     std::vector<std::string> rows;
-    for (const int version : {9, 10, 11, 16}) {
+    for (const int version : {9, 10, 11, 14, 16}) {
         CAPTURE(version);
         Machine machine;
         StandIn outlook(version, L"--stay");

@@ -108,7 +108,8 @@ void StandIn::ClickButton(int explorer, const std::string& caption) {
         const POINT before = std::exchange(middle, place());
         Sleep(60);
         return before.x == middle.x && before.y == middle.y &&
-               ClassOf(WindowFromPoint(middle)) == L"OutlookStandInToolbar";
+               (ClassOf(WindowFromPoint(middle)) == L"OutlookStandInToolbar" ||
+                ClassOf(WindowFromPoint(middle)) == L"OutlookStandInRibbon");
     });
     REQUIRE_MESSAGE(there, "in front of the button at " << middle.x << "," << middle.y << ": "
                                                         << ClassOf(WindowFromPoint(middle)));

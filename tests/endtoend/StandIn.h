@@ -23,7 +23,8 @@ public:
     // The answer's entries, where it is a list.
     std::vector<std::string> List(const std::string& command);
 
-    // Brings an explorer to the front and clicks its toolbar button with the mouse.
+    // Brings an explorer to the front and clicks its button on the toolbar or the ribbon with the
+    // mouse.
     void ClickButton(int explorer, const std::string& caption);
 
     HANDLE Process() const { return process; }

@@ -365,6 +365,10 @@ ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {
     return std::make_shared<MemoryPicture>(bitmap);
 }
 
+ObjectPtr MemoryBitmaps::CreateIconPicture(std::int32_t resource, std::int32_t size) {
+    return CreatePicture(BitmapHandle(resource * 10000 + size * resolution / 96));
+}
+
 BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {
     const auto memoryPicture = std::dynamic_pointer_cast<MemoryPicture>(picture);
     return memoryPicture ? memoryPicture->bitmap : 0;

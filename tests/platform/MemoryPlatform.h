@@ -219,17 +219,21 @@ private:
 };
 
 // Bitmaps are numbers: 1000 + resource, or 2000 + resource when light grey was replaced by the
-// system colour 0, 3000 + resource by another one. Pictures remember theirs.
+// system colour 0, 3000 + resource by another one; of icons
+// 10000 * resource + their side. Pictures remember theirs.
 class MemoryBitmaps : public Bitmaps {
 public:
     MemoryBitmaps(PendingError& errors, Faults& faults) : errors(errors), faults(faults) {}
     BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
     BitmapHandle Load(std::int32_t resource) override;
     ObjectPtr CreatePicture(BitmapHandle bitmap) override;
+    ObjectPtr CreateIconPicture(std::int32_t resource, std::int32_t size) override;
+    std::int32_t Resolution() override { return resolution; }
     void ClearClipboard() override;
     void PutOnClipboard(const ObjectPtr& picture) override;
     static BitmapHandle BitmapOf(const ObjectPtr& picture);
     BitmapHandle clipboard = 0;
+    std::int32_t resolution = 96;
 
 private:
     bool Fails();

@@ -8,6 +8,33 @@
 
 namespace tellwick::test {
 
+// The add-in as Office calls it for the ribbon: callbacks by name.
+struct HostRibbon : standin::RibbonAddIn {
+    HostRibbon(tellwick::Connect& connect, Program& program) : connect(connect), program(program) {}
+    Text GetCustomUI(TextView ribbonId) override {
+        Text xml;
+        around([&] { xml = connect.GetCustomUI(ribbonId); });
+        return xml;
+    }
+    bool HasCallback(TextView name) override {
+        return Index(name) < Ribbon::CallbackNames().size();
+    }
+    Value Call(TextView callback, const ObjectPtr& argument) override {
+        Value value;
+        around([&] { value = program.ribbon.Call(Index(callback), argument); });
+        program.errors.Clear();  // what is pending inside the add-in is not raised
+        return value;
+    }
+    static std::size_t Index(TextView name) {
+        const auto names = Ribbon::CallbackNames();
+        return std::size_t(std::find(names.begin(), names.end(), name) - names.begin());
+    }
+    tellwick::Connect& connect;
+    Program& program;
+    // Calls into the add-in.
+    std::function<void(const std::function<void()>&)> around = [](const auto& call) { call(); };
+};
+
 // A program in an Outlook of some version, which has one window unless told otherwise.
 struct Host : TestProgram {
     explicit Host(std::int32_t version = 11, bool window = true)
@@ -17,8 +44,10 @@ struct Host : TestProgram {
     }
     ~Host() { platform.automation.running.clear(); }
 
-    void Connect() {
+    // With the ribbon the host asks for it, as a real one does that has it.
+    void Connect(bool withRibbon = false) {
         connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
+        if (withRibbon) outlook.ribbons.Add(u"Tellwick", ribbon);
         if (first) outlook.Activate(first);
     }
     // Puts the stand-in for the outside library in place, as on a machine that has it.
@@ -37,6 +66,7 @@ struct Host : TestProgram {
     void Disconnect() {
         connect.AddinInstance_OnBeginShutdown();
         connect.AddinInstance_OnDisconnection(0);
+        outlook.ribbons.Remove(ribbon);
     }
     static std::shared_ptr<standin::CommandBarButton> Button(
         const std::shared_ptr<standin::Explorer>& explorer, TextView bar = u"Standard") {
@@ -59,6 +89,7 @@ struct Host : TestProgram {
     std::shared_ptr<standin::Explorer> first;
     std::shared_ptr<standin::ComAddIn> addIn = outlook.AddAddIn(ProgrammaticIdentifier);
     tellwick::Connect connect{program};
+    std::shared_ptr<HostRibbon> ribbon = std::make_shared<HostRibbon>(connect, program);
 };
 
 }  // namespace tellwick::test

@@ -64,6 +64,7 @@ struct Session : Host {
         SetRegistry(RootKey, u"hWnd", u"4711");
         if (traced) SetRegistry(AddInKey, u"DebugMode", u"17");
         outlook.aroundHandler = [](const std::function<void()>& handler) { Inside(handler); };
+        ribbon->around = outlook.aroundHandler;
         sms = AddSms(u"+491701234567", u"Hello");
         contact = outlook.AddItem(outlook::ContactClass, {{u"FullName", u"Eva Maier"},
                                                           {u"MobileTelephoneNumber", u"0171"}});
@@ -76,12 +77,14 @@ struct Session : Host {
         Inside([this] {
             connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
         });
+        outlook.ribbons.Add(u"Tellwick", ribbon);
         outlook.Activate(first);
         Inside([this] { platform.timers.Tick(); });
         const auto second = outlook.OpenExplorer();
         Inside([this] { platform.timers.Tick(); });
         outlook.Select(first, {contact, plain, other});
         outlook.ClickButton(Button(first));
+        ClickRibbon(first);
         Type(u"0172", u"one");
         Inside([this] { program.submission.ButtonSend_Click(); });
         CheckNothingLost();
@@ -97,9 +100,14 @@ struct Session : Host {
         Type(u"0174", u"three");
         Inside([this] { program.formSmsSend.ButtonOK_Click(); });
         CheckNothingLost();
-        outlook.OpenInspector(sms);
+        const auto inspector = outlook.OpenInspector(sms);
         outlook.PressReply(sms);
         Type(u"0175", u"four");
+        CheckNothingLost();
+        ClickRibbon(inspector);
+        ClickRibbon(outlook.InspectorOf(plain));
+        ClickRibbon(outlook.OpenInspector(contact));
+        Type(u"0176", u"five");
         outlook.shutDownAddIns = [this] { Inside([this] { Host::Disconnect(); }); };
         outlook.Quit();
     }
@@ -147,6 +155,10 @@ private:
         }
     }
 
+    void ClickRibbon(const std::shared_ptr<standin::Window>& window) {
+        for (const auto& entry : outlook.ribbons.Entries(window)) entry.click();
+    }
+
     std::shared_ptr<standin::Item> sms, contact, plain, other;
     std::vector<std::pair<std::string, Text>> typed;
 };
@@ -155,7 +167,7 @@ private:
 
 TEST_CASE("every call into the host fails once") {
     int sessions = 0;
-    for (const std::int32_t version : {9, 11}) {
+    for (const std::int32_t version : {9, 11, 16}) {
         for (int failAt = 1, calls = failAt; failAt <= calls; ++failAt) {
             Session session(version, false);
             calls = 0;
@@ -181,7 +193,7 @@ TEST_CASE("every call into the system fails once") {
     int sessions = 0;
     for (const bool traced : {false, true}) {
         for (int failAt = 1, calls = failAt; failAt <= calls; ++failAt) {
-            Session session(10, traced);
+            Session session(traced ? 10 : 16, traced);
             session.platform.faults = {0, failAt};
             session.Run();
             calls = session.platform.faults.calls;
@@ -200,7 +212,7 @@ TEST_CASE("every allocation fails once") {
     long sessions = 0;
     bool failed = true;
     for (long failAt = 1; failed; ++failAt) {
-        Session session(11, false);
+        Session session(16, false);
         allocationsLeft = failAt;
         session.Run();
         failed = std::exchange(allocationsLeft, 0) == 0;

@@ -17,9 +17,8 @@ using namespace tellwick::test;
 namespace {
 
 // Looked up with another fallback than a built-in text, or none.
-constexpr std::array<std::array<TextView, 2>, 7> NotBuiltIn = {
+constexpr std::array<std::array<TextView, 2>, 6> NotBuiltIn = {
     {{u"TellwickOutlookAddIn", u"mNewSMS"},
-     {u"TellwickOutlookAddIn", u"ButtonSMS"},
      {u"Misc", u"Infrared"},
      {u"Misc", u"Outlook"},
      {u"Misc", u"no"},

@@ -1,0 +1,468 @@
+; The set-up program: per user, without an administrator, 32-bit and 64-bit Outlook.
+;
+; Silent: /S, and /D=FOLDER as the last word, without quotes. The uninstaller takes /S and, to take
+; the user's settings, numbers and unsent SMS along, /SETTINGS.
+; Exit codes: 0 done, 1 the user cancelled, 2 nothing could be installed, 3 a newer version stays.
+;
+; Made by tools/dist, which defines VERSION, OUTPUT, STAGE (a folder with everything that is put
+; on the user's disk), SIZE (kilobytes) and FILES (a list of the files to include).
+
+Unicode true
+ManifestDPIAware true
+RequestExecutionLevel user
+SetCompressor /SOLID lzma
+SetDateSave off
+
+!include LogicLib.nsh
+!include MUI2.nsh
+!include FileFunc.nsh
+!include WordFunc.nsh
+!include x64.nsh
+!include WinMessages.nsh
+
+!define NAME "Tellwick for Outlook"
+!define UNINSTALLER "TellwickForOutlook-Uninstall.exe"
+!define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\TellwickForOutlook"
+!define RUN_ONCE "Software\Microsoft\Windows\CurrentVersion\RunOnce"
+!define LIBRARY32 "TellwickOutlookAddIn.dll"
+!define LIBRARY64 "TellwickOutlookAddIn64.dll"
+
+Name "${NAME}"
+BrandingText "${NAME} ${VERSION}"
+OutFile "${OUTPUT}"
+ShowInstDetails nevershow
+ShowUninstDetails nevershow
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey /LANG=0 "ProductName" "${NAME}"
+VIAddVersionKey /LANG=0 "ProductVersion" "${VERSION}"
+VIAddVersionKey /LANG=0 "FileVersion" "${VERSION}.0"
+VIAddVersionKey /LANG=0 "FileDescription" "${NAME}"
+VIAddVersionKey /LANG=0 "CompanyName" "Omberline"
+VIAddVersionKey /LANG=0 "LegalCopyright" "Omberline"
+
+Var Updating  ; "yes" where the folder holds an earlier installation
+Var Prefix
+Var PrefixField
+Var RemoveSettings
+Var SettingsBox
+Var InUse        ; "yes" where a program has one of the libraries loaded
+Var Status
+Var Failed
+
+!define MUI_ICON "../src/windows/resources/pictures/sms.ico"
+!define MUI_UNICON "${MUI_ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "welcome.bmp"
+!define MUI_ABORTWARNING
+!define MUI_WELCOMEPAGE_TITLE "${NAME} ${VERSION}"
+!define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
+!define MUI_DIRECTORYPAGE_TEXT_TOP "$(FolderText)"
+!define MUI_FINISHPAGE_TITLE "$(FinishTitle)"
+!define MUI_FINISHPAGE_TEXT "$(FinishText)"
+!insertmacro MUI_PAGE_WELCOME
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
+!insertmacro MUI_PAGE_DIRECTORY
+Page custom ShowPrefixPage LeavePrefixPage
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+UninstPage custom un.ShowSettingsPage un.LeaveSettingsPage
+!insertmacro MUI_UNPAGE_INSTFILES
+
+; The first one is for all other languages.
+!insertmacro MUI_LANGUAGE "English"
+!insertmacro MUI_LANGUAGE "German"
+!include "Texts.nsh"
+
+; --- what both programs need ------------------------------------------------------------------------
+
+!macro Shared UN
+
+; Runs the system's registration program of a bitness with the words on the stack; its exit code
+; comes into $Status.
+Function ${UN}Run32
+    Exch $0
+    ClearErrors
+    ExecWait '"$SYSDIR\regsvr32.exe" $0' $Status
+    ${If} ${Errors}
+        StrCpy $Status "-1"
+    ${EndIf}
+    Pop $0
+FunctionEnd
+
+Function ${UN}Run64
+    ${DisableX64FSRedirection}
+    Call ${UN}Run32
+    ${EnableX64FSRedirection}
+FunctionEnd
+
+; Takes the add-in out of the registry, through the libraries' own code.
+Function ${UN}Unregister
+    ${If} ${RunningX64}
+        Push '/u /s "$INSTDIR\${LIBRARY64}"'
+        Call ${UN}Run64
+    ${EndIf}
+    Push '/u /s "$INSTDIR\${LIBRARY32}"'
+    Call ${UN}Run32
+FunctionEnd
+
+; What was put aside goes at once or, while Outlook has it loaded, when the user logs on next.
+Function ${UN}DeleteAside
+    Delete "$INSTDIR\TellwickOutlookAddIn*.dll.old*"
+    ${If} ${FileExists} "$INSTDIR\TellwickOutlookAddIn*.dll.old*"
+        WriteRegStr HKCU "${RUN_ONCE}" "TellwickForOutlook" \
+            'cmd.exe /c del /q "$INSTDIR\TellwickOutlookAddIn*.dll.old*"'
+    ${Else}
+        DeleteRegValue HKCU "${RUN_ONCE}" "TellwickForOutlook"
+    ${EndIf}
+FunctionEnd
+
+; Puts the library aside whose name is on the stack: one that Outlook has loaded can be renamed,
+; but not deleted or written.
+Function ${UN}PutAside
+    Exch $0
+    Push $1
+    StrCpy $1 1
+    ${DoWhile} ${FileExists} "$INSTDIR\$0.old$1"
+        IntOp $1 $1 + 1
+    ${Loop}
+    Rename "$INSTDIR\$0" "$INSTDIR\$0.old$1"
+    Pop $1
+    Pop $0
+FunctionEnd
+
+; The sender may have language files of its own, which are left alone: whether the one on the stack
+; is this add-in's, "yes" or "no" on the stack.
+Function ${UN}IsOwnLanguage
+    Exch $0
+    Push $1
+    ClearErrors
+    FileOpen $1 $0 r
+    FileRead $1 $0
+    FileClose $1
+    StrCpy $0 $0 22
+    ${If} $0 == "[TellwickOutlookAddIn]"
+        StrCpy $0 "yes"
+    ${Else}
+        StrCpy $0 "no"
+    ${EndIf}
+    ClearErrors
+    Pop $1
+    Exch $0
+FunctionEnd
+
+!macroend
+
+; Everything that the set-up has put there.
+!macro TakeAll UN
+    !insertmacro TakeLibrary "${UN}" "${LIBRARY32}"
+    !insertmacro TakeLibrary "${UN}" "${LIBRARY64}"
+    Call ${UN}DeleteAside
+    !insertmacro TakeFiles "${UN}"
+    Delete "$INSTDIR\TellwickAddIn.dbg.xml"
+    Delete "$INSTDIR\${UNINSTALLER}"
+    RMDir "$INSTDIR"
+    DeleteRegKey HKCU "${ENTRY}"
+!macroend
+!macro TakeLibrary UN LIBRARY
+    ${If} ${FileExists} "$INSTDIR\${LIBRARY}"
+        Push "${LIBRARY}"
+        Call ${UN}PutAside
+    ${EndIf}
+!macroend
+!macro PutLanguage NAME
+    StrCpy $0 "yes"
+    ${If} ${FileExists} "$INSTDIR\lang\${NAME}"
+        Push "$INSTDIR\lang\${NAME}"
+        Call IsOwnLanguage
+        Pop $0
+    ${EndIf}
+    ${If} $0 == "yes"
+        File "${STAGE}/lang/${NAME}"
+        ${If} ${Errors}
+            StrCpy $Failed "yes"
+        ${EndIf}
+    ${EndIf}
+!macroend
+!macro TakeLanguage UN NAME
+    Push "$INSTDIR\lang\${NAME}"
+    Call ${UN}IsOwnLanguage
+    Pop $0
+    ${If} $0 == "yes"
+        Delete "$INSTDIR\lang\${NAME}"
+    ${EndIf}
+!macroend
+!include "${FILES}"
+
+!insertmacro Shared ""
+!insertmacro Shared "un."
+
+; --- the set-up -------------------------------------------------------------------------------------
+
+; The folder of the sender, where there is a trace of it, into $INSTDIR.
+Function FindSender
+    Push $0
+    !macro TryFolder FOLDER
+        ${If} $INSTDIR == ""
+        ${AndIf} ${FileExists} "${FOLDER}\Tellwick.exe"
+            StrCpy $INSTDIR "${FOLDER}"
+        ${EndIf}
+    !macroend
+    !macro TryAppPath ROOT
+        ReadRegStr $0 ${ROOT} "Software\Microsoft\Windows\CurrentVersion\App Paths\Tellwick.exe" ""
+        ${If} $0 != ""
+            ${GetParent} "$0" $0
+            !insertmacro TryFolder "$0"
+        ${EndIf}
+    !macroend
+    ReadRegStr $0 HKCU "${ENTRY}" "InstallLocation"
+    ${If} $0 != ""
+        StrCpy $INSTDIR $0
+    ${EndIf}
+    !insertmacro TryAppPath HKCU
+    !insertmacro TryAppPath HKLM
+    !insertmacro TryFolder "$EXEDIR"
+    !insertmacro TryFolder "$LOCALAPPDATA\Programs\Tellwick"
+    !insertmacro TryFolder "$PROGRAMFILES\Tellwick"
+    !insertmacro TryFolder "$PROGRAMFILES64\Tellwick"
+    ${If} $INSTDIR == ""
+        StrCpy $INSTDIR "$LOCALAPPDATA\Programs\Tellwick"
+    ${EndIf}
+    Pop $0
+FunctionEnd
+
+Function .onInit
+    SetShellVarContext current
+    ${If} $INSTDIR == ""
+        Call FindSender
+    ${EndIf}
+    ReadRegStr $0 HKCU "${ENTRY}" "DisplayVersion"
+    ${If} $0 != ""
+        ${VersionCompare} "$0" "${VERSION}" $1
+        ${If} $1 = 1
+            MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(NewerText)" /SD IDNO IDYES +3
+            SetErrorLevel 3
+            Quit
+        ${EndIf}
+    ${EndIf}
+    ; "49" for a user in Germany.
+    StrCpy $Prefix ""
+    System::Call 'kernel32::GetLocaleInfo(i 0x400, i 5, t .r0, i 80) i .r1'
+    ${If} $1 > 1
+        StrCpy $Prefix "+$0"
+    ${EndIf}
+FunctionEnd
+
+!macro LookForUseOf LIBRARY
+    ${If} ${FileExists} "$INSTDIR\${LIBRARY}"
+        ClearErrors
+        FileOpen $0 "$INSTDIR\${LIBRARY}" a
+        ${If} ${Errors}
+            StrCpy $InUse "yes"
+        ${Else}
+            FileClose $0
+        ${EndIf}
+    ${EndIf}
+!macroend
+
+Function LookForUse
+    StrCpy $InUse ""
+    Push $0
+    !insertmacro LookForUseOf "${LIBRARY32}"
+    !insertmacro LookForUseOf "${LIBRARY64}"
+    Pop $0
+FunctionEnd
+
+; Whether the folder holds an earlier installation.
+Function LookForEarlier
+    Push $0
+    StrCpy $Updating ""
+    ReadRegStr $0 HKCU "${ENTRY}" "InstallLocation"
+    ${If} $0 == $INSTDIR
+        StrCpy $Updating "yes"
+    ${EndIf}
+    Pop $0
+FunctionEnd
+
+Function LeaveFolderPage
+    ${IfNot} ${FileExists} "$INSTDIR\Tellwick.exe"
+        MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(NoSenderText)" IDYES +2
+        Abort
+    ${EndIf}
+    Call LookForEarlier
+FunctionEnd
+
+Function ShowPrefixPage
+    ; An earlier installation has asked.
+    ${If} $Updating == "yes"
+        Abort
+    ${EndIf}
+    !insertmacro MUI_HEADER_TEXT "$(PrefixTitle)" "$(PrefixSubtitle)"
+    nsDialogs::Create 1018
+    Pop $0
+    ${NSD_CreateLabel} 0 0 100% 48u "$(PrefixText)"
+    Pop $0
+    ${NSD_CreateLabel} 0 58u 90u 12u "$(PrefixLabel)"
+    Pop $0
+    ${NSD_CreateText} 95u 56u 60u 13u "$Prefix"
+    Pop $PrefixField
+    nsDialogs::Show
+FunctionEnd
+
+Function LeavePrefixPage
+    ${NSD_GetText} $PrefixField $Prefix
+FunctionEnd
+
+Section
+    SetShellVarContext current
+    Call LookForEarlier
+
+    ; Before anything is changed: can the folder be written, is Outlook open?
+    CreateDirectory "$INSTDIR"
+    ClearErrors
+    GetTempFileName $0 "$INSTDIR"
+    ${If} ${Errors}
+        MessageBox MB_OK|MB_ICONSTOP "$(NotWritableText)" /SD IDOK
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+    Delete "$0"
+    ${Do}
+        Call LookForUse
+        ${If} $InUse == ""
+            ${Break}
+        ${EndIf}
+        ; Silently the new libraries take the places of the old ones, for the next start.
+        MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(OpenText)" /SD IDIGNORE IDRETRY retry IDCANCEL cancel
+        ${Break}
+      cancel:
+        SetErrorLevel 1
+        Quit
+      retry:
+    ${Loop}
+
+    Call DeleteAside
+    StrCpy $Failed ""
+    ClearErrors
+    !insertmacro PutFiles
+    ; The libraries last: up to here an earlier installation goes on working.
+    File "/oname=$INSTDIR\${LIBRARY32}.new" "${STAGE}/${LIBRARY32}"
+    ${If} ${RunningX64}
+        File "/oname=$INSTDIR\${LIBRARY64}.new" "${STAGE}/${LIBRARY64}"
+    ${EndIf}
+    WriteUninstaller "$INSTDIR\${UNINSTALLER}"
+    ${If} ${Errors}
+    ${OrIf} $Failed == "yes"
+        Delete "$INSTDIR\${LIBRARY32}.new"
+        Delete "$INSTDIR\${LIBRARY64}.new"
+        Push "$(NotCopiedText)"
+        Call Fail
+    ${EndIf}
+    !macro PutLibrary LIBRARY
+        ${If} ${FileExists} "$INSTDIR\${LIBRARY}"
+            Push "${LIBRARY}"
+            Call PutAside
+        ${EndIf}
+        Rename "$INSTDIR\${LIBRARY}.new" "$INSTDIR\${LIBRARY}"
+    !macroend
+    !insertmacro PutLibrary "${LIBRARY32}"
+    ${If} ${RunningX64}
+        !insertmacro PutLibrary "${LIBRARY64}"
+    ${EndIf}
+    Call DeleteAside
+
+    Push '/s "$INSTDIR\${LIBRARY32}"'
+    Call Run32
+    ${If} ${RunningX64}
+    ${AndIf} $Status = 0
+        Push '/s "$INSTDIR\${LIBRARY64}"'
+        Call Run64
+    ${EndIf}
+    ${If} $Status <> 0
+        Push "$(NotRegisteredText)"
+        Call Fail
+    ${EndIf}
+    ${If} $Prefix != ""
+        Push '/s /n "/i:prefix=$Prefix" "$INSTDIR\${LIBRARY32}"'
+        Call Run32
+    ${EndIf}
+
+    WriteRegStr HKCU "${ENTRY}" "DisplayName" "${NAME}"
+    WriteRegStr HKCU "${ENTRY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr HKCU "${ENTRY}" "DisplayIcon" "$INSTDIR\${UNINSTALLER}"
+    WriteRegStr HKCU "${ENTRY}" "Publisher" "Omberline"
+    WriteRegStr HKCU "${ENTRY}" "InstallLocation" "$INSTDIR"
+    WriteRegStr HKCU "${ENTRY}" "UninstallString" '"$INSTDIR\${UNINSTALLER}"'
+    WriteRegStr HKCU "${ENTRY}" "QuietUninstallString" '"$INSTDIR\${UNINSTALLER}" /S'
+    WriteRegDWORD HKCU "${ENTRY}" "EstimatedSize" ${SIZE}
+    WriteRegDWORD HKCU "${ENTRY}" "NoModify" 1
+    WriteRegDWORD HKCU "${ENTRY}" "NoRepair" 1
+SectionEnd
+
+; Ends with the text on the stack. A first installation leaves nothing behind; an update leaves
+; what there was, registered as it was.
+Function Fail
+    Exch $0
+    MessageBox MB_OK|MB_ICONSTOP "$0" /SD IDOK
+    ${If} $Updating == ""
+        Call Unregister
+        !insertmacro TakeAll ""
+    ${EndIf}
+    SetErrorLevel 2
+    Quit
+FunctionEnd
+
+; --- the uninstaller --------------------------------------------------------------------------------
+
+Function un.onInit
+    SetShellVarContext current
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/SETTINGS" $1
+    ${IfNot} ${Errors}
+        StrCpy $RemoveSettings ${BST_CHECKED}
+    ${EndIf}
+FunctionEnd
+
+Function un.ShowSettingsPage
+    !insertmacro MUI_HEADER_TEXT "$(RemoveTitle)" "$(RemoveSubtitle)"
+    nsDialogs::Create 1018
+    Pop $0
+    ${NSD_CreateLabel} 0 0 100% 36u "$(RemoveText)"
+    Pop $0
+    ${NSD_CreateCheckbox} 0 44u 100% 12u "$(SettingsLabel)"
+    Pop $SettingsBox
+    ${NSD_SetState} $SettingsBox $RemoveSettings
+    ${NSD_CreateLabel} 12u 58u 95% 36u "$(SettingsText)"
+    Pop $0
+    nsDialogs::Show
+FunctionEnd
+
+Function un.LeaveSettingsPage
+    ${NSD_GetState} $SettingsBox $RemoveSettings
+FunctionEnd
+
+; The files of SMS that wait in the queue, named by its values.
+Function un.DeleteQueue
+    StrCpy $0 0
+    ${Do}
+        EnumRegValue $1 HKCU "Software\Omberline\Tellwick\SMSQueue" $0
+        ${If} $1 == ""
+            ${Break}
+        ${EndIf}
+        ReadRegStr $2 HKCU "Software\Omberline\Tellwick\SMSQueue" $1
+        Delete "$2"
+        IntOp $0 $0 + 1
+    ${Loop}
+FunctionEnd
+
+Section Uninstall
+    SetShellVarContext current
+    Call un.Unregister
+    !insertmacro TakeAll "un."
+    ${If} $RemoveSettings = ${BST_CHECKED}
+        Call un.DeleteQueue
+        DeleteRegKey HKCU "Software\Omberline\Tellwick"
+        DeleteRegKey /ifempty HKCU "Software\Omberline"
+        RMDir /r "$APPDATA\Tellwick"
+    ${EndIf}
+SectionEnd

@@ -1,0 +1,240 @@
+#include "addin/Ribbon.h"
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "addin/SmsReply.h"
+#include "compose/FormSmsSend.h"
+#include "platform/Bitmaps.h"
+#include "platform/Outlook.h"
+#include "platform/Product.h"
+#include "recipients/Contacts.h"
+#include "settings/Debug.h"
+#include "settings/LanguageTexts.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr std::int32_t FirstWithContextMenus = 14;  // Outlook 2010
+constexpr std::int32_t SmsIcon = 1;                 // the resource
+// Sides of pictures in pixels at 96 dots per inch.
+constexpr std::int32_t LargePicture = 32;
+constexpr std::int32_t SmallPicture = 16;
+
+// A button of the ribbon. Its tag is the key of its label in the language file; with ".ToolTip"
+// behind it, of its screen tip.
+Text RibbonButton(TextView id, TextView key, TextView action) {
+    return Text(
+               u"<button size=\"large\" getImage=\"Ribbon_getLargeImage\""
+               u" getLabel=\"Ribbon_getLabel\" getScreentip=\"Ribbon_getScreentip\" id=\"")
+        .append(id)
+        .append(u"\" tag=\"")
+        .append(key)
+        .append(u"\" onAction=\"")
+        .append(action)
+        .append(u"\"/>");
+}
+
+// A group of its own, with one button, on one of Outlook's tabs: behind one of Outlook's groups or,
+// where none is named, at the end.
+Text TabWith(TextView tab, TextView behind, TextView id, const Text& button) {
+    Text xml = Text(u"<tab idMso=\"").append(tab).append(u"\"><group id=\"SMSGroup").append(id);
+    if (!behind.empty()) xml.append(u"\" insertAfterMso=\"").append(behind);
+    return xml.append(u"\" getLabel=\"Ribbon_getGroupLabel\">").append(button) + u"</group></tab>";
+}
+
+Text ContextMenu(TextView menu) {
+    return Text(u"<contextMenu idMso=\"")
+        .append(menu)
+        .append(
+            u"\"><button getImage=\"Ribbon_getSmallImage\" getLabel=\"Ribbon_getLabel\""
+            u" tag=\"RibbonContact\" onAction=\"RibbonSMSContact_Click\" id=\"SMS")
+        .append(menu)
+        .append(u"\"/></contextMenu>");
+}
+
+Text ExplorerTabs() {
+    constexpr TextView Key = u"ButtonSMS";
+    constexpr TextView Action = u"RibbonSMSNew_Click";
+    return TabWith(u"TabMail", u"GroupMailNew", u"Mail", RibbonButton(u"SMSNewMail", Key, Action)) +
+           TabWith(u"TabContacts", {}, u"Contacts", RibbonButton(u"SMSNewContacts", Key, Action));
+}
+
+Text ExplorerMenus() {
+    Text menus;
+    for (const TextView menu : {u"ContextMenuMailItem", u"ContextMenuContactItem",
+                                u"ContextMenuFlaggedContactItem", u"ContextMenuMultipleItems"}) {
+        menus += ContextMenu(menu);
+    }
+    return u"<contextMenus>" + menus + u"</contextMenus>";
+}
+
+}  // namespace
+
+struct Ribbon::Callback {
+    TextView name;
+    Value (Ribbon::*run)(const ObjectPtr&);
+};
+
+std::span<const Ribbon::Callback> Ribbon::Callbacks() {
+    static constexpr Callback callbacks[] = {
+        {u"Ribbon_onLoad", &Ribbon::Ribbon_onLoad},
+        {u"Ribbon_getGroupLabel", &Ribbon::Ribbon_getGroupLabel},
+        {u"Ribbon_getLabel", &Ribbon::Ribbon_getLabel},
+        {u"Ribbon_getScreentip", &Ribbon::Ribbon_getScreentip},
+        {u"Ribbon_getLargeImage", &Ribbon::Ribbon_getLargeImage},
+        {u"Ribbon_getSmallImage", &Ribbon::Ribbon_getSmallImage},
+        {u"RibbonSMSNew_Click", &Ribbon::RibbonSMSNew_Click},
+        {u"RibbonSMSReply_Click", &Ribbon::RibbonSMSReply_Click},
+        {u"RibbonSMSContact_Click", &Ribbon::RibbonSMSContact_Click}};
+    return callbacks;
+}
+
+Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
+               Contacts& contacts, SmsReply& smsReply, FormSmsSend& formSmsSend)
+    : errors(errors),
+      debug(debug),
+      language(language),
+      bitmaps(bitmaps),
+      contacts(contacts),
+      smsReply(smsReply),
+      formSmsSend(formSmsSend) {}
+
+Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion) {
+    Procedure procedure{debug, u"GetCustomUI"};
+    const bool isExplorer = ribbonId == u"Microsoft.Outlook.Explorer";
+    Text tabs;
+    Text menus;
+    if (isExplorer) {
+        tabs = ExplorerTabs();
+        menus = ExplorerMenus();
+    } else if (ribbonId == u"Microsoft.Outlook.Mail.Read") {
+        tabs = TabWith(u"TabReadMessage", u"GroupRespond", u"Read",
+                       RibbonButton(u"SMSReply", u"RibbonReply", u"RibbonSMSReply_Click"));
+    } else if (ribbonId == u"Microsoft.Outlook.Contact") {
+        tabs = TabWith(u"TabContact", {}, u"Contact",
+                       RibbonButton(u"SMSContact", u"RibbonContact", u"RibbonSMSContact_Click"));
+    } else {
+        return {};
+    }
+    Text xml = Text(
+                   u"<customUI onLoad=\"Ribbon_onLoad\""
+                   u" xmlns=\"http://schemas.microsoft.com/office/")
+                   .append(outlookVersion < FirstWithContextMenus ? u"2006/01" : u"2009/07")
+                   .append(u"/customui\"><ribbon><tabs>")
+                   .append(tabs)
+                   .append(u"</tabs></ribbon>")
+                   .append(menus)
+                   .append(u"</customUI>");
+    inExplorers = inExplorers || isExplorer;
+    return xml;
+}
+
+std::span<const TextView> Ribbon::CallbackNames() {
+    static const auto names = [] {
+        std::vector<TextView> all;
+        for (const Callback& callback : Callbacks()) all.push_back(callback.name);
+        return all;
+    }();
+    return names;
+}
+
+Value Ribbon::Call(std::size_t callback, const ObjectPtr& argument) {
+    Value result;
+    debug.Guarded([&] {
+        const Callback& called = Callbacks()[callback];
+        Procedure procedure{debug, called.name};
+        result = (this->*called.run)(argument);
+    });
+    return result;
+}
+
+void Ribbon::FollowResolution() {
+    if (ribbons.empty() || pictureResolution == 0) return;
+    const std::int32_t resolution = bitmaps.Resolution();
+    if (std::exchange(pictureResolution, resolution) == resolution) return;
+    // Held here: Office asks for the pictures from within.
+    const std::vector<ObjectPtr> loaded = ribbons;
+    for (const ObjectPtr& ribbon : loaded) tellwick::Call(errors, ribbon, u"Invalidate");
+}
+
+void Ribbon::Release() {
+    ribbons.clear();
+    pictureResolution = 0;
+    inExplorers = false;
+}
+
+Value Ribbon::Ribbon_onLoad(const ObjectPtr& ribbon) {
+    ribbons.push_back(ribbon);
+    return {};
+}
+
+Value Ribbon::Ribbon_getGroupLabel(const ObjectPtr&) {
+    return language.TextOrBuiltIn(ComponentTitle, u"RibbonGroup");
+}
+
+Value Ribbon::Ribbon_getLabel(const ObjectPtr& control) {
+    return language.TextOrBuiltIn(ComponentTitle, TagOf(control));
+}
+
+Value Ribbon::Ribbon_getScreentip(const ObjectPtr& control) {
+    return language.TextOrBuiltIn(ComponentTitle, TagOf(control) + u".ToolTip");
+}
+
+Value Ribbon::Ribbon_getLargeImage(const ObjectPtr&) {
+    return Image(LargePicture);
+}
+
+Value Ribbon::Ribbon_getSmallImage(const ObjectPtr&) {
+    return Image(SmallPicture);
+}
+
+Value Ribbon::RibbonSMSNew_Click(const ObjectPtr& control) {
+    const Text recipients = contacts.SelectedRecipients(
+        outlook::Explorer(errors, ContextOf(control)).Parent().Reference());
+    formSmsSend.Open(recipients);
+    return {};
+}
+
+// Nothing of Outlook's is held any more when the form opens, which may ask the user something
+// first.
+Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
+    ObjectPtr mail = outlook::Inspector(errors, ContextOf(control)).CurrentItem().Reference();
+    if (const auto parts = smsReply.PartsOf(mail)) {
+        mail.reset();
+        smsReply.Open(*parts, SmsReply::Place::Inspector);
+    } else {
+        const Text recipient = contacts.RecipientOf(mail);
+        mail.reset();
+        formSmsSend.Open(recipient);
+    }
+    return {};
+}
+
+Value Ribbon::RibbonSMSContact_Click(const ObjectPtr& control) {
+    ObjectPtr context = ContextOf(control);
+    const Text recipients =
+        TypeName(context) == u"Inspector"
+            ? contacts.RecipientOf(outlook::Inspector(errors, context).CurrentItem().Reference())
+            : contacts.RecipientsIn(context);
+    context.reset();
+    formSmsSend.Open(recipients);
+    return {};
+}
+
+ObjectPtr Ribbon::ContextOf(const ObjectPtr& control) {
+    return AsObject(Get(errors, control, u"Context"));
+}
+
+Text Ribbon::TagOf(const ObjectPtr& control) {
+    return AsText(Get(errors, control, u"Tag"));
+}
+
+Value Ribbon::Image(std::int32_t size) {
+    pictureResolution = bitmaps.Resolution();
+    return bitmaps.CreateIconPicture(SmsIcon, size);
+}
+
+}  // namespace tellwick

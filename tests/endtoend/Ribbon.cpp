@@ -1,0 +1,140 @@
+// The add-in on the ribbon of newer Outlooks: asked for through COM, drawn, clicked, taken away.
+#include <doctest.h>
+
+#include "endtoend/Desktop.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
+#include "endtoend/StandIn.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+// Items of the stand-in.
+constexpr char Mail[] = "1";
+constexpr char Sms[] = "2";
+constexpr char Contact[] = "6";
+
+// The recipient in the form that is open, which is closed then.
+std::wstring TakeRecipient() {
+    const HWND form = WaitForWindow(L"SMS erstellen");
+    REQUIRE(form);
+    const std::wstring recipient = TextOf(FindByClass(form, L"ComboBox"));
+    SendMessageW(form, WM_CLOSE, 0, 0);
+    CHECK(WaitUntilGone(form));
+    return recipient;
+}
+
+bool HasBars(StandIn& outlook, const std::string& window) {
+    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
+    return outlook.Command("toolbar " + window).find(mark) != std::string::npos ||
+           outlook.Command("menu " + window).find(mark) != std::string::npos;
+}
+
+}  // namespace
+
+TEST_CASE("ribbon and context menus have the add-in's buttons, and the bars do not") {
+    const std::string create =
+        "group=\"SMS\" tip=\"Eine SMS schreiben. Ausgewählte Kontakte und Absender werden zu "
+        "Empfängern.\" large=1 face=32x32/";
+    const std::string contact = "tip=\"Diesem Kontakt eine SMS schreiben\" large=1 face=32x32/";
+    for (const int version : {12, 14, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version);
+        const bool explorers = version >= 14;
+        const auto begins = [&](const std::string& command, const std::string& expected) {
+            const std::string answer = outlook.Command(command);
+            CAPTURE(answer);
+            CHECK(answer.starts_with(expected));
+            CHECK(answer.ends_with(expected.empty() ? "" : "/transparent"));
+        };
+        begins("ribbon 1",
+               explorers ? "\"Neue SMS\" at=TabMail behind=GroupMailNew " + create : "");
+        outlook.Command("open-explorer");
+        outlook.Command("wait 230");
+        CHECK(HasBars(outlook, "1") == !explorers);
+        CHECK(HasBars(outlook, "2") == !explorers);
+        outlook.Command("folder 1 contacts");
+        begins("ribbon 1", explorers ? "\"Neue SMS\" at=TabContacts " + create : "");
+        outlook.Command(std::string("open-inspector ") + Mail);
+        begins("ribbon-inspector 1",
+               "\"Per SMS antworten\" at=TabReadMessage behind=GroupRespond group=\"SMS\" ");
+        outlook.Command(std::string("open-inspector ") + Contact);
+        begins("ribbon-inspector 2",
+               "\"SMS an diesen Kontakt\" at=TabContact group=\"SMS\" " + contact);
+        for (const auto& [items, menu] :
+             {std::pair<std::string, std::string>{Mail, "ContextMenuMailItem"},
+              {Contact, "ContextMenuContactItem"},
+              {"6 7", "ContextMenuMultipleItems"}}) {
+            outlook.Command("select 1 " + items);
+            begins(
+                "context-menu 1",
+                explorers ? "\"SMS an diesen Kontakt\" at=" + menu + " large=0 face=16x16/" : "");
+        }
+        CHECK(outlook.Command("ribbon-errors").empty());
+        CheckClean(outlook.Quit());
+    }
+}
+
+TEST_CASE("the ribbon's buttons open the form, by the mouse too") {
+    for (const int version : {12, 14, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version);
+        outlook.Command(std::string("open-inspector ") + Sms);
+        outlook.Command("click-ribbon-inspector 1 \"Per SMS antworten\"");
+        CHECK(TakeRecipient() == L"+491701234567");
+        outlook.Command(std::string("open-inspector ") + Contact);
+        outlook.Command("click-ribbon-inspector 2 \"SMS an diesen Kontakt\"");
+        CHECK(TakeRecipient().find(L"01712345678") != std::wstring::npos);
+        if (version >= 14) {
+            outlook.ClickButton(1, "Neue SMS");
+            TakeRecipient();
+            outlook.Command("select 1 6 7");
+            outlook.Command("click-context 1 \"SMS an diesen Kontakt\"");
+            CHECK(TakeRecipient().find(L";") != std::wstring::npos);
+        }
+        CHECK(outlook.Command("ribbon-errors").empty());
+        CHECK(outlook.Command("references").find("IRibbonControl") == std::string::npos);
+        CheckClean(outlook.Quit());
+    }
+}
+
+TEST_CASE("a user may take the add-in out while it answers a click, and put it back") {
+    for (const int version : {12, 14, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version);
+        outlook.Command(std::string("open-inspector ") + Sms);
+        const std::string connected = outlook.Command("references");
+        CHECK((connected.find("IRibbonUI") != std::string::npos));
+        // The other two are taken, and answered, while the first lets messages run. Remarks are not
+        // answered.
+        CHECK(outlook
+                  .Command("click-ribbon-inspector 1 \"Per SMS antworten\"\ndisconnect\n"
+                           "references")
+                  .empty());
+        CHECK(outlook.Command("#").find("Application") != std::string::npos);
+        CHECK(outlook.Command("#").empty());
+        CHECK(outlook.Command("references").find("IRibbon") == std::string::npos);
+        CHECK(outlook.Command("ribbon-inspector 1").empty());
+        CHECK(outlook.Command("unload") == "unloaded");
+        outlook.Command("connect");
+        CHECK(outlook.Command("ribbon-inspector 1").find("Per SMS") != std::string::npos);
+        CHECK(HasBars(outlook, "1") == (version < 14));
+        CHECK(outlook.Command("ribbon-errors").empty());
+        CheckClean(outlook.Quit());
+    }
+}
+
+TEST_CASE("at 200 % the pictures are twice the size") {
+    WriteNumber(L"Control Panel\\Desktop", L"LogPixels", 192);
+    {
+        Machine machine;
+        StandIn outlook(16);
+        CHECK(outlook.Command("ribbon 1").find("face=64x64/") != std::string::npos);
+        CHECK(outlook.Command("context-menu 1").find("face=32x32/") != std::string::npos);
+    }
+    WriteNumber(L"Control Panel\\Desktop", L"LogPixels", 96);
+}

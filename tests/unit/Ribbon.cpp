@@ -1,0 +1,292 @@
+// The add-in on Outlook's ribbon: what it puts there, what a click does, and that command bars and
+// ribbon never stand side by side.
+#include "addin/Ribbon.h"
+
+#include <doctest.h>
+
+#include "platform/TestHost.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+
+namespace {
+
+using Entries = std::vector<standin::Ribbons::Entry>;
+
+struct RibbonHost : Host {
+    explicit RibbonHost(std::int32_t version = 16, bool window = true) : Host(version, window) {
+        InstallRedemption();
+        eva = outlook.AddItem(outlook::ContactClass,
+                              {{u"FullName", u"Eva Maier"}, {u"MobileTelephoneNumber", u"0171 1"}});
+        jo = outlook.AddItem(outlook::ContactClass,
+                             {{u"FullName", u"Jo"}, {u"HomeTelephoneNumber", u"030 2"}});
+        sms = AddSms(u"+491701234567", u" Hallo ");
+        mail = outlook.AddItem(outlook::MailClass,
+                               {{u"SentOnBehalfOfName", u"Eva Maier"}, {u"Body", u"x"}});
+        Host::Connect(true);
+    }
+    ~RibbonHost() {
+        CHECK(outlook.ribbons.errors.empty());
+        CHECK(outlook.thrownAtHost == 0);
+    }
+    Entries Of(const std::shared_ptr<standin::Item>& item) {
+        return outlook.ribbons.Entries(outlook.OpenInspector(item));
+    }
+    Entries Menu(std::vector<std::shared_ptr<standin::Item>> items) {
+        outlook.Select(first, std::move(items));
+        return outlook.ribbons.MenuEntries(first);
+    }
+    std::int32_t Held(TextView className) const {
+        std::int32_t count = 0;
+        for (const auto& held : outlook.StillReferenced()) {
+            if (held.className == className) count += held.count;
+        }
+        return count;
+    }
+    // What a click puts into the form.
+    Text RecipientsOfClick(const Entries& entries) {
+        REQUIRE(entries.size() == 1);
+        entries[0].click();
+        CHECK(view.Loaded());
+        CHECK(Held(u"IRibbonControl") == 0);
+        CHECK(Held(u"Selection") == 0);
+        const Text recipients = view.TextTo().GetText();
+        message = view.Message().GetText();
+        view.TextTo().SetText({});
+        program.formSmsSend.Unload();
+        return recipients;
+    }
+
+    Text message;  // in the form of the last click
+    std::shared_ptr<standin::Item> eva, jo, sms, mail;
+};
+
+Text Described(const Entries& entries) {
+    Text text;
+    for (const auto& entry : entries) {
+        text += entry.place + u">" + entry.behind + u" [" + entry.group + u"] " + entry.label +
+                u": " + entry.screentip + (entry.large ? u" large" : u"") +
+                NumberText(std::int64_t(MemoryBitmaps::BitmapOf(entry.image))) + u"\n";
+    }
+    return text;
+}
+
+}  // namespace
+
+TEST_CASE("what stands on the ribbon of each window, in each version that has one") {
+    for (const std::int32_t version : {12, 14, 16}) {
+        CAPTURE(version);
+        RibbonHost host(version);
+        const bool explorers = version >= 14;
+        const Text create =
+            u"SMS] Neue SMS: Eine SMS schreiben. Ausgew\u00E4hlte Kontakte und Absender "
+            u"werden zu Empf\u00E4ngern. large10032\n";
+        const Text contact = u"SMS an diesen Kontakt: ";
+        CHECK(Described(host.outlook.ribbons.Entries(host.first)) ==
+              (explorers ? u"TabMail>GroupMailNew [" + create : Text()));
+        host.outlook.SwitchFolder(host.first, host.outlook.DefaultFolder(outlook::ContactsFolder));
+        CHECK(Described(host.outlook.ribbons.Entries(host.first)) ==
+              (explorers ? u"TabContacts> [" + create : Text()));
+        CHECK(Described(host.Of(host.mail)) ==
+              u"TabReadMessage>GroupRespond [SMS] Per SMS antworten: Dem Absender dieser Nachricht "
+              u"eine SMS schreiben large10032\n");
+        CHECK(Described(host.Of(host.eva)) ==
+              u"TabContact> [SMS] " + contact + u"Diesem Kontakt eine SMS schreiben large10032\n");
+        const auto menu = [&](TextView name) {
+            return explorers ? Text(name) + u"> [] " + contact + u"10016\n" : Text();
+        };
+        CHECK(Described(host.Menu({host.mail})) == menu(u"ContextMenuMailItem"));
+        CHECK(Described(host.Menu({host.eva})) == menu(u"ContextMenuContactItem"));
+        CHECK(Described(host.Menu({host.eva, host.sms})) == menu(u"ContextMenuMultipleItems"));
+        // A mail being written has no sender.
+        CHECK(host.Of(std::make_shared<standin::Item>(host.outlook, outlook::MailClass)).empty());
+        CHECK(host.Of(host.outlook.AddItem(outlook::AppointmentClass)).empty());
+    }
+}
+
+TEST_CASE("explorers with the ribbon have no button and no entry, all others keep them") {
+    struct Case {
+        std::int32_t version;
+        bool asks, bars;
+    };
+    for (const Case& c : {Case{11, false, true}, Case{12, true, true}, Case{16, false, true},
+                          Case{14, true, false}, Case{16, true, false}}) {
+        CAPTURE(c.version);
+        CAPTURE(c.asks);
+        Host host(c.version);
+        const auto later = [&] {
+            const auto explorer = host.outlook.OpenExplorer();
+            host.platform.timers.Tick();
+            host.outlook.Select(explorer, {});
+            const bool bars =
+                Host::Button(explorer) != nullptr || explorer->NewMenuEntry(u"SMS") != nullptr;
+            host.outlook.CloseExplorer(explorer);
+            return bars;
+        };
+        // Twice: what one connection learns, the next one does not know.
+        for (const bool asks : {c.asks, false}) {
+            host.Connect(asks);
+            CHECK((Host::Button(host.first) != nullptr) == (c.bars || !asks));
+            CHECK((host.first->NewMenuEntry(u"SMS") != nullptr) == (c.bars || !asks));
+            CHECK(later() == (c.bars || !asks));
+            host.Disconnect();
+            while (host.platform.timers.Tick() != 0) {
+            }
+        }
+    }
+    // A button that cannot be deleted goes on answering.
+    Host host(16);
+    host.outlook.FailMember(u"CommandBarButton", u"Delete", error::Automation);
+    host.Connect(true);
+    host.outlook.ClickButton(Host::Button(host.first));
+    CHECK(host.view.Loaded());
+    host.outlook.FailMember(u"CommandBarButton", u"Delete", 0);
+}
+
+TEST_CASE("a click opens the form with those it is about") {
+    RibbonHost host;
+    auto& ribbons = host.outlook.ribbons;
+    host.outlook.Select(host.first, {host.eva, host.jo});
+    CHECK(host.RecipientsOfClick(ribbons.Entries(host.first)) == u"01711;0302");
+    host.outlook.Select(host.first, {});
+    CHECK(host.RecipientsOfClick(ribbons.Entries(host.first)).empty());
+    CHECK(host.RecipientsOfClick(host.Menu({host.mail})) == u"01711");
+    CHECK(host.RecipientsOfClick(host.Menu({host.jo})) == u"0302");
+    CHECK(host.RecipientsOfClick(host.Menu({host.sms, host.eva, host.mail})) ==
+          u"0491701234567;01711");
+    CHECK(host.RecipientsOfClick(host.Of(host.jo)) == u"0302");
+    CHECK(host.RecipientsOfClick(host.Of(host.mail)) == u"01711");
+    // The item in the window counts, not the one selected behind it.
+    host.outlook.Select(host.first, {host.jo});
+    CHECK(host.RecipientsOfClick(host.Of(host.mail)) == u"01711");
+}
+
+TEST_CASE("replying by the ribbon takes an SMS for what it is, with and without Redemption") {
+    for (const bool redemption : {true, false}) {
+        CAPTURE(redemption);
+        RibbonHost host;
+        host.sms->SetField(u"Subject", u"0171: Bin da");
+        if (!redemption) host.platform.automation.factories.clear();
+        // An item window opened later must not matter.
+        const auto entries = host.Of(host.sms);
+        host.Of(host.eva);
+        CHECK(host.RecipientsOfClick(entries) == (redemption ? u"+491701234567" : u"RE"));
+        CHECK(host.message == (redemption ? u"Hallo" : u"0171: Bin da"));
+        CHECK(host.outlook.inspectors->all.size() == 2);  // and no reply of Outlook's own
+    }
+}
+
+TEST_CASE("Office's ribbons are held from loading to the end of the connection, and no longer") {
+    for (const bool byQuit : {false, true}) {
+        RibbonHost host;
+        host.platform.automation.running.clear();
+        host.Of(host.mail);
+        host.Of(host.eva);
+        CHECK(host.Held(u"IRibbonUI") == 3);
+        if (byQuit) {
+            host.outlook.Quit();
+        } else {
+            host.Disconnect();
+        }
+        for (const auto& still : host.outlook.StillReferenced()) {
+            CAPTURE(still.className);
+            CHECK(still.count == 0);
+        }
+    }
+    // Without a window at the start the add-in stays away, and so does its ribbon.
+    RibbonHost host(16, false);
+    CHECK(host.outlook.ribbons.Entries(host.outlook.OpenExplorer()).empty());
+}
+
+TEST_CASE("the add-in can be disconnected while a callback runs") {
+    RibbonHost host;
+    const auto entries = host.Of(host.sms);
+    host.platform.messageLoop.onDoEvents = [&] {
+        host.platform.messageLoop.onDoEvents = nullptr;
+        host.Disconnect();
+    };
+    entries[0].click();
+    CHECK(host.Held(u"IRibbonUI") == 0);
+    CHECK(host.outlook.LiveSubscriptions().empty());
+}
+
+TEST_CASE("on a monitor of another resolution the pictures are made anew") {
+    RibbonHost host;
+    const auto picture = [&] {
+        return MemoryBitmaps::BitmapOf(host.outlook.ribbons.Entries(host.first)[0].image);
+    };
+    CHECK(picture() == 10032);
+    host.platform.bitmaps.resolution = 192;
+    CHECK(picture() == 10032);
+    host.outlook.Activate(host.first);
+    CHECK(picture() == 10064);
+}
+
+TEST_CASE("callbacks are traced, and what they throw stays inside") {
+    Host host(16);
+    host.SetRegistry(AddInKey, u"DebugMode", u"1");
+    host.Connect(true);
+    host.outlook.ribbons.Entries(host.first)[0].click();
+    const std::string trace =
+        host.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents;
+    for (const char* const record :
+         {"<GetCustomUI>_\r\n", "<Ribbon_onLoad>_\r\n", "<Ribbon_getLargeImage>_\r\n",
+          "<RibbonSMSNew_Click>_\r\n", "</RibbonSMSNew_Click>\r\n"}) {
+        CAPTURE(record);
+        CHECK(trace.find(record) != std::string::npos);
+    }
+    host.Disconnect();
+}
+
+TEST_CASE("the host finds what is wrong with a ribbon's XML, and where") {
+    const auto error = [](const Text& xml, std::int32_t version = 16) {
+        return standin::ReadRibbonXml(xml, u"Microsoft.Outlook.Explorer", version,
+                                      [](TextView name) { return name == u"Go"; })
+            .error;
+    };
+    const Text head = u"<customUI xmlns=\"http://schemas.microsoft.com/office/2009/07/customui\">";
+    const auto tab = [&](const Text& name, const Text& inside) {
+        return head + u"<ribbon><tabs><tab idMso=\"" + name + u"\">" + inside +
+               u"</tab></tabs></ribbon></customUI>";
+    };
+    const auto group = [&](const Text& attributes, const Text& inside) {
+        return tab(u"TabMail", u"<group " + attributes + u">" + inside + u"</group>");
+    };
+    const Text good = group(u"id=\"g\" insertAfterMso=\"GroupMailNew\"",
+                            u"<button id=\"b\" size=\"large\" onAction=\"Go\"/>");
+    CHECK(error(good).empty());
+    const std::pair<Text, TextView> wrong[] = {
+        {head, u"Column: "},
+        {head + u"<ribbon></tabs></customUI>", u"invalid closing tag"},
+        {tab(u"TabHome", u""), u"Failed to find Office control by ID\ridMso: TabHome"},
+        {group(u"id=\"g\" insertAfterMso=\"GroupRespond\"", u""), u"GroupRespond"},
+        {group(u"idMso=\"GroupMailNew\"", u""), u"Unknown attribute"},
+        {group(u"id=\"g\"", u"<button id=\"g\" onAction=\"Go\"/>"), u"The ID is used twice"},
+        {group(u"id=\"g\"", u"<button id=\"b\" onAction=\"Stop\"/>"), u"no such callback"},
+        {group(u"id=\"g\"", u"<button onAction=\"Go\"/>"), u"The element has no ID"},
+        {group(u"id=\"g\"", u"<menu id=\"m\"/>"), u"Unexpected element menu"},
+        {head + u"<contextMenus><contextMenu idMso=\"TabMail\"/></contextMenus></customUI>",
+         u"That is no menu"}};
+    for (const auto& [xml, part] : wrong) {
+        CAPTURE(xml);
+        CAPTURE(error(xml));
+        CHECK(error(xml).starts_with(u"Line: 1\rColumn: "));
+        CHECK(Contains(error(xml), part));
+    }
+    CHECK(Contains(error(good, 12), u"Unknown namespace"));
+
+    // The user who wants to hear of it does, once, and the rest of Outlook goes on.
+    struct Broken : standin::RibbonAddIn {
+        Text GetCustomUI(TextView) override { return u"<customUI>"; }
+        bool HasCallback(TextView) override { return false; }
+        Value Call(TextView, const ObjectPtr&) override { return {}; }
+    };
+    Host host(16);
+    std::vector<Text> shown;
+    host.outlook.ribbons.showError = [&](const Text& what) { shown.push_back(what); };
+    host.outlook.ribbons.Add(u"Other", std::make_shared<Broken>());
+    host.Connect(true);
+    REQUIRE(shown.size() == 1);
+    CHECK(shown[0].starts_with(u"Error found in Custom UI XML of \"Other\"\r\rLine: 1\rColumn: "));
+    CHECK(host.outlook.ribbons.Entries(host.first).size() == 1);
+}
