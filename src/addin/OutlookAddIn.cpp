@@ -7,7 +7,7 @@
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
-#include "recipients/Contacts.h"
+#include "recipients/Addresses.h"
 #include "settings/Debug.h"
 #include "settings/RegEdit.h"
 
@@ -19,13 +19,13 @@ constexpr std::int32_t FirstWithoutOwnQuit = 10;  // Outlook 2002
 
 }  // namespace
 
-OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Contacts& contacts,
-                           Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
+OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit,
+                           Addresses& addresses, Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
                            ProcessValues& processValues, ExplorerFactory createExplorer)
     : errors(errors),
       debug(debug),
       regEdit(regEdit),
-      contacts(contacts),
+      addresses(addresses),
       forms(forms),
       smsReply(smsReply),
       ribbon(ribbon),
@@ -54,6 +54,7 @@ void OutlookAddIn::Initialise(const ObjectPtr& application, TextView progId) {
 
     golApp.Set(errors, application, outlook::ApplicationEvents,
                OnEvent(outlook::event::ApplicationQuit, &OutlookAddIn::golApp_Quit));
+    addresses.SetApplication(application);
     sProgId = progId;
     if (golApp) {
         colExpl.Set(errors, outlookApplication.Explorers().Reference(), outlook::ExplorersEvents,
@@ -119,7 +120,7 @@ void OutlookAddIn::golApp_Quit(const ObjectPtr&) {
 
 void OutlookAddIn::CleanUpForQuit() {
     explorers.clear();
-    contacts.Release();
+    addresses.Release();
 }
 
 // Whatever a step throws, the ones behind it run: nothing of Outlook's may be kept.
@@ -136,7 +137,7 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
     ribbon.Release();
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
-    contacts.Release();
+    addresses.Release();
 
     // The collection shrinks while forms unload, so this unloads every other form; deliberate.
     for (std::int32_t index = 0, count = forms.Count(); index < count; ++index) {

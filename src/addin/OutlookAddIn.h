@@ -13,7 +13,7 @@
 
 namespace tellwick {
 
-class Contacts;
+class Addresses;
 class Debug;
 class RegEdit;
 class Ribbon;
@@ -22,7 +22,7 @@ class OutlookAddIn : public std::enable_shared_from_this<OutlookAddIn> {
 public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
-    OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Contacts& contacts,
+    OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, Addresses& addresses,
                  Forms& forms, SmsReply& smsReply, Ribbon& ribbon, ProcessValues& processValues,
                  ExplorerFactory createExplorer);
 
@@ -62,7 +62,7 @@ private:
     PendingError& errors;
     Debug& debug;
     RegEdit& regEdit;
-    Contacts& contacts;
+    Addresses& addresses;
     Forms& forms;
     SmsReply& smsReply;
     Ribbon& ribbon;

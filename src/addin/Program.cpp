@@ -26,23 +26,28 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       documents(debug, regEdit, platform.programs),
       helpViewer(services, documents, platform.fileSystem, platform.programs),
       prefixes(debug, inifilesLite, language),
-      contacts(errors, platform.automation, prefixes),
+      addresses(services, {errors, platform.automation, prefixes, platform.locale, platform.clock},
+                platform.fileSystem, platform.timers),
+      contacts(errors, platform.automation, prefixes, addresses),
       process(debug, platform.programs),
       tellwick(debug, regEdit, process, questionBox, platform.programs, platform.messageLoop),
       smsQueue(regEdit, files, platform.fileSystem, platform.locks),
       messageText(services, formSmsSendView, platform.locale),
       recipientField(
-          services, prefixes, contacts, formSmsSendView.TextTo(), formSmsSendView.ListBoxNumbers(),
-          formSmsSendView.StatusBar1(),
+          services, prefixes, addresses, formSmsSendView.TextTo(), formSmsSendView.ListBoxNumbers(),
+          formSmsSendView.StatusBar1(), formSmsSendView.ProgressBar1(),
           [&formSmsSendView](std::int32_t rows) { formSmsSendView.PlaceListBoxNumbers(rows); }),
       textTemplates(services, formSmsSendView.ComboBoxTextbausteine(),
                     [this](TextView text) { messageText.Insert(text); }),
       submission(services, formSmsSend, formSmsSendView, recipientField, platform.messageLoop,
                  smsQueue, tellwick),
-      formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, contacts,
+      formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientField),
       formOptions(services, formOptionsView, forms, prefixes, platform.locale,
-                  [this] { formSmsSend.ApplySettings(); }),
+                  [this] {
+                      formSmsSend.ApplySettings();
+                      addresses.ApplySettings();
+                  }),
       formSmsSend(services, formSmsSendView, forms,
                   {submission, messageText, recipientField, textTemplates}, formSmsSelectAddress,
                   formOptions, helpViewer),
@@ -61,8 +66,8 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
                                              automation, processValues, ribbon, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, contacts, forms, smsReply, ribbon,
-                                          processValues, createExplorer);
+    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, addresses, forms, smsReply,
+                                          ribbon, processValues, createExplorer);
 }
 
 }  // namespace tellwick

@@ -18,6 +18,7 @@
 #include "compose/Tellwick.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
+#include "recipients/Addresses.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
@@ -60,6 +61,7 @@ public:
     Documents documents;
     HelpViewer helpViewer;
     Prefixes prefixes;
+    Addresses addresses;
     Contacts contacts;
     Process process;
     Tellwick tellwick;

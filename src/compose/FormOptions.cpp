@@ -85,6 +85,7 @@ void FormOptions::Form_Load() {
         return inifilesLite.GetIniSetting(section, key, defaultValue, false, LookForChanges);
     };
     view.CheckStoreNumbers().SetChecked(LeadingNumber(read(u"SMS", u"StoreNumbers", u"1")) != 0);
+    view.CheckNumberCache().SetChecked(LeadingNumber(read(u"SMS", u"NumberCache", u"1")) != 0);
     const std::int64_t numbers = LeadingNumber32(read(u"SMS", u"NumUsedNumber", u"10"));
     view.TextNumUsedNumber().SetText(NumberText(std::clamp(numbers, std::int64_t(0), MostNumbers)));
     EnableNumUsedNumber();
@@ -154,6 +155,7 @@ Text FormOptions::CleanPrefixes(TextView typed) {
 
 std::vector<FormOptions::Setting> FormOptions::Entered() {
     return {{u"SMS", u"StoreNumbers", view.CheckStoreNumbers().Checked() ? u"1" : u"0"},
+            {u"SMS", u"NumberCache", view.CheckNumberCache().Checked() ? u"1" : u"0"},
             {u"SMS", u"NumUsedNumber", CleanNumber(view.TextNumUsedNumber().GetText())},
             {PrefixSection, CountryPrefixes, CleanPrefixes(view.TextPrefixes().GetText())},
             {u"Editor", u"Font", Chosen(view.BoxFont())},

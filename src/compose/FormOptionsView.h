@@ -22,6 +22,7 @@ public:
 class FormOptionsView : public FormView {
 public:
     virtual CheckBox& CheckStoreNumbers() = 0;
+    virtual CheckBox& CheckNumberCache() = 0;
     virtual Control& LabelNumUsedNumber() = 0;
     // Takes digits only, five at most.
     virtual TextBox& TextNumUsedNumber() = 0;

@@ -1,12 +1,14 @@
 #include "compose/FormSmsSelectAddress.h"
 
 #include <algorithm>
-#include <numeric>
+#include <array>
+#include <utility>
 
-#include "recipients/Contacts.h"
+#include "recipients/Addresses.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
 #include "settings/Debug.h"
+#include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
 
 namespace tellwick {
@@ -14,19 +16,32 @@ namespace tellwick {
 namespace {
 
 constexpr TextView FormName = u"FormSmsSelectAddress";
+constexpr TextView Places = u"Positions";
+constexpr std::array<TextView, FormSmsSelectAddress::Columns> ColumnKeys{
+    u"ColumnName", u"ColumnNumber", u"ColumnKind", u"ColumnFolder"};
+constexpr std::array<std::int32_t, FormSmsSelectAddress::Columns> UsualWidths{190, 130, 80, 150};
+constexpr std::array<TextView, std::size_t(NumberKind::List) + 1> KindKeys{
+    u"KindMobile", u"KindHome",  u"KindHome2",   u"KindBusiness", u"KindBusiness2",
+    u"KindCar",    u"KindOther", u"KindPrimary", u"KindList"};
+constexpr std::int32_t WidestColumn = 4000;
+
+Text WidthKey(std::size_t column) {
+    return u"SMSSelectColumn" + NumberText(std::int64_t(column) + 1);
+}
 
 }  // namespace
 
 FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view,
-                                           Forms& forms, Prefixes& prefixes, Contacts& contacts,
+                                           Forms& forms, Prefixes& prefixes, Addresses& addresses,
                                            RecipientField& recipientField)
     : Services(services),
       view(view),
       forms(forms),
       prefixes(prefixes),
-      contacts(contacts),
+      addresses(addresses),
       recipientField(recipientField) {
     view.SetEvents(*this);
+    addresses.AddListener([this](bool listChanged) { Addresses_Change(listChanged); });
 }
 
 FormSmsSelectAddress::~FormSmsSelectAddress() {
@@ -36,43 +51,246 @@ FormSmsSelectAddress::~FormSmsSelectAddress() {
 void FormSmsSelectAddress::Show() {
     if (!view.Loaded()) {
         if (!view.Load()) return;
-        forms.Add(*this);
-        language.GetLanguageStringsForForm(FormName, view);
+        Load();
     }
-    TextSearch_Change();
     view.Show();
+    addresses.RefreshOnce();
+}
+
+void FormSmsSelectAddress::Load() {
+    Procedure procedure{debug, u"Form_Load"};
+    forms.Add(*this);
+    language.GetLanguageStringsForForm(FormName, view);
+    const auto setting = [&](TextView key) {
+        return inifilesLite.GetIniSettingNum(Places, key, u"0");
+    };
+    const bool positioned = !inifilesLite.GetIniSetting(Places, u"SMSSelectPosx").empty();
+    view.SetPlace({setting(u"SMSSelectPosx"), setting(u"SMSSelectPosy"), setting(u"SMSSelectx"),
+                   setting(u"SMSSelecty")},
+                  positioned);
+    ListView& list = view.ListAddresses();
+    for (std::size_t column = 0; column < Columns; ++column) {
+        list.SetColumnCaption(column, language.TextOrBuiltIn(FormName, ColumnKeys[column]));
+        const std::int32_t width = setting(WidthKey(column));
+        list.SetColumnWidth(column,
+                            width > 0 ? std::min(width, WidestColumn) : UsualWidths[column]);
+    }
+    list.SetSorted(sortedBy, descending);
+    list.SetSource([this](std::size_t row, std::size_t column) { return Cell(row, column); });
+    chosen.clear();
+    for (Text& number : recipientField.Recipients()) {
+        Text text = Shown(number);
+        chosen.push_back({std::move(number), std::move(text)});
+    }
+    ShowChosen();
+    FillFolders();
+    SortRows();
 }
 
 void FormSmsSelectAddress::Unload() {
     if (!view.Loaded()) return;
+    {
+        const SettingsBatch batch{inifilesLite};
+        const FormPlace place = view.Place();
+        inifilesLite.SetIniSetting(Places, u"SMSSelectx", place.width);
+        inifilesLite.SetIniSetting(Places, u"SMSSelecty", place.height);
+        inifilesLite.SetIniSetting(Places, u"SMSSelectPosx", place.left);
+        inifilesLite.SetIniSetting(Places, u"SMSSelectPosy", place.top);
+        for (std::size_t column = 0; column < Columns; ++column) {
+            inifilesLite.SetIniSetting(Places, WidthKey(column),
+                                       view.ListAddresses().ColumnWidth(column));
+        }
+    }
     view.Unload();
     forms.Remove(*this);
+    shown.clear();
+    sorted.clear();
+}
+
+void FormSmsSelectAddress::Addresses_Change(bool listChanged) {
+    if (!view.Loaded()) return;
+    if (listChanged) {
+        FillFolders();
+        SortRows();
+    }
+    ShowStatus();
+}
+
+// The rows ------------------------------------------------------------------------------------
+
+// The first entry is for all folders.
+void FormSmsSelectAddress::FillFolders() {
+    ItemList& box = view.BoxFolder();
+    const Text before = box.SelectedIndex() > 0 ? box.Item(box.SelectedIndex()) : Text();
+    box.Clear();
+    box.Add(language.TextOrBuiltIn(FormName, u"AllFolders"));
+    box.SetSelectedIndex(0);
+    for (std::size_t folder = 0; folder < addresses.Folders(); ++folder) {
+        const Text name = addresses.FolderName(std::uint16_t(folder));
+        box.Add(name);
+        if (name == before) box.SetSelectedIndex(box.Count() - 1);
+    }
+}
+
+void FormSmsSelectAddress::SortRows() {
+    const AddressList& list = addresses.List();
+    // The list's own order is the alphabetical one, by the user's language.
+    sorted.clear();
+    sorted.reserve(list.Rows());
+    for (std::size_t index = 0; index < list.Size(); ++index) {
+        if (!list.EntryAt(index).byFileAs) sorted.push_back(list.EntryAt(index).row);
+    }
+    if (sortedBy == Folder) {
+        std::vector<Text> names;
+        for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
+            names.push_back(LowerCase(addresses.FolderName(std::uint16_t(folder))));
+        std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
+            return names[list.Row(one).folder] < names[list.Row(other).folder];
+        });
+    } else if (sortedBy != Name) {
+        std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
+            return sortedBy == Kind ? list.Row(one).kind < list.Row(other).kind
+                                    : list.Row(one).number < list.Row(other).number;
+        });
+    }
+    if (descending) std::reverse(sorted.begin(), sorted.end());
+    ShowRows();
+}
+
+void FormSmsSelectAddress::ShowRows() {
+    const AddressList& list = addresses.List();
+    search = AddressSearch(view.TextSearch().GetText());
+    const std::int32_t folder = view.BoxFolder().SelectedIndex() - 1;
+    if (search.IsEmpty() && folder < 0) {
+        shown = sorted;
+    } else {
+        std::vector<Text> names;
+        for (std::size_t index = 0; index < addresses.Folders(); ++index)
+            names.push_back(addresses.FolderName(std::uint16_t(index)));
+        shown.clear();
+        for (const std::uint32_t index : sorted) {
+            const AddressRow row = list.Row(index);
+            if (folder >= 0 && row.folder != folder) continue;
+            if (search.IsEmpty() || search.Matches(row, names[row.folder])) shown.push_back(index);
+        }
+    }
+    view.ListAddresses().SetRowCount(shown.size());
+    ShowStatus();
+}
+
+void FormSmsSelectAddress::ShowStatus() {
+    Text text;
+    if (addresses.Reading() && !addresses.FolderBeingRead().empty()) {
+        text = ReplaceAll(language.TextOrBuiltIn(FormName, u"Reading"), u"%f",
+                          addresses.FolderBeingRead());
+        text = ReplaceAll(text, u"%n", NumberText(addresses.Progress()));
+    } else if (!addresses.Failed().empty()) {
+        text =
+            ReplaceAll(language.TextOrBuiltIn(FormName, u"NotRead"), u"%f", addresses.Failed()[0]);
+    } else {
+        text = ReplaceAll(language.TextOrBuiltIn(FormName, u"Matches"), u"%n",
+                          NumberText(std::int64_t(shown.size())));
+    }
+    if (view.StatusBar1().GetText() != text) view.StatusBar1().SetText(text);
+}
+
+Text FormSmsSelectAddress::KindText(NumberKind kind) const {
+    return language.TextOrBuiltIn(FormName, KindKeys[std::size_t(kind)]);
+}
+
+MarkedText FormSmsSelectAddress::Cell(std::size_t index, std::size_t column) const {
+    if (index >= shown.size()) return {};
+    const AddressRow row = addresses.List().Row(shown[index]);
+    switch (column) {
+        case Name:
+            return search.MarkWords(row.company.empty() || row.company == row.name
+                                        ? Text(row.name)
+                                        : Text(row.name).append(u", ").append(row.company));
+        case Number:
+            return search.MarkNumber(row.number);
+        case Kind:
+            return {KindText(row.kind), {}};
+        default:
+            return search.MarkWords(addresses.FolderName(row.folder));
+    }
 }
 
 void FormSmsSelectAddress::TextSearch_Change() {
     Procedure procedure{debug, u"TextSearch_Change"};
-    const AddressList& addresses = contacts.Addresses();
-    const Text search = Trimmed(view.TextSearch().GetText());
-    if (search.empty()) {
-        shown.resize(addresses.Size());
-        std::iota(shown.begin(), shown.end(), std::size_t(0));
-    } else {
-        shown = addresses.Matches(search);
-    }
-    view.ListAddresses().Clear();
-    for (const std::size_t entry : shown) view.ListAddresses().Add(addresses.Entry(entry));
-    if (!shown.empty()) view.ListAddresses().SetSelectedIndex(0);
-    view.StatusBar1().SetText(ReplaceAll(language.TextOrBuiltIn(FormName, u"Matches"), u"%n",
-                                         NumberText(std::int64_t(shown.size()))));
+    ShowRows();
+}
+
+void FormSmsSelectAddress::BoxFolder_Click() {
+    Procedure procedure{debug, u"BoxFolder_Click"};
+    ShowRows();
+}
+
+void FormSmsSelectAddress::ListAddresses_ColumnClick(std::size_t column) {
+    Procedure procedure{debug, u"ListAddresses_ColumnClick"};
+    descending = column == sortedBy && !descending;
+    sortedBy = column;
+    view.ListAddresses().SetSorted(sortedBy, descending);
+    SortRows();
+}
+
+// Those chosen --------------------------------------------------------------------------------
+
+// With the name of the person, where one has the number.
+Text FormSmsSelectAddress::Shown(TextView number) const {
+    const AddressList& list = addresses.List();
+    const std::optional<std::size_t> row = list.RowOfNumber(number);
+    if (!row) return Text(number);
+    return Text(list.Row(*row).name).append(u"  (").append(number).append(u")");
+}
+
+void FormSmsSelectAddress::ShowChosen() {
+    view.ListChosen().Clear();
+    for (const Recipient& recipient : chosen) view.ListChosen().Add(recipient.shown);
+    view.ButtonRemove().SetEnabled(!chosen.empty());
 }
 
 void FormSmsSelectAddress::ButtonAdd_Click() {
     Procedure procedure{debug, u"ButtonAdd_Click"};
-    const std::int32_t row = view.ListAddresses().SelectedIndex();
-    const AddressList& addresses = contacts.Addresses();
-    if (row < 0 || std::size_t(row) >= shown.size()) return;
-    const std::size_t entry = shown[std::size_t(row)];
-    if (entry < addresses.Size()) recipientField.Add(prefixes.GetNumber(addresses.Entry(entry)));
+    std::vector<std::size_t> rows = view.ListAddresses().ChosenRows();
+    if (rows.empty() && shown.size() == 1) rows.push_back(0);
+    for (const std::size_t index : rows) {
+        if (index >= shown.size()) continue;
+        const AddressRow row = addresses.List().Row(shown[index]);
+        for (const Text& part : Split(row.number, u";")) {
+            Text number = prefixes.GetNumber(u"(" + part + u")");
+            const bool isNew = std::none_of(
+                chosen.begin(), chosen.end(),
+                [&](const Recipient& recipient) { return recipient.number == number; });
+            if (!isNew) continue;
+            Text text = row.kind == NumberKind::List
+                            ? Shown(number)
+                            : Text(row.name).append(u"  (").append(number).append(u")");
+            chosen.push_back({std::move(number), std::move(text)});
+        }
+    }
+    ShowChosen();
+    if (!chosen.empty()) view.ListChosen().SetSelectedIndex(std::int32_t(chosen.size()) - 1);
+}
+
+void FormSmsSelectAddress::ButtonRemove_Click() {
+    Procedure procedure{debug, u"ButtonRemove_Click"};
+    const std::int32_t index = view.ListChosen().SelectedIndex();
+    if (index < 0 || std::size_t(index) >= chosen.size()) return;
+    chosen.erase(chosen.begin() + index);
+    ShowChosen();
+    view.ListChosen().SetSelectedIndex(std::min(index, std::int32_t(chosen.size()) - 1));
+}
+
+void FormSmsSelectAddress::ButtonOK_Click() {
+    Procedure procedure{debug, u"ButtonOK_Click"};
+    Text field;
+    for (const Recipient& recipient : chosen) {
+        if (!field.empty()) field += u';';
+        field += recipient.number;
+    }
+    recipientField.SetText(field);
+    recipientField.ShowPrefixHint();
+    Unload();
 }
 
 }  // namespace tellwick

@@ -1,41 +1,74 @@
-// The recipient selection: the address list, narrowed by a search, from which recipients are taken
-// over into the SMS form.
+// The recipient selection: the address list, narrowed by a search and a folder, from which
+// recipients are taken over into the SMS form.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "compose/FormSmsSelectAddressView.h"
+#include "recipients/AddressSearch.h"
 #include "settings/Services.h"
 
 namespace tellwick {
 
-class Contacts;
+class Addresses;
 class Prefixes;
 class RecipientField;
 
 class FormSmsSelectAddress : public Form, public FormSmsSelectAddressEvents, private Services {
 public:
     FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view, Forms& forms,
-                         Prefixes& prefixes, Contacts& contacts, RecipientField& recipientField);
+                         Prefixes& prefixes, Addresses& addresses, RecipientField& recipientField);
     ~FormSmsSelectAddress() override;
 
     void Show();
     void Unload() override;
 
+    // Leaves the SMS form as it is.
     void Form_Close() override { Unload(); }
     void TextSearch_Change() override;
+    void BoxFolder_Click() override;
+    // Sorts by the column; the second time the other way round.
+    void ListAddresses_ColumnClick(std::size_t column) override;
     void ListAddresses_DblClick() override { ButtonAdd_Click(); }
+    void ListChosen_DblClick() override { ButtonRemove_Click(); }
+    // Adds the chosen rows, or the only one that is shown.
     void ButtonAdd_Click() override;
-    void ButtonOK_Click() override { Unload(); }
+    void ButtonRemove_Click() override;
+    // Puts those chosen so far into the SMS form's field, in their order.
+    void ButtonOK_Click() override;
+
+    enum Column : std::size_t { Name, Number, Kind, Folder, Columns };
 
 private:
-    std::vector<std::size_t> shown;  // index into the address list by row
+    struct Recipient {
+        Text number;  // as the field holds it
+        Text shown;
+    };
+
+    void Load();
+    void Addresses_Change(bool listChanged);
+    void FillFolders();
+    void SortRows();
+    void ShowRows();
+    void ShowStatus();
+    void ShowChosen();
+    MarkedText Cell(std::size_t row, std::size_t column) const;
+    Text KindText(NumberKind kind) const;
+    Text Shown(TextView number) const;
+
+    std::vector<std::uint32_t> sorted;  // all rows of the address list
+    std::vector<std::uint32_t> shown;   // those that the search leaves
+    std::vector<Recipient> chosen;
+    AddressSearch search{{}};
+    std::size_t sortedBy = Name;
+    bool descending = false;
 
     FormSmsSelectAddressView& view;
     Forms& forms;
     Prefixes& prefixes;
-    Contacts& contacts;
+    Addresses& addresses;
     RecipientField& recipientField;
 };
 

@@ -291,6 +291,7 @@ void FormSmsSend::Form_Unload() {
                                    std::int32_t(view.CheckLong().Checked() ? -1 : 0));
         inifilesLite.SetIniSetting(u"Positions", u"SMSExpanded", std::int32_t(expanded ? -1 : 0));
     });
+    debug.Guarded([this] { parts.recipientField.StopReading(); });
     debug.Guarded([this] { parts.recipientField.Save(); });
     debug.Guarded([this] { parts.textTemplates.Save(); });
     debug.Guarded([this] { formSmsSelectAddress.Unload(); });

@@ -2,7 +2,10 @@
 // while the form is not loaded, reading them gives empty values and writing is forgotten.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -58,6 +61,36 @@ public:
 };
 
 class ListBox : public virtual ItemList {};
+
+// A text of which some parts are marked; start and length in UTF-16 code units, ascending.
+struct MarkedText {
+    struct Mark {
+        std::size_t start, length;
+    };
+    Text text;
+    std::vector<Mark> marks;
+};
+
+// A list with columns, of which several rows can be chosen. It holds no texts but asks for those
+// that are to be seen. Rows and columns count from 0.
+class ListView : public virtual Control {
+public:
+    using CellSource = std::function<MarkedText(std::size_t row, std::size_t column)>;
+
+    // Raises nothing.
+    virtual void SetSource(CellSource source) = 0;
+    // All rows may be others now; none is chosen, and the first is the one the arrows go on from.
+    virtual void SetRowCount(std::size_t rows) = 0;
+    virtual std::size_t RowCount() const = 0;
+    virtual std::vector<std::size_t> ChosenRows() const = 0;  // ascending
+    virtual void ChooseRow(std::size_t row) = 0;
+    virtual void SetColumnCaption(std::size_t column, TextView caption) = 0;
+    // Shows by an arrow how the rows are sorted.
+    virtual void SetSorted(std::size_t column, bool descending) = 0;
+    // In pixels at 96 to the inch.
+    virtual std::int32_t ColumnWidth(std::size_t column) const = 0;
+    virtual void SetColumnWidth(std::size_t column, std::int32_t width) = 0;
+};
 
 // A drop-down list with an edit field. Clearing the list keeps the text of the edit field.
 class ComboBox : public virtual ItemList, public virtual TextBox {};

@@ -43,6 +43,10 @@ public:
     // replaced: Failed, with 70 or 75 noted.
     virtual SwapResult Swap(TextView path, std::string_view before, std::string_view contents) = 0;
 
+    // Puts a file in the place of another, which may be missing. False, with 53, 70 or 75 noted,
+    // when that fails; then both stay.
+    virtual bool Rename(TextView from, TextView to) = 0;
+
     // False, with 53 or 75 noted, when it cannot be deleted.
     virtual bool Delete(TextView path) = 0;
 

@@ -22,6 +22,13 @@ public:
     // A locale's information of the given type, as many characters as the system counts (its
     // count includes the closing NUL). Empty optional when the system knows none.
     virtual std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) = 0;
+
+    // Bytes that compare as texts stand in a list sorted for the user's language, letter case
+    // ignored.
+    virtual std::string SortKey(TextView text) = 0;
+
+    // A date with its time of day in hours and minutes, as the user writes them.
+    virtual Text DateText(double date) = 0;
 };
 
 }  // namespace tellwick

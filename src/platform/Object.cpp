@@ -78,4 +78,14 @@ ObjectPtr AsObject(const Value& value) {
     return object ? *object : nullptr;
 }
 
+GridPtr AsGrid(const Value& value) {
+    const auto* grid = std::get_if<GridPtr>(&value);
+    return grid ? *grid : nullptr;
+}
+
+double AsReal(const Value& value) {
+    const auto* real = std::get_if<double>(&value);
+    return real ? *real : AsNumber(value);
+}
+
 }  // namespace tellwick

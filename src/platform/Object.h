@@ -21,11 +21,25 @@ using ObjectPtr = std::shared_ptr<Object>;
 // copy failed for want of memory.
 struct Nothing {
     Nothing() = default;
+    // NOLINTNEXTLINE(modernize-use-equals-default)
     Nothing(const Nothing&) noexcept {}
+    // NOLINTNEXTLINE(modernize-use-equals-default)
     Nothing& operator=(const Nothing&) noexcept { return *this; }
 };
 
-using Value = std::variant<Nothing, bool, std::int32_t, double, Text, ObjectPtr>;
+struct Grid;
+using GridPtr = std::shared_ptr<const Grid>;
+
+// A date is a number: the days since the end of 1899, with the time of day as a fraction.
+using Value = std::variant<Nothing, bool, std::int32_t, double, Text, ObjectPtr, GridPtr>;
+
+// An array of two dimensions, both counted from 0.
+struct Grid {
+    std::size_t first = 0, second = 0;  // sizes
+    std::vector<Value> cells;           // those of first index 0, then those of 1, and so on
+
+    const Value& At(std::size_t i, std::size_t j) const { return cells[i * second + j]; }
+};
 
 struct NamedValue {
     TextView name;
@@ -106,6 +120,9 @@ Text AsText(const Value& value);
 std::int32_t AsNumber(const Value& value);
 bool AsBoolean(const Value& value);
 ObjectPtr AsObject(const Value& value);
+GridPtr AsGrid(const Value& value);
+// The number with its fraction.
+double AsReal(const Value& value);
 
 // Port: where objects come from.
 class Automation {

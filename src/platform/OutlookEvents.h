@@ -47,6 +47,9 @@ inline constexpr std::int32_t ContactClass = 40;
 inline constexpr std::int32_t MailClass = 43;
 inline constexpr std::int32_t DistributionListClass = 69;
 
+// What folders hold (DefaultItemType).
+inline constexpr std::int32_t ContactItemType = 2;
+
 // Default folders.
 inline constexpr std::int32_t InboxFolder = 6;
 inline constexpr std::int32_t ContactsFolder = 10;

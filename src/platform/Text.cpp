@@ -122,6 +122,14 @@ Text ReplaceAll(TextView text, TextView what, TextView with) {
     return result;
 }
 
+Text OneLine(TextView text) {
+    Text line(text);
+    for (char16_t& unit : line) {
+        if (unit < u' ') unit = u' ';
+    }
+    return Trimmed(line);
+}
+
 Text Trimmed(TextView text) {
     const std::size_t first = text.find_first_not_of(u' ');
     if (first == TextView::npos) return {};

@@ -41,6 +41,9 @@ bool Contains(TextView text, TextView what);
 // changes nothing.
 Text ReplaceAll(TextView text, TextView what, TextView with);
 
+// On one line: control characters as blanks, none at the ends.
+Text OneLine(TextView text);
+
 // Without leading and trailing blanks (code 32 only).
 Text Trimmed(TextView text);
 

@@ -1,32 +1,150 @@
-// The address list: entries "Name  (number)", and the search in them while the user types.
+// The address list: every number of every person in the contact folders, in alphabetical order, and
+// the search in it while the user types.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Text.h"
 
 namespace tellwick {
 
+class Locale;
+
+// In the order in which a person's numbers are offered.
+enum class NumberKind : std::uint8_t {
+    Mobile,
+    Home,
+    Home2,
+    Business,
+    Business2,
+    Car,
+    Other,
+    Primary,
+    List,  // of a distribution list: its members' numbers, separated by ";"
+};
+
+// One number of a person.
+struct AddressRow {
+    TextView name;     // "Anna Berger"
+    TextView fileAs;   // "Berger, Anna"; empty when it is no other name
+    TextView company;  // may be empty
+    TextView number;   // as a phone can dial it, never empty
+    NumberKind kind;
+    std::uint16_t folder;  // the reader's own number of the folder it comes from
+    std::uint32_t item;    // likewise of the contact
+};
+
 class AddressList {
 public:
-    // Takes the entries over and folds their letter case once.
-    void Assign(std::vector<Text> newEntries);
+    // Rows and entries are numbered from 0. A row has one entry "Name  (number)", and another one
+    // with the name by which the contact is filed, if that differs.
+    struct Entry {
+        std::uint32_t row : 31;
+        std::uint32_t byFileAs : 1;
+    };
 
+    std::size_t Rows() const { return rows.size(); }
+    AddressRow Row(std::size_t row) const;
     std::size_t Size() const { return entries.size(); }
-    // The entry at an index below Size().
-    const Text& Entry(std::size_t index) const { return entries[index]; }
+    Entry EntryAt(std::size_t index) const { return entries[index]; }
+    // "Name  (number)" of the entry at an index below Size().
+    Text EntryText(std::size_t index) const;
+    TextView EntryName(std::size_t index) const;
 
-    // Indexes, ascending, of the entries that begin with the search text, or hold it followed by a
-    // blank or by "(". Letter case is ignored. An empty search text matches nothing.
-    std::vector<std::size_t> Matches(TextView search) const;
+    // The first row whose number is the same to dial, with or without its prefix.
+    std::optional<std::size_t> RowOfNumber(TextView number) const;
+
+    // The numbers that come first among the matches, as the user sent to them.
+    void SetRecent(const std::vector<Text>& numbers);
+
+    // Indexes of the entries that begin with the search text, or hold it followed by a blank or by
+    // "(", letter case ignored: first those of recent numbers, then those that begin so, then the
+    // others, each in alphabetical order. A number comes once. The search text has no blank at its
+    // ends; an empty one matches nothing.
+    std::vector<std::uint32_t> Matches(TextView search) const;
 
 private:
-    std::vector<Text> entries;
-    // All entries in lower case, each behind a line feed, and the position of each in there.
-    Text folded;
-    std::vector<std::size_t> starts;
+    friend class AddressListBuilder;
+
+    struct Span {
+        std::uint32_t at;
+        std::uint16_t length;
+    };
+    struct StoredRow {
+        Span name, fileAs, company, number;
+        std::uint32_t item;
+        std::uint32_t numberId;  // the same for equal numbers
+        std::uint16_t folder;
+        NumberKind kind;
+    };
+    // Where a word of an entry ends: before a blank or "(".
+    struct WordEnd {
+        std::uint32_t entry;
+        std::uint32_t end;
+    };
+    class Marks;
+
+    TextView At(const Span& span) const { return {texts.data() + span.at, span.length}; }
+    bool Continues(std::size_t entry, std::size_t from, TextView folded) const;
+    void MatchAll(TextView folded, Marks& begins, Marks& others) const;
+
+    Text texts;
+    std::vector<StoredRow> rows;
+    std::vector<Entry> entries;
+    std::uint32_t numberIds = 0;
+    std::vector<std::uint32_t> recent;  // entries, ascending
+    // Entries by their first, and word ends by their last three units, in buckets; the start of
+    // each bucket, and the end of the last.
+    std::vector<std::uint32_t> starts, startBuckets;
+    std::vector<WordEnd> ends;
+    std::vector<std::uint32_t> endBuckets;
+};
+
+// Makes a list of rows in small steps.
+class AddressListBuilder {
+public:
+    explicit AddressListBuilder(Locale& locale) : locale(locale) {}
+
+    // A row of no list, copied. Those of one person come one behind the other.
+    void Add(const AddressRow& row);
+    // The next entries, in the order in which they are to stand in a list that needs no sorting.
+    void AddEntry(std::uint32_t row, bool byFileAs);
+
+    // Sorts, unless entries were added, and makes the search fast. Does some of it; false when all
+    // is done. `most` is about how many entries a step may look at.
+    bool DoSome(std::size_t most);
+
+    std::size_t Rows() const { return list.rows.size(); }
+    const AddressList& List() const { return list; }
+    AddressList Take() { return std::move(list); }
+
+private:
+    enum class Step { Keys, Sort, Merge, Count, Scatter, Done };
+
+    AddressList::Span Store(TextView text);
+    bool Before(AddressList::Entry left, AddressList::Entry right) const;
+    TextView Name(AddressList::Entry entry) const;
+    void ForEachBucket(std::size_t entry, bool scatter);
+
+    Locale& locale;
+    AddressList list;
+    std::unordered_map<std::u16string, AddressList::Span> companies;
+    std::unordered_map<std::u16string, std::uint32_t> numbers;
+    Step step = Step::Keys;
+    std::size_t next = 0;
+    // Sort keys by 2 * row + byFileAs, in one piece.
+    std::string keys;
+    std::vector<std::uint32_t> keyStarts;
+    std::vector<AddressList::Entry> sorted;
+    // Where each sorted run ends; neighbours are merged until one is left.
+    std::vector<std::size_t> runs;
+    std::size_t run = 0, left = 0, right = 0;
+    std::vector<std::size_t> mergedRuns;
 };
 
 }  // namespace tellwick

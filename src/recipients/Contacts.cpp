@@ -5,14 +5,13 @@
 #include "platform/Meanwhile.h"
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
+#include "recipients/Addresses.h"
 #include "recipients/NumberInText.h"
 #include "recipients/Prefixes.h"
 
 namespace tellwick {
 
 namespace {
-
-constexpr TextView Separator = u"  (";  // between the name and the number of an entry
 
 // Where the word or words first stand by themselves; npos when they do not, or are none.
 std::size_t FindWord(TextView text, TextView word) {
@@ -29,66 +28,12 @@ std::size_t FindWord(TextView text, TextView word) {
 
 }  // namespace
 
-struct Contacts::Entry {
-    Text name;
-    Number number;
-
-    Text AsText() const { return Text(name).append(Separator).append(number.text).append(u")"); }
-    bool operator<(const Entry& other) const {
-        if (LessFolded(name, other.name)) return true;
-        return number.mobile && !other.number.mobile && !LessFolded(other.name, name);
-    }
-};
-
-Contacts::Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes)
-    : errors(errors), automation(automation), prefixes(prefixes) {}
-
-void Contacts::Release() {
-    nameSpace.reset();
-    application.reset();
-    addresses.Assign({});
-    loaded = false;
-}
-
-// The mobile number, else the one at home.
-Contacts::Number Contacts::NumberOf(const ObjectPtr& contact) {
-    Text number = AsText(Get(errors, contact, u"MobileTelephoneNumber"));
-    const bool mobile = !number.empty();
-    if (!mobile) number = AsText(Get(errors, contact, u"HomeTelephoneNumber"));
-    return {prefixes.ConvertPhoneNumber(number), mobile};
-}
-
-const AddressList& Contacts::Addresses() {
-    if (loaded) return addresses;
-    if (!application) application = automation.Running(u"Outlook.Application");
-    if (!application) return addresses;
-    Once loading(loaded);
-    if (!nameSpace) {
-        nameSpace = AsObject(Call(errors, application, u"GetNamespace", {Text(u"MAPI")}));
-    }
-    const ObjectPtr folder =
-        AsObject(Call(errors, nameSpace, u"GetDefaultFolder", {outlook::ContactsFolder}));
-    const ObjectPtr items = AsObject(Get(errors, folder, u"Items"));
-    std::vector<Entry> entries;
-    for (std::int32_t index = 1, count = AsNumber(Get(errors, items, u"Count")); index <= count;
-         ++index) {
-        const outlook::Item item(errors, AsObject(Get(errors, items, u"Item", {index})));
-        if (item.Class() != outlook::ContactClass) continue;
-        const Number number = NumberOf(item.Reference());
-        if (number.text.empty()) continue;
-        entries.push_back({AsText(Get(errors, item.Reference(), u"FullName")), number});
-    }
-    std::stable_sort(entries.begin(), entries.end());
-    std::vector<Text> texts;
-    texts.reserve(entries.size());
-    for (const Entry& entry : entries) texts.push_back(entry.AsText());
-    addresses.Assign(std::move(texts));
-    loading.Done();
-    return addresses;
-}
+Contacts::Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes,
+                   Addresses& addresses)
+    : errors(errors), automation(automation), prefixes(prefixes), addresses(addresses) {}
 
 Text Contacts::SelectedRecipients(const ObjectPtr& outlookApplication) {
-    application =
+    const ObjectPtr application =
         outlookApplication ? outlookApplication : automation.Running(u"Outlook.Application");
     return RecipientsIn(
         outlook::Application(errors, application).ActiveExplorer().Selection().Reference());
@@ -112,9 +57,12 @@ Text Contacts::RecipientsIn(const ObjectPtr& items) {
 
 Text Contacts::RecipientOf(const ObjectPtr& item) {
     switch (outlook::Item(errors, item).Class()) {
-        case outlook::ContactClass:
-            return prefixes.GetNumber(
-                Entry{AsText(Get(errors, item, u"FullName")), NumberOf(item)}.AsText());
+        case outlook::ContactClass: {
+            // The mobile number, else the one at home.
+            Text number = AsText(Get(errors, item, u"MobileTelephoneNumber"));
+            if (number.empty()) number = AsText(Get(errors, item, u"HomeTelephoneNumber"));
+            return Dialable(number);
+        }
         case outlook::MailClass:
             return NumberForMail(item);
         default:
@@ -130,7 +78,7 @@ Text Contacts::NumberForMail(const ObjectPtr& mail) {
     if (!safeItem) return {};
     safeItem->Put(u"Item", mail);
     const Text own = NumberInText(AsText(safeItem->Get(u"SentOnBehalfOfName")));
-    if (!own.empty()) return prefixes.GetNumber(u"(" + prefixes.ConvertPhoneNumber(own) + u")");
+    if (!own.empty()) return Dialable(own);
     safeItem->Put(u"Item", ReplyOf(mail));
     return NumberOfPersonIn(AsText(safeItem->Get(u"Body")));
 }
@@ -140,24 +88,30 @@ ObjectPtr Contacts::ReplyOf(const ObjectPtr& mail) {
     return AsObject(Call(errors, mail, u"Reply"));
 }
 
+// As the user's settings have it dialled.
+Text Contacts::Dialable(TextView number) {
+    return prefixes.GetNumber(u"(" + prefixes.ConvertPhoneNumber(number) + u")");
+}
+
 // The number of the person named first; of several names that begin there, the longest.
 Text Contacts::NumberOfPersonIn(TextView text) {
     const Text folded = LowerCase(text);
-    const AddressList& list = Addresses();
+    const AddressList& list = addresses.Complete();
     std::size_t first = Text::npos;
     std::size_t longest = 0;
-    std::size_t named = list.Size();
+    Text number;
     for (std::size_t index = 0; index < list.Size(); ++index) {
-        const Text& entry = list.Entry(index);
-        const Text name = LowerCase(TextView(entry).substr(0, entry.rfind(Separator)));
-        const std::size_t found = FindWord(folded, name);
-        if (found < first || (found == first && found != Text::npos && name.size() > longest)) {
+        const AddressList::Entry entry = list.EntryAt(index);
+        const AddressRow row = list.Row(entry.row);
+        if (entry.byFileAs || row.kind == NumberKind::List) continue;
+        const std::size_t found = FindWord(folded, LowerCase(row.name));
+        if (found < first || (found == first && found != Text::npos && row.name.size() > longest)) {
             first = found;
-            longest = name.size();
-            named = index;
+            longest = row.name.size();
+            number = row.number;
         }
     }
-    return named < list.Size() ? prefixes.GetNumber(list.Entry(named)) : Text();
+    return number.empty() ? number : Dialable(number);
 }
 
 }  // namespace tellwick

@@ -4,21 +4,17 @@
 #include <vector>
 
 #include "platform/Object.h"
-#include "recipients/AddressList.h"
 
 namespace tellwick {
 
+class Addresses;
 class Prefixes;
 
 // Every call into Outlook may fail; what it would have given is then left out.
 class Contacts {
 public:
-    Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes);
-
-    // The entries of the default contacts folder, read from Outlook on first use and kept until
-    // the release. In alphabetical order; of several with one name those with a mobile number
-    // first.
-    const AddressList& Addresses();
+    Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes,
+             Addresses& addresses);
 
     // The numbers of what is selected in the application's active window, each once, separated by
     // ";". Takes the running Outlook when no application is given.
@@ -37,28 +33,17 @@ public:
     // True while a mail is asked for its reply, which raises the mail's Reply event.
     bool AsksForReply() const { return asksForReply; }
 
-    // Lets Outlook go.
-    void Release();
-
 private:
-    struct Number {
-        Text text;
-        bool mobile;
-    };
-    struct Entry;
-    Number NumberOf(const ObjectPtr& contact);
+    Text Dialable(TextView number);
     Text NumberForMail(const ObjectPtr& mail);
     Text NumberOfPersonIn(TextView text);
 
-    ObjectPtr application;
-    ObjectPtr nameSpace;
-    bool loaded = false;
     bool asksForReply = false;
-    AddressList addresses;
 
     PendingError& errors;
     Automation& automation;
     Prefixes& prefixes;
+    Addresses& addresses;
 };
 
 }  // namespace tellwick

@@ -5,7 +5,7 @@
 
 #include "platform/Keys.h"
 #include "platform/Meanwhile.h"
-#include "recipients/Contacts.h"
+#include "recipients/Addresses.h"
 #include "recipients/Prefixes.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
@@ -30,7 +30,7 @@ Text NumberKey(std::int32_t position) {
 }
 
 // The recipients of a field, blanks around them left out.
-std::vector<Text> Recipients(TextView field) {
+std::vector<Text> RecipientsIn(TextView field) {
     std::vector<Text> recipients;
     for (const Text& part : Split(ReplaceAll(field, u",", u";"), u";")) {
         Text recipient = Trimmed(part);
@@ -48,16 +48,19 @@ std::size_t SearchStart(TextView field) {
 
 }  // namespace
 
-RecipientField::RecipientField(const Services& services, Prefixes& prefixes, Contacts& contacts,
+RecipientField::RecipientField(const Services& services, Prefixes& prefixes, Addresses& addresses,
                                ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
-                               ListPlacer placeList)
+                               ProgressBar& progressBar1, ListPlacer placeList)
     : Services(services),
       prefixes(prefixes),
-      contacts(contacts),
+      addresses(addresses),
       textTo(textTo),
       listBoxNumbers(listBoxNumbers),
       statusBar1(statusBar1),
-      placeList(std::move(placeList)) {}
+      progressBar1(progressBar1),
+      placeList(std::move(placeList)) {
+    addresses.AddListener([this](bool listChanged) { Addresses_Change(listChanged); });
+}
 
 void RecipientField::ReadSettings(std::int32_t numUsedNumber) {
     NumUsedNumber = numUsedNumber;
@@ -83,6 +86,20 @@ void RecipientField::GetListNumbers() {
     Refill(NumberList.size());
     if (textTo.Count() >= 1) textTo.Add(language.TextOrBuiltIn(FormSection, u"ListClear"));
     if (textTo.Count() >= 2) textTo.SetSelectedIndex(0);
+    TellRecent();
+    addresses.NeededAnew();
+}
+
+void RecipientField::TellRecent() {
+    std::vector<Text> recent;
+    for (const Text& entry : NumberList) {
+        for (Text& number : RecipientsIn(entry)) recent.push_back(std::move(number));
+    }
+    addresses.SetRecent(recent);
+}
+
+std::vector<Text> RecipientField::Recipients() const {
+    return RecipientsIn(textTo.GetText());
 }
 
 void RecipientField::Refill(std::size_t count) {
@@ -109,6 +126,7 @@ void RecipientField::AddNumberToList(TextView number) {
     NumberList[0] = number;
     // The last cell is not shown, and the item that clears the list is missing here; deliberate.
     Refill(std::size_t(NumberListBound));
+    TellRecent();
 }
 
 void RecipientField::Save() {
@@ -116,6 +134,11 @@ void RecipientField::Save() {
         inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1),
                                    NumberList[std::size_t(index)]);
     }
+}
+
+void RecipientField::StopReading() {
+    searching = false;
+    addresses.Stop();
 }
 
 void RecipientField::SetText(TextView text) {
@@ -134,8 +157,8 @@ void RecipientField::SetTextByList(TextView text) {
 
 void RecipientField::Add(TextView recipients) {
     Text field = Trimmed(textTo.GetText());
-    std::vector<Text> present = Recipients(field);
-    for (Text& recipient : Recipients(recipients)) {
+    std::vector<Text> present = RecipientsIn(field);
+    for (Text& recipient : RecipientsIn(recipients)) {
         if (std::find(present.begin(), present.end(), recipient) != present.end()) continue;
         if (!field.empty() && field.back() != u';' && field.back() != u',') field += u';';
         field += recipient;
@@ -176,25 +199,57 @@ void RecipientField::TextTo_Change() {
     Procedure procedure{debug, u"TextTo_Change"};
     fieldText = textTo.GetText();
     prefixHint = false;
-    ShowMatches(Trimmed(TextView(fieldText).substr(SearchStart(fieldText))));
+    searching = true;
+    if (!SearchText().empty()) addresses.RefreshOnce();
+    ShowMatches();
 }
 
-void RecipientField::ShowMatches(TextView search) {
-    const AddressList* addresses = search.empty() ? nullptr : &contacts.Addresses();
-    const std::vector<std::size_t> matches =
-        addresses ? addresses->Matches(search) : std::vector<std::size_t>();
+Text RecipientField::SearchText() const {
+    return Trimmed(TextView(fieldText).substr(SearchStart(fieldText)));
+}
+
+void RecipientField::ShowMatches() {
+    const AddressList& list = addresses.List();
+    const std::vector<std::uint32_t> matches = list.Matches(SearchText());
     if (matches.empty()) {
         CloseMatches();
+        searching = true;  // what is still being read may match
         return;
     }
+    // A row that the arrow keys chose stays chosen while it matches.
+    const std::int32_t chosen = listBoxNumbers.SelectedIndex();
+    const Text chosenEntry = chosen < 0 ? Text() : listBoxNumbers.Item(chosen);
+    std::int32_t chosenNow = -1;
     listBoxNumbers.Clear();
-    for (std::size_t row = 0; row < std::min(matches.size(), MostRowsFilled); ++row) {
-        listBoxNumbers.Add(addresses->Entry(matches[row]));
+    for (std::size_t row = 0; row < matches.size(); ++row) {
+        if (row >= MostRowsFilled && (chosen < 0 || chosenNow >= 0)) break;
+        const Text entry = list.EntryText(matches[row]);
+        const bool isChosen = chosen >= 0 && entry == chosenEntry;
+        if (row >= MostRowsFilled && !isChosen) continue;
+        if (isChosen) chosenNow = listBoxNumbers.Count();
+        listBoxNumbers.Add(entry);
     }
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
+    if (chosenNow >= 0) listBoxNumbers.SetSelectedIndex(chosenNow);
     listBoxNumbers.SetVisible(true);
     statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Matches"), u"%n",
                                   NumberText(std::int64_t(matches.size()))));
+}
+
+// Outlook's contacts are being read, or were.
+void RecipientField::Addresses_Change(bool listChanged) {
+    if (!searching) return;
+    if (listChanged) ShowMatches();
+    progressBar1.SetValue(addresses.Reading() ? addresses.Progress() : 0);
+    if (addresses.Reading() && !addresses.FolderBeingRead().empty()) {
+        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Reading"), u"%f",
+                                      addresses.FolderBeingRead()));
+    } else if (!addresses.Reading() && !addresses.Failed().empty()) {
+        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"NotRead"), u"%f",
+                                      addresses.Failed()[0]));
+    } else if (!listChanged) {
+        ShowMatches();
+    }
 }
 
 bool RecipientField::TextTo_KeyDown(std::int32_t keyCode, [[maybe_unused]] std::int32_t shift) {
@@ -215,12 +270,25 @@ void RecipientField::TakeMatch(bool firstIfNone) {
     if (row < 0 && firstIfNone) row = 0;
     if (row >= 0 && row < listBoxNumbers.Count()) {
         const Text field = textTo.GetText();
-        SetText(field.substr(0, SearchStart(field)) + prefixes.GetNumber(listBoxNumbers.Item(row)));
+        SetText(field.substr(0, SearchStart(field)) + NumbersOf(listBoxNumbers.Item(row)));
     }
     CloseMatches();
 }
 
+Text RecipientField::NumbersOf(TextView entry) {
+    const std::size_t open = entry.rfind(u'(');
+    if (open == TextView::npos || entry.find(u';', open) == TextView::npos)
+        return prefixes.GetNumber(entry);
+    Text numbers;
+    for (const Text& number : Split(entry.substr(open + 1), u";")) {
+        if (!numbers.empty()) numbers += u';';
+        numbers += prefixes.GetNumber(u"(" + number);
+    }
+    return numbers;
+}
+
 void RecipientField::CloseMatches() {
+    searching = false;
     if (listBoxNumbers.Visible()) {
         listBoxNumbers.SetVisible(false);
         listBoxNumbers.Clear();

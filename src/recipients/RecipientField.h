@@ -11,7 +11,7 @@
 
 namespace tellwick {
 
-class Contacts;
+class Addresses;
 class Prefixes;
 
 class RecipientField : private Services {
@@ -19,9 +19,9 @@ public:
     // Places and sizes the match list for a number of rows (1 to 10).
     using ListPlacer = std::function<void(std::int32_t rows)>;
 
-    RecipientField(const Services& services, Prefixes& prefixes, Contacts& contacts,
+    RecipientField(const Services& services, Prefixes& prefixes, Addresses& addresses,
                    ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
-                   ListPlacer placeList);
+                   ProgressBar& progressBar1, ListPlacer placeList);
 
     // The intended length of the list.
     std::int32_t NumUsedNumber = 10;
@@ -38,9 +38,15 @@ public:
     // Writes the list back to the settings.
     void Save();
 
+    // The form goes: Outlook's contacts are read no further.
+    void StopReading();
+
     // Sets the field's text without looking for matches; the user can undo it.
     void SetText(TextView text);
     bool IsEmpty() const { return textTo.GetText().empty(); }
+
+    // The recipients in the field, as they are sent to: separated by ";" or ",", none empty.
+    std::vector<Text> Recipients() const;
 
     // Sets the text of a field that did not keep it, by way of the match list.
     void SetTextByList(TextView text);
@@ -72,7 +78,12 @@ public:
 
 private:
     void Refill(std::size_t count);
-    void ShowMatches(TextView search);
+    void TellRecent();
+    Text SearchText() const;
+    void ShowMatches();
+    void Addresses_Change(bool listChanged);
+    // The number, or numbers of a distribution list, of an entry as they are put into the field.
+    Text NumbersOf(TextView entry);
 
     std::vector<Text> NumberList{1};   // most recent first
     std::int32_t NumberListBound = 0;  // upper index; -1 once the list was cleared
@@ -80,11 +91,14 @@ private:
     bool prefixHint = false;
     bool setting = false;  // the program, not the user, changes the field
 
+    bool searching = false;  // the user has typed, and chosen nothing yet
+
     Prefixes& prefixes;
-    Contacts& contacts;
+    Addresses& addresses;
     ComboBox& textTo;
     ListBox& listBoxNumbers;
     StatusBar& statusBar1;
+    ProgressBar& progressBar1;
     ListPlacer placeList;
 };
 

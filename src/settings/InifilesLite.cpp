@@ -139,6 +139,11 @@ Text InifilesLite::GetIniFilename_(std::int32_t kind) {
     }
 }
 
+Text InifilesLite::SettingsFolder() {
+    if (!located) GetIniFile();
+    return baseFile.substr(0, baseFile.rfind(u'\\') + 1);
+}
+
 Text InifilesLite::Read(const Text& file, TextView section, TextView key, TextView defaultValue,
                         bool registryFallback, std::int16_t flags) {
     Text value;

@@ -32,6 +32,9 @@ public:
     // The settings folder for a storage kind, ending in "\"; empty when the user gave up.
     Text GetIniFilename_(std::int32_t kind);
 
+    // The folder of the base file, ending in "\"; empty when there is none.
+    Text SettingsFolder();
+
     // A missing or empty entry yields the default. Never raises. Flags other than 0 look first
     // whether another program changed the settings file; else what is in memory answers.
     Text GetIniSetting(TextView section, TextView key, TextView defaultValue = {},

@@ -182,7 +182,49 @@ IDispatch* DispatchOf(const ObjectPtr& object) {
     return automationObject ? automationObject->Dispatch() : nullptr;
 }
 
+namespace {
+
+// Empty for what is not an array of two dimensions of variants.
+GridPtr ToGrid(PendingError& errors, SAFEARRAY& array) {
+    VARTYPE type = VT_EMPTY;
+    LONG low[2], high[2];
+    if (SafeArrayGetDim(&array) != 2 || FAILED(SafeArrayGetVartype(&array, &type)) ||
+        type != VT_VARIANT) {
+        return nullptr;
+    }
+    for (UINT dimension = 0; dimension < 2; ++dimension) {
+        if (FAILED(SafeArrayGetLBound(&array, dimension + 1, &low[dimension])) ||
+            FAILED(SafeArrayGetUBound(&array, dimension + 1, &high[dimension])) ||
+            high[dimension] < low[dimension]) {
+            return nullptr;
+        }
+    }
+    const VARIANT* data = nullptr;
+    if (FAILED(SafeArrayAccessData(&array, reinterpret_cast<void**>(const_cast<VARIANT**>(&data)))))
+        return nullptr;
+    auto grid = std::make_shared<Grid>();
+    grid->first = std::size_t(high[0] - low[0]) + 1;
+    grid->second = std::size_t(high[1] - low[1]) + 1;
+    grid->cells.reserve(grid->first * grid->second);
+    // The first index runs fastest in memory.
+    for (std::size_t i = 0; i < grid->first; ++i) {
+        for (std::size_t j = 0; j < grid->second; ++j) {
+            grid->cells.push_back(ToValue(errors, data[j * grid->first + i]));
+        }
+    }
+    SafeArrayUnaccessData(&array);
+    return grid;
+}
+
+}  // namespace
+
 Value ToValue(PendingError& errors, const VARIANT& variant) {
+    if (variant.vt == VT_BSTR) {
+        return variant.bstrVal ? FromWide(variant.bstrVal, SysStringLen(variant.bstrVal)) : Text();
+    }
+    if (variant.vt == (VT_ARRAY | VT_VARIANT)) {
+        return variant.parray ? Value(ToGrid(errors, *variant.parray)) : Value();
+    }
     const VARIANT* source = &variant;
     if (source->vt == (VT_BYREF | VT_VARIANT)) source = source->pvarVal;
     Variant direct;
@@ -191,7 +233,7 @@ Value ToValue(PendingError& errors, const VARIANT& variant) {
         case VT_BOOL:
             return direct.boolVal != VARIANT_FALSE;
         case VT_BSTR:
-            return direct.bstrVal ? FromWide(direct.bstrVal, SysStringLen(direct.bstrVal)) : Text();
+            return ToValue(errors, direct);
         case VT_DISPATCH:
             return WrapDispatch(errors, direct.pdispVal);
         case VT_UNKNOWN: {

@@ -130,6 +130,7 @@ bool FormOptionsWindow::Load() {
          {u"BoxLanguage", &boxLanguage, L"COMBOBOX", DropDown, 0},
          {u"LabelLanguageHelp", &labelLanguageHelp, L"STATIC", Help, 0},
          {u"FrameMisc", &frameMisc, L"BUTTON", Group, SeeThrough},
+         {u"CheckNumberCache", &checkNumberCache, L"BUTTON", Check, 0},
          {u"CheckForgetAnswers", &checkForgetAnswers, L"BUTTON", Check, 0},
          {u"CheckTrace", &checkTrace, L"BUTTON", Check, 0},
          {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", Help, 0},
@@ -155,8 +156,8 @@ int FormOptionsWindow::InnerWidth() const {
     const FontMetrics& metrics = Font().Metrics();
     int width = metrics.Horizontal(LeastInner);
     for (const WindowControl* caption : std::initializer_list<const WindowControl*>{
-             &checkStoreNumbers, &checkForgetAnswers, &checkTrace, &frameNumbers, &framePrefixes,
-             &frameFont, &frameLanguage, &frameMisc}) {
+             &checkStoreNumbers, &checkNumberCache, &checkForgetAnswers, &checkTrace, &frameNumbers,
+             &framePrefixes, &frameFont, &frameLanguage, &frameMisc}) {
         width = std::max(width, Font().CaptionWidth(caption->Caption()) + metrics.Horizontal(4));
     }
     const int size = Font().Measure(labelFontSize.Caption()).cx + Font().DropDownWidth(boxFontSize);
@@ -208,6 +209,7 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.End(frameLanguage);
 
     rows.Begin();
+    rows.Line(checkNumberCache);
     rows.Line(checkForgetAnswers);
     rows.Line(checkTrace);
     rows.Wrapped(labelTraceHelp);

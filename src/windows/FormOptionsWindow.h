@@ -15,6 +15,7 @@ public:
     bool Load() override;
 
     CheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
+    CheckBox& CheckNumberCache() override { return checkNumberCache; }
     Control& LabelNumUsedNumber() override { return labelNumUsedNumber; }
     TextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
     TextBox& TextPrefixes() override { return textPrefixes; }
@@ -43,6 +44,7 @@ private:
 
     WindowControl frameNumbers;
     WindowCheckBox checkStoreNumbers;
+    WindowCheckBox checkNumberCache;
     WindowControl labelNumUsedNumber;
     WindowTextBox textNumUsedNumber;
     WindowControl framePrefixes;

@@ -131,10 +131,11 @@ void FormSmsSendWindow::LeaveTemplates() {
     }
 }
 
-void FormSmsSendWindow::OnNotify(const NMHDR& notification) {
+LRESULT FormSmsSendWindow::OnNotify(const NMHDR& notification) {
     if (notification.hwndFrom == controls.statusBar1.Window() && notification.code == NM_CLICK) {
         form->StatusBar1_Click();
     }
+    return 0;
 }
 
 bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {

@@ -55,7 +55,7 @@ private:
     bool OnCharacter(char16_t character) override;
     bool OnDoubleClick(HWND target) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
-    void OnNotify(const NMHDR& notification) override;
+    LRESULT OnNotify(const NMHDR& notification) override;
     void TextToCommand(WORD notification);
     void ListBoxNumbersCommand(WORD notification);
     void ClickButton(HWND control);

@@ -285,7 +285,8 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         }
         case WM_NOTIFY:
-            OnNotify(*reinterpret_cast<const NMHDR*>(second));
+            if (const LRESULT answer = OnNotify(*reinterpret_cast<const NMHDR*>(second)))
+                return answer;
             return DefWindowProcW(own, message, first, second);
         default:
             return DefWindowProcW(own, message, first, second);

@@ -74,7 +74,8 @@ protected:
     virtual bool OnDoubleClick(HWND) { return false; }
     // `identifier` tells the buttons of a toolbar apart.
     virtual void OnCommand(HWND control, WORD notification, WORD identifier) = 0;
-    virtual void OnNotify(const NMHDR&) {}
+    // The answer goes back to the control.
+    virtual LRESULT OnNotify(const NMHDR&) { return 0; }
 
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);

@@ -42,6 +42,28 @@ std::optional<Text> WindowsLocale::LocaleInfo(std::uint32_t locale, std::uint32_
     return FromAnsi({buffer, std::size_t(count)});
 }
 
+std::string WindowsLocale::SortKey(TextView text) {
+    constexpr DWORD Flags =
+        LCMAP_SORTKEY | NORM_IGNORECASE | NORM_IGNOREKANATYPE | NORM_IGNOREWIDTH;
+    const Text terminated(text);
+    std::string key(8 * text.size() + 16, '\0');
+    const int size = LCMapStringW(LOCALE_USER_DEFAULT, Flags, Wide(terminated), int(text.size()),
+                                  reinterpret_cast<wchar_t*>(key.data()), int(key.size()));
+    key.resize(std::size_t(std::max(size - 1, 0)));  // without the closing NUL
+    return key;
+}
+
+Text WindowsLocale::DateText(double date) {
+    SYSTEMTIME time{};
+    wchar_t day[80], hour[80];
+    if (!VariantTimeToSystemTime(date, &time) ||
+        GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, day, 80) == 0 ||
+        GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, hour, 80) == 0) {
+        return {};
+    }
+    return FromWide(day) + u" " + FromWide(hour);
+}
+
 // Registry ------------------------------------------------------------------------------------
 
 namespace {
@@ -77,7 +99,7 @@ std::optional<Text> ReadTyped(Hive hive, TextView key, TextView name, DWORD& typ
     if (!opened) return {};
     const std::string valueName = ToAnsi(name);
     std::string data(256, '\0');
-    DWORD size = DWORD(data.size());
+    auto size = DWORD(data.size());
     LSTATUS status = RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, &type,
                                       reinterpret_cast<BYTE*>(data.data()), &size);
     // Another program may make the value longer between two calls.
@@ -205,7 +227,7 @@ std::vector<std::uint32_t> WindowsPrograms::ProcessIdentifiers(std::size_t entri
     std::vector<DWORD> identifiers(entries);
     DWORD used = 0;
     for (;;) {
-        const DWORD size = DWORD(identifiers.size() * sizeof(DWORD));
+        const auto size = DWORD(identifiers.size() * sizeof(DWORD));
         if (!enumerate(identifiers.data(), size, &used)) return {};
         if (used < size) break;
         identifiers.resize(2 * identifiers.size());
@@ -281,6 +303,21 @@ float WindowsClock::SecondsSinceMidnight() {
     GetLocalTime(&now);
     return float(now.wHour * 3600 + now.wMinute * 60 + now.wSecond) +
            float(now.wMilliseconds) / 1000;
+}
+
+double WindowsClock::Now() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    double date = 0;
+    SystemTimeToVariantTime(&now, &date);
+    return date;
+}
+
+double WindowsClock::Milliseconds() {
+    LARGE_INTEGER frequency, now;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&now);
+    return double(now.QuadPart) * 1000 / double(frequency.QuadPart);
 }
 
 namespace {

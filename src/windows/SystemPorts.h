@@ -23,6 +23,8 @@ public:
     Text FromAnsi(std::string_view bytes) override { return windows::FromAnsi(bytes); }
     std::string ToAnsi(TextView text) override { return windows::ToAnsi(text); }
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
+    std::string SortKey(TextView text) override;
+    Text DateText(double date) override;
 };
 
 class WindowsRegistry : public Registry {
@@ -65,6 +67,8 @@ public:
 class WindowsClock : public Clock {
 public:
     float SecondsSinceMidnight() override;
+    double Now() override;
+    double Milliseconds() override;
 };
 
 class WindowsTimers : public Timers {

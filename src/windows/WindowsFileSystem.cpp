@@ -169,6 +169,11 @@ SwapResult WindowsFileSystem::Swap(TextView path, std::string_view before,
     }
 }
 
+bool WindowsFileSystem::Rename(TextView from, TextView to) {
+    return MoveFileExW(Wide(Text(from)), Wide(Text(to)), MOVEFILE_REPLACE_EXISTING) ||
+           NoteLastError();
+}
+
 bool WindowsFileSystem::Delete(TextView path) {
     return DeleteFileW(Wide(Text(path))) || NoteLastError();
 }

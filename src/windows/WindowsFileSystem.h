@@ -18,6 +18,7 @@ public:
     std::optional<std::string> Read(TextView path) override;
     bool Write(TextView path, std::string_view contents, WriteMode mode) override;
     SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override;
+    bool Rename(TextView from, TextView to) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
     std::vector<Text> FileNames(TextView folder, TextView ending) override;

@@ -37,10 +37,15 @@ const MemberTable& NameSpace::Table() const {
             .Property(u"Folders",
                       [](NameSpace& self) {
                           auto stores = std::make_shared<Folders>(self.outlook);
-                          stores->all = {self.outlook.store};
+                          stores->all = self.outlook.stores;
                           return stores->Handle();
                       })
             .Property(u"Type", [](NameSpace&) { return Text(u"MAPI"); })
+            .Method(u"GetItemFromID", {u"EntryIDItem", u"EntryIDStore"},
+                    [](NameSpace& self, const Arguments& arguments) -> Value {
+                        const auto item = self.outlook.FindItem(AsText(arguments[0]));
+                        return item ? item->Handle() : self.Fail(error::InvalidCall);
+                    })
             .Method(u"GetDefaultFolder", {u"FolderType"},
                     [](NameSpace& self, const Arguments& arguments) -> Value {
                         std::int32_t number = 0;

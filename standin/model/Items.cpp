@@ -49,15 +49,33 @@ void PutField(Item& item, TextView name, const Value& value) {
     }
 }
 
+void AddDates(Members<Item>& members) {
+    members.Property(u"CreationTime", [](Item& self) { return self.created; })
+        .Property(u"LastModificationTime", [](Item& self) { return self.modified; });
+}
+
+void AddPeople(Members<Item>& members) {
+    members.Property(u"MemberCount", [](Item& self) { return std::int32_t(self.people.size()); })
+        .Method(u"GetMember", {u"Index"}, [](Item& self, const Arguments& arguments) -> Value {
+            const auto index = std::size_t(AsNumber(arguments[0]));
+            if (index < 1 || index > self.people.size()) {
+                return self.Fail(error::SubscriptOutOfRange);
+            }
+            return std::make_shared<Recipient>(self.outlook, self.people[index - 1])->Handle();
+        });
+}
+
 Members<Item> ItemMembers(std::int32_t itemClass) {
     Members<Item> members = OutlookMembers<Item>(itemClass);
+    AddDates(members);
+    if (itemClass == DistributionListClass) AddPeople(members);
     for (const TextView name : FieldNames(itemClass)) {
         members.Property(
             name, [name](Item& self) { return self.Field(name); },
             [name](Item& self, const Value& value) { PutField(self, name, value); });
     }
     members.Property(u"Parent", [](Item& self) { return HandleOf(self.folder.lock()); })
-        .Property(u"UserProperties", [](Item& self) { return self.userProperties->Handle(); })
+        .Property(u"UserProperties", [](Item& self) { return self.Properties()->Handle(); })
         .Method(u"Display", {u"Modal"},
                 [](Item& self, const Arguments&) {
                     self.outlook.OpenInspector(Self(self));
@@ -196,9 +214,12 @@ std::shared_ptr<UserProperty> UserProperties::Find(TextView name) const {
 }
 
 Item::Item(OutlookModel& outlook, std::int32_t itemClass)
-    : ModelObject(outlook),
-      itemClass(itemClass),
-      userProperties(std::make_shared<UserProperties>(outlook)) {}
+    : ModelObject(outlook), itemClass(itemClass) {}
+
+const std::shared_ptr<UserProperties>& Item::Properties() {
+    if (!userProperties) userProperties = std::make_shared<UserProperties>(outlook);
+    return userProperties;
+}
 
 TextView Item::ClassName() const {
     switch (itemClass) {
@@ -228,15 +249,29 @@ const EventInterface* Item::Events() const {
 }
 
 Text Item::Field(TextView name) const {
-    const auto found = fields.find(LowerCase(name));
-    return found == fields.end() ? Text() : found->second;
+    for (const auto& [known, value] : fields) {
+        if (EqualFolded(known, name)) return value;
+    }
+    return {};
+}
+
+void Item::SetField(TextView name, TextView value) {
+    for (auto& [known, held] : fields) {
+        if (EqualFolded(known, name)) {
+            held = value;
+            return;
+        }
+    }
+    for (const TextView known : FieldNames(itemClass)) {
+        if (EqualFolded(known, name)) fields.emplace_back(known, value);
+    }
 }
 
 void Item::SetUserProperty(TextView name, Value value) {
-    if (const auto property = userProperties->Find(name)) {
+    if (const auto property = Properties()->Find(name)) {
         property->value = std::move(value);
     } else {
-        userProperties->all.push_back(
+        Properties()->all.push_back(
             std::make_shared<UserProperty>(outlook, Text(name), std::move(value)));
     }
 }
@@ -250,74 +285,6 @@ Text Item::Title() const {
         default:
             return Field(u"Subject");
     }
-}
-
-const MemberTable& Items::Table() const {
-    static const auto itemAtNext = [](Items& self) -> Value {
-        return self.next < self.all.size() ? self.all[self.next++]->Handle() : ObjectPtr();
-    };
-    static const MemberTable table =
-        OutlookMembers<Items>(16)
-            .Collection()
-            .Method(u"GetFirst", {},
-                    [](Items& self, const Arguments&) {
-                        self.next = 0;
-                        return itemAtNext(self);
-                    })
-            .Method(u"GetNext", {}, [](Items& self, const Arguments&) { return itemAtNext(self); });
-    return table;
-}
-
-const MemberTable& Folders::Table() const {
-    static const MemberTable table =
-        OutlookMembers<Folders>(15).Collection([](Folders& self, const Text& name) -> Value {
-            for (const auto& folder : self.all) {
-                if (EqualFolded(folder->name, name)) return folder->Handle();
-            }
-            return self.Fail(error::SubscriptOutOfRange);
-        });
-    return table;
-}
-
-const MemberTable& Folder::Table() const {
-    static const MemberTable table =
-        OutlookMembers<Folder>(2)
-            .Property(u"Name", [](Folder& self) { return self.name; })
-            .Default(u"Name")
-            .Property(u"DefaultItemType",
-                      [](Folder& self) {
-                          return self.number == ContactsFolder   ? ContactItem
-                                 : self.number == CalendarFolder ? AppointmentItem
-                                                                 : MailItem;
-                      })
-            .Property(u"Folders", [](Folder& self) { return self.folders->Handle(); })
-            .Property(u"Items", [](Folder& self) { return self.items->Handle(); });
-    return table;
-}
-
-const MemberTable& SafeMailItem::Table() const {
-    static const MemberTable table = [] {
-        Members<SafeMailItem> members;
-        members.Property(
-            u"Item", [](SafeMailItem& self) { return HandleOf(self.item); },
-            [](SafeMailItem& self, const Value& value) {
-                const auto item = TargetAs<Item>(AsObject(value));
-                if (item && item->itemClass == MailClass) {
-                    self.item = item;
-                } else {
-                    self.Fail(error::TypeMismatch);
-                }
-            });
-        static const Members<Item> mail = ItemMembers(MailClass);
-        for (const Member& member : mail.All()) {
-            if (member.isMethod) continue;
-            members.Property(member.name, [&member](SafeMailItem& self) -> Value {
-                return self.item ? member.get(*self.item, {}) : self.Fail(error::ObjectNotSet);
-            });
-        }
-        return members;
-    }();
-    return table;
 }
 
 }  // namespace tellwick::standin

@@ -1,7 +1,6 @@
 // Outlook's items, the folders they lie in, and the outside library's way to read them.
 #pragma once
 
-#include <map>
 #include <utility>
 
 #include "model/ModelObject.h"
@@ -49,16 +48,51 @@ public:
     bool IsGone() const override { return deleted; }
 
     Text Field(TextView name) const;
-    void SetField(TextView name, TextView value) { fields[LowerCase(name)] = value; }
+    // Nothing when items of the class have no such field.
+    void SetField(TextView name, TextView value);
+    // Made when first asked for: most of many items have none.
+    const std::shared_ptr<UserProperties>& Properties();
     void SetUserProperty(TextView name, Value value);
     // What a list of items shows for it.
     Text Title() const;
 
+    struct Person {
+        Text name, address;
+    };
+
     const std::int32_t itemClass;
-    std::map<Text, Text> fields;  // by folded name
-    std::shared_ptr<UserProperties> userProperties;
+    std::vector<Person> people;  // the members of a distribution list
+    double created = 0;          // dates, see Value
+    double modified = 0;
     std::weak_ptr<Folder> folder;
     bool deleted = false;
+
+private:
+    std::vector<std::pair<TextView, Text>> fields;  // by the names of FieldNames
+    std::shared_ptr<UserProperties> userProperties;
+};
+
+// A person whom a distribution list names.
+class Recipient : public ModelObject {
+public:
+    Recipient(OutlookModel& outlook, Item::Person person)
+        : ModelObject(outlook), person(std::move(person)) {}
+    TextView ClassName() const override { return u"Recipient"; }
+    const MemberTable& Table() const override;
+
+    const Item::Person person;
+};
+
+// An item of a collection that was told by SetColumns what is wanted: everything else is empty.
+class ColumnItem : public ModelObject {
+public:
+    ColumnItem(std::shared_ptr<Item> item, const std::vector<Text>& columns);
+    TextView ClassName() const override { return item->ClassName(); }
+    const MemberTable& Table() const override;
+    bool IsGone() const override { return item->IsGone(); }
+
+    const std::shared_ptr<Item> item;
+    const std::vector<Text>& columns;
 };
 
 // The names of the fields that items of the class have.
@@ -70,8 +104,14 @@ public:
     TextView ClassName() const override { return u"Items"; }
     const MemberTable& Table() const override;
 
+    // Of all, those that meet the filter, which compares one field with a text or a date:
+    // "[FullName] = 'Anna'", "[LastModificationTime] >= '21.11.2026 17:00'". Empty when it cannot
+    // be read.
+    std::shared_ptr<Items> Restricted(TextView filter) const;
+
     std::vector<std::shared_ptr<Item>> all;
-    std::size_t next = 0;  // where GetNext goes on
+    std::size_t next = 0;       // where GetNext goes on
+    std::vector<Text> columns;  // see ColumnItem; empty: whole items
 };
 
 class Folders : public ModelObject {
@@ -85,28 +125,60 @@ public:
 
 class Folder : public ModelObject {
 public:
-    Folder(OutlookModel& outlook, Text name, std::int32_t number)
-        : ModelObject(outlook),
-          name(std::move(name)),
-          number(number),
-          folders(std::make_shared<Folders>(outlook)),
-          items(std::make_shared<Items>(outlook)) {}
+    // Of mails, unless its number or its type says otherwise.
+    Folder(OutlookModel& outlook, Text name, std::int32_t number, std::int32_t itemType = MailItem);
     TextView ClassName() const override { return u"MAPIFolder"; }
     const MemberTable& Table() const override;
+    // Also of a store that cannot be reached.
+    bool IsGone() const override { return unreachable; }
+
+    // Puts a folder into this one.
+    std::shared_ptr<Folder> Add(TextView newName, std::int32_t newType);
 
     const Text name;
-    const std::int32_t number;  // as default folder; 0 for a store's root
+    const std::int32_t number;  // as default folder; 0 for any other
+    const std::int32_t itemType;
+    const Text entryId;
+    Text storeId;
+    bool unreachable = false;
     const std::shared_ptr<Folders> folders;
     const std::shared_ptr<Items> items;
 };
 
-// What "Redemption.SafeMailItem" creates: any property of the mail item put into it.
-class SafeMailItem : public ModelObject {
+// Rows of a folder, as Outlook 2007 and later give them out (GetTable).
+class ItemTable : public ModelObject {
 public:
-    using ModelObject::ModelObject;
-    TextView ClassName() const override { return u"SafeMailItem"; }
+    ItemTable(OutlookModel& outlook, std::vector<std::shared_ptr<Item>> items)
+        : ModelObject(outlook), items(std::move(items)) {}
+    TextView ClassName() const override { return u"Table"; }
     const MemberTable& Table() const override;
 
+    const std::vector<std::shared_ptr<Item>> items;
+    std::size_t next = 0;  // row
+    std::vector<Text> columns{u"EntryID", u"Subject", u"CreationTime", u"LastModificationTime",
+                              u"MessageClass"};
+};
+
+class TableColumns : public ModelObject {
+public:
+    explicit TableColumns(std::shared_ptr<ItemTable> table)
+        : ModelObject(table->outlook), table(std::move(table)) {}
+    TextView ClassName() const override { return u"Columns"; }
+    const MemberTable& Table() const override;
+
+    const std::shared_ptr<ItemTable> table;
+};
+
+// What "Redemption.SafeMailItem" and "Redemption.SafeDistList" create: any property of the item put
+// into it.
+class SafeItem : public ModelObject {
+public:
+    SafeItem(OutlookModel& outlook, std::int32_t itemClass)
+        : ModelObject(outlook), itemClass(itemClass) {}
+    TextView ClassName() const override;
+    const MemberTable& Table() const override;
+
+    const std::int32_t itemClass;
     std::shared_ptr<Item> item;
 };
 

@@ -92,6 +92,17 @@ public:
     Members& Method(TextView name, std::vector<TextView> arguments, Function call) {
         return AddFunction(name, true, std::move(arguments), std::move(call));
     }
+    // Gives a property or method another body.
+    void Replace(TextView name, Function function) {
+        for (Member& member : members) {
+            if (member.name != name) continue;
+            member.get = [function = std::move(function)](ModelObject& self,
+                                                          const Arguments& values) {
+                return function(static_cast<Type&>(self), values);
+            };
+            return;
+        }
+    }
     // Makes a member the default one.
     Members& Default(TextView name) {
         defaultName = name;

@@ -34,9 +34,18 @@ OutlookModel::OutlookModel(PendingError& errors, std::int32_t majorVersion)
       folders{std::make_shared<Folder>(*this, u"Inbox", InboxFolder),
               std::make_shared<Folder>(*this, u"Calendar", CalendarFolder),
               std::make_shared<Folder>(*this, u"Contacts", ContactsFolder)},
-      store(std::make_shared<Folder>(*this, u"Personal Folders", 0)),
+      stores{std::make_shared<Folder>(*this, u"Personal Folders", 0)},
       application(std::make_shared<ApplicationObject>(*this)) {
-    store->folders->all = folders;
+    stores[0]->folders->all = folders;
+    for (const auto& folder : folders) folder->storeId = stores[0]->storeId;
+    readDate = [](TextView text) -> std::optional<double> {
+        const std::size_t blank = text.find(u' ');
+        const std::size_t colon = text.find(u':');
+        if (blank == TextView::npos || colon == TextView::npos) return {};
+        return double(LeadingNumber(text)) + (double(LeadingNumber(text.substr(blank + 1))) * 60 +
+                                              double(LeadingNumber(text.substr(colon + 1)))) /
+                                                 1440;
+    };
 }
 
 OutlookModel::~OutlookModel() {
@@ -59,8 +68,13 @@ std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView descr
     return addIn;
 }
 
-ObjectPtr OutlookModel::CreateSafeMailItem() {
-    return std::make_shared<SafeMailItem>(*this)->Handle();
+ObjectPtr OutlookModel::CreateSafeItem(std::int32_t itemClass) {
+    return std::make_shared<SafeItem>(*this, itemClass)->Handle();
+}
+
+// Long enough not to fit anywhere by chance.
+Text OutlookModel::NewEntryId() {
+    return u"000000005E4C1F3A9B27D84A8C61F0A2B3D4E5F60700" + HexText(0x1000000 + ++lastEntry);
 }
 
 std::shared_ptr<CommandBars> OutlookModel::NewBars(const std::shared_ptr<Window>& window) {
@@ -247,7 +261,15 @@ std::shared_ptr<Item> OutlookModel::AddItem(std::int32_t itemClass, Fields field
 }
 
 void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
+    constexpr double Second = 1.0 / 86400;
+    item->modified = now += Second;
+    if (item->created == 0) item->created = now;
     if (!item->folder.expired()) return;
+    if (item->Field(u"EntryID").empty()) item->SetField(u"EntryID", NewEntryId());
+    item->SetField(u"MessageClass", item->itemClass == ContactClass            ? u"IPM.Contact"
+                                    : item->itemClass == DistributionListClass ? u"IPM.DistList"
+                                    : item->itemClass == AppointmentClass      ? u"IPM.Appointment"
+                                                                               : u"IPM.Note");
     const std::int32_t itemClass = item->itemClass;
     const auto& folder = itemClass == AppointmentClass ? DefaultFolder(CalendarFolder)
                          : itemClass == MailClass      ? DefaultFolder(InboxFolder)
@@ -255,6 +277,26 @@ void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
     item->folder = folder;
     folder->items->all.push_back(item);
     Changed();
+}
+
+std::shared_ptr<Item> OutlookModel::FindItem(TextView entryId) const {
+    std::vector<std::shared_ptr<Folder>> waiting = stores;
+    while (!waiting.empty()) {
+        const std::shared_ptr<Folder> folder = waiting.back();
+        waiting.pop_back();
+        for (const auto& item : folder->items->all) {
+            if (item->Field(u"EntryID") == entryId) return item;
+        }
+        waiting.insert(waiting.end(), folder->folders->all.begin(), folder->folders->all.end());
+    }
+    return nullptr;
+}
+
+void OutlookModel::MoveItem(const std::shared_ptr<Item>& item,
+                            const std::shared_ptr<Folder>& folder) {
+    if (const auto before = item->folder.lock()) std::erase(before->items->all, item);
+    item->folder = folder;
+    folder->items->all.push_back(item);
 }
 
 void OutlookModel::DeleteItem(const std::shared_ptr<Item>& item) {

@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -30,8 +31,9 @@ public:
     // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
     std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {},
                                        TextView guid = {});
-    // What Create("Redemption.SafeMailItem") gives.
-    ObjectPtr CreateSafeMailItem();
+    // What Create("Redemption.SafeMailItem") and, for the other class, Create(
+    // "Redemption.SafeDistList") give.
+    ObjectPtr CreateSafeItem(std::int32_t itemClass);
 
     // Opens a window: NewExplorer (it counts already, but another one may be the active one), then
     // the events of Display.
@@ -79,8 +81,9 @@ public:
     // Puts an item with these fields into the default folder of its kind. Any of the four item
     // classes.
     std::shared_ptr<Item> AddItem(std::int32_t itemClass, Fields fields = {});
-    // Puts an item that lies nowhere into the default folder of its kind.
+    // Puts an item that lies nowhere into the default folder of its kind. It is modified now.
     void SaveItem(const std::shared_ptr<Item>& item);
+    void MoveItem(const std::shared_ptr<Item>& item, const std::shared_ptr<Folder>& folder);
     void DeleteItem(const std::shared_ptr<Item>& item);
     // An inbox for every number that is not the contacts' or the calendar's.
     const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
@@ -127,8 +130,17 @@ public:
     std::shared_ptr<WindowCollection<Inspector>> inspectors;
     std::shared_ptr<ComAddIns> comAddIns;
     std::shared_ptr<NameSpace> session;
+    // The date, see Value. Every creation moves it on by a second.
+    double now = 46000.5;
+    // A date in a filter, as the user writes dates; "46000 17:05" unless it is set otherwise.
+    std::function<std::optional<double>(TextView)> readDate;
+    Text NewEntryId();
+    // In any folder; null when there is none.
+    std::shared_ptr<Item> FindItem(TextView entryId) const;
+    std::uint32_t lastEntry = 0;
+
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones
-    std::shared_ptr<Folder> store;                 // the root that they lie in
+    std::vector<std::shared_ptr<Folder>> stores;   // the roots; the default ones lie in the first
 
     Ribbons ribbons{*this};
 

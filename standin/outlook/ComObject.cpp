@@ -213,8 +213,7 @@ HRESULT ComObject::Advise(const EventInterface& events, IUnknown* sink, DWORD* c
         handle->Advise(events, [this, dispatch](std::int32_t event, std::vector<Value>& arguments) {
             ComObjects& all = objects;
             // The sink may be unadvised, and this object released, while it runs.
-            const ComPtr<IDispatch> running = dispatch;
-            InvokeSink(all, running, event, arguments);
+            InvokeSink(all, ComPtr<IDispatch>(dispatch), event, arguments);
         });
     if (!subscription) return CONNECT_E_CANNOTCONNECT;
     *cookie = ++lastCookie;

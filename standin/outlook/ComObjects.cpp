@@ -35,7 +35,7 @@ private:
 }  // namespace
 
 HRESULT AutomationCode(const PendingError& errors) {
-    constexpr HRESULT AutomationFacility = HRESULT(0x800A0000);
+    constexpr auto AutomationFacility = HRESULT(0x800A0000);
     return errors.number < 0 ? errors.number : AutomationFacility + errors.number;
 }
 
@@ -114,6 +114,19 @@ void ComObjects::ToVariant(const Value& value, VARIANT& variant) {
     } else if (const auto* object = std::get_if<ObjectPtr>(&value)) {
         variant.vt = VT_DISPATCH;
         variant.pdispVal = Wrap(*object).Detach();
+    } else if (const auto* grid = std::get_if<GridPtr>(&value)) {
+        SAFEARRAYBOUND bounds[] = {{ULONG((*grid)->first), 0}, {ULONG((*grid)->second), 0}};
+        SAFEARRAY* const array = SafeArrayCreate(VT_VARIANT, 2, bounds);
+        VARIANT* cells = nullptr;
+        if (!array || FAILED(SafeArrayAccessData(array, reinterpret_cast<void**>(&cells)))) return;
+        // The first index runs fastest in memory.
+        for (std::size_t i = 0; i < (*grid)->first; ++i) {
+            for (std::size_t j = 0; j < (*grid)->second; ++j)
+                ToVariant((*grid)->At(i, j), cells[j * (*grid)->first + i]);
+        }
+        SafeArrayUnaccessData(array);
+        variant.vt = VT_ARRAY | VT_VARIANT;
+        variant.parray = array;
     }
 }
 

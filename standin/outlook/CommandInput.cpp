@@ -44,7 +44,7 @@ void ReadCommands(HANDLE source, Dispatcher& dispatcher, Commands& commands,
     auto reader = std::make_unique<Reader>(Reader{source, dispatcher, commands, std::move(atEnd)});
     const HANDLE thread = CreateThread(nullptr, 0, ReadLines, reader.get(), 0, nullptr);
     if (!thread) return;
-    reader.release();
+    static_cast<void>(reader.release());  // the thread has it now
     CloseHandle(thread);
 }
 

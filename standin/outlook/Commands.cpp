@@ -95,6 +95,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"reply-inspector", {1, &Commands::ReplyInspector}},
         {u"bars", {1, &Commands::Bars}},
         {u"add-bar", {2, &Commands::AddBar}},
+        {u"many-contacts", {2, &Commands::ManyContacts}},
         {u"toolbar", {1, &Commands::Toolbar}},
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},
@@ -245,14 +246,23 @@ Text Commands::Click(const Words& words) {
 Text Commands::Time(const Words& words) {
     const Held held(dispatcher);
     Stopwatch watch;
+    double longest = 0;
+    const auto noMore = [](auto* timing) { *timing = nullptr; };
+    outlook.aroundHandler = [&](const std::function<void()>& handler) {
+        const double from = watch.Elapsed();
+        handler();
+        longest = std::max(longest, watch.Elapsed() - from);
+    };
+    const std::unique_ptr<decltype(outlook.aroundHandler), decltype(noMore)> timing(
+        &outlook.aroundHandler, noMore);
     Perform(words);
     RunMessages(desk, 0);
     const double elapsed = watch.Elapsed();
     const std::optional<double> queued = watch.Queued();
     wchar_t title[256] = L"";
     GetWindowTextW(GetActiveWindow(), title, 256);
-    return RealText(elapsed) + (queued ? u" queued " + RealText(*queued) : Text()) + u" " +
-           FromWide(title);
+    return RealText(elapsed) + (queued ? u" queued " + RealText(*queued) : Text()) + u" handler " +
+           RealText(longest) + u" " + FromWide(title);
 }
 
 Text Commands::Fill(const Words& words) {

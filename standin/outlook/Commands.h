@@ -18,6 +18,7 @@
 //   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
+//   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
 //   folder N inbox|calendar|contacts
@@ -39,10 +40,10 @@
 //   ribbon-errors                    what was wrong with the XML and the callbacks of add-ins
 //   time COMMAND...                  another command; milliseconds until the message queue is empty
 //                                    again ("queued" and those until the add-in had queued an SMS),
-//                                    behind them the title of the window that is active then
+//                                    "handler" and those of the longest event handler, behind them
+//                                    the title of the window that is active then
 //   fill TEXT...                     puts texts into the edit fields of an add-in's window, in
-//   their
-//                                    order
+//                                    their order
 //   push CAPTION                     clicks a button of an add-in's window
 //   where N CAPTION                  the button's rectangle on the screen: left top right bottom
 //   where-item N ITEM                likewise of an item's line in the list
@@ -119,6 +120,7 @@ private:
     Text AddAppointment(const Words&);
     Text AddList(const Words&);
     Text SetItem(const Words&);
+    Text ManyContacts(const Words&);
     Text Select(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);

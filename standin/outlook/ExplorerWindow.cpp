@@ -95,7 +95,7 @@ ExplorerWindow::ExplorerWindow(const Look& userLook, std::shared_ptr<Explorer> m
     root.item.mask = TVIF_TEXT | TVIF_STATE;
     root.item.pszText = rootText;
     root.item.state = root.item.stateMask = TVIS_EXPANDED;
-    const HTREEITEM top = TreeView_InsertItem(folderTree, &root);
+    const auto top = TreeView_InsertItem(folderTree, &root);
     for (const auto& folder : explorer->outlook.folders) {
         Text name = folder->name;
         TVINSERTSTRUCTW entry{};

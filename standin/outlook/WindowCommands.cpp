@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "model/ManyContacts.h"
 #include "outlook/CommandText.h"
 #include "outlook/Commands.h"
 #include "platform/OutlookEvents.h"
@@ -129,7 +130,13 @@ Text Commands::AddItem(std::int32_t itemClass, const Words& words) {
 Text Commands::SetItem(const Words& words) {
     const auto item = ItemAt(words[0]);
     for (std::size_t index = 1; index < words.size(); ++index) Assign(*item, words[index]);
+    outlook.SaveItem(item);
     outlook.Changed();
+    return {};
+}
+
+Text Commands::ManyContacts(const Words& words) {
+    AddManyContacts(outlook, LeadingNumber32(words[0]), LeadingNumber32(words[1]));
     return {};
 }
 

@@ -55,6 +55,7 @@
 #include "outlook/Face.h"
 #include "outlook/Registration.h"
 #include "outlook/SampleItems.h"
+#include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
 
@@ -64,6 +65,8 @@ constexpr TextView ApplicationProgId = u"Outlook.Application";
 constexpr TextView ApplicationClass = u"{0006F03A-0000-0000-C000-000000000046}";
 constexpr TextView SafeMailItemProgId = u"Redemption.SafeMailItem";
 constexpr TextView SafeMailItemClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B8}";
+constexpr TextView SafeDistListProgId = u"Redemption.SafeDistList";
+constexpr TextView SafeDistListClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B9}";
 constexpr DWORD OthersToLetGo = 2000;  // milliseconds
 
 struct Options {
@@ -220,6 +223,16 @@ int Run(const Options& options) {
     for (const auto& failure : options.failures) {
         outlook.FailMember(failure.className, failure.member, failure.error);
     }
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    SystemTimeToVariantTime(&now, &outlook.now);
+    outlook.readDate = [](TextView text) -> std::optional<double> {
+        double date = 0;
+        if (FAILED(VarDateFromStr(const_cast<wchar_t*>(Wide(Text(text))), LOCALE_USER_DEFAULT, 0,
+                                  &date)))
+            return {};
+        return date;
+    };
     if (options.samples) AddSampleItems(outlook);
 
     {
@@ -228,12 +241,18 @@ int Run(const Options& options) {
         const RegisteredClass applicationClass(ApplicationProgId, ApplicationClass, true,
                                                application);
         const RunningObject runningObject(ApplicationClass, running);
-        std::optional<RegisteredClass> safeMailItem;
+        const auto safeItem = [&](std::int32_t itemClass) {
+            return [&, itemClass] { return objects.Wrap(outlook.CreateSafeItem(itemClass)); };
+        };
+        std::optional<RegisteredClass> safeMailItem, safeDistList;
         if (options.redemption) {
             safeMailItem.emplace(SafeMailItemProgId, SafeMailItemClass, false,
-                                 [&] { return objects.Wrap(outlook.CreateSafeMailItem()); });
+                                 safeItem(tellwick::outlook::MailClass));
+            safeDistList.emplace(SafeDistListProgId, SafeDistListClass, false,
+                                 safeItem(tellwick::outlook::DistributionListClass));
         } else {
             ForgetClass(SafeMailItemProgId, SafeMailItemClass);
+            ForgetClass(SafeDistListProgId, SafeDistListClass);
         }
 
         if (!options.stay) session.Start(options.window, options.late);

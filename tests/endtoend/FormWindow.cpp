@@ -120,7 +120,7 @@ TEST_CASE("every character arrives, typed and pasted, whatever loop the host has
             [&] { return TextOf(form.message) == L"\u041F\u0440\u0438\u0432\u0435\u0442"; }));
         Press('Z', {VK_CONTROL});
         CHECK(
-            WaitUntil([&] { return TextOf(form.message).find(L"\u03A9") != std::wstring::npos; }));
+            WaitUntil([&] { return TextOf(form.message).find(L'\u03A9') != std::wstring::npos; }));
         Click(form.to);
         REQUIRE(WaitUntil([&] { return Focus() == form.to; }));
         TypeCharacters(L"\u0160\u00E1rka");

@@ -30,7 +30,7 @@ using Pointer = std::unique_ptr<Interface, decltype([](IUnknown* held) { held->R
 
 // A member without arguments, by name; what has none is what every object has, by identifier.
 VARIANT Get(IDispatch* object, const wchar_t* name, DISPID identifier = DISPID_UNKNOWN) {
-    LPOLESTR member = const_cast<LPOLESTR>(name);
+    auto member = const_cast<LPOLESTR>(name);
     if (name) object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &identifier);
     DISPPARAMS none{};
     VARIANT result{};

@@ -89,6 +89,37 @@ public:
 
 class MemoryListBox : public ListBox, public MemoryList, public MemoryControl {};
 
+class MemoryListView : public ListView, public MemoryControl {
+public:
+    void SetSource(CellSource newSource) override { source = std::move(newSource); }
+    void SetRowCount(std::size_t newRows) override {
+        rows = newRows;
+        chosen.clear();
+    }
+    std::size_t RowCount() const override { return rows; }
+    std::vector<std::size_t> ChosenRows() const override { return chosen; }
+    void ChooseRow(std::size_t row) override { chosen = {row}; }
+    void SetColumnCaption(std::size_t, TextView) override {}
+    void SetSorted(std::size_t, bool) override {}
+    std::int32_t ColumnWidth(std::size_t column) const override { return widths[column]; }
+    void SetColumnWidth(std::size_t column, std::int32_t width) override { widths[column] = width; }
+    // A cell with marks in brackets.
+    Text Cell(std::size_t row, std::size_t column) const {
+        const MarkedText marked = source(row, column);
+        Text text = marked.text;
+        for (auto mark = marked.marks.rbegin(); mark != marked.marks.rend(); ++mark) {
+            text.insert(mark->start + mark->length, u"]");
+            text.insert(mark->start, u"[");
+        }
+        return text;
+    }
+
+    CellSource source;
+    std::size_t rows = 0;
+    std::vector<std::size_t> chosen;
+    std::array<std::int32_t, 4> widths{};
+};
+
 class MemoryComboBox : public ComboBox, public MemoryList, public MemoryTextBox {
 public:
     void SetSelectedIndex(std::int32_t index) override {
@@ -227,6 +258,7 @@ class MemoryFormOptionsView : public MemoryFormView<FormOptionsView> {
 public:
     MemoryFormOptionsView() {
         controls = {{u"CheckStoreNumbers", &checkStoreNumbers},
+                    {u"CheckNumberCache", &checkNumberCache},
                     {u"LabelNumUsedNumber", &labelNumUsedNumber},
                     {u"TextNumUsedNumber", &textNumUsedNumber},
                     {u"TextPrefixes", &textPrefixes},
@@ -238,6 +270,7 @@ public:
                     {u"CheckTrace", &checkTrace}};
     }
     MemoryCheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
+    MemoryCheckBox& CheckNumberCache() override { return checkNumberCache; }
     MemoryControl& LabelNumUsedNumber() override { return labelNumUsedNumber; }
     MemoryTextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
     MemoryTextBox& TextPrefixes() override { return textPrefixes; }
@@ -253,7 +286,7 @@ public:
     std::vector<Text> fontNames{u"Arial", u"Tahoma"};
 
 private:
-    MemoryCheckBox checkStoreNumbers, checkForgetAnswers, checkTrace;
+    MemoryCheckBox checkStoreNumbers, checkNumberCache, checkForgetAnswers, checkTrace;
     MemoryControl labelNumUsedNumber, buttonPrefix;
     MemoryTextBox textNumUsedNumber, textPrefixes;
     MemoryListBox boxFont, boxFontSize, boxLanguage;
@@ -262,15 +295,17 @@ private:
 class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {
 public:
     MemoryFormSmsSelectAddressView() {
-        controls = {{u"TextSearch", &search},
-                    {u"ListAddresses", &list},
-                    {u"ButtonAdd", &buttonAdd},
-                    {u"ButtonOK", &buttonOK},
-                    {u"StatusBar1", &statusBar}};
+        controls = {{u"TextSearch", &search},   {u"BoxFolder", &folder},
+                    {u"ListAddresses", &list},  {u"ListChosen", &chosen},
+                    {u"ButtonAdd", &buttonAdd}, {u"ButtonRemove", &buttonRemove},
+                    {u"ButtonOK", &buttonOK},   {u"StatusBar1", &statusBar}};
     }
     MemoryTextBox& TextSearch() override { return search; }
-    MemoryListBox& ListAddresses() override { return list; }
+    MemoryListBox& BoxFolder() override { return folder; }
+    MemoryListView& ListAddresses() override { return list; }
+    MemoryListBox& ListChosen() override { return chosen; }
     MemoryControl& ButtonAdd() override { return buttonAdd; }
+    MemoryControl& ButtonRemove() override { return buttonRemove; }
     MemoryControl& ButtonOK() override { return buttonOK; }
     MemoryStatusBar& StatusBar1() override { return statusBar; }
     void SetEvents(FormSmsSelectAddressEvents& events) override {
@@ -279,8 +314,9 @@ public:
 
 private:
     MemoryTextBox search;
-    MemoryListBox list;
-    MemoryControl buttonAdd, buttonOK;
+    MemoryListBox folder, chosen;
+    MemoryListView list;
+    MemoryControl buttonAdd, buttonRemove, buttonOK;
     MemoryStatusBar statusBar;
 };
 

@@ -127,6 +127,17 @@ SwapResult MemoryFileSystem::Swap(TextView path, std::string_view before,
     return Write(path, contents, WriteMode::Replace) ? SwapResult::Done : SwapResult::Failed;
 }
 
+bool MemoryFileSystem::Rename(TextView from, TextView to) {
+    if (Fails(error::PathFileAccess)) return false;
+    const auto file = files.extract(Text(from));
+    if (file.empty()) {
+        errors.Note(error::FileNotFound, u"File not found");
+        return false;
+    }
+    files[Text(to)] = std::move(file.mapped());
+    return true;
+}
+
 bool MemoryFileSystem::Delete(TextView path) {
     if (Fails(error::PathFileAccess)) return false;
     if (files.erase(Text(path))) return true;
@@ -262,6 +273,25 @@ std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t
     const auto found = information.find({locale, type});
     if (found == information.end()) return {};
     return found->second;
+}
+
+std::string MemoryLocale::SortKey(TextView text) {
+    std::string key;
+    for (const char16_t unit : LowerCase(text)) {
+        key += char(unit >> 8);
+        key += char(unit & 0xFF);
+    }
+    return key;
+}
+
+// "46000 17:05", which the model of Outlook reads.
+Text MemoryLocale::DateText(double date) {
+    const auto minutes = std::int64_t(date * 1440 + 1e-6);
+    const auto twoDigits = [](std::int64_t number) {
+        return (number < 10 ? u"0" : u"") + NumberText(number);
+    };
+    return NumberText(minutes / 1440) + u" " + twoDigits(minutes / 60 % 24) + u":" +
+           twoDigits(minutes % 60);
 }
 
 ObjectPtr MemoryAutomation::Create(TextView programmaticIdentifier) {

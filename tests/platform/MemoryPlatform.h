@@ -56,6 +56,7 @@ public:
     std::optional<std::string> Read(TextView path) override;
     bool Write(TextView path, std::string_view contents, WriteMode mode) override;
     SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override;
+    bool Rename(TextView from, TextView to) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
     std::vector<Text> FileNames(TextView folder, TextView ending) override;
@@ -181,7 +182,12 @@ private:
 class MemoryClock : public Clock {
 public:
     float SecondsSinceMidnight() override { return seconds; }
+    double Now() override { return now; }
+    double Milliseconds() override { return milliseconds += step; }
     float seconds = 0;
+    double now = 46000.5;
+    double milliseconds = 0;
+    double step = 0;  // what passes between two looks
 };
 
 // Code page 1252.
@@ -190,6 +196,8 @@ public:
     Text FromAnsi(std::string_view bytes) override;
     std::string ToAnsi(TextView text) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
+    std::string SortKey(TextView text) override;
+    Text DateText(double date) override;
     // By locale and type, as the system returns them.
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 };

@@ -53,7 +53,7 @@ struct Host : TestProgram {
     // Puts the stand-in for the outside library in place, as on a machine that has it.
     void InstallRedemption() {
         platform.automation.factories[u"Redemption.SafeMailItem"] = [this] {
-            return outlook.CreateSafeMailItem();
+            return outlook.CreateSafeItem(outlook::MailClass);
         };
     }
     // A received message, as the sender application stores it.

@@ -148,9 +148,9 @@ TEST_CASE("AddNumberToList: cells, shown items and growth") {
     OpenedForm form;
     form.Open();
     auto& log = form.To().items;
-    RecipientField field(form.program.services, form.program.prefixes, form.program.contacts,
+    RecipientField field(form.program.services, form.program.prefixes, form.program.addresses,
                          form.To(), form.view.ListBoxNumbers(), form.view.StatusBar1(),
-                         [](std::int32_t) {});
+                         form.view.ProgressBar1(), [](std::int32_t) {});
     field.NumUsedNumber = 2;
     field.GetListNumbers();
     using Texts = std::vector<Text>;
@@ -201,7 +201,7 @@ TEST_CASE("clearing the list asks, empties one key more than items, and starts a
 TEST_CASE("typing shows the matching addresses, and choosing one replaces what was typed") {
     OpenedForm form;
     standin::OutlookModel outlook(form.platform.errors, 11);
-    form.platform.automation.running[u"Outlook.Application"] = outlook.Application();
+    form.program.addresses.SetApplication(outlook.Application());
     for (const auto& [name, number] : {std::pair(u"Anna Berg", u"+49 170 1"),
                                        {u"Berta Anders", u"+49 170 2"},
                                        {u"\u00C4nne (priv)", u"+49 170 3"},
@@ -240,41 +240,9 @@ TEST_CASE("typing shows the matching addresses, and choosing one replaces what w
     form.program.recipientField.TextTo_LostFocus();
     CHECK_FALSE(list.Visible());
 
-    // The selection form appends.
-    form.program.formSmsSend.ButtonTo_Click();
-    form.selectAddressView.TextSearch().SetText(u"anna");
-    form.To().SetText(u"0171");
-    form.selectAddressView.ListAddresses().SetSelectedIndex(0);
     form.program.formSmsSend.Unload();
-    CHECK_FALSE(form.selectAddressView.Loaded());
-    form.platform.automation.running.clear();
-    form.program.contacts.Release();
+    form.program.addresses.Release();
     CHECK(outlook.StillReferenced().empty());
-}
-
-TEST_CASE("AddressList finds what a plain search finds") {
-    AddressList list;
-    std::vector<Text> entries;
-    entries.reserve(400);
-    for (int i = 0; i < 400; ++i) {
-        entries.push_back(u"Name" + NumberText(i * 7919 % 400) + (i % 3 ? u" x" : u"\u00C4a") +
-                          u"  (+49" + NumberText(i) + u")");
-    }
-    list.Assign(entries);
-    for (const TextView search : {u"n", u"name1", u"x", u" ", u"\u00E4a", u"+491)", u"(+4", u"zz",
-                                  u"name399 x  (+49399)", u"\n"}) {
-        CAPTURE(search);
-        std::vector<std::size_t> expected;
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            const Text entry = LowerCase(entries[i]);
-            const Text wanted = LowerCase(search);
-            if (StartsWith(entry, wanted) || Contains(entry, wanted + u" ") ||
-                Contains(entry, wanted + u"(")) {
-                expected.push_back(i);
-            }
-        }
-        CHECK(list.Matches(search) == expected);
-    }
 }
 
 TEST_CASE("templates are loaded to the first gap, sorted, added, deleted, inserted and saved") {

@@ -60,7 +60,7 @@ TEST_CASE("a reply to an SMS fills the form, any other is left to Outlook") {
                 ReplyHost host(version, c.redemption);
                 const auto item = host.AddSms(c.sender, c.body);
                 item->SetField(u"Subject", c.subject);
-                item->userProperties->all.clear();
+                item->Properties()->all.clear();
                 if (c.mark.index() != 0) item->SetUserProperty(u"IsSMS", c.mark);
                 CHECK(host.Reply(item, inInspector) == !c.isSms);
                 CHECK(host.view.Loaded() == c.isSms);

@@ -3,12 +3,15 @@
 //   fire queue NAME COUNT                        submits so many SMS to NAME, numbered from 1
 //   fire settings FILE SECTION SECONDS           counts the keys of a section up
 //   fire sender-settings FILE SECTION SECONDS    the same as a program does that has no lock
-//   fire swap FILE                               replaces the whole file until it is killed
+//   fire swap FILE STEP                          replaces the file by its letters in upper case,
+//                                                but dies before that step; a step is a call that
+//                                                changes files, or one byte of what is written
 //
 // The settings modes look each time whether the value they wrote last is still there, and print
 // "KEY=VALUE" with the last value of each key, and "lost=N".
 #include "windows/Com.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -108,13 +111,71 @@ void SenderSettings(const Text& path, const std::string& section, DWORD seconds)
     });
 }
 
-[[noreturn]] void SwapForEver(Machine& machine, const Text& file) {
-    for (std::string before = machine.fileSystem.Read(file).value_or("");;) {
-        std::string next;
-        const std::string line(62, before.starts_with('a') ? 'b' : 'a');
-        for (int lines = 0; lines < 5000; ++lines) next.append(line).append("\r\n");
-        if (machine.fileSystem.Swap(file, before, next) == SwapResult::Done) before = next;
+int stepsLeft = 0;
+
+void Step() {
+    if (stepsLeft-- == 0) TerminateProcess(GetCurrentProcess(), 1);
+}
+
+template <class Function>
+Function* OfSystem(const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name)));
+}
+
+HANDLE WINAPI StepAndCreate(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                            DWORD disposition, DWORD attributes, HANDLE likeThis) {
+    Step();
+    return OfSystem<decltype(CreateFileW)>("CreateFileW")(path, access, share, security,
+                                                          disposition, attributes, likeThis);
+}
+BOOL WINAPI StepAndMove(LPCWSTR from, LPCWSTR to, DWORD flags) {
+    Step();
+    return OfSystem<decltype(MoveFileExW)>("MoveFileExW")(from, to, flags);
+}
+BOOL WINAPI StepAndDelete(LPCWSTR path) {
+    Step();
+    return OfSystem<decltype(DeleteFileW)>("DeleteFileW")(path);
+}
+BOOL WINAPI WriteInSteps(HANDLE file, const void* bytes, DWORD count, DWORD* written, OVERLAPPED*) {
+    const auto write = OfSystem<decltype(WriteFile)>("WriteFile");
+    for (*written = 0; *written < count; ++*written) {
+        Step();
+        DWORD one = 0;
+        if (!write(file, static_cast<const char*>(bytes) + *written, 1, &one, nullptr))
+            return FALSE;
     }
+    return TRUE;
+}
+
+// Puts another function where this program keeps the address of the system's.
+template <class Function>
+bool Replace(const char* name, Function* replacement) {
+    auto* const base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(
+        base + reinterpret_cast<const IMAGE_DOS_HEADER*>(base)->e_lfanew);
+    const auto& table = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IAT];
+    auto* entry = reinterpret_cast<Function**>(base + table.VirtualAddress);
+    auto* const end = entry + table.Size / sizeof *entry;
+    entry = std::find(entry, end, OfSystem<Function>(name));
+    DWORD before = 0;
+    if (entry == end || !VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &before))
+        return false;
+    *entry = replacement;
+    return true;
+}
+
+int SwapUntil(Machine& machine, const Text& file, int step) {
+    const std::string before = machine.fileSystem.Read(file).value_or("");
+    std::string after = before;
+    std::transform(before.begin(), before.end(), after.begin(), [](char letter) {
+        return letter >= 'a' && letter <= 'z' ? char(letter - 'a' + 'A') : letter;
+    });
+    if (!Replace("CreateFileW", StepAndCreate) || !Replace("MoveFileExW", StepAndMove) ||
+        !Replace("DeleteFileW", StepAndDelete) || !Replace("WriteFile", WriteInSteps))
+        return 3;
+    stepsLeft = step;
+    return machine.fileSystem.Swap(file, before, after) == SwapResult::Done ? 0 : 4;
 }
 
 }  // namespace
@@ -133,7 +194,7 @@ int wmain(int count, wchar_t** words) {
     } else if (mode == u"sender-settings") {
         SenderSettings(word(2), windows::ToAnsi(word(3)), DWORD(number(4)));
     } else if (mode == u"swap") {
-        SwapForEver(machine, word(2));
+        return SwapUntil(machine, word(2), number(3));
     } else {
         return 2;
     }

@@ -1,0 +1,42 @@
+// What is known of Outlook's contacts: the address list, and where each number comes from, so that
+// only what changed is read again.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "platform/Text.h"
+#include "recipients/AddressList.h"
+
+namespace tellwick {
+
+struct ContactFolder {
+    Text id;    // Outlook's
+    Text name;  // with those above it: "Personal Folders\Contacts\Club"
+    std::uint32_t count = 0;
+    double newest = 0;  // the latest modification in it, 0 when it is empty
+    // Whether anything modified after `newest` is a change. It need not be when the folder was read
+    // in the same minute.
+    bool settled = false;
+};
+
+// Anything that lies in a contact folder. Dates tell one from another: Outlook hands them out with
+// many items at once in every version, its own identifiers it does not.
+struct ContactItem {
+    double created = 0;
+    double modified = 0;
+    std::uint16_t folder = 0;  // of `folders`
+
+    bool operator==(const ContactItem& other) const = default;
+};
+
+struct AddressBook {
+    AddressList list;  // its rows name folders and items by their place in these
+    std::vector<ContactFolder> folders;
+    std::vector<ContactItem> items;
+    // The names in the distribution lists, by item.
+    std::map<std::uint32_t, std::vector<Text>> members;
+};
+
+}  // namespace tellwick

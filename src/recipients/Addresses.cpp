@@ -1,0 +1,175 @@
+#include "recipients/Addresses.h"
+
+#include <utility>
+
+#include "platform/Clock.h"
+#include "platform/Meanwhile.h"
+#include "settings/Debug.h"
+#include "settings/InifilesLite.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr double Slice = 10;            // milliseconds; a step in it may take some more
+constexpr std::uint32_t Interval = 20;  // milliseconds between the beginnings of slices
+const Text NoFolder;
+
+}  // namespace
+
+Addresses::Addresses(const Services& services, const ContactHarvest::Surroundings& surroundings,
+                     FileSystem& fileSystem, Timers& timers)
+    : Services(services),
+      surroundings(surroundings),
+      fileSystem(fileSystem),
+      timer(timers.Create()) {}
+
+void Addresses::Release() {
+    Stop();
+    application.reset();
+    looked = false;
+}
+
+void Addresses::SetRecent(const std::vector<Text>& numbers) {
+    recent = numbers;
+    book.list.SetRecent(recent);
+}
+
+void Addresses::RefreshOnce() {
+    if (std::exchange(looked, true)) return;
+    Refresh();
+}
+
+void Addresses::Refresh() {
+    if (stage != Stage::Idle || working) return;
+    stopped = false;
+    if (cacheRead || !Caches()) {
+        BeginHarvest();
+    } else {
+        reader = std::make_unique<NumberCacheReader>(fileSystem, surroundings.locale,
+                                                     inifilesLite.SettingsFolder());
+        stage = Stage::Cache;
+    }
+    if (DoSlice(Slice)) timer->Start(Interval, [this] { Tick(); });
+}
+
+const AddressList& Addresses::Complete() {
+    if (book.list.Size() == 0 && !harvested) {
+        Refresh();
+        // The files need not be looked at for changes to be of use, nor be written now.
+        while (Reading() && book.list.Size() == 0 && !working && DoSlice(Slice)) {
+        }
+    }
+    return book.list;
+}
+
+void Addresses::Stop() {
+    stopped = true;
+    timer->Stop();
+    if (working) return;  // the slice that runs ends it
+    stage = Stage::Idle;
+    reader.reset();
+    harvest.reset();
+    writer.reset();
+}
+
+const Text& Addresses::FolderBeingRead() const {
+    return harvest ? harvest->FolderName() : NoFolder;
+}
+
+void Addresses::Tick() {
+    Procedure procedure{debug, u"TimerAddresses_Timer"};
+    if (!DoSlice(Slice)) timer->Stop();
+}
+
+bool Addresses::DoSlice(double milliseconds) {
+    if (working) return true;
+    const double end = surroundings.clock.Milliseconds() + milliseconds;
+    bool more = true;
+    {
+        const Meanwhile slicing(working, true);
+        do {
+            more = DoStage(end - surroundings.clock.Milliseconds());
+        } while (more && !stopped && surroundings.clock.Milliseconds() < end);
+    }
+    if (stopped) {
+        Stop();
+        more = false;
+    }
+    Tell(false);
+    return more;
+}
+
+bool Addresses::DoStage(double milliseconds) {
+    switch (stage) {
+        case Stage::Cache:
+            if (reader->DoSome()) return true;
+            cacheRead = true;
+            if (std::optional<AddressBook> known = reader->Take()) TakeBook(std::move(*known));
+            reader.reset();
+            BeginHarvest();
+            return stage != Stage::Idle;
+        case Stage::Harvest: {
+            if (harvest->DoSlice(milliseconds)) return true;
+            harvested = true;
+            failed = harvest->Failed();
+            std::optional<AddressBook> now = harvest->TakeBook();
+            harvest.reset();
+            stage = Stage::Idle;
+            if (now) {
+                TakeBook(std::move(*now));
+                BeginWriting();
+            }
+            return stage != Stage::Idle;
+        }
+        case Stage::Writing:
+            if (writer->DoSome()) return true;
+            writer.reset();
+            stage = Stage::Idle;
+            return false;
+        case Stage::Idle:
+            break;
+    }
+    return false;
+}
+
+void Addresses::BeginHarvest() {
+    stage = Stage::Idle;
+    if (!application) return;
+    const ObjectPtr nameSpace =
+        AsObject(Call(surroundings.errors, application, u"GetNamespace", {Text(u"MAPI")}));
+    if (!nameSpace) return;
+    harvest = std::make_unique<ContactHarvest>(surroundings, nameSpace, book);
+    stage = Stage::Harvest;
+}
+
+void Addresses::BeginWriting() {
+    if (!Caches()) return;
+    writer = std::make_unique<NumberCacheWriter>(fileSystem, surroundings.locale,
+                                                 inifilesLite.SettingsFolder(), book);
+    stage = Stage::Writing;
+}
+
+void Addresses::TakeBook(AddressBook newBook) {
+    book = std::move(newBook);
+    book.list.SetRecent(recent);
+    Tell(true);
+}
+
+void Addresses::Tell(bool listChanged) {
+    for (const Listener& listener : listeners) listener(listChanged);
+}
+
+bool Addresses::Caches() {
+    return inifilesLite.GetIniSettingBool(u"SMS", u"NumberCache", u"1") &&
+           !inifilesLite.SettingsFolder().empty();
+}
+
+void Addresses::ApplySettings() {
+    if (Caches()) return;
+    if (stage == Stage::Writing) Stop();
+    cacheRead = true;
+    DeleteNumberCache(fileSystem, inifilesLite.SettingsFolder());
+}
+
+}  // namespace tellwick

@@ -1,0 +1,92 @@
+// Keeps the address list: what the files of the last time know at once, then what Outlook has now.
+// Reads when somebody first needs it, in slices between which Outlook works on.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/Object.h"
+#include "platform/Timer.h"
+#include "recipients/AddressBook.h"
+#include "recipients/ContactHarvest.h"
+#include "recipients/NumberCache.h"
+#include "settings/Services.h"
+
+namespace tellwick {
+
+class Addresses : private Services {
+public:
+    // Hears that the list changed, or how far the reading is.
+    using Listener = std::function<void(bool listChanged)>;
+
+    Addresses(const Services& services, const ContactHarvest::Surroundings& surroundings,
+              FileSystem& fileSystem, Timers& timers);
+
+    // Outlook, as it handed itself over: objects reached otherwise make newer versions ask the
+    // user.
+    void SetApplication(const ObjectPtr& newApplication) { application = newApplication; }
+    // Lets Outlook go; the list stays.
+    void Release();
+
+    void AddListener(Listener listener) { listeners.push_back(std::move(listener)); }
+
+    const AddressList& List() const { return book.list; }
+    Text FolderName(std::uint16_t folder) const { return book.folders[folder].name; }
+    std::size_t Folders() const { return book.folders.size(); }
+    void SetRecent(const std::vector<Text>& numbers);
+
+    // Begins to look for changes, unless it is at it; the first slice is done at once.
+    void Refresh();
+    // The same, once for each time that the user comes to need the list.
+    void RefreshOnce();
+    void NeededAnew() { looked = false; }
+    // The list, read to the end when nothing at all is known yet.
+    const AddressList& Complete();
+    // Ends the reading; what is known stays. The next Refresh begins anew.
+    void Stop();
+
+    bool Reading() const { return stage != Stage::Idle && stage != Stage::Writing; }
+    std::int32_t Progress() const { return harvest ? harvest->Progress() : 0; }
+    // The folder being read; what could not be read the last time.
+    const Text& FolderBeingRead() const;
+    const std::vector<Text>& Failed() const { return failed; }
+
+    // Deletes the files when the settings want none.
+    void ApplySettings();
+
+private:
+    enum class Stage { Idle, Cache, Harvest, Writing };
+
+    // Goes on for so many milliseconds; false when all is done.
+    bool DoSlice(double milliseconds);
+    bool DoStage(double milliseconds);
+    void BeginHarvest();
+    void BeginWriting();
+    void TakeBook(AddressBook newBook);
+    void Tick();
+    void Tell(bool listChanged);
+    bool Caches();
+
+    ContactHarvest::Surroundings surroundings;
+    FileSystem& fileSystem;
+    std::unique_ptr<Timer> timer;
+    ObjectPtr application;
+    std::vector<Listener> listeners;
+    std::vector<Text> recent;
+    AddressBook book;
+    Stage stage = Stage::Idle;
+    std::unique_ptr<NumberCacheReader> reader;
+    std::unique_ptr<ContactHarvest> harvest;
+    std::unique_ptr<NumberCacheWriter> writer;
+    std::vector<Text> failed;
+    bool cacheRead = false;
+    bool harvested = false;
+    bool looked = false;
+    bool working = false;  // a slice runs: Outlook may call in between
+    bool stopped = false;  // and wants no further one
+};
+
+}  // namespace tellwick

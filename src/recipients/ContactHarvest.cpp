@@ -1,0 +1,381 @@
+#include "recipients/ContactHarvest.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <utility>
+
+#include "platform/Clock.h"
+#include "platform/Locale.h"
+#include "platform/Outlook.h"
+#include "platform/OutlookEvents.h"
+#include "recipients/Prefixes.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr double Minute = 1.0 / 1440;
+constexpr std::size_t EntriesAStep = 2000;
+constexpr std::int32_t MostMembers = 1000;
+
+// The columns: dates first, since comparing needs no others.
+enum Column : std::size_t { Created, Modified, MessageClass, FullName, FileAs, Company, Numbers };
+constexpr std::size_t DateColumns = MessageClass;
+constexpr std::array<TextView, Numbers + std::size_t(NumberKind::List)> Columns{
+    u"CreationTime",
+    u"LastModificationTime",
+    u"MessageClass",
+    u"FullName",
+    u"FileAs",
+    u"CompanyName",
+    u"MobileTelephoneNumber",
+    u"HomeTelephoneNumber",
+    u"Home2TelephoneNumber",
+    u"BusinessTelephoneNumber",
+    u"Business2TelephoneNumber",
+    u"CarTelephoneNumber",
+    u"OtherTelephoneNumber",
+    u"PrimaryTelephoneNumber"};
+
+std::uint64_t KeyOf(const ContactItem& item) {
+    return std::bit_cast<std::uint64_t>(item.created) * 31 +
+           std::bit_cast<std::uint64_t>(item.modified);
+}
+
+double WholeMinute(double date) {
+    return std::floor(date / Minute + 1e-6) * Minute;
+}
+
+}  // namespace
+
+ContactHarvest::ContactHarvest(const Surroundings& surroundings, ObjectPtr mapi,
+                               const AddressBook& before)
+    : surroundings(surroundings),
+      errors(surroundings.errors),
+      nameSpace(std::move(mapi)),
+      before(before),
+      folders(errors, nameSpace),
+      kept(before.items.size()),
+      oldItems(before.items.size()),
+      builder(surroundings.locale) {
+    for (std::uint32_t item = 0; item < oldItems.size(); ++item) oldItems[item] = item;
+    std::stable_sort(oldItems.begin(), oldItems.end(), [&](std::uint32_t one, std::uint32_t other) {
+        return before.items[one].folder < before.items[other].folder;
+    });
+}
+
+bool ContactHarvest::DoSlice(double milliseconds) {
+    const double end = surroundings.clock.Milliseconds() + milliseconds;
+    do {
+        if (step == Step::Done) return false;
+        DoStep();
+    } while (surroundings.clock.Milliseconds() < end);
+    return step != Step::Done;
+}
+
+void ContactHarvest::DoStep() {
+    switch (step) {
+        case Step::Walk:
+            if (!folders.LookAtOne()) EndWalk();
+            return;
+        case Step::Folder:
+            return BeginFolder();
+        case Step::Items:
+            return ReadItems();
+        case Step::Keep:
+            return KeepRows();
+        case Step::Members:
+            return FindMembers();
+        case Step::Lists:
+            return AddLists();
+        case Step::Build:
+            if (builder.DoSome(EntriesAStep)) return;
+            book.list = builder.Take();
+            step = Step::Done;
+            return;
+        case Step::Done:
+            return;
+    }
+}
+
+std::int32_t ContactHarvest::Progress() const {
+    return total == 0 ? 0 : std::int32_t(std::min<std::uint64_t>(100, 100 * done / total));
+}
+
+std::optional<AddressBook> ContactHarvest::TakeBook() {
+    if (step != Step::Done || !changed) return {};
+    return std::move(book);
+}
+
+// The folders ---------------------------------------------------------------------------------
+
+void ContactHarvest::EndWalk() {
+    for (const ContactFolders::Found& contacts : folders.found) total += contacts.known.count;
+    step = Step::Folder;
+}
+
+std::int32_t ContactHarvest::OldFolder(const Text& id) const {
+    const auto old = std::ranges::find(before.folders, id, &ContactFolder::id);
+    return old == before.folders.end() ? -1 : std::int32_t(old - before.folders.begin());
+}
+
+// Nothing was added, removed or modified since. Outlook counts that; no item is read.
+bool ContactHarvest::IsUnchanged(const ContactFolders::Found& contacts, std::int32_t oldFolder) {
+    if (oldFolder < 0) return false;
+    const ContactFolder& old = before.folders[std::size_t(oldFolder)];
+    if (old.count != contacts.known.count) return false;
+    if (old.count == 0) return true;
+    if (!old.settled) return false;
+    errors.Clear();
+    const Text since = surroundings.locale.DateText(WholeMinute(old.newest) + Minute);
+    const ObjectPtr later =
+        AsObject(Call(errors, AsObject(Get(errors, contacts.folder, u"Items")), u"Restrict",
+                      {Text(u"[LastModificationTime] >= '").append(since).append(u"'")}));
+    return AsNumber(Get(errors, later, u"Count")) == 0 && !errors;
+}
+
+// The old folders that are gone. Those of a store that cannot be reached now may come back.
+void ContactHarvest::EndFolders() {
+    for (std::size_t old = 0; old < before.folders.size(); ++old) {
+        const ContactFolder& folder = before.folders[old];
+        const bool seen = std::ranges::any_of(
+            folders.found, [&](const auto& contacts) { return contacts.known.id == folder.id; });
+        if (seen) continue;
+        if (Failed().empty()) {
+            changed = true;
+        } else {
+            book.folders.push_back(folder);
+            KeepAllOf(std::int32_t(old), std::uint16_t(book.folders.size() - 1));
+        }
+    }
+    next = 0;
+    step = changed ? Step::Keep : Step::Done;
+}
+
+void ContactHarvest::BeginFolder() {
+    if (current == folders.found.size()) {
+        EndFolders();
+        return;
+    }
+    const ContactFolders::Found& contacts = folders.found[current];
+    currentOld = OldFolder(contacts.known.id);
+    folderName = contacts.known.name;
+    book.folders.push_back(contacts.known);
+    const auto folder = std::uint16_t(book.folders.size() - 1);
+    if (IsUnchanged(contacts, currentOld)) {
+        const ContactFolder& old = before.folders[std::size_t(currentOld)];
+        book.folders.back().newest = old.newest;
+        book.folders.back().settled = old.settled;
+        changed = changed || old.name != contacts.known.name;
+        KeepAllOf(currentOld, folder);
+        done += contacts.known.count;
+        ++current;
+        return;
+    }
+    changed = true;
+    known.clear();
+    comparing = false;
+    if (currentOld >= 0) {
+        for (const std::uint32_t item : OldItemsOf(currentOld))
+            known.emplace(KeyOf(before.items[item]), item);
+        // Where most is known, the dates tell what is not.
+        comparing = known.size() * 2 >= contacts.known.count && !known.empty();
+    }
+    reader.emplace(errors, contacts.folder,
+                   std::vector<TextView>(
+                       Columns.begin(), comparing ? Columns.begin() + DateColumns : Columns.end()));
+    rows.clear();
+    next = 0;
+    step = Step::Items;
+}
+
+std::span<const std::uint32_t> ContactHarvest::OldItemsOf(std::int32_t oldFolder) const {
+    const auto folderOf = [&](std::uint32_t item) { return before.items[item].folder; };
+    return std::ranges::equal_range(oldItems, std::uint16_t(oldFolder), {}, folderOf);
+}
+
+void ContactHarvest::KeepAllOf(std::int32_t oldFolder, std::uint16_t folder) {
+    for (const std::uint32_t old : OldItemsOf(oldFolder)) {
+        ContactItem item = before.items[old];
+        item.folder = folder;
+        kept[old] = AddItem(item) + 1;
+    }
+}
+
+std::uint32_t ContactHarvest::AddItem(const ContactItem& item) {
+    book.items.push_back(item);
+    return std::uint32_t(book.items.size() - 1);
+}
+
+// The items of a folder -----------------------------------------------------------------------
+
+// Those of one reading, one by one.
+void ContactHarvest::ReadItems() {
+    if (next < rows.size()) {
+        // Opening an item takes long; what is at hand already does not.
+        const std::size_t end = comparing ? next + 1 : rows.size();
+        for (; next < end; ++next) Look(rows[next]);
+        return;
+    }
+    rows.clear();
+    next = 0;
+    if (!reader->ReadSome(rows)) {
+        GiveUpFolder();
+    } else if (reader->AtEnd()) {
+        EndFolder();
+    }
+}
+
+void ContactHarvest::Look(const ContactReader::Row& row) {
+    ++done;
+    ContactItem item;
+    item.created = AsReal(row.values[Created]);
+    item.modified = AsReal(row.values[Modified]);
+    item.folder = std::uint16_t(book.folders.size() - 1);
+    ContactFolder& folder = book.folders.back();
+    folder.newest = std::max(folder.newest, item.modified);
+    const std::uint32_t number = AddItem(item);
+    const auto same = known.find(KeyOf(item));
+    if (comparing && same != known.end()) {
+        kept[same->second] = number + 1;
+        known.erase(same);
+        return;
+    }
+    ++itemsRead;
+    if (!comparing) {
+        if (StartsWithFolded(AsText(row.values[MessageClass]), u"IPM.DistList")) {
+            ReadList(row, number);
+        } else {
+            ReadContact(row.values, item.folder, number);
+        }
+        return;
+    }
+    const ObjectPtr opened = reader->Open(nameSpace, row);
+    if (outlook::Item(errors, opened).Class() == outlook::DistributionListClass) {
+        ReadList(row, number);
+        return;
+    }
+    std::vector<Value> values(Columns.size());
+    for (std::size_t column = FullName; opened && column < Columns.size(); ++column)
+        values[column] = opened->Get(Columns[column]);
+    ReadContact(values, item.folder, number);
+}
+
+void ContactHarvest::ReadContact(const std::vector<Value>& values, std::uint16_t folder,
+                                 std::uint32_t item) {
+    const Text company = OneLine(AsText(values[Company]));
+    Text fileAs = OneLine(AsText(values[FileAs]));
+    Text name = OneLine(AsText(values[FullName]));
+    if (name.empty()) name = fileAs.empty() ? company : fileAs;
+    if (EqualFolded(name, fileAs)) fileAs.clear();
+    std::vector<Text> numbers;
+    for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
+        Text number = AsText(values[Numbers + kind]);
+        if (number.empty()) continue;
+        number = surroundings.prefixes.ConvertPhoneNumber(number);
+        if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
+            continue;
+        builder.Add({name, fileAs, company, number, NumberKind(kind), folder, item});
+        numbers.push_back(std::move(number));
+    }
+}
+
+// Outlook would ask the user before it names the members, Redemption does not.
+void ContactHarvest::ReadList(const ContactReader::Row& row, std::uint32_t item) {
+    ObjectPtr list = reader->Open(nameSpace, row);
+    if (!list) return;
+    const Text name = OneLine(AsText(list->Get(u"DLName")));
+    if (const ObjectPtr safe = surroundings.automation.Create(u"Redemption.SafeDistList")) {
+        safe->Put(u"Item", list);
+        list = safe;
+    }
+    std::vector<Text>& members = book.members[item];
+    members.push_back(name);
+    const std::int32_t count = std::min(AsNumber(list->Get(u"MemberCount")), MostMembers);
+    for (std::int32_t index = 1; index <= count; ++index) {
+        Text member =
+            OneLine(AsText(Get(errors, AsObject(list->Call(u"GetMember", {index})), u"Name")));
+        if (!member.empty()) members.push_back(std::move(member));
+    }
+}
+
+void ContactHarvest::EndFolder() {
+    ContactFolder& folder = book.folders.back();
+    // What is modified in the minute of the newest may come later than this reading.
+    folder.settled = folder.newest > 0 &&
+                     WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
+    reader.reset();
+    ++current;
+    step = Step::Folder;
+}
+
+// What was known stays; what was read of it meanwhile does too, and is offered once all the same.
+void ContactHarvest::GiveUpFolder() {
+    folders.failed.push_back(folderName);
+    for (const auto& [key, old] : known) {
+        ContactItem item = before.items[old];
+        item.folder = std::uint16_t(book.folders.size() - 1);
+        kept[old] = AddItem(item) + 1;
+    }
+    EndFolder();
+    book.folders.back().settled = false;
+}
+
+// The new book --------------------------------------------------------------------------------
+
+void ContactHarvest::KeepRows() {
+    const std::size_t end = std::min(before.list.Rows(), next + EntriesAStep);
+    for (; next < end; ++next) {
+        AddressRow row = before.list.Row(next);
+        if (kept[row.item] == 0 || row.kind == NumberKind::List) continue;
+        row.item = kept[row.item] - 1;
+        row.folder = book.items[row.item].folder;
+        builder.Add(row);
+    }
+    if (next < before.list.Rows()) return;
+    for (const auto& [old, members] : before.members) {
+        if (kept[old] != 0) book.members[kept[old] - 1] = members;
+    }
+    for (const auto& [item, members] : book.members) {
+        for (const Text& member : members) numberOfMember.try_emplace(LowerCase(member));
+    }
+    next = 0;
+    step = Step::Members;
+}
+
+// The first number of each person whom a distribution list names.
+void ContactHarvest::FindMembers() {
+    const std::size_t end =
+        numberOfMember.empty() ? builder.Rows() : std::min(builder.Rows(), next + EntriesAStep);
+    for (; next < end && !numberOfMember.empty(); ++next) {
+        const AddressRow row = builder.List().Row(next);
+        for (const TextView name : {row.name, row.fileAs}) {
+            const auto member = numberOfMember.find(LowerCase(name));
+            if (member != numberOfMember.end() && member->second.empty())
+                member->second = row.number;
+        }
+    }
+    if (end == builder.Rows()) step = Step::Lists;
+}
+
+void ContactHarvest::AddLists() {
+    for (const auto& [item, members] : book.members) {
+        std::vector<Text> numbers;
+        Text all;
+        for (std::size_t member = 1; member < members.size(); ++member) {
+            const Text& number = numberOfMember[LowerCase(members[member])];
+            if (number.empty() ||
+                std::find(numbers.begin(), numbers.end(), number) != numbers.end())
+                continue;
+            all.append(all.empty() ? u"" : u";").append(number);
+            numbers.push_back(number);
+        }
+        if (all.empty()) continue;
+        builder.Add({members[0], {}, {}, all, NumberKind::List, book.items[item].folder, item});
+    }
+    step = Step::Build;
+}
+
+}  // namespace tellwick

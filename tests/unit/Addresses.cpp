@@ -1,0 +1,403 @@
+// Reading Outlook's contacts, keeping them, and finding them.
+#include <doctest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "model/ManyContacts.h"
+#include "model/OutlookModel.h"
+#include "platform/Keys.h"
+#include "platform/OutlookEvents.h"
+#include "platform/TestProgram.h"
+#include "recipients/Addresses.h"
+
+using namespace tellwick;
+using namespace tellwick::test;
+
+namespace {
+
+// An Outlook with contacts in nested folders of two stores, and the program that reads them.
+struct People : TestProgram {
+    explicit People(std::int32_t version = 16) : outlook(platform.errors, version) {
+        outlook.stores.push_back(std::make_shared<standin::Folder>(outlook, u"Archive", 0));
+        club = outlook.DefaultFolder(outlook::ContactsFolder)->Add(u"Club", standin::ContactItem);
+        board = club->Add(u"Board", standin::ContactItem);
+        archive = outlook.stores[1]->Add(u"Old", standin::ContactItem);
+        Add(u"Anna Berger", u"Berger, Anna", u"0049 171 1000001", nullptr);
+        Add(u"J\u00F6rg Zeman", u"J\u00F6rg Zeman", u"+49 172 2000002", club);
+        Add(u"Carla Ost", u"Ost, Carla", u"+49 173 3000003", board);
+        Add(u"Old Friend", u"", u"+49 174 4000004", archive);
+        anna = outlook.DefaultFolder(outlook::ContactsFolder)->items->all[0];
+        anna->SetField(u"HomeTelephoneNumber", u"+49 30 5000005");
+        anna->SetField(u"CarTelephoneNumber", u"+49 30-5000005");
+        list = outlook.AddItem(outlook::DistributionListClass, {{u"DLName", u"Skat"}});
+        list->people = {{u"J\u00D6RG ZEMAN", u"j@x"}, {u"Nobody", u"n@x"}, {u"Ost, Carla", u"c@x"}};
+        platform.clock.now = outlook.now + 1;
+    }
+    std::shared_ptr<standin::Item> Add(TextView name, TextView fileAs, TextView mobile,
+                                       std::shared_ptr<standin::Folder> folder) {
+        const auto item = outlook.AddItem(
+            outlook::ContactClass,
+            {{u"FullName", name}, {u"FileAs", fileAs}, {u"MobileTelephoneNumber", mobile}});
+        if (folder) outlook.MoveItem(item, folder);
+        return item;
+    }
+    // As a new start of Outlook: another program over the same machine.
+    std::vector<Text> Read() {
+        Program fresh(platform.Ports(), view, selectAddressView, optionsView);
+        return ReadWith(fresh.addresses);
+    }
+    std::vector<Text> ReadWith(Addresses& addresses) {
+        outlook.now += 1;
+        platform.clock.now = outlook.now;
+        itemsRead = 0;
+        outlook.failUse = [this](TextView className, TextView member) {
+            itemsRead += className == u"ContactItem" && EqualFolded(member, u"FullName");
+            gridsRead += EqualFolded(member, u"GetArray");
+            return false;
+        };
+        gridsRead = 0;
+        addresses.SetApplication(outlook.Application());
+        addresses.Refresh();
+        for (int tick = 0; platform.timers.Tick() > 0; ++tick) REQUIRE(tick < 100000);
+        outlook.failUse = nullptr;
+        std::vector<Text> entries;
+        for (std::size_t index = 0; index < addresses.List().Size(); ++index)
+            entries.push_back(addresses.List().EntryText(index));
+        failed = addresses.Failed();
+        addresses.Release();
+        CHECK(outlook.StillReferenced().empty());
+        return entries;
+    }
+
+    standin::OutlookModel outlook;
+    std::shared_ptr<standin::Folder> club, board, archive;
+    std::shared_ptr<standin::Item> anna, list;
+    int itemsRead = 0, gridsRead = 0;
+    std::vector<Text> failed;
+};
+
+const std::vector<Text> Everybody{
+    u"Anna Berger  (+491711000001)",       u"Anna Berger  (+49305000005)",
+    u"Berger, Anna  (+491711000001)",      u"Berger, Anna  (+49305000005)",
+    u"Carla Ost  (+491733000003)",         u"J\u00F6rg Zeman  (+491722000002)",
+    u"Old Friend  (+491744000004)",        u"Ost, Carla  (+491733000003)",
+    u"Skat  (+491722000002;+491733000003)"};
+
+std::vector<Text> With(std::vector<Text> entries, std::initializer_list<TextView> more) {
+    entries.insert(entries.end(), more.begin(), more.end());
+    std::sort(entries.begin(), entries.end(),
+              [](const Text& one, const Text& other) { return LessFolded(one, other); });
+    return entries;
+}
+
+constexpr TextView NumbersFile = u"numbers.txt";
+constexpr TextView DetailsFile = u"numbers2.txt";
+
+}  // namespace
+
+TEST_CASE("every number in every contact folder is read, and later only what changed") {
+    for (const std::int32_t version : {9, 11, 16}) {
+        CAPTURE(version);
+        People people(version);
+        CHECK(people.Read() == Everybody);
+        CHECK(people.failed.empty());
+        // With the files of the first time nothing is read.
+        CHECK(people.Read() == Everybody);
+        CHECK(people.itemsRead == 0);
+        CHECK(people.gridsRead == 0);
+
+        std::vector<Text> now = Everybody;
+        const auto without = [&](TextView start) {
+            std::vector<Text> entries = now;
+            std::erase_if(entries, [&](const Text& entry) { return Contains(entry, start); });
+            return entries;
+        };
+        const auto check = [&](const char* what, std::vector<Text> entries, int read) {
+            CAPTURE(what);
+            now = std::move(entries);
+            CHECK(people.Read() == now);
+            CHECK(people.itemsRead == read);
+        };
+        people.Add(u"New Person", u"", u"0175 6", people.club);
+        check("added", With(now, {u"New Person  (01756)"}), 1);
+        people.anna->SetField(u"HomeTelephoneNumber", u"");
+        people.anna->SetField(u"CarTelephoneNumber", u"");
+        people.outlook.SaveItem(people.anna);
+        check("changed", without(u"+49305000005"), 1);
+        people.outlook.DeleteItem(people.club->items->all[0]);
+        now = without(u"J\u00F6rg");
+        for (Text& entry : now) entry = ReplaceAll(entry, u"+491722000002;", u"");
+        check("deleted", now, 0);
+        people.outlook.MoveItem(people.anna, people.board);
+        check("moved", now, 1);
+    }
+}
+
+TEST_CASE("a store, folder or item that fails is left out, and what was known of it stays") {
+    People people;
+    CHECK(people.Read().size() == Everybody.size());
+    people.outlook.stores[1]->unreachable = true;
+    CHECK(people.Read() == Everybody);
+    CHECK(people.failed == std::vector<Text>{u""});
+    people.outlook.stores[1]->unreachable = false;
+    people.board->unreachable = true;
+    people.Add(u"New Person", u"", u"0175 6", people.club);
+    CHECK(people.Read() == With(Everybody, {u"New Person  (01756)"}));
+
+    // Every use of Outlook fails once: nothing is lost but that, and nothing is kept.
+    for (int use = 1;; ++use) {
+        People fresh(use % 2 ? 16 : 10);
+        int left = use;
+        fresh.program.addresses.SetApplication(fresh.outlook.Application());
+        fresh.outlook.failUse = [&](TextView, TextView) { return --left == 0; };
+        fresh.program.addresses.Refresh();
+        fresh.program.addresses.Release();
+        fresh.outlook.failUse = nullptr;
+        REQUIRE(fresh.outlook.StillReferenced().empty());
+        if (left > 0) {
+            CHECK(use > 100);
+            break;
+        }
+    }
+}
+
+TEST_CASE("the files keep every name, and damaged ones are thrown away") {
+    People people;
+    people.Add(u"Back\\slash \\x0041", u"", u"1", nullptr);
+    people.Add(u"\u4E2D\u6587 \u041F\u0440", u"Line\r\nbreak\tTab", u"2", nullptr);
+    people.Add(u"\xD800 lone (  (", u"", u"3", nullptr);
+    people.Add(u"", u"", u"4", nullptr);
+    people.anna->SetField(u"CompanyName", u"\u0160koda \u20AC");
+    const std::vector<Text> all = people.Read();
+    CHECK(std::find(all.begin(), all.end(), u"Line  break Tab  (2)") != all.end());
+    auto& files = people.platform.fileSystem.files;
+    const Text folder = people.program.inifilesLite.SettingsFolder();
+    const auto before = files;
+    for (const TextView name : {NumbersFile, DetailsFile}) {
+        const Text path = folder + Text(name);
+        REQUIRE(files.contains(path));
+        const std::size_t size = files[path].contents.size();
+        for (std::size_t at = 0; at <= size; at += 1 + size / 40) {
+            for (const bool cut : {false, true}) {
+                CAPTURE(at);
+                files = before;
+                std::string& contents = files[path].contents;
+                if (cut) contents.resize(at);
+                if (!cut && at < size) contents[at] ^= 4;
+                CHECK(people.Read() == all);
+                CHECK((people.itemsRead + people.gridsRead > 0) == (at < size));
+            }
+        }
+    }
+    SUBCASE("no folder to write to is no reason to know nobody") {
+        files = before;
+        files.erase(folder + Text(NumbersFile));
+        people.platform.fileSystem.failWrites = true;
+        CHECK(people.Read() == all);
+        CHECK(!files.contains(folder + Text(NumbersFile)));
+    }
+    SUBCASE("whoever wants no files has none") {
+        people.SetSetting(u"SMS", u"NumberCache", u"0");
+        people.program.inifilesLite.SetIniSetting(u"SMS", u"NumberCache", u"0");
+        people.program.addresses.ApplySettings();
+        for (const TextView name : {NumbersFile, DetailsFile})
+            CHECK(!files.contains(folder + Text(name)));
+        CHECK(people.ReadWith(people.program.addresses) == all);
+        CHECK(!files.contains(folder + Text(NumbersFile)));
+    }
+}
+
+TEST_CASE("reading is done in slices, and ends at the next one when the form goes") {
+    People people;
+    standin::AddManyContacts(people.outlook, 300, 3);
+    people.platform.clock.step = 4;  // every look at the clock
+    Addresses& addresses = people.program.addresses;
+    addresses.SetApplication(people.outlook.Application());
+    people.program.formSmsSend.Open({});
+    CHECK(people.platform.timers.Tick() == 0);  // nothing is read before it is needed
+    people.view.TextTo().SetText(u"anna");
+    CHECK(addresses.Reading());
+    int ticks = 0;
+    Text folders;
+    while (ticks < 20) {
+        REQUIRE(people.platform.timers.Tick() == 1);
+        folders += people.view.StatusBar1().GetText();
+        ++ticks;
+    }
+    CHECK(addresses.Reading());
+    CHECK(Contains(folders, u"Kontakte 1"));
+    SUBCASE("to its end") {
+        while (people.platform.timers.Tick() > 0) CHECK(++ticks < 1000);
+        CHECK(people.view.ListBoxNumbers().Visible());
+        CHECK(Contains(people.view.StatusBar1().GetText(),
+                       NumberText(std::int64_t(people.view.ListBoxNumbers().items.size()))));
+    }
+    SUBCASE("or not") {
+        people.program.formSmsSend.Unload();
+        CHECK(!addresses.Reading());
+        CHECK(people.platform.timers.Tick() == 0);
+        for (const auto& [path, file] : people.platform.fileSystem.files)
+            CHECK(!Contains(path, u"numbers"));
+    }
+    addresses.Release();
+    CHECK(people.outlook.StillReferenced().empty());
+}
+
+TEST_CASE("the address list finds what a plain search finds, recent numbers first, each once") {
+    MemoryPlatform platform;
+    AddressListBuilder builder(platform.locale);
+    const auto name = [](int index) {
+        return (index % 3 == 0   ? u"N"
+                : index % 3 == 1 ? u"\u00C4na "
+                                 : u"") +
+               (u"Name" + NumberText(index * 7919 % 400)) + (index % 5 ? u" x" : u" (y)a");
+    };
+    for (int index = 0; index < 400; ++index) {
+        builder.Add({name(index),
+                     index % 2 ? u"x, " + name(index) : Text(),
+                     {},
+                     u"+49" + NumberText(1000000 + index % 300),
+                     NumberKind::Home,
+                     0,
+                     std::uint32_t(index)});
+    }
+    while (builder.DoSome(37)) {
+    }
+    AddressList list = builder.Take();
+    REQUIRE(list.Size() == 600);
+    list.SetRecent({u"01000007", u"+491000011", u"110"});
+    const auto rank = [&](std::size_t entry, TextView search) {
+        const Text text = LowerCase(list.EntryText(entry));
+        const TextView number = list.Row(list.EntryAt(entry).row).number;
+        return number == u"+491000007" || number == u"+491000011" ? 0
+               : StartsWith(text, search)                         ? 1
+                                                                  : 2;
+    };
+    for (const TextView search :
+         {u"n", u"x", u"na", u"name1", u"x,", u"\u00E4na", u"(y)a", u"\u00E4na name10 x",
+          u"+491000011)", u"(+4", u"zz", u"nname399 x  (+491000099)", u"a", u"name7  (+49"}) {
+        CAPTURE(search);
+        std::vector<std::uint32_t> expected;
+        std::set<Text> numbers;
+        for (const int wanted : {0, 1, 2}) {
+            for (std::uint32_t entry = 0; entry < list.Size(); ++entry) {
+                const Text text = LowerCase(list.EntryText(entry));
+                if (!StartsWith(text, search) && !Contains(text, Text(search) + u" ") &&
+                    !Contains(text, Text(search) + u"("))
+                    continue;
+                if (rank(entry, search) == wanted &&
+                    numbers.insert(Text(list.Row(list.EntryAt(entry).row).number)).second)
+                    expected.push_back(entry);
+            }
+        }
+        CHECK(list.Matches(search) == expected);
+    }
+    for (std::size_t entry = 1; entry < list.Size(); ++entry)
+        CHECK(!LessFolded(list.EntryName(entry), list.EntryName(entry - 1)));
+}
+
+TEST_CASE("the row that the arrow keys chose stays chosen while it matches") {
+    People people;
+    people.program.addresses.SetApplication(people.outlook.Application());
+    people.program.formSmsSend.Open({});
+    auto& to = people.view.TextTo();
+    auto& matches = people.view.ListBoxNumbers();
+    to.SetText(u"o");
+    REQUIRE(matches.items ==
+            std::vector<Text>{u"Old Friend  (+491744000004)", u"Ost, Carla  (+491733000003)"});
+    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
+    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
+    to.SetText(u"os");
+    CHECK(matches.selected == 0);
+    to.SetText(u"ol");
+    CHECK(matches.selected == -1);
+    // A list stands for all its members.
+    to.SetText(u"skat");
+    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
+    people.program.recipientField.TakeMatch();
+    CHECK(to.GetText() == u"0491722000002;0491733000003");
+    people.program.addresses.Release();
+}
+
+TEST_CASE("the selection's search: words from their start, digits anywhere, accents as typed") {
+    const AddressRow row{u"Ren\u00E9 M\u00FCller-L\u00FCdenscheid",
+                         u"",
+                         u"\u0160koda Werk 3",
+                         u"+491712345",
+                         NumberKind::Mobile,
+                         0,
+                         0};
+    struct Case {
+        TextView search, marked;  // the name, then the number; empty: no match
+    };
+    for (const Case& c :
+         {Case{u"re mu", u"[Re]n\u00E9 [M\u00FC]ller-L\u00FCdenscheid +491712345"},
+          Case{u"rene", u"[Ren\u00E9] M\u00FCller-L\u00FCdenscheid +491712345"},
+          Case{u"LUD", u"Ren\u00E9 M\u00FCller-[L\u00FCd]enscheid +491712345"},
+          Case{u"ren\u00E9", u"[Ren\u00E9] M\u00FCller-L\u00FCdenscheid +491712345"},
+          Case{u"ren\u00E8", u""}, Case{u"eller", u""}, Case{u"ene", u""},
+          Case{u"skod club", u"Ren\u00E9 M\u00FCller-L\u00FCdenscheid +491712345"},
+          Case{u"171 23", u"Ren\u00E9 M\u00FCller-L\u00FCdenscheid +49[17123]45"},
+          Case{u"0171/2", u"Ren\u00E9 M\u00FCller-L\u00FCdenscheid +49[1712]345"},
+          Case{u"mu +49 171", u"Ren\u00E9 [M\u00FC]ller-L\u00FCdenscheid +[49171]2345"},
+          Case{u"172", u""}, Case{u" ", u"Ren\u00E9 M\u00FCller-L\u00FCdenscheid +491712345"}}) {
+        CAPTURE(c.search);
+        const AddressSearch search(c.search);
+        CHECK(search.Matches(row, u"Contacts\\Club") == !c.marked.empty());
+        if (c.marked.empty()) continue;
+        MemoryListView cells;
+        cells.SetSource([&](std::size_t, std::size_t column) {
+            return column == 0 ? search.MarkWords(row.name) : search.MarkNumber(row.number);
+        });
+        CHECK(cells.Cell(0, 0) + u" " + cells.Cell(0, 1) == c.marked);
+    }
+}
+
+TEST_CASE("the selection window sorts, filters, adds several, removes, and writes back in order") {
+    People people;
+    people.program.addresses.SetApplication(people.outlook.Application());
+    people.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
+    people.SetSetting(u"Positions", u"SMSSelectColumn2", u"77");
+    people.program.formSmsSend.Open({});
+    people.view.TextTo().SetText(u"0171 1, 0999");
+    people.program.formSmsSend.ButtonTo_Click();
+    auto& window = people.selectAddressView;
+    auto& form = people.program.formSmsSelectAddress;
+    const auto names = [&] {
+        Text all;
+        for (std::size_t row = 0; row < window.ListAddresses().rows; ++row)
+            all.append(window.ListAddresses().Cell(row, 0).substr(0, 1));
+        return all;
+    };
+    CHECK(window.ListChosen().items == std::vector<Text>{u"0171 1", u"0999"});
+    CHECK(window.ListAddresses().widths[1] == 77);
+    CHECK(names() == u"AACJOS");
+    form.ListAddresses_ColumnClick(FormSmsSelectAddress::Number);
+    CHECK(names() == u"AJSCOA");
+    form.ListAddresses_ColumnClick(FormSmsSelectAddress::Number);
+    CHECK(names() == u"AOCSJA");
+    form.ListAddresses_ColumnClick(FormSmsSelectAddress::Name);
+    window.BoxFolder().SetSelectedIndex(2);
+    form.BoxFolder_Click();
+    CHECK(names() == u"J");
+    form.ButtonAdd_Click();  // the only one
+    window.BoxFolder().SetSelectedIndex(0);
+    form.BoxFolder_Click();
+    window.ListAddresses().chosen = {0, 1, 3, 5};
+    form.ButtonAdd_Click();
+    CHECK(window.ListChosen().items ==
+          std::vector<Text>{u"0171 1", u"0999", u"J\u00F6rg Zeman  (01722000002)",
+                            u"Anna Berger  (01711000001)", u"Anna Berger  (0305000005)",
+                            u"Carla Ost  (01733000003)"});
+    window.ListChosen().SetSelectedIndex(1);
+    form.ButtonRemove_Click();
+    window.TextSearch().SetText(u"oS");
+    CHECK(window.ListAddresses().Cell(0, 0) == u"Carla [Os]t");
+    window.ListAddresses().SetColumnWidth(1, 99);
+    form.ButtonOK_Click();
+    CHECK(!window.Loaded());
+    CHECK(people.view.TextTo().GetText() == u"0171 1;01722000002;01711000001;0305000005;01733000003");
+    CHECK(people.Setting(u"Positions", u"SMSSelectColumn2") == u"99");
+    people.program.addresses.Release();
+}
