@@ -2,6 +2,7 @@
 #include "Composing.h"
 
 #include "Measures.h"
+#include "compose/AirCount.h"
 #include "platform/TestProgram.h"
 
 #ifdef TELLWICK_LIBPHONENUMBER
@@ -54,6 +55,21 @@ void MeasureMatches() {
     if (found == 0) std::puts("nothing was found");
 }
 
+// Texts that need 7 bits, the extension table, and 16 bits.
+void MeasureAirCount() {
+    std::size_t parts = 0;
+    for (const TextView piece : {u"x", u"x\u20AC", u"\u0436\xD83D\xDE00"}) {
+        Text text;
+        while (text.size() < 0x10000) text += piece;
+        const TextView form = TextView(text).substr(0, 800);
+        Report("air count, 800 characters",
+               Nanoseconds(2000, [&] { parts += CountOnAir(form).parts.size(); }) / 1000, "us", 10);
+        Report("air count, 64 K characters",
+               Nanoseconds(50, [&] { parts += CountOnAir(text).parts.size(); }) / 1e6, "ms", 1);
+    }
+    if (parts == 0) std::puts("nothing was counted");
+}
+
 }  // namespace
 
 void MeasureComposing() {
@@ -62,6 +78,7 @@ void MeasureComposing() {
     test.view.Message().SetText(Text(800, u'x'));
     Report("Message_Change at 800 characters",
            Nanoseconds(2000, [&] { test.program.messageText.Message_Change(); }) / 1000, "us", 20);
+    MeasureAirCount();
     MeasureNumbers(test);
     MeasureMatches();
     std::vector<Text> templates;

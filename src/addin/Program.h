@@ -8,9 +8,12 @@
 #include "addin/ProcessValues.h"
 #include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
+#include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
+#include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
+#include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
 #include "compose/Process.h"
 #include "compose/SmsQueue.h"
@@ -41,7 +44,8 @@ class OutlookAddIn;
 class Program {
 public:
     Program(const Platform& platform, FormSmsSendView& formSmsSendView,
-            FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView);
+            FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView,
+            FormSmsPreviewView& formSmsPreviewView);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -69,10 +73,13 @@ public:
     Forms forms;
     MessageText messageText;
     RecipientField recipientField;
+    AirCountLine airCountLine;
     TextTemplates textTemplates;
+    LostCharacters lostCharacters;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;
+    FormSmsPreview formSmsPreview;
     FormSmsSend formSmsSend;
     FormT1 formT1;
     SmsReply smsReply;

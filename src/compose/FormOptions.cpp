@@ -84,8 +84,11 @@ void FormOptions::Form_Load() {
     const auto read = [&](TextView section, TextView key, TextView defaultValue) {
         return inifilesLite.GetIniSetting(section, key, defaultValue, false, LookForChanges);
     };
-    view.CheckStoreNumbers().SetChecked(LeadingNumber(read(u"SMS", u"StoreNumbers", u"1")) != 0);
-    view.CheckNumberCache().SetChecked(LeadingNumber(read(u"SMS", u"NumberCache", u"1")) != 0);
+    const auto readBool = [&](TextView key) { return LeadingNumber(read(u"SMS", key, u"1")) != 0; };
+    view.CheckStoreNumbers().SetChecked(readBool(u"StoreNumbers"));
+    view.CheckNumberCache().SetChecked(readBool(u"NumberCache"));
+    view.CheckAirCount().SetChecked(readBool(u"AirCount"));
+    view.CheckAskLostCharacters().SetChecked(readBool(u"AskLostCharacters"));
     const std::int64_t numbers = LeadingNumber32(read(u"SMS", u"NumUsedNumber", u"10"));
     view.TextNumUsedNumber().SetText(NumberText(std::clamp(numbers, std::int64_t(0), MostNumbers)));
     EnableNumUsedNumber();
@@ -154,13 +157,16 @@ Text FormOptions::CleanPrefixes(TextView typed) {
 }
 
 std::vector<FormOptions::Setting> FormOptions::Entered() {
-    return {{u"SMS", u"StoreNumbers", view.CheckStoreNumbers().Checked() ? u"1" : u"0"},
-            {u"SMS", u"NumberCache", view.CheckNumberCache().Checked() ? u"1" : u"0"},
+    const auto flag = [](const CheckBox& box) { return Text(box.Checked() ? u"1" : u"0"); };
+    return {{u"SMS", u"StoreNumbers", flag(view.CheckStoreNumbers())},
+            {u"SMS", u"NumberCache", flag(view.CheckNumberCache())},
             {u"SMS", u"NumUsedNumber", CleanNumber(view.TextNumUsedNumber().GetText())},
             {PrefixSection, CountryPrefixes, CleanPrefixes(view.TextPrefixes().GetText())},
             {u"Editor", u"Font", Chosen(view.BoxFont())},
             {u"Editor", u"FontSize", Chosen(view.BoxFontSize())},
-            {u"Settings", u"Language", Chosen(view.BoxLanguage())}};
+            {u"Settings", u"Language", Chosen(view.BoxLanguage())},
+            {u"SMS", u"AirCount", flag(view.CheckAirCount())},
+            {u"SMS", u"AskLostCharacters", flag(view.CheckAskLostCharacters())}};
 }
 
 void FormOptions::SetFirstPrefixes(TextView typed) {

@@ -31,6 +31,8 @@ public:
     virtual ItemList& BoxFont() = 0;
     virtual ItemList& BoxFontSize() = 0;
     virtual ItemList& BoxLanguage() = 0;
+    virtual CheckBox& CheckAirCount() = 0;
+    virtual CheckBox& CheckAskLostCharacters() = 0;
     virtual CheckBox& CheckForgetAnswers() = 0;
     virtual CheckBox& CheckTrace() = 0;
 

@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "compose/AirCountLine.h"
 #include "compose/FormOptions.h"
+#include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSendView.h"
 #include "compose/MessageText.h"
@@ -31,12 +33,15 @@ Text FromSetting(TextView text) {
 }  // namespace
 
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                         const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
+                         const FormSmsSendParts& parts, AirCountLine& airCountLine,
+                         FormSmsPreview& formSmsPreview, FormSmsSelectAddress& formSmsSelectAddress,
                          FormOptions& formOptions, HelpViewer& helpViewer)
     : Services(services),
       view(view),
       forms(forms),
       parts(parts),
+      airCountLine(airCountLine),
+      formSmsPreview(formSmsPreview),
       formSmsSelectAddress(formSmsSelectAddress),
       formOptions(formOptions),
       helpViewer(helpViewer) {
@@ -144,6 +149,7 @@ void FormSmsSend::Form_Initialize_() {
 void FormSmsSend::ReadSettings() {
     settings.GetSettings(*this);
     parts.recipientField.ReadSettings(settings.numUsedNumber);
+    airCountLine.SwitchOn(settings.airCount);
 }
 
 void FormSmsSend::RestoreTexts() {
@@ -199,6 +205,11 @@ void FormSmsSend::Form_Resize() {
     view.Resize(expanded);
 }
 
+void FormSmsSend::Contents_Change() {
+    airCountLine.Update();
+    formSmsPreview.Refresh();
+}
+
 bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {
     Procedure procedure{debug, u"Form_KeyDown"};
     if (keyCode == key::F1) {
@@ -207,6 +218,10 @@ bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {
     }
     if (keyCode == key::Escape) {
         Unload();
+        return true;
+    }
+    if (keyCode == u'P' && shift == key::Control) {
+        formSmsPreview.Show();
         return true;
     }
     if (keyCode != key::Enter) return false;
@@ -296,11 +311,17 @@ void FormSmsSend::Form_Unload() {
     debug.Guarded([this] { parts.textTemplates.Save(); });
     debug.Guarded([this] { formSmsSelectAddress.Unload(); });
     debug.Guarded([this] { formOptions.Unload(); });
+    debug.Guarded([this] { formSmsPreview.Unload(); });
 }
 
 void FormSmsSend::StatusBar1_Click() {
     Procedure procedure{debug, u"StatusBar1_Click"};
     if (parts.recipientField.PrefixHintShown()) formOptions.Show(FormOptions::Field::Prefixes);
+}
+
+void FormSmsSend::AirCount_Click() {
+    Procedure procedure{debug, u"AirCount_Click"};
+    formSmsPreview.Show();
 }
 
 void FormSmsSend::ButtonOptions_Click() {

@@ -10,8 +10,10 @@
 
 namespace tellwick {
 
+class AirCountLine;
 enum class BarButton;
 class FormOptions;
+class FormSmsPreview;
 class FormSmsSelectAddress;
 class FormSmsSendView;
 class HelpViewer;
@@ -35,7 +37,8 @@ public:
     static constexpr TextView Name = u"FormSmsSend";
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                const FormSmsSendParts& parts, FormSmsSelectAddress& formSmsSelectAddress,
+                const FormSmsSendParts& parts, AirCountLine& airCountLine,
+                FormSmsPreview& formSmsPreview, FormSmsSelectAddress& formSmsSelectAddress,
                 FormOptions& formOptions, HelpViewer& helpViewer);
     ~FormSmsSend() override;
 
@@ -64,6 +67,8 @@ public:
     // The user closed the window by its frame.
     void Form_Close() { Unload(); }
     void Form_Resize();
+    // Message or recipients have changed, whoever did it. Comes after their owners have heard it.
+    void Contents_Change();
     // Comes before any control's own key handler; true when the key was used up.
     bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void ButtonTo_Click();
@@ -71,6 +76,8 @@ public:
     void ButtonHelp_Click();
     // Opens the settings at what the status bar speaks of, if it speaks of one.
     void StatusBar1_Click();
+    // A click on the status bar's own pane: shows what goes on air.
+    void AirCount_Click();
     // Closes the form, unless a submission runs.
     void ButtonOK_Click();
     void ButtonExpand_Click();
@@ -97,6 +104,8 @@ private:
     FormSmsSendView& view;
     Forms& forms;
     FormSmsSendParts parts;
+    AirCountLine& airCountLine;
+    FormSmsPreview& formSmsPreview;
     FormSmsSelectAddress& formSmsSelectAddress;
     FormOptions& formOptions;
     HelpViewer& helpViewer;

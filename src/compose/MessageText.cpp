@@ -190,10 +190,29 @@ void MessageText::Replace(TextView text) {
     if (std::int32_t(fitting.size()) > MostParts * limit) {
         fitting.resize(std::size_t(LongestText(limit)));
     }
+    PutWhole(fitting, 0);
+}
+
+// In a way that the user can undo.
+void MessageText::PutWhole(TextView text, std::int32_t caret) {
     TextBox& box = view.Message();
     box.Select(0, std::int32_t(box.GetText().size()));
-    box.ReplaceSelection(fitting);
-    box.Select(0, 0);
+    box.ReplaceSelection(text);
+    box.Select(caret, 0);
+}
+
+Text MessageText::GetText() const {
+    return view.Message().GetText();
+}
+
+bool MessageText::Exchange(TextView text) {
+    if (hexFlag || std::int32_t(text.size()) > MostParts * PartLimit()) return false;
+    TextBox& box = view.Message();
+    const std::int32_t caret = box.SelectionStart();
+    if (!exchanged.empty() && box.GetText() == exchanged) box.Undo();
+    PutWhole(text, caret);
+    exchanged = text;
+    return true;
 }
 
 void MessageText::SetFocus() {

@@ -43,6 +43,14 @@ public:
     // Puts a text in place of the whole, shown as text, with the caret before it. What stood there
     // comes back when the user undoes it.
     void Replace(TextView text);
+
+    Text GetText() const;
+    bool ShowsDigits() const { return hexFlag; }
+    // Puts a text in place of the whole, the caret staying about where it is. One undo of the
+    // user's takes back this and the exchanges right before it. False, and nothing happens, when
+    // the text would be cut or the box shows digits.
+    bool Exchange(TextView text);
+
     void SetFocus();
 
     // Two upper-case digits for each character. A character whose code is above 255 notes an
@@ -55,6 +63,7 @@ public:
 
 private:
     std::int32_t PartLimit() const;
+    void PutWhole(TextView text, std::int32_t caret);
     Text ToDigits(TextView text);
     Text FromDigits(TextView digits) const;
     std::int32_t CodeOf(char16_t character) const;
@@ -65,6 +74,7 @@ private:
     bool unicodeFlag = false;
     std::int32_t extraLength = 0;     // characters counted beside the box's own text
     std::int32_t previousLength = 0;  // counted at the end of the change before
+    Text exchanged;                   // what the last exchange left
 
     FormSmsSendView& view;
     Locale& locale;

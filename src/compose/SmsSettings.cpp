@@ -32,6 +32,8 @@ void SmsSettings::GetSettings(const Services& services) {
     maxSentSms = ini.GetIniSettingNum(u"SMS", u"MaxSentSMS", u"999");
     maxReadSms = ini.GetIniSettingNum(u"SMS", u"MaxReadSMS", u"999");
     doNotContactLong = ini.GetIniSettingBool(u"SMS", u"DoNotContactLong");
+    airCount = ini.GetIniSettingBool(u"SMS", u"AirCount", u"1");
+    askLostCharacters = ini.GetIniSettingBool(u"SMS", u"AskLostCharacters", u"1");
 }
 
 }  // namespace tellwick

@@ -30,6 +30,8 @@ struct SmsSettings {
     std::int32_t maxSentSms = 999;
     std::int32_t maxReadSms = 999;
     bool doNotContactLong = false;
+    bool airCount = true;           // the status bar says what goes on air
+    bool askLostCharacters = true;  // before a text is queued that does not get through whole
 
     // Reads all of them anew.
     void GetSettings(const Services& services);

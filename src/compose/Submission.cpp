@@ -2,6 +2,8 @@
 
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/LostCharacters.h"
+#include "compose/MessageText.h"
 #include "compose/SmsQueue.h"
 #include "compose/Tellwick.h"
 #include "platform/MessageLoop.h"
@@ -20,12 +22,15 @@ constexpr std::int32_t TextMissing = 4;
 }  // namespace
 
 Submission::Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
-                       RecipientField& recipientField, MessageLoop& messageLoop, SmsQueue& queue,
+                       RecipientField& recipientField, MessageText& messageText,
+                       LostCharacters& lostCharacters, MessageLoop& messageLoop, SmsQueue& queue,
                        Tellwick& tellwick)
     : Services(services),
       form(form),
       view(view),
       recipientField(recipientField),
+      messageText(messageText),
+      lostCharacters(lostCharacters),
       messageLoop(messageLoop),
       queue(queue),
       tellwick(tellwick) {}
@@ -50,11 +55,13 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
     closeRequested = false;
     view.ListBoxNumbers().SetVisible(false);
 
-    const bool queued = QueueMessage(recipient, !text.empty() && !sendNow);
+    const Outcome outcome = QueueMessage(recipient, !text.empty() && !sendNow);
     // After a refusal the form is still busy, so that this only asks for the form to be closed.
     form.ButtonOK_Click();
+    // Who went back to the text sends it later.
+    if (outcome == Outcome::Withdrawn) Reset();
     debug.DebugTrace(u"ButtonSend_Click", trace::Exit);
-    return queued;
+    return outcome == Outcome::Queued;
 }
 
 // The key that submits has put a line break into the text, just before the caret.
@@ -68,24 +75,30 @@ void Submission::RemoveKeyLineBreak() {
     view.Message().SetText(text.erase(start, LineBreak.size()));
 }
 
-bool Submission::QueueMessage(TextView recipient, bool mayBeEmpty) {
+Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty) {
     if (recipient.empty()) {
         MsgBox(RecipientMissing);
         view.TextTo().SetFocus();
-        return false;
+        return Outcome::Refused;
     }
-    const Text message = view.Message().GetText();
+    Text message = messageText.GetText();
     if (message.empty() && !mayBeEmpty) {
         MsgBox(TextMissing);
-        view.Message().SetFocus();
-        return false;
+        messageText.SetFocus();
+        return Outcome::Refused;
+    }
+    // Digits are sent as they stand.
+    if (form.Settings().askLostCharacters && !messageText.ShowsDigits() &&
+        !lostCharacters.Settle(message)) {
+        messageText.SetFocus();
+        return Outcome::Withdrawn;
     }
     queue.AddEntry(recipient, message);
     // Busy until the sender application has been told: a click that comes meanwhile must not
     // queue a second entry.
     tellwick.StartSenderApplication(false);
     busy = false;
-    return true;
+    return Outcome::Queued;
 }
 
 bool Submission::RequestClose() {

@@ -11,7 +11,9 @@ namespace tellwick {
 
 class FormSmsSend;
 class FormSmsSendView;
+class LostCharacters;
 class MessageLoop;
+class MessageText;
 class RecipientField;
 class SmsQueue;
 class Tellwick;
@@ -19,13 +21,15 @@ class Tellwick;
 class Submission : private Services {
 public:
     Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
-               RecipientField& recipientField, MessageLoop& messageLoop, SmsQueue& queue,
+               RecipientField& recipientField, MessageText& messageText,
+               LostCharacters& lostCharacters, MessageLoop& messageLoop, SmsQueue& queue,
                Tellwick& tellwick);
 
     // Queues what the form holds and sees to the sender application; the form closes. A `number`
     // or `text` that is not empty replaces the form's own first. False when it was refused because
-    // recipient or text is missing; the user was told and the form stays. A call that comes while
-    // one runs only asks for the form to be closed, and returns true.
+    // recipient or text is missing, or the user went back to a text that would not get through
+    // whole; the user knows and the form stays. A call that comes while one runs only asks for the
+    // form to be closed, and returns true.
     bool ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, TextView text);
 
     // Both queue the text; they differ only in what they take for an empty one.
@@ -41,7 +45,8 @@ public:
 
 private:
     void RemoveKeyLineBreak();
-    bool QueueMessage(TextView recipient, bool mayBeEmpty);
+    enum class Outcome { Queued, Refused, Withdrawn };
+    Outcome QueueMessage(TextView recipient, bool mayBeEmpty);
     void MsgBox(std::int32_t number);
 
     bool busy = false;
@@ -50,6 +55,8 @@ private:
     FormSmsSend& form;
     FormSmsSendView& view;
     RecipientField& recipientField;
+    MessageText& messageText;
+    LostCharacters& lostCharacters;
     MessageLoop& messageLoop;
     SmsQueue& queue;
     Tellwick& tellwick;

@@ -46,6 +46,9 @@ public:
     // Replaces the selection (inserts at the caret when it is empty), leaves the caret behind the
     // new text and raises the change event.
     virtual void ReplaceSelection(TextView text) = 0;
+    // Takes back the last change that the user or ReplaceSelection made, if it is still known, and
+    // raises the change event.
+    virtual void Undo() = 0;
 };
 
 // Items count from 0; an index of -1 is none.
@@ -95,6 +98,17 @@ public:
 // A drop-down list with an edit field. Clearing the list keeps the text of the edit field.
 class ComboBox : public virtual ItemList, public virtual TextBox {};
 
+// A text to be read, put together from pieces.
+class StyledText : public virtual Control {
+public:
+    enum class Style { Plain, Heading, Marked };
+    struct Piece {
+        Style style;
+        Text text;
+    };
+    virtual void SetPieces(const std::vector<Piece>& pieces) = 0;
+};
+
 class ProgressBar : public virtual Control {
 public:
     // 0 to 100.
@@ -105,6 +119,10 @@ class StatusBar : public virtual Control {
 public:
     virtual Text GetText() const = 0;
     virtual void SetText(TextView text) = 0;
+    // A pane of its own at the right end, which leaves the bar's text its place: as wide as its
+    // text, or as the short one where both do not fit. An empty text takes it away. The tool tip
+    // of the bar is the pane's.
+    virtual void SetPane(TextView text, TextView shortText) = 0;
 };
 
 }  // namespace tellwick

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -23,6 +24,12 @@ inline constexpr std::uint32_t IconMask = 0xF0;
 
 enum class Answer : std::int32_t { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
+// An answer on offer; an empty caption is the system's own for it.
+struct Choice {
+    Answer answer;
+    Text caption;
+};
+
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
@@ -30,11 +37,13 @@ public:
     // The system's box. `flags` holds only values that box knows.
     virtual Answer MessageBox(TextView text, std::uint32_t flags, TextView title) = 0;
 
-    // A box with a check box under its text. `buttons` is box::Ok or box::YesNo, `icon` one of
-    // the icons or 0. `checked` is the state of the check box, before and after; its caption is
-    // `checkBoxText`. Closing the box without an answer gives No (or Ok) and leaves it unchecked.
-    virtual Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
-                                     TextView title, TextView checkBoxText, bool& checked) = 0;
+    // A box with a check box under its text and a button for each choice; the first one is the
+    // default button. `icon` is one of the icons or 0. `checked` is the state of the check box,
+    // before and after; its caption is `checkBoxText`. Closing the box without an answer gives the
+    // last choice and leaves it unchecked.
+    virtual Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
+                                     std::uint32_t icon, TextView title, TextView checkBoxText,
+                                     bool& checked) = 0;
 
     // A box with a text field, OK and Cancel (captions given). Cancel gives the empty text.
     virtual Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,

@@ -2,6 +2,7 @@
 // while the user types.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <vector>

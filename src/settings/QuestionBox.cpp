@@ -15,8 +15,8 @@ namespace {
 constexpr TextView Messages = u"Messages";
 constexpr TextView AnswerSection = u"QuestionBox";
 
-// The messages that are shown with RememberedAnswer.
-constexpr std::array<std::int32_t, 3> RememberedMessages = {126, 127, 138};
+// The messages whose answers can be remembered.
+constexpr std::array<std::int32_t, 4> RememberedMessages = {126, 127, 138, 301};
 
 Text AnswerKey(std::int32_t number) {
     return u"Answer" + NumberText(number);
@@ -43,32 +43,46 @@ Answer QuestionBox::MsgBoxEx(TextView message, std::uint32_t flags) {
     return MsgBoxEx(message, flags, title);
 }
 
+Text QuestionBox::MessageText(std::int32_t number, TextView placeholder, TextView replacement) {
+    debug.DebugTrace(u"MsgBoxMessage:", number);
+    const Text text = language.TextOrBuiltIn(Messages, u"Msg" + NumberText(number));
+    return ReplaceAll(text, placeholder, replacement);
+}
+
 Answer QuestionBox::MsgBoxMessage(std::int32_t number, std::uint32_t flags, TextView placeholder,
                                   TextView replacement, Text title) {
-    debug.DebugTrace(u"MsgBoxMessage:", number);
-    Text text = language.TextOrBuiltIn(Messages, u"Msg" + NumberText(number));
-    text = ReplaceAll(text, placeholder, replacement);
+    const Text text = MessageText(number, placeholder, replacement);
     if ((flags & RememberedAnswer) == RememberedAnswer) {
-        return AskRemembered(number, flags, text, title);
+        // The buttons in these flags are the program's own: 0 offers OK, everything else Yes and
+        // No.
+        const bool question = (flags & box::ButtonMask) != box::Ok;
+        const std::vector<Choice> choices =
+            question ? std::vector<Choice>{{Answer::Yes, {}}, {Answer::No, {}}}
+                     : std::vector<Choice>{{Answer::Ok, {}}};
+        return AskRemembered(number, flags & box::IconMask, text, title, choices);
     }
     const Answer answer = MsgBoxEx(text, flags, title);
     return (flags & AffirmativeIsOne) && answer == Answer::Yes ? Answer::Ok : answer;
 }
 
-// The buttons in these flags are the program's own: 0 offers OK, everything else Yes and No.
-Answer QuestionBox::AskRemembered(std::int32_t number, std::uint32_t flags, TextView text,
-                                  TextView title) {
-    const bool question = (flags & box::ButtonMask) != box::Ok;
-    const auto answer = Answer(inifilesLite.GetIniSettingNum(AnswerSection, AnswerKey(number)));
-    if (question ? answer == Answer::Yes || answer == Answer::No : answer == Answer::Ok) {
-        return answer;
-    }
+Answer QuestionBox::MsgBoxChoice(std::int32_t number, std::uint32_t icon, TextView placeholder,
+                                 TextView replacement, const std::vector<Choice>& choices) {
+    return AskRemembered(number, icon, MessageText(number, placeholder, replacement), {}, choices);
+}
+
+Answer QuestionBox::AskRemembered(std::int32_t number, std::uint32_t icon, TextView text,
+                                  TextView title, const std::vector<Choice>& choices) {
+    const auto remembered = Answer(inifilesLite.GetIniSettingNum(AnswerSection, AnswerKey(number)));
+    const bool offered = std::any_of(choices.begin(), choices.end(), [=](const Choice& choice) {
+        return choice.answer == remembered;
+    });
+    if (offered && remembered != Answer::Cancel) return remembered;
     bool checked = false;
     const Answer given = dialogs.CheckedMessageBox(
-        ShownPart(text), question ? box::YesNo : box::Ok, flags & box::IconMask,
-        title.empty() ? ApplicationName : title,
-        language.TextOrBuiltIn(Messages, question ? u"DoNotAskAgain" : u"DoNotShowAgain"), checked);
-    if (checked) {
+        ShownPart(text), choices, icon, title.empty() ? ApplicationName : title,
+        language.TextOrBuiltIn(Messages, choices.size() > 1 ? u"DoNotAskAgain" : u"DoNotShowAgain"),
+        checked);
+    if (checked && given != Answer::Cancel) {
         inifilesLite.SetIniSetting(AnswerSection, AnswerKey(number), std::int32_t(given));
     }
     return given;

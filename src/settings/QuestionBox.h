@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/Dialogs.h"
 #include "platform/Text.h"
@@ -33,6 +34,12 @@ public:
     Answer MsgBoxMessage(std::int32_t number, std::uint32_t flags, TextView placeholder = {},
                          TextView replacement = {}, Text title = {});
 
+    // The same question with an answer of its own on each button, the last one for closing the box;
+    // the user may have any but Cancel remembered. An answer that is remembered but not on offer is
+    // none.
+    Answer MsgBoxChoice(std::int32_t number, std::uint32_t icon, TextView placeholder,
+                        TextView replacement, const std::vector<Choice>& choices);
+
     // Whether any answer is remembered.
     bool AnswersRemembered();
     // Takes back every remembered answer.
@@ -43,7 +50,9 @@ public:
 
 private:
     bool HasAnswer(std::int32_t number);
-    Answer AskRemembered(std::int32_t number, std::uint32_t flags, TextView text, TextView title);
+    Answer AskRemembered(std::int32_t number, std::uint32_t icon, TextView text, TextView title,
+                         const std::vector<Choice>& choices);
+    Text MessageText(std::int32_t number, TextView placeholder, TextView replacement);
 
     Debug& debug;
     LanguageTexts& language;

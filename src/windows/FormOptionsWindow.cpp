@@ -125,6 +125,9 @@ bool FormOptionsWindow::Load() {
          {u"BoxFont", &boxFont, L"COMBOBOX", DropDown, 0},
          {u"LabelFontSize", &labelFontSize, L"STATIC", SS_LEFT, 0},
          {u"BoxFontSize", &boxFontSize, L"COMBOBOX", DropDown, 0},
+         {u"FrameCharacters", &frameCharacters, L"BUTTON", Group, SeeThrough},
+         {u"CheckAirCount", &checkAirCount, L"BUTTON", Check, 0},
+         {u"CheckAskLostCharacters", &checkAskLostCharacters, L"BUTTON", Check, 0},
          {u"FrameLanguage", &frameLanguage, L"BUTTON", Group, SeeThrough},
          {u"LabelLanguage", &labelLanguage, L"STATIC", SS_LEFT, 0},
          {u"BoxLanguage", &boxLanguage, L"COMBOBOX", DropDown, 0},
@@ -156,8 +159,9 @@ int FormOptionsWindow::InnerWidth() const {
     const FontMetrics& metrics = Font().Metrics();
     int width = metrics.Horizontal(LeastInner);
     for (const WindowControl* caption : std::initializer_list<const WindowControl*>{
-             &checkStoreNumbers, &checkNumberCache, &checkForgetAnswers, &checkTrace, &frameNumbers,
-             &framePrefixes, &frameFont, &frameLanguage, &frameMisc}) {
+             &checkStoreNumbers, &checkAirCount, &checkAskLostCharacters, &checkNumberCache,
+             &checkForgetAnswers, &checkTrace, &frameNumbers, &framePrefixes, &frameFont,
+             &frameCharacters, &frameLanguage, &frameMisc}) {
         width = std::max(width, Font().CaptionWidth(caption->Caption()) + metrics.Horizontal(4));
     }
     const int size = Font().Measure(labelFontSize.Caption()).cx + Font().DropDownWidth(boxFontSize);
@@ -200,6 +204,11 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.DropDown(boxFontSize, sizeLeft, rows.right);
     rows.EndRow();
     rows.End(frameFont);
+
+    rows.Begin();
+    rows.Line(checkAirCount);
+    rows.Line(checkAskLostCharacters);
+    rows.End(frameCharacters);
 
     rows.Begin();
     rows.Label(labelLanguage, rows.left, fields);

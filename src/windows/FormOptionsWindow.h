@@ -23,6 +23,8 @@ public:
     ItemList& BoxFont() override { return boxFont; }
     ItemList& BoxFontSize() override { return boxFontSize; }
     ItemList& BoxLanguage() override { return boxLanguage; }
+    CheckBox& CheckAirCount() override { return checkAirCount; }
+    CheckBox& CheckAskLostCharacters() override { return checkAskLostCharacters; }
     CheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
     CheckBox& CheckTrace() override { return checkTrace; }
     std::vector<Text> FontNames() override { return InstalledFonts(); }
@@ -61,6 +63,9 @@ private:
     WindowControl labelLanguage;
     WindowComboBox boxLanguage;
     WindowControl labelLanguageHelp;
+    WindowControl frameCharacters;
+    WindowCheckBox checkAirCount;
+    WindowCheckBox checkAskLostCharacters;
     WindowControl frameMisc;
     WindowCheckBox checkForgetAnswers;
     WindowCheckBox checkTrace;

@@ -22,8 +22,14 @@ constexpr TextView BarButtonNames[FormSmsSendControls::BarButtons] = {
 }  // namespace
 
 FormSmsSendWindow::FormSmsSendWindow() {
-    controls.textTo.onChange = [this] { parts->recipientField.TextTo_Change(); };
-    controls.message.onChange = [this] { parts->messageText.Message_Change(); };
+    controls.textTo.onChange = [this] {
+        parts->recipientField.TextTo_Change();
+        form->Contents_Change();
+    };
+    controls.message.onChange = [this] {
+        parts->messageText.Message_Change();
+        form->Contents_Change();
+    };
 }
 
 void FormSmsSendWindow::SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) {
@@ -132,7 +138,11 @@ void FormSmsSendWindow::LeaveTemplates() {
 }
 
 LRESULT FormSmsSendWindow::OnNotify(const NMHDR& notification) {
-    if (notification.hwndFrom == controls.statusBar1.Window() && notification.code == NM_CLICK) {
+    if (notification.hwndFrom != controls.statusBar1.Window() || notification.code != NM_CLICK)
+        return 0;
+    if (controls.statusBar1.OnPane(notification)) {
+        form->AirCount_Click();
+    } else {
         form->StatusBar1_Click();
     }
     return 0;
@@ -189,6 +199,7 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             const std::int32_t index = controls.textTo.SelectedIndex();
             controls.textTo.SetSelectedIndex(index);
             parts->recipientField.TextTo_Click();
+            form->Contents_Change();
             break;
         }
         case CBN_KILLFOCUS:

@@ -7,6 +7,7 @@
 #include "windows/AutomationObject.h"
 #include "windows/ConnectServer.h"
 #include "windows/FormOptionsWindow.h"
+#include "windows/FormSmsPreviewWindow.h"
 #include "windows/FormSmsSelectAddressWindow.h"
 #include "windows/FormSmsSendWindow.h"
 #include "windows/Lifetime.h"
@@ -40,11 +41,13 @@ struct Assembly {
     FormSmsSendWindow formSmsSend;
     FormSmsSelectAddressWindow formSmsSelectAddress;
     FormOptionsWindow formOptions{formSmsSend};
+    FormSmsPreviewWindow formSmsPreview{formSmsSend};
     Program program{{errors, registry, fileSystem, programs, messageLoop, dialogs, clock, locale,
                      automation, bitmaps, timers, locks},
                     formSmsSend,
                     formSmsSelectAddress,
-                    formOptions};
+                    formOptions,
+                    formSmsPreview};
 };
 
 // Ended by DllCanUnloadNow, never by the end of the process: by then the system's parts that it

@@ -134,6 +134,10 @@ void WindowTextBox::ReplaceSelection(TextView text) {
     }
 }
 
+void WindowTextBox::Undo() {
+    if (Edit()) SendMessageW(Edit(), EM_UNDO, 0, 0);
+}
+
 std::int32_t WindowListBox::Count() const {
     return std::max(std::int32_t(Send(LB_GETCOUNT)), 0);
 }
@@ -180,8 +184,79 @@ bool WindowComboBox::HasFocus() const {
 
 void WindowStatusBar::Arrange() {
     Send(WM_SIZE);
+    ArrangePane();
     // The size grip has moved.
     if (Window()) InvalidateRect(Window(), nullptr, TRUE);
+}
+
+void WindowStatusBar::SetText(TextView text) {
+    Announce(text);
+    ArrangePane();
+}
+
+void WindowStatusBar::SetPane(TextView text, TextView shortText) {
+    pane = text;
+    shortPane = shortText;
+    ArrangePane();
+}
+
+bool WindowStatusBar::OnPane(const NMHDR& notification) const {
+    return !pane.empty() && reinterpret_cast<const NMMOUSE&>(notification).dwItemSpec == 1;
+}
+
+void WindowStatusBar::ArrangePane() {
+    if (!Window()) return;
+    RECT client{};
+    GetClientRect(Window(), &client);
+    const auto [left, whole, least] = Widths();
+    const bool room = left + whole <= client.right;
+    const Text& shown = room ? pane : shortPane;
+    const bool two = !shown.empty();
+    const int edge = two ? std::max(int(client.right) - (room ? whole : least), 0) : -1;
+    int edgeNow = -1;
+    const LRESULT parts = Send(SB_GETPARTS, 1, reinterpret_cast<LPARAM>(&edgeNow));
+    if (parts != (two ? 2 : 1) || edgeNow != edge) MovePane(edge, client);
+    if (!two) return;
+    Text before(LOWORD(Send(SB_GETTEXTLENGTHW, 1)), u'\0');
+    Send(SB_GETTEXTW, 1, reinterpret_cast<LPARAM>(before.data()));
+    if (before == shown) return;
+    SendText(SB_SETTEXTW, 1, shown);
+    constexpr LONG PaneChild = 2;  // children count from 1
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Window(), OBJID_CLIENT, PaneChild);
+}
+
+// Those that the bar's own text, the pane and the short pane need.
+std::array<int, 3> WindowStatusBar::Widths() const {
+    constexpr int Step = 16;  // so that the pane does not move with every digit
+    const int around = 2 * GetSystemMetrics(SM_CXEDGE) + Step / 2;
+    const int grip = GetSystemMetrics(SM_CXVSCROLL);
+    const HDC context = GetDC(Window());
+    const HGDIOBJ before = SelectObject(context, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
+    const auto widthOf = [&](const Text& text) {
+        SIZE size{};
+        GetTextExtentPoint32W(context, Wide(text), int(text.size()), &size);
+        return int(size.cx) + around;
+    };
+    const auto stepped = [&](int width) { return (width + grip + Step - 1) / Step * Step; };
+    const std::array<int, 3> widths = {widthOf(WindowText()), stepped(widthOf(pane)),
+                                       stepped(widthOf(shortPane))};
+    SelectObject(context, before);
+    ReleaseDC(Window(), context);
+    return widths;
+}
+
+void WindowStatusBar::MovePane(int edge, const RECT& client) {
+    const bool two = edge >= 0;
+    const int edges[] = {edge, -1};
+    Send(SB_SETPARTS, two ? 2 : 1, reinterpret_cast<LPARAM>(edges));
+    TOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.hwnd = Window();
+    SendMessageW(ToolTips(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!two) return;
+    tool.rect = {edge, 0, client.right, client.bottom};
+    tool.lpszText = const_cast<wchar_t*>(Wide(paneTip));
+    SendMessageW(ToolTips(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void WindowProgressBar::SetValue(std::int32_t percent) {

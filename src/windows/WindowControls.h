@@ -1,6 +1,7 @@
 // The controls of a form over the system's windows.
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "windows/Com.h"
@@ -28,6 +29,7 @@ public:
     void SetToolTip(TextView text) override;
 
 protected:
+    HWND ToolTips() const { return toolTips; }
     Text WindowText() const;
     void SetWindowTextTo(TextView text);
     LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const;
@@ -68,6 +70,7 @@ public:
     std::int32_t SelectionLength() const override;
     void Select(std::int32_t start, std::int32_t length) override;
     void ReplaceSelection(TextView text) override;
+    void Undo() override;
 
 protected:
     // The edit control itself.
@@ -109,9 +112,22 @@ public:
 class WindowStatusBar : public StatusBar, public WindowLabel {
 public:
     Text GetText() const override { return WindowText(); }
-    void SetText(TextView text) override { Announce(text); }
+    void SetText(TextView text) override;
+    void SetPane(TextView text, TextView shortText) override;
+    void SetToolTip(TextView text) override { paneTip = text; }
     // Takes its place at the form's lower edge.
     void Arrange();
+    // Whether a click that it told of was on the pane.
+    bool OnPane(const NMHDR& notification) const;
+
+private:
+    // Shows the pane in the width that there is.
+    void ArrangePane();
+    std::array<int, 3> Widths() const;
+    // To its left edge; -1 takes it away.
+    void MovePane(int edge, const RECT& client);
+
+    Text pane, shortPane, paneTip;
 };
 
 }  // namespace tellwick::windows

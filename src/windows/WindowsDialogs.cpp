@@ -14,12 +14,13 @@ namespace tellwick::windows {
 namespace {
 
 // The system's own captions of its answers, in the user's language.
-Text ButtonCaption(Answer answer, const wchar_t* otherwise) {
+Text ButtonCaption(Answer answer) {
     constexpr UINT FirstButtonText = 800;  // OK; the others follow in the order of their answers
     wchar_t text[64];
     const int length =
         LoadStringW(GetModuleHandleW(L"user32.dll"), FirstButtonText + UINT(answer) - 1, text, 64);
-    return length > 0 ? FromWide(text, std::size_t(length)) : FromWide(otherwise);
+    if (length > 0) return FromWide(text, std::size_t(length));
+    return answer == Answer::Yes ? u"&Ja" : answer == Answer::No ? u"&Nein" : u"OK";
 }
 
 const wchar_t* SystemIcon(std::uint32_t icon) {
@@ -37,11 +38,6 @@ const wchar_t* SystemIcon(std::uint32_t icon) {
     }
 }
 
-struct DialogButton {
-    Answer answer;
-    Text caption;
-};
-
 // A small modal dialog: an icon, a text, optionally one more control, and buttons in a row.
 class SmallDialog {
 public:
@@ -58,7 +54,7 @@ public:
     bool checkFirst = false;  // the added control is a check box that begins checked
 
     // `escape` is the answer of Escape and of the frame's close box.
-    Answer Run(std::vector<DialogButton> row, Answer escape) {
+    Answer Run(std::vector<Choice> row, Answer escape) {
         const VisualStyles styles;
         buttons = std::move(row);
         escapeAnswer = escape;
@@ -102,7 +98,7 @@ private:
         const SIZE textSize = font.Measure(text, metrics.Horizontal(220));
 
         int buttonWidth = metrics.Horizontal(50);
-        for (const DialogButton& button : buttons) {
+        for (const Choice& button : buttons) {
             buttonWidth = std::max(buttonWidth, int(font.Measure(button.caption).cx) + 2 * margin);
         }
         const int rowWidth = int(buttons.size()) * (buttonWidth + margin) - margin;
@@ -135,7 +131,7 @@ private:
         }
         int x = margin + (contentWidth - rowWidth) / 2;
         HWND first = nullptr;
-        for (const DialogButton& button : buttons) {
+        for (const Choice& button : buttons) {
             const DWORD style = WS_TABSTOP | (first ? BS_PUSHBUTTON : BS_DEFPUSHBUTTON);
             const HWND made = Add(dialog, L"BUTTON", button.caption, style, 0,
                                   {x, y, x + buttonWidth, y + buttonHeight}, button.answer);
@@ -180,9 +176,9 @@ private:
     }
 
     INT_PTR Close(HWND dialog, Answer answer) {
-        const bool offered =
-            std::any_of(buttons.begin(), buttons.end(),
-                        [=](const DialogButton& button) { return button.answer == answer; });
+        const bool offered = std::any_of(buttons.begin(), buttons.end(), [=](const Choice& button) {
+            return button.answer == answer;
+        });
         if (!offered && answer != Answer::Cancel) return FALSE;
         if (offered && extra.read) extra.read(extraWindow, answer);
         EndDialog(dialog, INT_PTR(offered ? answer : escapeAnswer));
@@ -194,7 +190,7 @@ private:
     HICON icon = nullptr;
     Extra extra;
     HWND extraWindow = nullptr;
-    std::vector<DialogButton> buttons;
+    std::vector<Choice> buttons;
     Answer escapeAnswer = Answer::None;
     MessageFont font{ResolutionOf(FormWindow::ActiveWindow())};
 };
@@ -207,20 +203,20 @@ Answer WindowsDialogs::MessageBox(TextView text, std::uint32_t flags, TextView t
                               flags | MB_SETFOREGROUND));
 }
 
-Answer WindowsDialogs::CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
-                                         TextView title, TextView checkBoxText, bool& checked) {
+Answer WindowsDialogs::CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
+                                         std::uint32_t icon, TextView title, TextView checkBoxText,
+                                         bool& checked) {
     SmallDialog dialog(title, text, SystemIcon(icon));
     const bool before = std::exchange(checked, false);
     dialog.AddControl(L"BUTTON", BS_AUTOCHECKBOX, 0, checkBoxText, [&](HWND control, Answer) {
         checked = SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
     });
     dialog.checkFirst = before;
-    if (buttons == box::YesNo) {
-        return dialog.Run({{Answer::Yes, ButtonCaption(Answer::Yes, L"&Ja")},
-                           {Answer::No, ButtonCaption(Answer::No, L"&Nein")}},
-                          Answer::No);
+    std::vector<Choice> row = choices;
+    for (Choice& choice : row) {
+        if (choice.caption.empty()) choice.caption = ButtonCaption(choice.answer);
     }
-    return dialog.Run({{Answer::Ok, ButtonCaption(Answer::Ok, L"OK")}}, Answer::Ok);
+    return dialog.Run(row, row.back().answer);
 }
 
 Text WindowsDialogs::InputBox(TextView prompt, TextView title, TextView initialText,

@@ -10,7 +10,7 @@ namespace tellwick::windows {
 class WindowsDialogs : public Dialogs {
 public:
     Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
-    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+    Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices, std::uint32_t icon,
                              TextView title, TextView checkBoxText, bool& checked) override;
     Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
                   TextView cancelText) override;

@@ -345,7 +345,7 @@ Text Commands::CloseForms(const Words&) {
 Text Commands::ShrinkForms(const Words&) {
     for (const HWND window : AddInWindows()) {
         if (!(GetWindowLongW(window, GWL_STYLE) & WS_THICKFRAME)) continue;
-        SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+        SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
     return {};
 }

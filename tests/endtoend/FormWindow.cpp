@@ -1,6 +1,8 @@
 // The form as a window: its place, its growth, its keys, and what it says to a screen reader.
 #include <doctest.h>
 
+#include <set>
+
 #include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
 #include "endtoend/Machine.h"
@@ -40,11 +42,11 @@ void PutOnClipboard(const std::wstring& text) {
     CloseClipboard();
 }
 
-int announced = 0;
-HWND listenedTo = nullptr;
+// What was announced: windows, and parts of them.
+std::set<std::pair<HWND, LONG>> announced;
 
-void CALLBACK CountNameChange(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
-    if (window == listenedTo) ++announced;
+void CALLBACK NoteNameChange(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG child, DWORD, DWORD) {
+    announced.emplace(window, child);
 }
 
 }  // namespace
@@ -155,20 +157,21 @@ TEST_CASE("keys: Enter goes on from the recipient, F4 opens lists, a focused but
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"4869"; }));
 }
 
-TEST_CASE("the counter is announced, and every field has a label before it") {
+TEST_CASE("both counters are announced, and every field has a label before it") {
     Machine machine;
     StandIn outlook(11, L"--empty");
     const Form form = Form::Open(outlook);
-    listenedTo = form.Control(L"Zeichen: 0/160");
+    const HWND counter = form.Control(L"Zeichen: 0/160");
+    const std::pair pane(FindByClass(form.window, L"msctls_statusbar32"), 2L);
     const HWINEVENTHOOK hook =
-        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, CountNameChange,
+        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, NoteNameChange,
                         0, 0, WINEVENT_OUTOFCONTEXT);
     REQUIRE(hook);
     Form::Fill(form.message, L"x");
     CHECK(WaitUntil([&] {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        return announced > 0;
+        return announced.contains({counter, CHILDID_SELF}) && announced.contains(pane);
     }));
     UnhookWinEvent(hook);
     for (const HWND field : {form.message, GetParent(form.to)}) {

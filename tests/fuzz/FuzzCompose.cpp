@@ -1,19 +1,29 @@
-// The message as hexadecimal digits, and the queue.
+// The message as hexadecimal digits and as it goes on air, and the queue.
+#include "compose/AirCount.h"
 #include "fuzz/Targets.h"
 #include "platform/TestProgram.h"
 
 namespace tellwick::test {
 
-// Fields: options (u: two bytes a character, w: codes of the code page); then the text, two bytes
-// for each unit, the low one first.
+namespace {
+
+// Two bytes for each unit, the low one first.
+Text UnitsOf(std::string_view bytes) {
+    Text text;
+    for (; bytes.size() >= 2; bytes.remove_prefix(2)) {
+        text += char16_t(std::uint8_t(bytes[0]) | std::uint8_t(bytes[1]) << 8);
+    }
+    return text;
+}
+
+}  // namespace
+
+// Fields: options (u: two bytes a character, w: codes of the code page); then the text.
 void FuzzHex(Input input) {
     const std::string_view options = input.Field();
     const bool unicode = options.find('u') != options.npos;
     const bool codePage = options.find('w') != options.npos;
-    Text text;
-    for (std::string_view bytes = input.Rest(); bytes.size() >= 2; bytes.remove_prefix(2)) {
-        text += char16_t(std::uint8_t(bytes[0]) | std::uint8_t(bytes[1]) << 8);
-    }
+    Text text = UnitsOf(input.Rest());
     TestProgram test;
     MessageText& message = test.program.messageText;
     message.wideCharacters = !codePage;
@@ -45,6 +55,36 @@ void FuzzHex(Input input) {
     message.ButtonHex_Click();
     const bool whole = unicode ? shown.size() < 400 && !codePage : inRange;
     if (whole) Require(test.view.Message().GetText() == shown, "the view changes nothing");
+}
+
+// The text, cut into SMS.
+void FuzzAir(Input input) {
+    const Text text = UnitsOf(input.Rest());
+    const AirCount count = CountOnAir(text);
+    const bool unicode = count.encoding == AirEncoding::Ucs2;
+    const std::int32_t single = unicode ? 70 : 160;
+    const std::int32_t limit = count.parts.size() == 1 ? single : unicode ? 67 : 153;
+    Require(unicode != count.forcing.empty(), "some character forces UCS-2");
+    Text joined;
+    std::int32_t units = 0;
+    for (const AirPart& part : count.parts) {
+        Require(part.start == joined.size(), "a part begins where the one before ends");
+        joined += part.In(text);
+        std::int32_t own = 0;
+        for (const char16_t unit : part.In(text)) own += unicode ? 1 : SeptetsOf(unit);
+        Require(own == part.units && own <= limit, "a part has its units, and not too many");
+        // An SMS is left with one unit free at most, where two belong together.
+        const bool last = joined.size() == text.size();
+        Require(last || own >= limit - 1, "no part is cut before it is full");
+        Require(last || part.start + part.length == 0 ||
+                    CharacterLength(text, part.start + part.length - 1) == 1,
+                "no pair is split");
+        units += own;
+    }
+    Require(joined == text && units == count.units, "the parts are the text");
+    Require(count.free == limit - count.parts.back().units, "what is free is in the last part");
+    Require((count.parts.size() == 1) == (units <= single), "one SMS where it fits one");
+    for (const std::size_t at : count.forcing) Require(SeptetsOf(text[at]) == 0, "forces UCS-2");
 }
 
 // Fields: the counter, the recipient; then the message.

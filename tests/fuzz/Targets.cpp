@@ -10,6 +10,7 @@ const std::vector<FuzzTarget> FuzzTargets = {{"ini", FuzzIni},
                                              {"list", FuzzList},
                                              {"phone", FuzzPhone},
                                              {"hex", FuzzHex},
+                                             {"air", FuzzAir},
                                              {"queue", FuzzQueue}};
 
 }  // namespace tellwick::test

@@ -48,6 +48,7 @@ void FuzzList(Input input);
 void FuzzPhone(Input input);
 // Composing
 void FuzzHex(Input input);
+void FuzzAir(Input input);
 void FuzzQueue(Input input);
 
 // Ends the run as a fault that was found.

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "compose/FormOptionsView.h"
+#include "compose/FormSmsPreviewView.h"
 #include "compose/FormSmsSelectAddressView.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
@@ -49,6 +51,7 @@ public:
     void SetText(TextView newText) override {
         if (!loaded || text == newText) return;
         text = newText;
+        before.reset();
         start = length = 0;
         if (onChange) onChange();
     }
@@ -61,13 +64,21 @@ public:
     }
     void ReplaceSelection(TextView newText) override {
         if (!loaded) return;
+        before = text;
         text.replace(std::size_t(start), std::size_t(length), newText);
         start += std::int32_t(newText.size());
         length = 0;
         if (onChange) onChange();
     }
+    // One step, as the system's boxes have it.
+    void Undo() override {
+        if (!before) return;
+        std::swap(text, *before);
+        if (onChange) onChange();
+    }
     std::function<void()> onChange;
     Text text;
+    std::optional<Text> before;
     std::int32_t start = 0;
     std::int32_t length = 0;
 };
@@ -144,6 +155,11 @@ class MemoryStatusBar : public StatusBar, public MemoryControl {
 public:
     Text GetText() const override { return caption; }
     void SetText(TextView text) override { caption = text; }
+    void SetPane(TextView text, TextView shortText) override {
+        pane = text;
+        shortPane = shortText;
+    }
+    Text pane, shortPane;
 };
 
 // What the windows have in common; View is the port of one of them.
@@ -232,10 +248,19 @@ public:
     void SetMessageFont(TextView name, std::int32_t points) override {
         messageFont = Text(name) + u" " + NumberText(points);
     }
-    void SetHandlers(FormSmsSend&, const FormSmsSendParts& parts) override {
-        textTo.onChange = [&field = parts.recipientField] { field.TextTo_Change(); };
-        textTo.onClick = [&field = parts.recipientField] { field.TextTo_Click(); };
-        message.onChange = [&text = parts.messageText] { text.Message_Change(); };
+    void SetHandlers(FormSmsSend& form, const FormSmsSendParts& parts) override {
+        textTo.onChange = [&form, &field = parts.recipientField] {
+            field.TextTo_Change();
+            form.Contents_Change();
+        };
+        textTo.onClick = [&form, &field = parts.recipientField] {
+            field.TextTo_Click();
+            form.Contents_Change();
+        };
+        message.onChange = [&form, &text = parts.messageText] {
+            text.Message_Change();
+            form.Contents_Change();
+        };
     }
 
     bool expanded = false;
@@ -266,6 +291,8 @@ public:
                     {u"BoxFont", &boxFont},
                     {u"BoxFontSize", &boxFontSize},
                     {u"BoxLanguage", &boxLanguage},
+                    {u"CheckAirCount", &checkAirCount},
+                    {u"CheckAskLostCharacters", &checkAskLostCharacters},
                     {u"CheckForgetAnswers", &checkForgetAnswers},
                     {u"CheckTrace", &checkTrace}};
     }
@@ -278,6 +305,8 @@ public:
     MemoryListBox& BoxFont() override { return boxFont; }
     MemoryListBox& BoxFontSize() override { return boxFontSize; }
     MemoryListBox& BoxLanguage() override { return boxLanguage; }
+    MemoryCheckBox& CheckAirCount() override { return checkAirCount; }
+    MemoryCheckBox& CheckAskLostCharacters() override { return checkAskLostCharacters; }
     MemoryCheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
     MemoryCheckBox& CheckTrace() override { return checkTrace; }
     std::vector<Text> FontNames() override { return fontNames; }
@@ -286,10 +315,45 @@ public:
     std::vector<Text> fontNames{u"Arial", u"Tahoma"};
 
 private:
-    MemoryCheckBox checkStoreNumbers, checkNumberCache, checkForgetAnswers, checkTrace;
+    MemoryCheckBox checkStoreNumbers, checkNumberCache, checkAirCount, checkAskLostCharacters,
+        checkForgetAnswers, checkTrace;
     MemoryControl labelNumUsedNumber, buttonPrefix;
     MemoryTextBox textNumUsedNumber, textPrefixes;
     MemoryListBox boxFont, boxFontSize, boxLanguage;
+};
+
+// Pieces one behind the other, a marked one in "<" and ">".
+class MemoryStyledText : public StyledText, public MemoryControl {
+public:
+    void SetPieces(const std::vector<Piece>& pieces) override {
+        text.clear();
+        for (const Piece& piece : pieces) {
+            text += piece.style == Style::Marked ? u"<" + piece.text + u">" : piece.text;
+        }
+    }
+    Text text;
+};
+
+class MemoryFormSmsPreviewView : public MemoryFormView<FormSmsPreviewView> {
+public:
+    MemoryFormSmsPreviewView() {
+        controls = {{u"LabelCount", &labelCount},
+                    {u"TextParts", &parts},
+                    {u"ListCharacters", &list},
+                    {u"ButtonReplace", &buttonReplace},
+                    {u"ButtonReplaceAll", &buttonReplaceAll}};
+    }
+    MemoryControl& LabelCount() override { return labelCount; }
+    MemoryStyledText& TextParts() override { return parts; }
+    MemoryListBox& ListCharacters() override { return list; }
+    MemoryControl& ButtonReplace() override { return buttonReplace; }
+    MemoryControl& ButtonReplaceAll() override { return buttonReplaceAll; }
+    void SetEvents(FormSmsPreviewEvents&) override {}
+
+private:
+    MemoryStyledText parts;
+    MemoryListBox list;
+    MemoryControl labelCount, buttonReplace, buttonReplaceAll;
 };
 
 class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {

@@ -232,11 +232,13 @@ Answer MemoryDialogs::MessageBox(TextView text, std::uint32_t flags, TextView ti
     return Next(flags);
 }
 
-Answer MemoryDialogs::CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
-                                        TextView title, TextView checkBoxText, bool& checked) {
-    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText)});
+Answer MemoryDialogs::CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
+                                        std::uint32_t icon, TextView title, TextView checkBoxText,
+                                        bool& checked) {
+    const std::uint32_t buttons = choices.size() > 1 ? box::YesNo : box::Ok;
+    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText), choices});
     checked = check;
-    return Next(buttons);
+    return answers.empty() ? choices.front().answer : Next(buttons);
 }
 
 Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView, TextView) {
@@ -249,6 +251,10 @@ Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView
 
 Text MemoryLocale::FromAnsi(std::string_view bytes) {
     Text text;
+    for (std::size_t at = 0; holdsAll && at + 1 < bytes.size(); at += 2) {
+        text += char16_t(std::uint8_t(bytes[at]) | std::uint8_t(bytes[at + 1]) << 8);
+    }
+    if (holdsAll) return text;
     for (const char byte : bytes) {
         const auto code = static_cast<unsigned char>(byte);
         text += code >= 0x80 && code < 0xA0 ? Upper1252[code - 0x80u] : char16_t(code);
@@ -258,7 +264,14 @@ Text MemoryLocale::FromAnsi(std::string_view bytes) {
 
 std::string MemoryLocale::ToAnsi(TextView text) {
     std::string bytes;
-    for (const char16_t unit : text) {
+    for (char16_t unit : text) {
+        if (holdsAll) {
+            bytes += {char(unit & 0xFF), char(unit >> 8)};
+            continue;
+        }
+        // Two of the system's nearest ones.
+        if (unit == 0x0142) unit = u'l';
+        if (unit == 0x2011) unit = u'-';
         const auto upper = std::find(Upper1252.begin(), Upper1252.end(), unit);
         if (upper != Upper1252.end()) {
             bytes += char(0x80 + (upper - Upper1252.begin()));

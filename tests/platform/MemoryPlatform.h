@@ -159,7 +159,7 @@ private:
 class MemoryDialogs : public Dialogs {
 public:
     Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
-    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t icon,
+    Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices, std::uint32_t icon,
                              TextView title, TextView checkBoxText, bool& checked) override;
     Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
                   TextView cancelText) override;
@@ -169,6 +169,7 @@ public:
         std::uint32_t flags;
         Text title;
         Text checkBoxText;
+        std::vector<Choice> choices = {};
     };
     std::vector<Shown> shown;
     std::deque<Answer> answers;
@@ -198,6 +199,8 @@ public:
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
     std::string SortKey(TextView text) override;
     Text DateText(double date) override;
+    // One that holds every character, with two bytes for each unit, as newer systems can have it.
+    bool holdsAll = false;
     // By locale and type, as the system returns them.
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 };

@@ -14,7 +14,8 @@ struct TestProgram {
     MemoryFormSmsSendView view;
     MemoryFormSmsSelectAddressView selectAddressView;
     MemoryFormOptionsView optionsView;
-    Program program{platform.Ports(), view, selectAddressView, optionsView};
+    MemoryFormSmsPreviewView previewView;
+    Program program{platform.Ports(), view, selectAddressView, optionsView, previewView};
 
     TestProgram() {
         SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",

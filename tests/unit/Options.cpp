@@ -50,7 +50,10 @@ TEST_CASE("the window shows the settings, or what holds without them") {
     options.form.Unload();
 
     const auto numbers = [&] { return window.TextNumUsedNumber().GetText(); };
-    const auto stores = [&] { return Text(window.CheckStoreNumbers().Checked() ? u"yes" : u"no"); };
+    const auto yes = [](const CheckBox& box) { return Text(box.Checked() ? u"yes" : u"no"); };
+    const auto stores = [&] { return yes(window.CheckStoreNumbers()); };
+    const auto counts = [&] { return yes(window.CheckAirCount()); };
+    const auto asks = [&] { return yes(window.CheckAskLostCharacters()); };
     const auto font = [&] { return Chosen(window.BoxFont()); };
     const auto size = [&] { return Chosen(window.BoxFontSize()); };
     const auto chosen = [&] { return Chosen(window.BoxLanguage()); };
@@ -67,6 +70,10 @@ TEST_CASE("the window shows the settings, or what holds without them") {
                           {u"SMS", u"StoreNumbers", u"", stores, u"yes"},
                           {u"SMS", u"StoreNumbers", u"-1", stores, u"yes"},
                           {u"SMS", u"StoreNumbers", u"x", stores, u"no"},
+                          {u"SMS", u"AirCount", u"", counts, u"yes"},
+                          {u"SMS", u"AirCount", u"0", counts, u"no"},
+                          {u"SMS", u"AskLostCharacters", u"", asks, u"yes"},
+                          {u"SMS", u"AskLostCharacters", u"0", asks, u"no"},
                           {u"Editor", u"Font", u"tahoma", font, u"Tahoma"},
                           {u"Editor", u"Font", u"Removed Sans", font, u"Removed Sans"},
                           {u"Editor", u"FontSize", u"13", size, u"13"},
@@ -104,14 +111,18 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     Choose(options.window.BoxFont(), u"Arial");
     Choose(options.window.BoxFontSize(), u"12");
     Choose(options.window.BoxLanguage(), u"Francais");
+    options.window.CheckAirCount().SetChecked(false);
+    options.window.CheckAskLostCharacters().SetChecked(false);
     const int writes = options.platform.fileSystem.writes;
     options.form.ButtonOK_Click();
     CHECK(options.platform.fileSystem.writes == writes + 1);
     CHECK(options.Settings() ==
-          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\n[Editor]\r\nFont=Arial\r\n"
-          "FontSize=12\r\n[Settings]\r\nLanguage=Francais\r\n");
+          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\nAirCount=0\r\nAskLostCharacters=0\r\n"
+          "[Editor]\r\nFont=Arial\r\nFontSize=12\r\n[Settings]\r\nLanguage=Francais\r\n");
     CHECK(options.view.messageFont == u"Arial 12");
     CHECK_FALSE(options.program.formSmsSend.Settings().storeNumbers);
+    CHECK_FALSE(options.program.formSmsSend.Settings().askLostCharacters);
+    CHECK(options.view.StatusBar1().pane.empty());
 
     // "As in Windows" is the absence of the setting.
     options.form.Show();
@@ -120,7 +131,8 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     options.window.BoxLanguage().selected = 0;
     options.form.ButtonOK_Click();
     CHECK(options.Settings() ==
-          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\n[Editor]\r\n[Settings]\r\n");
+          "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\nAirCount=0\r\nAskLostCharacters=0\r\n"
+          "[Editor]\r\n[Settings]\r\n");
     CHECK(options.program.forms.Count() == 1);
 }
 

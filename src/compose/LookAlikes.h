@@ -1,0 +1,31 @@
+// Characters that a reader takes for the same: a typographic quote and a straight one, a letter
+// with an accent and the one without.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "platform/Text.h"
+
+namespace tellwick {
+
+// Whether a character (one UTF-16 unit or a surrogate pair) can be used as it is.
+using Usable = std::function<bool(TextView character)>;
+
+// What stands for a character that cannot be used: the nearest look-alike of usable characters.
+// Empty where the character can be left out; nothing where there is none.
+std::optional<Text> LookAlike(TextView character, const Usable& usable);
+
+// Whether the one is written for the other and nothing but the typography changes: "-" for a dash,
+// a blank for one that does not break. Not so for letters: "l" for "ł" is another word.
+bool OnlyTypography(TextView character, TextView plainer);
+
+// The text with the look-alikes of the characters that cannot be used, of all or of `only` that
+// one. Those without one stay. A letter and the accent that follows it become one letter, where
+// there is one that can be used.
+Text WithLookAlikes(TextView text, const Usable& usable, TextView only = {});
+
+// The character, or its code, "U+00A0", where it cannot be seen by itself.
+Text CharacterName(TextView character);
+
+}  // namespace tellwick

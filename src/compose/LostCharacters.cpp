@@ -1,0 +1,61 @@
+#include "compose/LostCharacters.h"
+
+#include <algorithm>
+
+#include "compose/LookAlikes.h"
+#include "compose/MessageText.h"
+#include "compose/QueueText.h"
+#include "settings/LanguageTexts.h"
+#include "settings/QuestionBox.h"
+
+namespace tellwick {
+
+namespace {
+
+constexpr TextView Messages = u"Messages";
+constexpr std::int32_t AskLost = 301;
+constexpr std::size_t MostNamed = 10;
+
+// "ж → ?   ł → l", each character once.
+Text Named(const std::vector<LostCharacter>& lost) {
+    std::vector<Text> seen;
+    Text names;
+    for (const LostCharacter& one : lost) {
+        if (std::find(seen.begin(), seen.end(), one.character) != seen.end()) continue;
+        if (!seen.empty()) names += u"    ";
+        if (seen.size() == MostNamed) return names + u"…";
+        names.append(CharacterName(one.character)).append(u" → ").append(one.arrives);
+        seen.push_back(one.character);
+    }
+    return names;
+}
+
+}  // namespace
+
+LostCharacters::LostCharacters(const Services& services, MessageText& messageText, Locale& locale)
+    : Services(services), messageText(messageText), locale(locale) {}
+
+bool LostCharacters::Settle(Text& text) {
+    const Usable survives = [this](TextView character) { return SurvivesQueue(character, locale); };
+    for (;;) {
+        const QueueText through = ThroughQueue(text, locale);
+        if (through.lost.empty()) return true;
+        const Text replaced = WithLookAlikes(text, survives);
+        std::vector<Choice> choices = {
+            {Answer::No, language.TextOrBuiltIn(Messages, u"SendLost")},
+            {Answer::Cancel, language.TextOrBuiltIn(Messages, u"BackToText")}};
+        const bool replaceable = replaced != text;
+        if (replaceable) {
+            choices.insert(choices.begin(),
+                           {Answer::Yes, language.TextOrBuiltIn(Messages, u"ReplaceLost")});
+        }
+        const Answer answer = questionBox.MsgBoxChoice(AskLost, box::IconExclamation, u"%c",
+                                                       Named(through.lost), choices);
+        if (answer != Answer::Yes || !replaceable) return answer == Answer::No;
+        // What has no look-alike is asked for anew.
+        messageText.Exchange(replaced);
+        text = replaced;
+    }
+}
+
+}  // namespace tellwick
