@@ -49,6 +49,7 @@ Var SettingsBox
 Var InUse        ; "yes" where a program has one of the libraries loaded
 Var Status
 Var Failed
+Var Aside
 
 !define MUI_ICON "../src/windows/resources/pictures/sms.ico"
 !define MUI_UNICON "${MUI_ICON}"
@@ -117,7 +118,7 @@ Function ${UN}DeleteAside
 FunctionEnd
 
 ; Puts the library aside whose name is on the stack: one that Outlook has loaded can be renamed,
-; but not deleted or written.
+; but not deleted or written. Where it is then comes into $Aside.
 Function ${UN}PutAside
     Exch $0
     Push $1
@@ -125,7 +126,8 @@ Function ${UN}PutAside
     ${DoWhile} ${FileExists} "$INSTDIR\$0.old$1"
         IntOp $1 $1 + 1
     ${Loop}
-    Rename "$INSTDIR\$0" "$INSTDIR\$0.old$1"
+    StrCpy $Aside "$INSTDIR\$0.old$1"
+    Rename "$INSTDIR\$0" $Aside
     Pop $1
     Pop $0
 FunctionEnd
@@ -352,8 +354,6 @@ Section
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     ${If} ${Errors}
     ${OrIf} $Failed == "yes"
-        Delete "$INSTDIR\${LIBRARY32}.new"
-        Delete "$INSTDIR\${LIBRARY64}.new"
         Push "$(NotCopiedText)"
         Call Fail
     ${EndIf}
@@ -362,13 +362,27 @@ Section
             Push "${LIBRARY}"
             Call PutAside
         ${EndIf}
+        ClearErrors
         Rename "$INSTDIR\${LIBRARY}.new" "$INSTDIR\${LIBRARY}"
+        ${If} ${Errors}
+            Rename $Aside "$INSTDIR\${LIBRARY}"
+            Push "$(NotCopiedText)"
+            Call Fail
+        ${EndIf}
     !macroend
     !insertmacro PutLibrary "${LIBRARY32}"
     ${If} ${RunningX64}
         !insertmacro PutLibrary "${LIBRARY64}"
     ${EndIf}
     Call DeleteAside
+    ; In another folder than before: nothing of the add-in stays in that one.
+    ReadRegStr $0 HKCU "${ENTRY}" "InstallLocation"
+    ${If} $0 != ""
+    ${AndIf} $0 != $INSTDIR
+        ExecWait '"$0\${UNINSTALLER}" /S _?=$0'
+        Delete "$0\${UNINSTALLER}"
+        RMDir "$0"
+    ${EndIf}
 
     Push '/s "$INSTDIR\${LIBRARY32}"'
     Call Run32
@@ -403,6 +417,8 @@ SectionEnd
 Function Fail
     Exch $0
     MessageBox MB_OK|MB_ICONSTOP "$0" /SD IDOK
+    Delete "$INSTDIR\${LIBRARY32}.new"
+    Delete "$INSTDIR\${LIBRARY64}.new"
     ${If} $Updating == ""
         Call Unregister
         !insertmacro TakeAll ""
@@ -461,6 +477,13 @@ Section Uninstall
     !insertmacro TakeAll "un."
     ${If} $RemoveSettings = ${BST_CHECKED}
         Call un.DeleteQueue
+        ; Where the settings are if not in the usual place.
+        Delete "$INSTDIR\corvane.ini"
+        ReadRegStr $0 HKCU "Software\Omberline\Tellwick" "IniFiles"
+        ${If} $0 != ""
+            Delete "$0\corvane.ini"
+        ${EndIf}
+        RMDir "$INSTDIR"
         DeleteRegKey HKCU "Software\Omberline\Tellwick"
         DeleteRegKey /ifempty HKCU "Software\Omberline"
         RMDir /r "$APPDATA\Tellwick"

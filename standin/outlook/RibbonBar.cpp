@@ -97,7 +97,7 @@ int RibbonBar::Place() {
     if (const auto* inspector = dynamic_cast<const Inspector*>(model.get())) {
         if (inspector->item->itemClass == ContactClass) captions[0] = u"Contact";
     }
-    if (!groups.empty()) captions.push_back(u"Add-Ins");
+    if (!groups.empty()) captions.emplace_back(u"Add-Ins");
     shown = std::min(shown, captions.size() - 1);
     if (shown == 0) {
         groups.clear();

@@ -397,7 +397,8 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     window.ListAddresses().SetColumnWidth(1, 99);
     form.ButtonOK_Click();
     CHECK(!window.Loaded());
-    CHECK(people.view.TextTo().GetText() == u"0171 1;01722000002;01711000001;0305000005;01733000003");
+    CHECK(people.view.TextTo().GetText() ==
+          u"0171 1;01722000002;01711000001;0305000005;01733000003");
     CHECK(people.Setting(u"Positions", u"SMSSelectColumn2") == u"99");
     people.program.addresses.Release();
 }
