@@ -39,22 +39,6 @@ void MeasureNumbers(test::TestProgram& test) {
     if (length == 0) std::puts("no number was converted");
 }
 
-void MeasureMatches() {
-    std::vector<Text> entries;
-    for (int i = 0; i < 100000; ++i) {
-        entries.push_back(u"Vorname" + NumberText(i * 7919 % 100000) + u" M\u00FCller" +
-                          NumberText(i) + u"  (+491712" + NumberText(100000 + i) + u")");
-    }
-    AddressList list;
-    list.Assign(entries);
-    std::size_t found = 0;
-    for (const TextView search : {u"v", u"m\u00FCller", u"vorname4711", u"zz"}) {
-        const double taken = Nanoseconds(3, [&] { found += list.Matches(search).size(); });
-        Report("a keystroke's matching, 100,000 entries", taken / 1e6, "ms", 5);
-    }
-    if (found == 0) std::puts("nothing was found");
-}
-
 // Texts that need 7 bits, the extension table, and 16 bits.
 void MeasureAirCount() {
     std::size_t parts = 0;
@@ -80,7 +64,6 @@ void MeasureComposing() {
            Nanoseconds(2000, [&] { test.program.messageText.Message_Change(); }) / 1000, "us", 20);
     MeasureAirCount();
     MeasureNumbers(test);
-    MeasureMatches();
     std::vector<Text> templates;
     for (int i = 0; i < 100; ++i) templates.push_back(u"Baustein " + NumberText(i * 37 % 100));
     Report("SortList, 100 templates",

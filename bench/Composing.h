@@ -4,5 +4,7 @@
 namespace tellwick::bench {
 
 void MeasureComposing();
+// Reading, keeping and finding contacts.
+void MeasurePeople();
 
 }  // namespace tellwick::bench

@@ -15,4 +15,5 @@ int main() {
     measure(bench::MeasureLanguage);
     measure([](test::Modules& modules) { bench::MeasureSettings(modules, u"C:\\Data\\"); });
     bench::MeasureComposing();
+    bench::MeasurePeople();
 }

@@ -14,6 +14,7 @@ namespace {
 constexpr TextView Separator = u"  (";  // between the name and the number of an entry
 constexpr std::size_t Depth = 3;        // units by which entries are put into buckets
 constexpr unsigned ClassBits = 5;
+constexpr std::size_t SignatureUnits = 6;  // as 32 bits hold
 constexpr std::size_t Buckets = std::size_t(1) << (ClassBits * Depth);
 constexpr std::uint32_t Digits = 10000000;  // numbers with the same last seven are the same
 
@@ -36,6 +37,25 @@ std::pair<std::size_t, std::size_t> BucketRange(std::size_t count, const Unit& u
         first = first << ClassBits | (index < count ? ClassOf(unit(index)) : 0);
     const std::size_t missing = Depth - std::min(count, Depth);
     return {first, first + (std::size_t(1) << (ClassBits * missing))};
+}
+
+// The classes of the units behind the first ones, and which bits of it the units given decide.
+template <class Unit>
+std::pair<std::uint32_t, std::uint32_t> SignatureOf(std::size_t count, const Unit& unit) {
+    std::uint32_t signature = 0;
+    std::uint32_t mask = 0;
+    for (std::size_t index = Depth; index < Depth + SignatureUnits; ++index) {
+        const bool given = index < count;
+        signature = signature << ClassBits | std::uint32_t(given ? ClassOf(unit(index)) : 0);
+        mask = mask << ClassBits | (given ? (1U << ClassBits) - 1 : 0);
+    }
+    return {signature, mask};
+}
+
+std::uint64_t HashOf(TextView text) {
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char16_t unit : text) hash = (hash ^ unit) * 0x100000001B3;
+    return hash ^ hash >> 32;
 }
 
 // The last digits as a number, which no zero in front changes.
@@ -135,19 +155,28 @@ bool AddressList::Continues(std::size_t entry, std::size_t from, TextView folded
 void AddressList::MatchAll(TextView folded, Marks& begins, Marks& others) const {
     if (startBuckets.empty()) return;
     const std::size_t length = folded.size();
-    const bool decided =
-        length <= Depth && std::all_of(folded.begin(), folded.end(), ClassIsOneLetter);
+    // Bucket and signature say all that there is to say: the texts need not be looked at.
+    const bool decided = length <= Depth + SignatureUnits &&
+                         std::all_of(folded.begin(), folded.end(), ClassIsOneLetter);
     {
-        const auto [first, last] = BucketRange(length, [&](std::size_t at) { return folded[at]; });
+        const auto unit = [&](std::size_t at) { return folded[at]; };
+        const auto [first, last] = BucketRange(length, unit);
+        const auto [signature, mask] = SignatureOf(length, unit);
         for (std::uint32_t at = startBuckets[first]; at < startBuckets[last]; ++at) {
-            if (decided || Continues(starts[at], 0, folded)) begins.Set(starts[at]);
+            const Start& start = starts[at];
+            if (((start.signature ^ signature) & mask) == 0 &&
+                (decided || Continues(start.entry, 0, folded))) {
+                begins.Set(start.entry);
+            }
         }
     }
-    const auto [first, last] =
-        BucketRange(length, [&](std::size_t at) { return folded[length - 1 - at]; });
+    const auto unit = [&](std::size_t at) { return folded[length - 1 - at]; };
+    const auto [first, last] = BucketRange(length, unit);
+    const auto [signature, mask] = SignatureOf(length, unit);
     for (std::uint32_t at = endBuckets[first]; at < endBuckets[last]; ++at) {
         const WordEnd& word = ends[at];
-        if (word.end >= length && (decided || Continues(word.entry, word.end - length, folded))) {
+        if (((word.signature ^ signature) & mask) == 0 && word.end >= length &&
+            (decided || Continues(word.entry, word.end - length, folded))) {
             others.Set(word.entry);
         }
     }
@@ -180,6 +209,13 @@ AddressList::Span AddressListBuilder::Store(TextView text) {
     return {at, std::uint16_t(text.size())};
 }
 
+void AddressListBuilder::Reserve(std::size_t rows) {
+    constexpr std::size_t UnitsEach = 48;
+    list.rows.reserve(rows);
+    list.texts.reserve(rows * UnitsEach);
+    numbers.reserve(rows);
+}
+
 void AddressListBuilder::Add(const AddressRow& row) {
     AddressList::StoredRow stored{};
     const AddressList::StoredRow* before = list.rows.empty() ? nullptr : &list.rows.back();
@@ -189,11 +225,11 @@ void AddressListBuilder::Add(const AddressRow& row) {
     } else {
         stored.name = Store(row.name);
         stored.fileAs = Store(row.fileAs);
-        const auto [company, isNew] = companies.try_emplace(Text(row.company));
+        const auto [company, isNew] = companies.try_emplace(HashOf(row.company));
         if (isNew) company->second = Store(row.company);
         stored.company = company->second;
     }
-    const auto [number, isNew] = numbers.try_emplace(Text(row.number), list.numberIds);
+    const auto [number, isNew] = numbers.try_emplace(HashOf(row.number), list.numberIds);
     if (isNew) ++list.numberIds;
     stored.numberId = number->second;
     stored.number = Store(row.number);
@@ -227,24 +263,29 @@ bool AddressListBuilder::Before(AddressList::Entry left, AddressList::Entry righ
 
 // Counts the entry, or puts it there, in the bucket of its start and those of its word ends.
 void AddressListBuilder::ForEachBucket(std::size_t entry, bool scatter) {
-    const Text folded = LowerCase(list.EntryText(entry));
+    constexpr std::size_t Most = Depth + SignatureUnits;
+    folded.clear();
+    for (const TextView part :
+         {list.EntryName(entry), Separator, list.At(list.rows[list.entries[entry].row].number)}) {
+        for (const char16_t unit : part) folded += LowerCase(unit);
+    }
     const std::size_t size = folded.size();
-    // A text of less than three units is long enough: "  (" follows every name.
-    const auto startBucket =
-        BucketRange(Depth, [&](std::size_t at) { return at < size ? folded[at] : u' '; }).first;
+    const auto forward = [&](std::size_t at) { return at < size ? folded[at] : u' '; };
+    const std::size_t startBucket = BucketRange(Depth, forward).first;
     if (scatter) {
-        list.starts[list.startBuckets[startBucket]++] = std::uint32_t(entry);
+        list.starts[list.startBuckets[startBucket]++] = {std::uint32_t(entry),
+                                                         SignatureOf(Most, forward).first};
     } else {
         ++list.startBuckets[startBucket];
     }
     for (std::size_t at = 1; at < size; ++at) {
         const bool isEnd = (folded[at] == u' ' || folded[at] == u'(') && folded[at - 1] != u' ';
         if (!isEnd) continue;
-        const auto bucket = BucketRange(Depth, [&](std::size_t back) {
-                                return back < at ? folded[at - 1 - back] : u' ';
-                            }).first;
+        const auto back = [&](std::size_t of) { return of < at ? folded[at - 1 - of] : u' '; };
+        const std::size_t bucket = BucketRange(Depth, back).first;
         if (scatter) {
-            list.ends[list.endBuckets[bucket]++] = {std::uint32_t(entry), std::uint32_t(at)};
+            list.ends[list.endBuckets[bucket]++] = {std::uint32_t(entry), std::uint32_t(at),
+                                                    SignatureOf(Most, back).first};
         } else {
             ++list.endBuckets[bucket];
         }

@@ -82,10 +82,17 @@ private:
         std::uint16_t folder;
         NumberKind kind;
     };
-    // Where a word of an entry ends: before a blank or "(".
+    // The classes of the units behind those that choose the bucket.
+    using Signature = std::uint32_t;
+    struct Start {
+        std::uint32_t entry;
+        Signature signature;
+    };
+    // Where a word of an entry ends: before a blank or "(". Its units count backwards.
     struct WordEnd {
         std::uint32_t entry;
         std::uint32_t end;
+        Signature signature;
     };
     class Marks;
 
@@ -100,15 +107,18 @@ private:
     std::vector<std::uint32_t> recent;  // entries, ascending
     // Entries by their first, and word ends by their last three units, in buckets; the start of
     // each bucket, and the end of the last.
-    std::vector<std::uint32_t> starts, startBuckets;
+    std::vector<Start> starts;
     std::vector<WordEnd> ends;
-    std::vector<std::uint32_t> endBuckets;
+    std::vector<std::uint32_t> startBuckets, endBuckets;
 };
 
 // Makes a list of rows in small steps.
 class AddressListBuilder {
 public:
     explicit AddressListBuilder(Locale& locale) : locale(locale) {}
+
+    // About so many rows will come.
+    void Reserve(std::size_t rows);
 
     // A row of no list, copied. Those of one person come one behind the other.
     void Add(const AddressRow& row);
@@ -133,8 +143,10 @@ private:
 
     Locale& locale;
     AddressList list;
-    std::unordered_map<std::u16string, AddressList::Span> companies;
-    std::unordered_map<std::u16string, std::uint32_t> numbers;
+    // By a hash of 64 bits, which no two of them have in common.
+    std::unordered_map<std::uint64_t, AddressList::Span> companies;
+    std::unordered_map<std::uint64_t, std::uint32_t> numbers;
+    Text folded;  // of the entry at hand
     Step step = Step::Keys;
     std::size_t next = 0;
     // Sort keys by 2 * row + byFileAs, in one piece.

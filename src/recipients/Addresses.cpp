@@ -19,10 +19,7 @@ const Text NoFolder;
 
 Addresses::Addresses(const Services& services, const ContactHarvest::Surroundings& surroundings,
                      FileSystem& fileSystem, Timers& timers)
-    : Services(services),
-      surroundings(surroundings),
-      fileSystem(fileSystem),
-      timer(timers.Create()) {}
+    : Services(services), surroundings(surroundings), fileSystem(fileSystem), timers(timers) {}
 
 void Addresses::Release() {
     Stop();
@@ -50,7 +47,9 @@ void Addresses::Refresh() {
                                                      inifilesLite.SettingsFolder());
         stage = Stage::Cache;
     }
-    if (DoSlice(Slice)) timer->Start(Interval, [this] { Tick(); });
+    if (!DoSlice(Slice)) return;
+    timer = timers.Create();
+    timer->Start(Interval, [this] { Tick(); });
 }
 
 const AddressList& Addresses::Complete() {
@@ -65,7 +64,7 @@ const AddressList& Addresses::Complete() {
 
 void Addresses::Stop() {
     stopped = true;
-    timer->Stop();
+    timer.reset();
     if (working) return;  // the slice that runs ends it
     stage = Stage::Idle;
     reader.reset();
@@ -79,7 +78,7 @@ const Text& Addresses::FolderBeingRead() const {
 
 void Addresses::Tick() {
     Procedure procedure{debug, u"TimerAddresses_Timer"};
-    if (!DoSlice(Slice)) timer->Stop();
+    if (!DoSlice(Slice)) timer.reset();
 }
 
 bool Addresses::DoSlice(double milliseconds) {

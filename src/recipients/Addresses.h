@@ -72,7 +72,8 @@ private:
 
     ContactHarvest::Surroundings surroundings;
     FileSystem& fileSystem;
-    std::unique_ptr<Timer> timer;
+    Timers& timers;
+    std::unique_ptr<Timer> timer;  // while something is read or written
     ObjectPtr application;
     std::vector<Listener> listeners;
     std::vector<Text> recent;

@@ -17,7 +17,7 @@ namespace tellwick {
 namespace {
 
 constexpr double Minute = 1.0 / 1440;
-constexpr std::size_t EntriesAStep = 2000;
+constexpr std::size_t EntriesAStep = 1000;
 constexpr std::int32_t MostMembers = 1000;
 
 // The columns: dates first, since comparing needs no others.
@@ -113,6 +113,7 @@ std::optional<AddressBook> ContactHarvest::TakeBook() {
 
 void ContactHarvest::EndWalk() {
     for (const ContactFolders::Found& contacts : folders.found) total += contacts.known.count;
+    builder.Reserve(total + total / 8);
     step = Step::Folder;
 }
 

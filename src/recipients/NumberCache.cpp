@@ -17,7 +17,7 @@ constexpr std::string_view Title = "Tellwick numbers 1";
 constexpr std::string_view EndOfLine = "\r\n";
 constexpr std::string_view Separator = "  (";
 constexpr std::size_t LinesAStep = 1000;
-constexpr std::size_t BytesAStep = 1 << 20;
+constexpr std::size_t BytesAStep = 1 << 18;
 constexpr std::uint32_t None = 0xFFFFFFFF;
 
 // Of the bytes and their number.
@@ -51,7 +51,18 @@ NumberCacheReader::NumberCacheReader(FileSystem& fileSystem, Locale& locale, con
     details = fileSystem.Read(folder + Text(DetailsFile)).value_or("");
     numbersLeft = numbers;
     detailsLeft = details;
-    if (!ReadHead()) step = Step::Damaged;
+    if (!ReadHead()) {
+        step = Step::Damaged;
+        return;
+    }
+    // Counted by the hash, so they can be relied on.
+    builder.Reserve(entries);
+    rows.reserve(entries);
+    pending.reserve(entries);
+    lines.reserve(entries);
+    companies.reserve(items);
+    firstOfItem.reserve(items);
+    book.items.reserve(items);
 }
 
 std::string_view NumberCacheReader::NextLine(std::string_view& left) {
@@ -132,16 +143,16 @@ bool NumberCacheReader::ReadEntry() {
         return false;
     }
     row.kind = NumberKind(kind);
-    row.name = escaped.Read(entry.substr(0, separator));
+    row.name = entry.substr(0, separator);
     const std::size_t number = separator + Separator.size();
-    row.number = escaped.Read(entry.substr(number, entry.size() - 1 - number));
+    row.number = entry.substr(number, entry.size() - 1 - number);
     if (byFileAs != 0) {
         lines.push_back({std::uint32_t(pending.size()), true});
-        pending.push_back(std::move(row));
+        pending.push_back(row);
     } else {
         lines.push_back({std::uint32_t(rows.size()), false});
         row.nextOfItem = std::exchange(firstOfItem[row.item], std::uint32_t(rows.size()));
-        rows.push_back(std::move(row));
+        rows.push_back(row);
     }
     return true;
 }
@@ -153,7 +164,7 @@ bool NumberCacheReader::ReadPending(std::size_t index) {
     Row& found = pending[line.row];
     for (std::uint32_t row = firstOfItem[found.item]; row != None; row = rows[row].nextOfItem) {
         if (rows[row].kind != found.kind || rows[row].number != found.number) continue;
-        rows[row].fileAs = std::move(found.name);
+        rows[row].fileAs = found.name;
         line.row = row;
         return true;
     }
@@ -184,7 +195,10 @@ bool NumberCacheReader::DoStep() {
         case Step::Rows:
             return each(rows.size(), Step::Lines, [&](std::size_t index) {
                 const Row& row = rows[index];
-                builder.Add({row.name, row.fileAs, companies[row.item], row.number, row.kind,
+                const Text name = escaped.Read(row.name);
+                const Text fileAs = escaped.Read(row.fileAs);
+                const Text number = escaped.Read(row.number);
+                builder.Add({name, fileAs, companies[row.item], number, row.kind,
                              book.items[row.item].folder, row.item});
                 return true;
             });

@@ -30,7 +30,7 @@ private:
     enum class Step { Folders, Items, Entries, Pending, Rows, Lines, Build, Done, Damaged };
     // A row as its lines tell it.
     struct Row {
-        Text name, fileAs, number;
+        std::string_view name, fileAs, number;  // as the file has them
         std::uint32_t item;
         NumberKind kind;
         std::uint32_t nextOfItem;

@@ -22,9 +22,9 @@ public:
     Answer MessageBox(TextView, std::uint32_t flags, TextView) override {
         return (flags & box::ButtonMask) == box::YesNo ? Answer::No : Answer::Ok;
     }
-    Answer CheckedMessageBox(TextView text, std::uint32_t buttons, std::uint32_t, TextView title,
+    Answer CheckedMessageBox(TextView, const std::vector<Choice>& choices, std::uint32_t, TextView,
                              TextView, bool&) override {
-        return MessageBox(text, buttons, title);
+        return choices.back().answer;
     }
     Text InputBox(TextView, TextView, TextView, TextView, TextView) override { return {}; }
 };

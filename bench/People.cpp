@@ -1,0 +1,155 @@
+// Reading, keeping and finding 100,000 contacts.
+#include <malloc.h>
+
+#include <cstdio>
+#include <vector>
+
+#include "Composing.h"
+#include "Measures.h"
+#include "model/ManyContacts.h"
+#include "platform/OutlookEvents.h"
+#include "platform/TestProgram.h"
+
+namespace tellwick::bench {
+
+namespace {
+
+constexpr std::int32_t Contacts = 100000;
+constexpr std::int32_t Folders = 50;
+
+class RealClock : public Clock {
+public:
+    float SecondsSinceMidnight() override { return 0; }
+    double Now() override { return 50000; }
+    double Milliseconds() override {
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
+        return std::chrono::duration<double, std::milli>(now).count();
+    }
+};
+
+double Milliseconds(const std::function<void()>& work) {
+    RealClock clock;
+    const double start = clock.Milliseconds();
+    work();
+    return clock.Milliseconds() - start;
+}
+
+// As a script reads contacts: every item, one property after the other.
+std::size_t ReadNaively(PendingError& errors, const ObjectPtr& application) {
+    std::size_t characters = 0;
+    const ObjectPtr nameSpace = AsObject(application->Call(u"GetNamespace", {Text(u"MAPI")}));
+    const ObjectPtr contacts =
+        AsObject(nameSpace->Call(u"GetDefaultFolder", {outlook::ContactsFolder}));
+    const ObjectPtr folders = AsObject(contacts->Get(u"Folders"));
+    for (std::int32_t folder = 1; folder <= AsNumber(folders->Get(u"Count")); ++folder) {
+        const ObjectPtr items = AsObject(AsObject(folders->Get(u"Item", {folder}))->Get(u"Items"));
+        for (std::int32_t index = 1; index <= AsNumber(items->Get(u"Count")); ++index) {
+            const ObjectPtr item = AsObject(items->Get(u"Item", {index}));
+            if (AsNumber(item->Get(u"Class")) != outlook::ContactClass) continue;
+            for (const TextView property :
+                 {u"CreationTime", u"LastModificationTime", u"MessageClass", u"FullName", u"FileAs",
+                  u"CompanyName", u"MobileTelephoneNumber", u"HomeTelephoneNumber",
+                  u"Home2TelephoneNumber", u"BusinessTelephoneNumber", u"Business2TelephoneNumber",
+                  u"CarTelephoneNumber", u"OtherTelephoneNumber", u"PrimaryTelephoneNumber"}) {
+                characters += AsText(Get(errors, item, property)).size();
+            }
+        }
+    }
+    return characters;
+}
+
+struct Reading {
+    double total = 0, longest = 0;
+};
+
+AddressBook Harvest(test::TestProgram& test, const ObjectPtr& application,
+                    const AddressBook& before, Reading& reading) {
+    RealClock clock;
+    ContactHarvest harvest({test.platform.errors, test.platform.automation, test.program.prefixes,
+                            test.platform.locale, clock},
+                           AsObject(application->Call(u"GetNamespace", {Text(u"MAPI")})), before);
+    for (bool more = true; more;) {
+        const double slice = Milliseconds([&] { more = harvest.DoSlice(10); });
+        reading.total += slice;
+        reading.longest = std::max(reading.longest, slice);
+    }
+    return harvest.TakeBook().value_or(AddressBook());
+}
+
+void MeasureFinding(const AddressList& list) {
+    std::size_t found = 0;
+    struct Case {
+        const char* what;
+        TextView search;
+        double target;
+    };
+    for (const Case& c : {Case{"matching, 100,000 contacts, \"a\"", u"a", 0.7},
+                          Case{"matching, the first key \"b\"", u"b", 0.7},
+                          Case{"matching, a longer text \"an\"", u"an", 0.1},
+                          Case{"matching, \"berg\"", u"berg", 0.1},
+                          Case{"matching, \"hoferber\"", u"hoferber", 0.1}}) {
+        const double taken = Nanoseconds(3, [&] { found += list.Matches(c.search).size(); });
+        Report(c.what, taken / 1e6, "ms", c.target);
+    }
+    const AddressSearch search(u"an be");
+    Report("the selection's search \"an be\", all rows", Milliseconds([&] {
+               for (std::size_t row = 0; row < list.Rows(); ++row)
+                   found += search.Matches(list.Row(row), u"Kontakte");
+           }),
+           "ms", 0);
+    if (found == 0) std::puts("nothing was found");
+}
+
+}  // namespace
+
+void MeasurePeople() {
+    test::TestProgram test;
+    for (const std::int32_t version : {16, 11}) {
+        standin::OutlookModel outlook(test.platform.errors, version);
+        standin::AddManyContacts(outlook, Contacts, Folders);
+        const ObjectPtr application = outlook.Application();
+        std::printf("%d contacts in %d folders, Outlook %d, in the model without COM\n", Contacts,
+                    Folders, version);
+        std::size_t characters = 0;
+        const double naive =
+            Milliseconds([&] { characters = ReadNaively(test.platform.errors, application); });
+        Report("item by item", naive, "ms", 0);
+        const AddressBook nothing;
+        Reading first, again;
+        const std::size_t before = mallinfo2().uordblks;
+        const AddressBook book = Harvest(test, application, nothing, first);
+        const std::size_t after = mallinfo2().uordblks;
+        Report("first reading", first.total, "ms", version == 16 ? naive / 5 : 0);
+        Report("its longest slice", first.longest, "ms", 15);
+        Harvest(test, application, book, again);
+        Report("reading again, nothing changed", again.total, "ms", 0);
+        if (version != 16) continue;
+        Report("memory of the list", double(after - before) / (1 << 20), "MB", 25);
+        MeasureFinding(book.list);
+        test::MemoryFileSystem& files = test.platform.fileSystem;
+        const Text folder = u"C:\\Data\\";
+        Reading writing, reading;
+        NumberCacheWriter writer(files, test.platform.locale, folder, book);
+        for (bool more = true; more;) {
+            const double slice = Milliseconds([&] { more = writer.DoSome(); });
+            writing.total += slice;
+            writing.longest = std::max(writing.longest, slice);
+        }
+        Report("writing the files", writing.total, "ms", 0);
+        Report("its longest step", writing.longest, "ms", 15);
+        std::optional<AddressBook> known;
+        reading.total = Milliseconds([&] {
+            NumberCacheReader reader(files, test.platform.locale, folder);
+            for (bool more = true; more;) {
+                const double slice = Milliseconds([&] { more = reader.DoSome(); });
+                reading.longest = std::max(reading.longest, slice);
+            }
+            known = reader.Take();
+        });
+        Report("start with the files", reading.total, "ms", 150);
+        Report("its longest step", reading.longest, "ms", 15);
+        if (!known || known->list.Size() != book.list.Size()) std::puts("the files are wrong");
+    }
+}
+
+}  // namespace tellwick::bench
