@@ -19,7 +19,7 @@ constexpr TextView FormName = u"FormSmsSelectAddress";
 constexpr TextView Places = u"Positions";
 constexpr std::array<TextView, FormSmsSelectAddress::Columns> ColumnKeys{
     u"ColumnName", u"ColumnNumber", u"ColumnKind", u"ColumnFolder"};
-constexpr std::array<std::int32_t, FormSmsSelectAddress::Columns> UsualWidths{190, 130, 80, 150};
+constexpr std::array<std::int32_t, FormSmsSelectAddress::Columns> UsualWidths{160, 100, 80, 155};
 constexpr std::array<TextView, std::size_t(NumberKind::List) + 1> KindKeys{
     u"KindMobile", u"KindHome",  u"KindHome2",   u"KindBusiness", u"KindBusiness2",
     u"KindCar",    u"KindOther", u"KindPrimary", u"KindList"};
@@ -78,7 +78,14 @@ void FormSmsSelectAddress::Load() {
     list.SetSorted(sortedBy, descending);
     list.SetSource([this](std::size_t row, std::size_t column) { return Cell(row, column); });
     chosen.clear();
-    for (Text& number : recipientField.Recipients()) {
+    std::vector<Text> recipients = recipientField.Recipients();
+    // The beginning of a name, typed last, is what the user looks for.
+    view.TextSearch().SetText({});
+    if (!recipients.empty() && recipients.back().find_first_of(u"0123456789") == Text::npos) {
+        view.TextSearch().SetText(recipients.back());
+        recipients.pop_back();
+    }
+    for (Text& number : recipients) {
         Text text = Shown(number);
         chosen.push_back({std::move(number), std::move(text)});
     }

@@ -11,7 +11,7 @@ namespace tellwick::windows {
 namespace {
 
 constexpr SIZE Least{290, 190};  // dialog units
-constexpr SIZE Usual{380, 260};
+constexpr SIZE Usual{430, 260};
 constexpr int Margin = 6;
 constexpr int Gap = 4;
 constexpr int ButtonHeight = 14;

@@ -155,12 +155,13 @@ LRESULT WindowListView::Draw(NMLVCUSTOMDRAW& drawing) {
                  GetSysColor(chosen && HasFocus() ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(drawing.nmcd.hdc, TRANSPARENT);
     const auto font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
-    if (boldOf != font) {
+    if (markOf != font) {
         LOGFONTW look{};
         GetObjectW(font, sizeof look, &look);
         look.lfWeight = FW_BOLD;
-        boldFont.reset(CreateFontIndirectW(&look));
-        boldOf = font;
+        look.lfUnderline = TRUE;
+        markFont.reset(CreateFontIndirectW(&look));
+        markOf = font;
     }
     DrawMarked(drawing.nmcd.hdc, cell, text);
     return CDRF_SKIPDEFAULT;
@@ -169,7 +170,7 @@ LRESULT WindowListView::Draw(NMLVCUSTOMDRAW& drawing) {
 void WindowListView::DrawMarked(HDC context, RECT cell, const MarkedText& text) const {
     cell.left += CellMargin;
     cell.right -= CellMargin / 2;
-    const HGDIOBJ before = SelectObject(context, boldOf);
+    const HGDIOBJ before = SelectObject(context, markOf);
     const auto draw = [&](std::size_t start, std::size_t length, HGDIOBJ font) {
         if (length == 0 || cell.left >= cell.right) return;
         SelectObject(context, font);
@@ -182,11 +183,11 @@ void WindowListView::DrawMarked(HDC context, RECT cell, const MarkedText& text) 
     };
     std::size_t at = 0;
     for (const MarkedText::Mark& mark : text.marks) {
-        draw(at, mark.start - at, boldOf);
-        draw(mark.start, mark.length, boldFont.get());
+        draw(at, mark.start - at, markOf);
+        draw(mark.start, mark.length, markFont.get());
         at = mark.start + mark.length;
     }
-    draw(at, text.text.size() - at, boldOf);
+    draw(at, text.text.size() - at, markOf);
     SelectObject(context, before);
 }
 

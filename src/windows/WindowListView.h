@@ -35,8 +35,8 @@ private:
 
     CellSource source;
     int resolution = 96;
-    GdiObject boldFont;  // of `boldOf`
-    HFONT boldOf = nullptr;
+    GdiObject markFont;  // of `markOf`
+    HFONT markOf = nullptr;
 };
 
 }  // namespace tellwick::windows

@@ -31,6 +31,8 @@ void AddManyContacts(OutlookModel& outlook, std::int32_t count, std::int32_t fol
     const auto number = [&](TextView prefix) {
         return Text(prefix) + NumberText(std::int64_t(1000000 + below(9000000)));
     };
+    constexpr double Minute = 1.0 / 1440;
+    double date = 40000;
     const auto& contacts = outlook.DefaultFolder(outlook::ContactsFolder);
     for (std::int32_t index = 0; index < folders; ++index) {
         const auto folder = contacts->Add(u"Kontakte " + NumberText(index + 1), ContactItem);
@@ -48,6 +50,7 @@ void AddManyContacts(OutlookModel& outlook, std::int32_t count, std::int32_t fol
             if (below(10) == 0) item->SetField(u"HomeTelephoneNumber", number(u"+49 (30) "));
             if (below(20) == 0) item->SetField(u"BusinessTelephoneNumber", number(u"089 / "));
             outlook.SaveItem(item);
+            item->created = item->modified = date += Minute;
             folder->items->all.push_back(std::move(item));
         }
     }

@@ -7,6 +7,7 @@
 #include "outlook/AddInForms.h"
 #include "outlook/CommandText.h"
 #include "outlook/ExplorerWindow.h"
+#include "outlook/NaiveReading.h"
 #include "outlook/Stopwatch.h"
 
 namespace tellwick::standin {
@@ -96,6 +97,8 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"bars", {1, &Commands::Bars}},
         {u"add-bar", {2, &Commands::AddBar}},
         {u"many-contacts", {2, &Commands::ManyContacts}},
+        {u"naive-contacts", {0, &Commands::NaiveContacts}},
+        {u"until-file", {1, &Commands::UntilFile}},
         {u"toolbar", {1, &Commands::Toolbar}},
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},
@@ -263,6 +266,23 @@ Text Commands::Time(const Words& words) {
     GetWindowTextW(GetActiveWindow(), title, 256);
     return RealText(elapsed) + (queued ? u" queued " + RealText(*queued) : Text()) + u" handler " +
            RealText(longest) + u" " + FromWide(title);
+}
+
+Text Commands::NaiveContacts(const Words&) {
+    const ComPtr<IDispatch> application = objects.Wrap(outlook.Application());
+    const Stopwatch watch;
+    const long count = ReadContactsNaively(*application.Get());
+    return RealText(watch.Elapsed()) + u" items " + NumberText(count);
+}
+
+Text Commands::UntilFile(const Words& words) {
+    constexpr double Longest = 60000;
+    const Stopwatch watch;
+    while (GetFileAttributesW(Wide(words[0])) == INVALID_FILE_ATTRIBUTES) {
+        Require(watch.Elapsed() < Longest, "no such file");
+        RunMessages(desk, 5);
+    }
+    return RealText(watch.Elapsed());
 }
 
 Text Commands::Fill(const Words& words) {

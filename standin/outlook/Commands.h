@@ -19,6 +19,7 @@
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
+//   naive-contacts                   reads these one by one through COM; answers milliseconds
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
 //   folder N inbox|calendar|contacts
@@ -72,6 +73,8 @@
 //   memory                           private bytes before and after the connection, and now
 //   pump                             runs what waits in the message queue
 //   wait MILLISECONDS                runs the message loop that long
+//   until-file PATH                  runs it until the file is there, a minute at most; answers
+//                                    milliseconds
 //   start [no-window] [late]         starts Outlook, in a process that stays; windows are numbered
 //                                    anew
 //   quit, shutdown                   ends Outlook as its user does, and prints the end's report
@@ -121,6 +124,8 @@ private:
     Text AddList(const Words&);
     Text SetItem(const Words&);
     Text ManyContacts(const Words&);
+    Text NaiveContacts(const Words&);
+    Text UntilFile(const Words&);
     Text Select(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);

@@ -15,19 +15,6 @@ bool Shows(const Form& form, const std::wstring& text) {
     return WaitUntil([&] { return FindByText(form.window, text) != nullptr; });
 }
 
-HWND MatchList(const Form& form) {
-    for (const HWND child : Descendants(form.window)) {
-        if (ClassOf(child) == L"ListBox" && IsWindowVisible(child)) return child;
-    }
-    return nullptr;
-}
-
-std::wstring Row(HWND list, int row) {
-    wchar_t text[256] = L"";
-    SendMessageW(list, LB_GETTEXT, WPARAM(row), reinterpret_cast<LPARAM>(text));
-    return text;
-}
-
 }  // namespace
 
 TEST_CASE("typing is counted, and the flash option follows") {
@@ -60,30 +47,6 @@ TEST_CASE("the hexadecimal view takes digits only and gives the text back") {
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"486921"; }));
     Click(form.Control(L"Text"));
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"Hi!"; }));
-}
-
-TEST_CASE("typing a name offers the contacts, Enter takes the chosen one's number") {
-    Machine machine;
-    StandIn outlook(10, L"--empty");
-    for (const char* const contact : {"\"FullName=Anna Berg\" \"MobileTelephoneNumber=+49 170 1\"",
-                                      "\"FullName=Anton Berg\" \"MobileTelephoneNumber=0171 2\"",
-                                      "\"FullName=Zoe Tal\" \"MobileTelephoneNumber=0171 3\""}) {
-        outlook.Command(std::string("add-contact ") + contact);
-    }
-    const Form form = Form::Open(outlook);
-    Form::Fill(form.to, L"0160;an");
-    REQUIRE(WaitUntil([&] { return MatchList(form) != nullptr; }));
-    const HWND list = MatchList(form);
-    CHECK(SendMessageW(list, LB_GETCOUNT, 0, 0) == 2);
-    CHECK(Row(list, 0) == L"Anna Berg  (+491701)");
-    CHECK(Focus() == form.to);
-    Press(VK_DOWN);
-    Press(VK_DOWN);
-    CHECK(WaitUntil([&] { return SendMessageW(list, LB_GETCURSEL, 0, 0) == 1; }));
-    Press(VK_RETURN);
-    CHECK(WaitUntil([&] { return TextOf(form.to) == L"0160;01712"; }));
-    CHECK(WaitUntil([&] { return Focus() == form.message; }));
-    CHECK(MatchList(form) == nullptr);
 }
 
 TEST_CASE("recipient and templates come back with the next form") {

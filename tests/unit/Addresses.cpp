@@ -360,7 +360,7 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     people.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
     people.SetSetting(u"Positions", u"SMSSelectColumn2", u"77");
     people.program.formSmsSend.Open({});
-    people.view.TextTo().SetText(u"0171 1, 0999");
+    people.view.TextTo().SetText(u"0171 1, 0999; oS");
     people.program.formSmsSend.ButtonTo_Click();
     auto& window = people.selectAddressView;
     auto& form = people.program.formSmsSelectAddress;
@@ -372,6 +372,8 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     };
     CHECK(window.ListChosen().items == std::vector<Text>{u"0171 1", u"0999"});
     CHECK(window.ListAddresses().widths[1] == 77);
+    CHECK(names() == u"C");  // what was typed last is no number
+    window.TextSearch().SetText({});
     CHECK(names() == u"AACJOS");
     form.ListAddresses_ColumnClick(FormSmsSelectAddress::Number);
     CHECK(names() == u"AJSCOA");
