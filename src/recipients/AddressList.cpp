@@ -125,6 +125,7 @@ std::optional<std::size_t> AddressList::RowOfNumber(TextView number) const {
 
 void AddressList::SetRecent(const std::vector<Text>& numbers) {
     std::vector<std::uint32_t> wanted;
+    wanted.reserve(numbers.size());
     for (const Text& number : numbers) wanted.push_back(LastDigits(number));
     std::sort(wanted.begin(), wanted.end());
     recent.clear();

@@ -193,8 +193,12 @@ void ContactHarvest::BeginFolder() {
 }
 
 std::span<const std::uint32_t> ContactHarvest::OldItemsOf(std::int32_t oldFolder) const {
-    const auto folderOf = [&](std::uint32_t item) { return before.items[item].folder; };
-    return std::ranges::equal_range(oldItems, std::uint16_t(oldFolder), {}, folderOf);
+    const auto isBefore = [this](std::uint32_t item, std::int32_t folder) {
+        return before.items[item].folder < folder;
+    };
+    const auto first = std::lower_bound(oldItems.begin(), oldItems.end(), oldFolder, isBefore);
+    const auto last = std::lower_bound(first, oldItems.end(), oldFolder + 1, isBefore);
+    return {first, last};
 }
 
 void ContactHarvest::KeepAllOf(std::int32_t oldFolder, std::uint16_t folder) {

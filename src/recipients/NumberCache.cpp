@@ -234,11 +234,11 @@ std::optional<AddressBook> NumberCacheReader::Take() {
 
 // Writing -------------------------------------------------------------------------------------
 
-NumberCacheWriter::NumberCacheWriter(FileSystem& fileSystem, Locale& locale, const Text& folder,
+NumberCacheWriter::NumberCacheWriter(FileSystem& fileSystem, Locale& locale, Text settingsFolder,
                                      const AddressBook& book)
     : fileSystem(fileSystem),
       escaped(locale),
-      folder(folder),
+      folder(std::move(settingsFolder)),
       book(book),
       rowOfItem(book.items.size(), None) {}
 

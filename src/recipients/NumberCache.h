@@ -70,7 +70,7 @@ private:
 class NumberCacheWriter {
 public:
     // The book must outlive this.
-    NumberCacheWriter(FileSystem& fileSystem, Locale& locale, const Text& folder,
+    NumberCacheWriter(FileSystem& fileSystem, Locale& locale, Text settingsFolder,
                       const AddressBook& book);
     ~NumberCacheWriter();
     NumberCacheWriter(const NumberCacheWriter&) = delete;

@@ -238,17 +238,23 @@ void RecipientField::ShowMatches() {
 
 // Outlook's contacts are being read, or were.
 void RecipientField::Addresses_Change(bool listChanged) {
-    if (!searching) return;
+    if (!searching) {
+        if (std::exchange(progressShown, false)) progressBar1.SetValue(0);
+        return;
+    }
     if (listChanged) ShowMatches();
-    progressBar1.SetValue(addresses.Reading() ? addresses.Progress() : 0);
-    if (addresses.Reading() && !addresses.FolderBeingRead().empty()) {
+    if (addresses.Reading()) {
+        progressShown = true;
+        progressBar1.SetValue(addresses.Progress());
+        if (addresses.FolderBeingRead().empty()) return;
         statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Reading"), u"%f",
                                       addresses.FolderBeingRead()));
-    } else if (!addresses.Reading() && !addresses.Failed().empty()) {
+    } else if (std::exchange(progressShown, false)) {
+        progressBar1.SetValue(0);
+        ShowMatches();
+        if (addresses.Failed().empty()) return;
         statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"NotRead"), u"%f",
                                       addresses.Failed()[0]));
-    } else if (!listChanged) {
-        ShowMatches();
     }
 }
 

@@ -93,6 +93,7 @@ private:
     bool setting = false;  // the program, not the user, changes the field
 
     bool searching = false;  // the user has typed, and chosen nothing yet
+    bool progressShown = false;
 
     Prefixes& prefixes;
     Addresses& addresses;

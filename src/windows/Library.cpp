@@ -79,8 +79,9 @@ Program& TheProgram() {
 using namespace tellwick::windows;
 
 namespace __gnu_cxx {
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 void __freeres();  // of the language's runtime; it declares it nowhere
-}
+}  // namespace __gnu_cxx
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
     if (reason == DLL_PROCESS_ATTACH) {

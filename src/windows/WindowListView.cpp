@@ -133,9 +133,8 @@ LRESULT WindowListView::FindRow(const NMLVFINDITEMW& wanted) const {
 LRESULT WindowListView::Draw(NMLVCUSTOMDRAW& drawing) {
     switch (drawing.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
-            return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT:
-            return CDRF_NOTIFYSUBITEMDRAW;
+            return CDRF_NOTIFYITEMDRAW;  // and CDRF_NOTIFYSUBITEMDRAW, which is the same
         case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
             break;
         default:
@@ -155,13 +154,13 @@ LRESULT WindowListView::Draw(NMLVCUSTOMDRAW& drawing) {
                  GetSysColor(chosen && HasFocus() ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(drawing.nmcd.hdc, TRANSPARENT);
     const auto font = reinterpret_cast<HFONT>(Send(WM_GETFONT));
-    if (markOf != font) {
+    if (plainFont != font) {
         LOGFONTW look{};
         GetObjectW(font, sizeof look, &look);
         look.lfWeight = FW_BOLD;
         look.lfUnderline = TRUE;
         markFont.reset(CreateFontIndirectW(&look));
-        markOf = font;
+        plainFont = font;
     }
     DrawMarked(drawing.nmcd.hdc, cell, text);
     return CDRF_SKIPDEFAULT;
@@ -170,7 +169,7 @@ LRESULT WindowListView::Draw(NMLVCUSTOMDRAW& drawing) {
 void WindowListView::DrawMarked(HDC context, RECT cell, const MarkedText& text) const {
     cell.left += CellMargin;
     cell.right -= CellMargin / 2;
-    const HGDIOBJ before = SelectObject(context, markOf);
+    const HGDIOBJ before = SelectObject(context, plainFont);
     const auto draw = [&](std::size_t start, std::size_t length, HGDIOBJ font) {
         if (length == 0 || cell.left >= cell.right) return;
         SelectObject(context, font);
@@ -183,11 +182,11 @@ void WindowListView::DrawMarked(HDC context, RECT cell, const MarkedText& text) 
     };
     std::size_t at = 0;
     for (const MarkedText::Mark& mark : text.marks) {
-        draw(at, mark.start - at, markOf);
+        draw(at, mark.start - at, plainFont);
         draw(mark.start, mark.length, markFont.get());
         at = mark.start + mark.length;
     }
-    draw(at, text.text.size() - at, markOf);
+    draw(at, text.text.size() - at, plainFont);
     SelectObject(context, before);
 }
 

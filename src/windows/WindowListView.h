@@ -35,8 +35,8 @@ private:
 
     CellSource source;
     int resolution = 96;
-    GdiObject markFont;  // of `markOf`
-    HFONT markOf = nullptr;
+    GdiObject markFont;  // made of the other
+    HFONT plainFont = nullptr;
 };
 
 }  // namespace tellwick::windows

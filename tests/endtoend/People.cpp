@@ -105,7 +105,7 @@ TEST_CASE("closing the form or quitting Outlook ends the reading") {
         // Outlook works on meanwhile.
         outlook.Command("open-explorer");
         if (!quit) {
-            Press(VK_ESCAPE);
+            Click(form.message);
             Press(VK_ESCAPE);
             REQUIRE(WaitUntilGone(form.window));
         }

@@ -93,7 +93,7 @@ TEST_CASE("the ribbon's buttons open the form, by the mouse too") {
             TakeRecipient();
             outlook.Command("select 1 6 7");
             outlook.Command("click-context 1 \"SMS an diesen Kontakt\"");
-            CHECK(TakeRecipient().find(L";") != std::wstring::npos);
+            CHECK(TakeRecipient().find(L';') != std::wstring::npos);
         }
         CHECK(outlook.Command("ribbon-errors").empty());
         CHECK(outlook.Command("references").find("IRibbonControl") == std::string::npos);

@@ -366,7 +366,7 @@ ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {
 }
 
 ObjectPtr MemoryBitmaps::CreateIconPicture(std::int32_t resource, std::int32_t size) {
-    return CreatePicture(BitmapHandle(resource * 10000 + size * resolution / 96));
+    return CreatePicture(BitmapHandle(resource) * 10000 + BitmapHandle(size * resolution / 96));
 }
 
 BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {

@@ -35,7 +35,7 @@ struct People : TestProgram {
         platform.clock.now = outlook.now + 1;
     }
     std::shared_ptr<standin::Item> Add(TextView name, TextView fileAs, TextView mobile,
-                                       std::shared_ptr<standin::Folder> folder) {
+                                       const std::shared_ptr<standin::Folder>& folder) {
         const auto item = outlook.AddItem(
             outlook::ContactClass,
             {{u"FullName", name}, {u"FileAs", fileAs}, {u"MobileTelephoneNumber", mobile}});

@@ -120,9 +120,9 @@ struct Session : Host {
         for (const auto& [path, file] : platform.fileSystem.files) {
             if (path.ends_with(u".tmp")) kept += u"|" + platform.locale.FromAnsi(file.contents);
         }
-        for (const auto& [name, text] : typed) {
-            CAPTURE(name);
-            CHECK_MESSAGE(Contains(kept, text), "lost");
+        for (const auto& one : typed) {
+            CAPTURE(one.first);
+            CHECK_MESSAGE(Contains(kept, one.second), "lost");
         }
         typed.clear();
     }

@@ -267,11 +267,11 @@ TEST_CASE("the host finds what is wrong with a ribbon's XML, and where") {
         {group(u"id=\"g\"", u"<menu id=\"m\"/>"), u"Unexpected element menu"},
         {head + u"<contextMenus><contextMenu idMso=\"TabMail\"/></contextMenus></customUI>",
          u"That is no menu"}};
-    for (const auto& [xml, part] : wrong) {
-        CAPTURE(xml);
-        CAPTURE(error(xml));
-        CHECK(error(xml).starts_with(u"Line: 1\rColumn: "));
-        CHECK(Contains(error(xml), part));
+    for (const auto& one : wrong) {
+        CAPTURE(one.first);
+        CAPTURE(error(one.first));
+        CHECK(error(one.first).starts_with(u"Line: 1\rColumn: "));
+        CHECK(Contains(error(one.first), one.second));
     }
     CHECK(Contains(error(good, 12), u"Unknown namespace"));
 
