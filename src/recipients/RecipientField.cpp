@@ -189,6 +189,7 @@ void RecipientField::TextTo_Click() {
         NumberList.clear();
         NumberListBound = -1;
         textTo.Clear();
+        TellRecent();
     }
     // The item's text is no recipient.
     SetText(Text(fieldText));

@@ -277,6 +277,7 @@ Text Commands::NaiveContacts(const Words&) {
 
 Text Commands::UntilFile(const Words& words) {
     constexpr double Longest = 60000;
+    const Held held(dispatcher);
     const Stopwatch watch;
     while (GetFileAttributesW(Wide(words[0])) == INVALID_FILE_ATTRIBUTES) {
         Require(watch.Elapsed() < Longest, "no such file");
