@@ -177,7 +177,7 @@ void ContactHarvest::BeginFolder() {
     }
     changed = true;
     known.clear();
-    comparing = false;
+    comparing = incomplete = false;
     if (currentOld >= 0) {
         for (const std::uint32_t item : OldItemsOf(currentOld))
             known.emplace(KeyOf(before.items[item]), item);
@@ -234,6 +234,7 @@ void ContactHarvest::ReadItems() {
 }
 
 void ContactHarvest::Look(const ContactReader::Row& row) {
+    constexpr double ReadAgain = -1;
     ++done;
     ContactItem item;
     item.created = AsReal(row.values[Created]);
@@ -248,24 +249,37 @@ void ContactHarvest::Look(const ContactReader::Row& row) {
         known.erase(same);
         return;
     }
-    ++itemsRead;
-    if (!comparing) {
-        if (StartsWithFolded(AsText(row.values[MessageClass]), u"IPM.DistList")) {
-            ReadList(row, number);
-        } else {
-            ReadContact(row.values, item.folder, number);
-        }
-        return;
+    const bool dated = item.created > 0 && item.modified > 0;
+    if (ReadItem(row, item.folder, number) && dated) return;
+    // Its date must not tell the next time that nothing has changed.
+    book.items[number].modified = ReadAgain;
+    incomplete = true;
+}
+
+bool ContactHarvest::ReadItem(const ContactReader::Row& row, std::uint16_t folder,
+                              std::uint32_t item) {
+    errors.Clear();
+    const Text messageClass = comparing ? Text() : AsText(row.values[MessageClass]);
+    if (!comparing && !StartsWithFolded(messageClass, u"IPM.DistList")) {
+        ReadContact(row.values, folder, item);
+        // What is no contact has not all that contacts have.
+        return row.complete ||
+               (!messageClass.empty() && !StartsWithFolded(messageClass, u"IPM.Contact"));
     }
     const ObjectPtr opened = reader->Open(nameSpace, row);
-    if (outlook::Item(errors, opened).Class() == outlook::DistributionListClass) {
-        ReadList(row, number);
-        return;
+    if (!opened) return false;
+    const std::int32_t itemClass = outlook::Item(errors, opened).Class();
+    if (itemClass == outlook::DistributionListClass) {
+        ReadList(opened, item);
+    } else if (itemClass == outlook::ContactClass) {
+        std::vector<Value> values(Columns.size());
+        for (std::size_t column = FullName; column < Columns.size(); ++column)
+            values[column] = opened->Get(Columns[column]);
+        const bool read = !errors;
+        ReadContact(values, folder, item);
+        return read;
     }
-    std::vector<Value> values(Columns.size());
-    for (std::size_t column = FullName; opened && column < Columns.size(); ++column)
-        values[column] = opened->Get(Columns[column]);
-    ReadContact(values, item.folder, number);
+    return !errors;
 }
 
 void ContactHarvest::ReadContact(const std::vector<Value>& values, std::uint16_t folder,
@@ -288,13 +302,15 @@ void ContactHarvest::ReadContact(const std::vector<Value>& values, std::uint16_t
 }
 
 // Outlook would ask the user before it names the members, Redemption does not.
-void ContactHarvest::ReadList(const ContactReader::Row& row, std::uint32_t item) {
-    ObjectPtr list = reader->Open(nameSpace, row);
-    if (!list) return;
-    const Text name = OneLine(AsText(list->Get(u"DLName")));
+void ContactHarvest::ReadList(const ObjectPtr& opened, std::uint32_t item) {
+    const Text name = OneLine(AsText(opened->Get(u"DLName")));
+    ObjectPtr list = opened;
+    const bool read = !errors;
     if (const ObjectPtr safe = surroundings.automation.Create(u"Redemption.SafeDistList")) {
         safe->Put(u"Item", list);
         list = safe;
+    } else if (read) {
+        errors.Clear();  // not every machine has it
     }
     std::vector<Text>& members = book.members[item];
     members.push_back(name);
@@ -309,7 +325,8 @@ void ContactHarvest::ReadList(const ContactReader::Row& row, std::uint32_t item)
 void ContactHarvest::EndFolder() {
     ContactFolder& folder = book.folders.back();
     // What is modified in the minute of the newest may come later than this reading.
-    folder.settled = folder.newest > 0 &&
+    if (incomplete) folders.failed.push_back(folderName);
+    folder.settled = !incomplete && folder.newest > 0 &&
                      WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
     reader.reset();
     ++current;

@@ -41,8 +41,6 @@ public:
     // Percent, and the folder that is being read.
     std::int32_t Progress() const;
     const Text& FolderName() const { return folderName; }
-    // Items that were read, not only counted.
-    std::uint32_t ItemsRead() const { return itemsRead; }
     // Names of the folders that could not be read; "" is a store. What was known of them stays.
     const std::vector<Text>& Failed() const { return folders.failed; }
 
@@ -61,8 +59,10 @@ private:
     bool IsUnchanged(const ContactFolders::Found& found, std::int32_t oldFolder);
     void ReadItems();
     void Look(const ContactReader::Row& row);
+    // False when Outlook failed: then some of the item's numbers may be missing.
+    bool ReadItem(const ContactReader::Row& row, std::uint16_t folder, std::uint32_t item);
     void ReadContact(const std::vector<Value>& values, std::uint16_t folder, std::uint32_t item);
-    void ReadList(const ContactReader::Row& row, std::uint32_t item);
+    void ReadList(const ObjectPtr& opened, std::uint32_t item);
     void EndFolder();
     void GiveUpFolder();
     std::span<const std::uint32_t> OldItemsOf(std::int32_t oldFolder) const;
@@ -84,6 +84,7 @@ private:
     std::optional<ContactReader> reader;
     std::vector<ContactReader::Row> rows;
     bool comparing = false;           // the reader gives dates only
+    bool incomplete = false;          // an item of this folder failed
     std::vector<std::uint32_t> kept;  // by old item: its new number, from 1; 0 is gone
     // Of the folder being compared: the old items by their dates.
     std::unordered_multimap<std::uint64_t, std::uint32_t> known;
@@ -95,7 +96,6 @@ private:
     AddressListBuilder builder;
     std::uint64_t total = 0;  // items
     std::uint64_t done = 0;
-    std::uint32_t itemsRead = 0;
     Text folderName;
 };
 

@@ -71,10 +71,9 @@ bool ContactReader::ReadItem(std::vector<Row>& rows) {
     const ObjectPtr item = AsObject(Get(errors, items, u"Item", {next}));
     Row read{{}, {}, next++};
     read.values.resize(columns.size());
-    if (item) {
-        for (std::size_t column = 0; column < columns.size(); ++column)
-            read.values[column] = item->Get(columns[column]);
-    }
+    for (std::size_t column = 0; item && column < columns.size(); ++column)
+        read.values[column] = item->Get(columns[column]);
+    read.complete = !errors;
     rows.push_back(std::move(read));
     return true;
 }

@@ -14,6 +14,7 @@ public:
         std::vector<Value> values;  // in the order of the columns
         Text entryId;               // empty where Outlook does not tell
         std::int32_t index;         // in the folder, from 1
+        bool complete = true;       // false: Outlook failed, some values are missing
     };
 
     // Columns are names of properties.

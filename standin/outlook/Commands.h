@@ -54,9 +54,8 @@
 //                                    as the user does in the add-ins dialog; the first one unless
 //                                    named
 //   references                       COM objects that are held now: class, references, sinks
-//   end-addins                       OnBeginShutdown and OnDisconnection, as at Outlook's end,
-//   while
-//                                    the windows are still there
+//   end-addins                       OnBeginShutdown and OnDisconnection, as at Outlook's end, but
+//                                    with the windows still there
 //   can-unload                       what DllCanUnloadNow says: "yes" or "no"
 //   unload                           frees unused libraries; answers "unloaded" or "loaded"
 //   fail CLASS.MEMBER NUMBER         every use fails with that error number, decimal; with the
