@@ -7,8 +7,6 @@
 #include "outlook/AddInForms.h"
 #include "outlook/CommandText.h"
 #include "outlook/ExplorerWindow.h"
-#include "outlook/NaiveReading.h"
-#include "outlook/Stopwatch.h"
 
 namespace tellwick::standin {
 
@@ -18,26 +16,6 @@ std::shared_ptr<CommandBar> BarOf(const Explorer& explorer, TextView name) {
     auto bar = explorer.commandBars->Find(name);
     Require(bar != nullptr, "no such bar");
     return bar;
-}
-
-// Runs the message loop until the time has come or, without one, until the queue is empty.
-void RunMessages(const Desk& desk, DWORD milliseconds) {
-    const DWORD start = GetTickCount();
-    for (;;) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message == WM_QUIT) {
-                PostQuitMessage(int(message.wParam));
-                return;
-            }
-            if (desk.Translate(message)) continue;
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-        const DWORD passed = GetTickCount() - start;
-        if (passed >= milliseconds) return;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds - passed, QS_ALLINPUT);
-    }
 }
 
 template <class Type>
@@ -56,13 +34,6 @@ std::shared_ptr<Type> AtNumber(const std::vector<std::weak_ptr<Type>>& numbered,
     if (number < 1 || std::size_t(number) > numbered.size()) return nullptr;
     return numbered[std::size_t(number) - 1].lock();
 }
-
-// Commands wait.
-struct Held {
-    explicit Held(Dispatcher& dispatcher) : dispatcher(dispatcher) { dispatcher.Hold(); }
-    ~Held() { dispatcher.Release(); }
-    Dispatcher& dispatcher;
-};
 
 }  // namespace
 
@@ -99,6 +70,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"many-contacts", {2, &Commands::ManyContacts}},
         {u"naive-contacts", {0, &Commands::NaiveContacts}},
         {u"until-file", {1, &Commands::UntilFile}},
+        {u"type", {1, &Commands::TypeKeys}},
         {u"toolbar", {1, &Commands::Toolbar}},
         {u"menu", {1, &Commands::Menu}},
         {u"add-control", {5, &Commands::AddControl}},
@@ -246,46 +218,6 @@ Text Commands::Click(const Words& words) {
     return {};
 }
 
-Text Commands::Time(const Words& words) {
-    const Held held(dispatcher);
-    Stopwatch watch;
-    double longest = 0;
-    const auto noMore = [](auto* timing) { *timing = nullptr; };
-    outlook.aroundHandler = [&](const std::function<void()>& handler) {
-        const double from = watch.Elapsed();
-        handler();
-        longest = std::max(longest, watch.Elapsed() - from);
-    };
-    const std::unique_ptr<decltype(outlook.aroundHandler), decltype(noMore)> timing(
-        &outlook.aroundHandler, noMore);
-    Perform(words);
-    RunMessages(desk, 0);
-    const double elapsed = watch.Elapsed();
-    const std::optional<double> queued = watch.Queued();
-    wchar_t title[256] = L"";
-    GetWindowTextW(GetActiveWindow(), title, 256);
-    return RealText(elapsed) + (queued ? u" queued " + RealText(*queued) : Text()) + u" handler " +
-           RealText(longest) + u" " + FromWide(title);
-}
-
-Text Commands::NaiveContacts(const Words&) {
-    const ComPtr<IDispatch> application = objects.Wrap(outlook.Application());
-    const Stopwatch watch;
-    const long count = ReadContactsNaively(*application.Get());
-    return RealText(watch.Elapsed()) + u" items " + NumberText(count);
-}
-
-Text Commands::UntilFile(const Words& words) {
-    constexpr double Longest = 60000;
-    const Held held(dispatcher);
-    const Stopwatch watch;
-    while (GetFileAttributesW(Wide(words[0])) == INVALID_FILE_ATTRIBUTES) {
-        Require(watch.Elapsed() < Longest, "no such file");
-        RunMessages(desk, 5);
-    }
-    return RealText(watch.Elapsed());
-}
-
 Text Commands::Fill(const Words& words) {
     Require(FillFields(words), "no such fields");
     return {};
@@ -385,28 +317,17 @@ Text Commands::Resolution(const Words& words) {
     return {};
 }
 
-Text Commands::Times(const Words&) {
-    return u"OnConnection " + RealText(loader.connectionTime) + u" shutdown " +
-           RealText(loader.shutdownTime);
-}
-
-Text Commands::Memory(const Words&) {
-    return u"before " + NumberText(std::int64_t(loader.bytesBeforeConnection)) + u" after " +
-           NumberText(std::int64_t(loader.bytesAfterConnection)) + u" now " +
-           NumberText(std::int64_t(PrivateBytes()));
-}
-
 Text Commands::Pump(const Words&) {
     const Held held(dispatcher);
     desk.Synchronise();
-    RunMessages(desk, 0);
+    desk.RunMessages(0);
     return {};
 }
 
 Text Commands::Wait(const Words& words) {
     const Held held(dispatcher);
     desk.Synchronise();
-    RunMessages(desk, DWORD(std::clamp<std::int64_t>(LeadingNumber(words[0]), 0, 600000)));
+    desk.RunMessages(DWORD(std::clamp<std::int64_t>(LeadingNumber(words[0]), 0, 600000)));
     return {};
 }
 

@@ -43,6 +43,8 @@
 //                                    again ("queued" and those until the add-in had queued an SMS),
 //                                    "handler" and those of the longest event handler, behind them
 //                                    the title of the window that is active then
+//   type TEXT                        presses the keys of its characters one by one; "median" and
+//                                    "worst" milliseconds of a key until the message queue is empty
 //   fill TEXT...                     puts texts into the edit fields of an add-in's window, in
 //                                    their order
 //   push CAPTION                     clicks a button of an add-in's window
@@ -125,6 +127,7 @@ private:
     Text ManyContacts(const Words&);
     Text NaiveContacts(const Words&);
     Text UntilFile(const Words&);
+    Text TypeKeys(const Words&);
     Text Select(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);

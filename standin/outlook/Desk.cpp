@@ -86,4 +86,23 @@ bool Desk::Translate(MSG& message) const {
     return false;
 }
 
+void Desk::RunMessages(DWORD milliseconds) const {
+    const DWORD start = GetTickCount();
+    for (;;) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) {
+                PostQuitMessage(int(message.wParam));
+                return;
+            }
+            if (Translate(message)) continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        const DWORD passed = GetTickCount() - start;
+        if (passed >= milliseconds) return;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds - passed, QS_ALLINPUT);
+    }
+}
+
 }  // namespace tellwick::standin

@@ -25,6 +25,8 @@ public:
     Frame* FrameOf(const std::shared_ptr<Window>& window) const;
     // Keys that the windows have for themselves: Tab and accelerators. True when used up.
     bool Translate(MSG& message) const;
+    // Runs the message loop until so many milliseconds are over or, with 0, the queue is empty.
+    void RunMessages(DWORD milliseconds) const;
 
 private:
     void Show(const std::shared_ptr<Window>& window);

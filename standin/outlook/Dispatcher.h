@@ -32,4 +32,16 @@ private:
     int holds = 0;
 };
 
+// Nothing is done as long as it lives.
+class Held {
+public:
+    explicit Held(Dispatcher& dispatcher) : dispatcher(dispatcher) { dispatcher.Hold(); }
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+    ~Held() { dispatcher.Release(); }
+
+private:
+    Dispatcher& dispatcher;
+};
+
 }  // namespace tellwick::standin
