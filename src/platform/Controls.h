@@ -63,7 +63,11 @@ public:
     virtual void SetSelectedIndex(std::int32_t index) = 0;
 };
 
-class ListBox : public virtual ItemList {};
+class ListBox : public virtual ItemList {
+public:
+    // In place of those that are there, drawn once; none is selected.
+    virtual void SetItems(const std::vector<Text>& items) = 0;
+};
 
 // A text of which some parts are marked; start and length in UTF-16 code units, ascending.
 struct MarkedText {

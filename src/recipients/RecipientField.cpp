@@ -22,7 +22,7 @@ constexpr std::int32_t FirstUnread = 50;  // so many keys less one are ever read
 constexpr std::int32_t AskClear = 52;
 constexpr std::uint32_t AskClearStyle = QuestionBox::AffirmativeIsOne | box::YesNo;
 constexpr std::int32_t LongestList = 10000;  // whatever the setting says
-constexpr std::size_t MostRowsFilled = 500;  // nobody scrolls through more matches
+constexpr std::size_t MostRowsFilled = 200;  // nobody scrolls through more matches
 constexpr std::size_t MostRowsShown = 10;
 
 Text NumberKey(std::int32_t position) {
@@ -221,15 +221,16 @@ void RecipientField::ShowMatches() {
     const std::int32_t chosen = listBoxNumbers.SelectedIndex();
     const Text chosenEntry = chosen < 0 ? Text() : listBoxNumbers.Item(chosen);
     std::int32_t chosenNow = -1;
-    listBoxNumbers.Clear();
+    std::vector<Text> entries;
     for (std::size_t row = 0; row < matches.size(); ++row) {
         if (row >= MostRowsFilled && (chosen < 0 || chosenNow >= 0)) break;
-        const Text entry = list.EntryText(matches[row]);
+        Text entry = list.EntryText(matches[row]);
         const bool isChosen = chosen >= 0 && entry == chosenEntry;
         if (row >= MostRowsFilled && !isChosen) continue;
-        if (isChosen) chosenNow = listBoxNumbers.Count();
-        listBoxNumbers.Add(entry);
+        if (isChosen) chosenNow = std::int32_t(entries.size());
+        entries.push_back(std::move(entry));
     }
+    listBoxNumbers.SetItems(entries);
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
     if (chosenNow >= 0) listBoxNumbers.SetSelectedIndex(chosenNow);
     listBoxNumbers.SetVisible(true);

@@ -148,6 +148,15 @@ Text WindowListBox::Item(std::int32_t index) const {
         LB_GETTEXTLEN, LB_GETTEXT, index);
 }
 
+// The system would measure and draw the list again for each of them.
+void WindowListBox::SetItems(const std::vector<Text>& items) {
+    Send(WM_SETREDRAW, FALSE);
+    Clear();
+    for (const Text& item : items) Add(item);
+    Send(WM_SETREDRAW, TRUE);
+    if (Window()) InvalidateRect(Window(), nullptr, TRUE);
+}
+
 std::int32_t WindowListBox::SelectedIndex() const {
     return Window() ? std::int32_t(Send(LB_GETCURSEL)) : -1;
 }

@@ -84,6 +84,7 @@ class WindowListBox : public ListBox, public WindowControl {
 public:
     void Clear() override { Send(LB_RESETCONTENT); }
     void Add(TextView item) override { SendText(LB_ADDSTRING, 0, item); }
+    void SetItems(const std::vector<Text>& items) override;
     std::int32_t Count() const override;
     Text Item(std::int32_t index) const override;
     std::int32_t SelectedIndex() const override;

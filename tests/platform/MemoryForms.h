@@ -98,7 +98,13 @@ public:
     std::int32_t selected = -1;
 };
 
-class MemoryListBox : public ListBox, public MemoryList, public MemoryControl {};
+class MemoryListBox : public ListBox, public MemoryList, public MemoryControl {
+public:
+    void SetItems(const std::vector<Text>& newItems) override {
+        items = newItems;
+        selected = -1;
+    }
+};
 
 class MemoryListView : public ListView, public MemoryControl {
 public:
