@@ -5,15 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/Text.h"
 
 namespace tellwick {
-
-class Locale;
 
 // In the order in which a person's numbers are offered.
 enum class NumberKind : std::uint8_t {
@@ -52,6 +48,7 @@ public:
     AddressRow Row(std::size_t row) const;
     std::size_t Size() const { return entries.size(); }
     Entry EntryAt(std::size_t index) const { return entries[index]; }
+    static constexpr TextView Separator = u"  (";
     // "Name  (number)" of the entry at an index below Size().
     Text EntryText(std::size_t index) const;
     TextView EntryName(std::size_t index) const;
@@ -110,53 +107,6 @@ private:
     std::vector<Start> starts;
     std::vector<WordEnd> ends;
     std::vector<std::uint32_t> startBuckets, endBuckets;
-};
-
-// Makes a list of rows in small steps.
-class AddressListBuilder {
-public:
-    explicit AddressListBuilder(Locale& locale) : locale(locale) {}
-
-    // About so many rows will come.
-    void Reserve(std::size_t rows);
-
-    // A row of no list, copied. Those of one person come one behind the other.
-    void Add(const AddressRow& row);
-    // The next entries, in the order in which they are to stand in a list that needs no sorting.
-    void AddEntry(std::uint32_t row, bool byFileAs);
-
-    // Sorts, unless entries were added, and makes the search fast. Does some of it; false when all
-    // is done. `most` is about how many entries a step may look at.
-    bool DoSome(std::size_t most);
-
-    std::size_t Rows() const { return list.rows.size(); }
-    const AddressList& List() const { return list; }
-    AddressList Take() { return std::move(list); }
-
-private:
-    enum class Step { Keys, Sort, Merge, Count, Scatter, Done };
-
-    AddressList::Span Store(TextView text);
-    bool Before(AddressList::Entry left, AddressList::Entry right) const;
-    TextView Name(AddressList::Entry entry) const;
-    void ForEachBucket(std::size_t entry, bool scatter);
-
-    Locale& locale;
-    AddressList list;
-    // By a hash of 64 bits, which no two of them have in common.
-    std::unordered_map<std::uint64_t, AddressList::Span> companies;
-    std::unordered_map<std::uint64_t, std::uint32_t> numbers;
-    Text folded;  // of the entry at hand
-    Step step = Step::Keys;
-    std::size_t next = 0;
-    // Sort keys by 2 * row + byFileAs, in one piece.
-    std::string keys;
-    std::vector<std::uint32_t> keyStarts;
-    std::vector<AddressList::Entry> sorted;
-    // Where each sorted run ends; neighbours are merged until one is left.
-    std::vector<std::size_t> runs;
-    std::size_t run = 0, left = 0, right = 0;
-    std::vector<std::size_t> mergedRuns;
 };
 
 }  // namespace tellwick

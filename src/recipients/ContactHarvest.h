@@ -10,6 +10,7 @@
 
 #include "platform/Object.h"
 #include "recipients/AddressBook.h"
+#include "recipients/AddressListBuilder.h"
 #include "recipients/ContactFolders.h"
 #include "recipients/ContactReader.h"
 

@@ -12,6 +12,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "recipients/AddressBook.h"
+#include "recipients/AddressListBuilder.h"
 #include "recipients/EscapedText.h"
 
 namespace tellwick {
