@@ -34,6 +34,12 @@ double Milliseconds(const std::function<void()>& work) {
     return clock.Milliseconds() - start;
 }
 
+// Bytes, large blocks too.
+std::size_t InUse() {
+    const struct mallinfo2 all = mallinfo2();
+    return all.uordblks + all.hblkhd;
+}
+
 // As a script reads contacts: every item, one property after the other.
 std::size_t ReadNaively(PendingError& errors, const ObjectPtr& application) {
     std::size_t characters = 0;
@@ -116,9 +122,9 @@ void MeasurePeople() {
         Report("item by item", naive, "ms", 0);
         const AddressBook nothing;
         Reading first, again;
-        const std::size_t before = mallinfo2().uordblks;
+        const std::size_t before = InUse();
         const AddressBook book = Harvest(test, application, nothing, first);
-        const std::size_t after = mallinfo2().uordblks;
+        const std::size_t after = InUse();
         Report("first reading", first.total, "ms", version == 16 ? naive / 5 : 0);
         Report("its longest slice", first.longest, "ms", 15);
         Harvest(test, application, book, again);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "platform/Locale.h"
@@ -59,7 +60,7 @@ void AddressListBuilder::Add(const AddressRow& row) {
 
 void AddressListBuilder::AddEntry(std::uint32_t row, bool byFileAs) {
     list.entries.push_back({row, byFileAs});
-    step = Step::Count;
+    step = Step::Index;
 }
 
 TextView AddressListBuilder::Name(AddressList::Entry entry) const {
@@ -67,152 +68,163 @@ TextView AddressListBuilder::Name(AddressList::Entry entry) const {
     return list.At(entry.byFileAs ? row.fileAs : row.name);
 }
 
-bool AddressListBuilder::Before(AddressList::Entry left, AddressList::Entry right) const {
-    const auto key = [&](AddressList::Entry entry) {
-        const std::size_t index = 2 * entry.row + entry.byFileAs;
-        return std::string_view(keys).substr(keyStarts[index],
-                                             keyStarts[index + 1] - keyStarts[index]);
-    };
-    if (const int order = key(left).compare(key(right))) return order < 0;
-    if (list.rows[left.row].kind != list.rows[right.row].kind)
-        return list.rows[left.row].kind < list.rows[right.row].kind;
-    return left.row < right.row;
+bool AddressListBuilder::Before(const Sortable& left, const Sortable& right) const {
+    if (left.keyStart != right.keyStart) return left.keyStart < right.keyStart;
+    if (const int order = Key(left.entry).compare(Key(right.entry))) return order < 0;
+    if (list.rows[left.entry.row].kind != list.rows[right.entry.row].kind)
+        return list.rows[left.entry.row].kind < list.rows[right.entry.row].kind;
+    return left.entry.row < right.entry.row;
 }
 
-// Counts the entry, or puts it there, in the bucket of its start and those of its word ends.
-void AddressListBuilder::ForEachBucket(std::size_t entry, bool scatter) {
-    constexpr std::size_t Most = BucketUnits + SignatureUnits;
-    folded.clear();
-    for (const TextView part : {list.EntryName(entry), AddressList::Separator,
-                                list.At(list.rows[list.entries[entry].row].number)}) {
-        for (const char16_t unit : part) folded += LowerCase(unit);
-    }
-    const std::size_t size = folded.size();
-    const auto forward = [&](std::size_t at) { return at < size ? folded[at] : u' '; };
-    const std::size_t startBucket = BucketRange(BucketUnits, forward).first;
-    if (scatter) {
-        list.starts[list.startBuckets[startBucket]++] = {std::uint32_t(entry),
-                                                         SignatureOf(Most, forward).first};
-    } else {
-        ++list.startBuckets[startBucket];
-    }
-    for (std::size_t at = 1; at < size; ++at) {
-        const bool isEnd = (folded[at] == u' ' || folded[at] == u'(') && folded[at - 1] != u' ';
-        if (!isEnd) continue;
-        const auto back = [&](std::size_t of) { return of < at ? folded[at - 1 - of] : u' '; };
-        const std::size_t bucket = BucketRange(BucketUnits, back).first;
-        if (scatter) {
-            list.ends[list.endBuckets[bucket]++] = {std::uint32_t(entry), std::uint32_t(at),
-                                                    SignatureOf(Most, back).first};
-        } else {
-            ++list.endBuckets[bucket];
-        }
-    }
+std::string_view AddressListBuilder::Key(AddressList::Entry entry) const {
+    const std::size_t index = 2 * entry.row + entry.byFileAs;
+    return std::string_view(keys).substr(keyStarts[index], keyStarts[index + 1] - keyStarts[index]);
 }
 
 bool AddressListBuilder::DoSome(std::size_t most) {
-    const auto finished = [&](Step then) {
-        next = 0;
-        step = then;
-    };
     switch (step) {
-        case Step::Keys: {
-            const std::size_t end = std::min(list.rows.size(), next + most);
-            for (; next < end; ++next) {
-                const auto row = std::uint32_t(next);
-                for (const bool byFileAs : {false, true}) {
-                    keyStarts.push_back(std::uint32_t(keys.size()));
-                    const TextView name = Name({row, byFileAs});
-                    if (byFileAs && name.empty()) continue;
-                    keys += locale.SortKey(name);
-                    sorted.push_back({row, byFileAs});
-                }
-            }
-            if (next < list.rows.size()) return true;
-            keyStarts.push_back(std::uint32_t(keys.size()));
-            finished(Step::Sort);
+        case Step::Keys:
+            MakeKeys(most);
             return true;
-        }
-        case Step::Sort: {
-            const std::size_t end = std::min(sorted.size(), next + most);
-            std::sort(sorted.begin() + std::ptrdiff_t(next), sorted.begin() + std::ptrdiff_t(end),
-                      [&](auto one, auto other) { return Before(one, other); });
-            if (end > next) runs.push_back(end);
-            next = end;
-            if (next < sorted.size()) return true;
-            finished(Step::Merge);
-            run = left = right = 0;
+        case Step::Sort:
+            SortRun(most);
             return true;
-        }
-        case Step::Merge: {
-            if (runs.size() <= 1 && list.entries.empty()) {
-                list.entries = std::move(sorted);
-                finished(Step::Count);
-                return true;
-            }
-            // Two runs at a time are merged behind what was merged before.
-            if (list.entries.empty()) list.entries.reserve(sorted.size());
-            for (std::size_t taken = 0; taken < most && run < runs.size(); ++taken) {
-                const std::size_t leftEnd = runs[run];
-                const std::size_t rightEnd = run + 1 < runs.size() ? runs[run + 1] : leftEnd;
-                if (left == right) right = leftEnd;  // a new pair
-                const bool takeLeft =
-                    left < leftEnd && (right >= rightEnd || !Before(sorted[right], sorted[left]));
-                list.entries.push_back(sorted[takeLeft ? left++ : right++]);
-                if (left >= leftEnd && right >= rightEnd) {
-                    mergedRuns.push_back(rightEnd);
-                    left = right = rightEnd;
-                    run += 2;
-                }
-            }
-            if (run < runs.size()) return true;
-            sorted = std::exchange(list.entries, {});
-            runs = std::exchange(mergedRuns, {});
-            run = left = right = 0;
+        case Step::Merge:
+            Merge(most);
             return true;
-        }
-        case Step::Count: {
-            if (next == 0) {
-                std::string().swap(keys);
-                std::vector<std::uint32_t>().swap(keyStarts);
-                std::vector<AddressList::Entry>().swap(sorted);
-                list.startBuckets.assign(BucketCount + 1, 0);
-                list.endBuckets.assign(BucketCount + 1, 0);
-            }
-            const std::size_t end = std::min(list.entries.size(), next + most);
-            for (; next < end; ++next) ForEachBucket(next, false);
-            if (next < list.entries.size()) return true;
-            for (auto* buckets : {&list.startBuckets, &list.endBuckets}) {
-                std::uint32_t sum = 0;
-                for (std::uint32_t& count : *buckets) sum += std::exchange(count, sum);
-            }
-            list.starts.resize(list.entries.size());
-            list.ends.resize(list.endBuckets.back());
-            finished(Step::Scatter);
+        case Step::Index:
+            Index(most);
             return true;
-        }
-        case Step::Scatter: {
-            const std::size_t end = std::min(list.entries.size(), next + most);
-            for (; next < end; ++next) ForEachBucket(next, true);
-            if (next < list.entries.size()) return true;
-            // Each start has moved on to its bucket's end, which is where the next one begins.
-            for (auto* buckets : {&list.startBuckets, &list.endBuckets}) {
-                std::rotate(buckets->begin(), buckets->end() - 1, buckets->end());
-                buckets->front() = 0;
-                buckets->back() = std::uint32_t(buckets == &list.startBuckets ? list.starts.size()
-                                                                              : list.ends.size());
-            }
-            list.texts.shrink_to_fit();
-            list.rows.shrink_to_fit();
-            companies.clear();
-            numbers.clear();
-            finished(Step::Done);
+        case Step::Scatter:
+            Scatter();
             return false;
-        }
         case Step::Done:
             break;
     }
     return false;
+}
+
+void AddressListBuilder::MakeKeys(std::size_t most) {
+    const std::size_t end = std::min(list.rows.size(), next + most);
+    for (; next < end; ++next) {
+        const auto row = std::uint32_t(next);
+        for (const bool byFileAs : {false, true}) {
+            keyStarts.push_back(std::uint32_t(keys.size()));
+            const AddressList::Entry entry{row, byFileAs};
+            const TextView name = Name(entry);
+            if (byFileAs && name.empty()) continue;
+            const std::string key = locale.SortKey(name);
+            keys += key;
+            std::uint64_t keyStart = 0;
+            for (std::size_t at = 0; at < sizeof keyStart; ++at)
+                keyStart = keyStart << 8 | (at < key.size() ? std::uint8_t(key[at]) : 0);
+            sorted.push_back({keyStart, entry});
+        }
+    }
+    if (next < list.rows.size()) return;
+    keyStarts.push_back(std::uint32_t(keys.size()));
+    next = 0;
+    step = Step::Sort;
+}
+
+void AddressListBuilder::SortRun(std::size_t most) {
+    // Sorting is faster than merging, as long as it stays short.
+    constexpr std::size_t Longer = 4;
+    const std::size_t end = std::min(sorted.size(), next + Longer * most);
+    std::sort(sorted.begin() + std::ptrdiff_t(next), sorted.begin() + std::ptrdiff_t(end),
+              [&](const auto& one, const auto& other) { return Before(one, other); });
+    if (end > next) runs.push_back(end);
+    next = end;
+    if (next == sorted.size()) step = Step::Merge;
+}
+
+// Two runs at a time are merged behind what was merged before.
+void AddressListBuilder::Merge(std::size_t most) {
+    if (runs.size() <= 1) {
+        list.entries.reserve(sorted.size());
+        for (const Sortable& each : sorted) list.entries.push_back(each.entry);
+        std::vector<Sortable>().swap(sorted);
+        std::vector<Sortable>().swap(merged);
+        std::string().swap(keys);
+        std::vector<std::uint32_t>().swap(keyStarts);
+        next = 0;
+        step = Step::Index;
+        return;
+    }
+    if (merged.empty()) merged.reserve(sorted.size());
+    for (std::size_t taken = 0; taken < most && run < runs.size(); ++taken) {
+        const std::size_t leftEnd = runs[run];
+        const std::size_t rightEnd = run + 1 < runs.size() ? runs[run + 1] : leftEnd;
+        if (left == right) right = leftEnd;  // a new pair
+        const bool takeLeft =
+            left < leftEnd && (right >= rightEnd || !Before(sorted[right], sorted[left]));
+        merged.push_back(sorted[takeLeft ? left++ : right++]);
+        if (left >= leftEnd && right >= rightEnd) {
+            mergedRuns.push_back(rightEnd);
+            left = right = rightEnd;
+            run += 2;
+        }
+    }
+    if (run < runs.size()) return;
+    sorted.swap(merged);
+    merged.clear();
+    runs = std::exchange(mergedRuns, {});
+    run = left = right = 0;
+}
+
+// The buckets of an entry's start and of its word ends.
+void AddressListBuilder::Index(std::size_t most) {
+    constexpr std::size_t Most = BucketUnits + SignatureUnits;
+    if (next == 0) {
+        list.startBuckets.assign(BucketCount + 1, 0);
+        list.endBuckets.assign(BucketCount + 1, 0);
+        starts.reserve(list.entries.size());
+        ends.reserve(2 * list.entries.size());
+    }
+    const std::size_t stop = std::min(list.entries.size(), next + most);
+    for (; next < stop; ++next) {
+        folded.clear();
+        for (const TextView part : {list.EntryName(next), AddressList::Separator,
+                                    list.At(list.rows[list.entries[next].row].number)}) {
+            for (const char16_t unit : part) folded += LowerCase(unit);
+        }
+        const auto entry = std::uint32_t(next);
+        const std::size_t size = folded.size();
+        const auto forward = [&](std::size_t at) { return at < size ? folded[at] : u' '; };
+        starts.push_back({{entry, SignatureOf(Most, forward).first},
+                          std::uint32_t(BucketRange(BucketUnits, forward).first)});
+        ++list.startBuckets[starts.back().bucket];
+        for (std::size_t at = 1; at < size; ++at) {
+            const bool isEnd = (folded[at] == u' ' || folded[at] == u'(') && folded[at - 1] != u' ';
+            if (!isEnd) continue;
+            const auto back = [&](std::size_t of) { return of < at ? folded[at - 1 - of] : u' '; };
+            ends.push_back({{entry, std::uint32_t(at), SignatureOf(Most, back).first},
+                            std::uint32_t(BucketRange(BucketUnits, back).first)});
+            ++list.endBuckets[ends.back().bucket];
+        }
+    }
+    if (next == list.entries.size()) step = Step::Scatter;
+}
+
+void AddressListBuilder::Scatter() {
+    const auto scatter = [](auto& found, auto& into, std::vector<std::uint32_t>& buckets) {
+        std::uint32_t sum = 0;
+        for (std::uint32_t& count : buckets) sum += std::exchange(count, sum);
+        into.resize(found.size());
+        for (const auto& each : found) into[buckets[each.bucket]++] = each.found;
+        // Each start has moved on to its bucket's end, which is where the next one begins.
+        std::rotate(buckets.begin(), buckets.end() - 1, buckets.end());
+        buckets.front() = 0;
+        buckets.back() = std::uint32_t(into.size());
+        std::remove_reference_t<decltype(found)>().swap(found);
+    };
+    scatter(starts, list.starts, list.startBuckets);
+    scatter(ends, list.ends, list.endBuckets);
+    list.texts.shrink_to_fit();
+    list.rows.shrink_to_fit();
+    companies.clear();
+    numbers.clear();
+    step = Step::Done;
 }
 
 }  // namespace tellwick

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -34,29 +35,47 @@ public:
     AddressList Take() { return std::move(list); }
 
 private:
-    enum class Step { Keys, Sort, Merge, Count, Scatter, Done };
+    enum class Step { Keys, Sort, Merge, Index, Scatter, Done };
+
+    // An entry with the first bytes of its sort key, which mostly decide.
+    struct Sortable {
+        std::uint64_t keyStart;
+        AddressList::Entry entry;
+    };
+    template <class Type>
+    struct Found {
+        Type found;
+        std::uint32_t bucket;
+    };
 
     AddressList::Span Store(TextView text);
-    bool Before(AddressList::Entry left, AddressList::Entry right) const;
     TextView Name(AddressList::Entry entry) const;
-    void ForEachBucket(std::size_t entry, bool scatter);
+    std::string_view Key(AddressList::Entry entry) const;
+    bool Before(const Sortable& left, const Sortable& right) const;
+    void MakeKeys(std::size_t most);
+    void SortRun(std::size_t most);
+    void Merge(std::size_t most);
+    void Index(std::size_t most);
+    void Scatter();
 
     Locale& locale;
     AddressList list;
     // By a hash of 64 bits, which no two of them have in common.
     std::unordered_map<std::uint64_t, AddressList::Span> companies;
     std::unordered_map<std::uint64_t, std::uint32_t> numbers;
-    Text folded;  // of the entry at hand
     Step step = Step::Keys;
     std::size_t next = 0;
     // Sort keys by 2 * row + byFileAs, in one piece.
     std::string keys;
     std::vector<std::uint32_t> keyStarts;
-    std::vector<AddressList::Entry> sorted;
+    std::vector<Sortable> sorted, merged;
     // Where each sorted run ends; neighbours are merged until one is left.
-    std::vector<std::size_t> runs;
+    std::vector<std::size_t> runs, mergedRuns;
     std::size_t run = 0, left = 0, right = 0;
-    std::vector<std::size_t> mergedRuns;
+    // What is to be put into buckets, in the order of the entries.
+    std::vector<Found<AddressList::Start>> starts;
+    std::vector<Found<AddressList::WordEnd>> ends;
+    Text folded;  // of the entry at hand
 };
 
 }  // namespace tellwick

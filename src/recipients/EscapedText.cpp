@@ -12,25 +12,28 @@ bool IsPlain(char16_t unit) {
 
 }  // namespace
 
-bool EscapedText::Survives(char16_t unit) {
-    if (unit < 0x80) return IsPlain(unit);
-    const auto [at, isNew] = survives.try_emplace(unit);
-    if (isNew) at->second = locale.FromAnsi(locale.ToAnsi({&unit, 1})) == TextView(&unit, 1);
-    return at->second;
+const std::string& EscapedText::Written(char16_t unit) {
+    const auto [at, isNew] = written.try_emplace(unit);
+    if (!isNew) return at->second;
+    std::string& bytes = at->second;
+    if (unit == u'\\') {
+        bytes = "\\\\";
+    } else if (unit >= 0x80 && locale.FromAnsi(locale.ToAnsi({&unit, 1})) == TextView(&unit, 1)) {
+        bytes = locale.ToAnsi({&unit, 1});
+    } else {
+        constexpr std::string_view Digits = "0123456789ABCDEF";
+        bytes = "\\x";
+        for (int shift = 12; shift >= 0; shift -= 4) bytes += Digits[unit >> shift & 15];
+    }
+    return bytes;
 }
 
 void EscapedText::Append(std::string& line, TextView text) {
-    constexpr std::string_view Digits = "0123456789ABCDEF";
     for (const char16_t unit : text) {
         if (IsPlain(unit)) {
             line += char(unit);
-        } else if (unit == u'\\') {
-            line += "\\\\";
-        } else if (Survives(unit)) {
-            line += locale.ToAnsi({&unit, 1});
         } else {
-            line += "\\x";
-            for (int shift = 12; shift >= 0; shift -= 4) line += Digits[unit >> shift & 15];
+            line += Written(unit);
         }
     }
 }

@@ -19,10 +19,10 @@ public:
     Text Read(std::string_view bytes);
 
 private:
-    bool Survives(char16_t unit);
+    const std::string& Written(char16_t unit);
 
     Locale& locale;
-    std::unordered_map<char16_t, bool> survives;
+    std::unordered_map<char16_t, std::string> written;
 };
 
 }  // namespace tellwick

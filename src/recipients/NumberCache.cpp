@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <charconv>
-#include <cstring>
 #include <utility>
 
 namespace tellwick {
@@ -20,19 +19,10 @@ constexpr std::size_t LinesAStep = 1000;
 constexpr std::size_t BytesAStep = 1 << 18;
 constexpr std::uint32_t None = 0xFFFFFFFF;
 
-// Of the bytes and their number.
 std::uint64_t HashOf(std::string_view bytes) {
-    constexpr std::uint64_t Prime = 0x100000001B3;
-    std::uint64_t hash = 0xCBF29CE484222325 ^ bytes.size();
-    while (bytes.size() >= sizeof hash) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data(), sizeof word);
-        hash = (hash ^ word) * Prime;
-        hash ^= hash >> 29;
-        bytes.remove_prefix(sizeof word);
-    }
-    for (const char byte : bytes) hash = (hash ^ std::uint8_t(byte)) * Prime;
-    return hash;
+    RunningHash hash;
+    hash.Add(bytes);
+    return hash.Value();
 }
 
 void AppendNumber(std::string& line, std::uint64_t number, int base = 10) {
@@ -240,7 +230,12 @@ NumberCacheWriter::NumberCacheWriter(FileSystem& fileSystem, Locale& locale, Tex
       escaped(locale),
       folder(std::move(settingsFolder)),
       book(book),
-      rowOfItem(book.items.size(), None) {}
+      rowOfItem(book.items.size(), None) {
+    constexpr std::size_t LineOfItem = 64;  // bytes, about
+    constexpr std::size_t LineOfEntry = 32;
+    numbers.reserve(book.list.Size() * LineOfEntry);
+    details.reserve(book.items.size() * LineOfItem + book.list.Size() * LineOfEntry / 2);
+}
 
 NumberCacheWriter::~NumberCacheWriter() {
     if (step == Step::Done) return;
@@ -252,62 +247,39 @@ NumberCacheWriter::~NumberCacheWriter() {
 }
 
 bool NumberCacheWriter::DoSome() {
+    const std::size_t numbersBefore = numbers.size();
+    const std::size_t detailsBefore = details.size();
     switch (step) {
-        case Step::Entries: {
-            const std::size_t end = std::min(book.list.Size(), next + LinesAStep);
-            for (; next < end; ++next) {
-                const AddressList::Entry entry = book.list.EntryAt(next);
-                const AddressRow row = book.list.Row(entry.row);
-                rowOfItem[row.item] = entry.row;
-                escaped.Append(numbers, book.list.EntryName(next));
-                numbers.append(Separator);
-                escaped.Append(numbers, row.number);
-                numbers.append(")").append(EndOfLine);
-                AppendNumber(entryDetails, row.item);
-                entryDetails += '\t';
-                AppendNumber(entryDetails, std::uint64_t(row.kind));
-                entryDetails.append(entry.byFileAs ? "\t1" : "\t0").append(EndOfLine);
-            }
-            if (next < book.list.Size()) return true;
-            next = 0;
+        case Step::Folders:
+            for (std::size_t row = 0; row < book.list.Rows(); ++row)
+                rowOfItem[book.list.Row(row).item] = std::uint32_t(row);
+            for (const ContactFolder& known : book.folders) AppendFolder(known);
             step = Step::Items;
-            return true;
-        }
+            break;
         case Step::Items: {
             const std::size_t end = std::min(book.items.size(), next + LinesAStep);
-            for (; next < end; ++next) {
-                const ContactItem& item = book.items[next];
-                AppendNumber(itemDetails, item.folder);
-                for (const double date : {item.created, item.modified}) {
-                    itemDetails += '\t';
-                    AppendNumber(itemDetails, std::bit_cast<std::uint64_t>(date), 16);
-                }
-                itemDetails += '\t';
-                if (rowOfItem[next] != None)
-                    escaped.Append(itemDetails, book.list.Row(rowOfItem[next]).company);
-                if (const auto members = book.members.find(std::uint32_t(next));
-                    members != book.members.end()) {
-                    for (const Text& member : members->second) {
-                        itemDetails += '\t';
-                        escaped.Append(itemDetails, member);
-                    }
-                }
-                itemDetails.append(EndOfLine);
-            }
-            if (next < book.items.size()) return true;
+            for (; next < end; ++next) AppendItem(next);
+            if (next < book.items.size()) break;
             next = 0;
-            details = Details();
+            step = Step::Entries;
+            break;
+        }
+        case Step::Entries: {
+            const std::size_t end = std::min(book.list.Size(), next + LinesAStep);
+            for (; next < end; ++next) AppendEntry(next);
+            if (next < book.list.Size()) break;
+            next = 0;
             step = Step::WriteNumbers;
-            return true;
+            break;
         }
         case Step::WriteNumbers:
-            return WritePart(Text(folder).append(NumbersFile), numbers, Step::WriteDetails);
+            return WritePart(NumbersFile, numbers, Step::WriteHead);
+        case Step::WriteHead:
+            step = Step::WriteDetails;
+            return Write(DetailsFile, Head(), WriteMode::Replace);
         case Step::WriteDetails:
-            if (WritePart(Text(folder).append(DetailsFile), details, Step::Done) &&
-                step != Step::Done) {
-                return true;
-            }
-            if (step != Step::Done) return false;
+            if (!WritePart(DetailsFile, details, Step::Done)) return false;
+            if (step != Step::Done) return true;
             // In between the two do not fit together, which the next reader sees.
             for (const TextView name : {NumbersFile, DetailsFile}) {
                 const Text path = Text(folder).append(name);
@@ -315,49 +287,85 @@ bool NumberCacheWriter::DoSome() {
             }
             return false;
         case Step::Done:
-            break;
+            return false;
     }
-    return false;
+    numbersHash.Add(std::string_view(numbers).substr(numbersBefore));
+    detailsHash.Add(std::string_view(details).substr(detailsBefore));
+    return true;
 }
 
-std::string NumberCacheWriter::Details() {
-    std::string rest;
-    for (const ContactFolder& known : book.folders) {
-        escaped.Append(rest, known.id);
-        rest += '\t';
-        escaped.Append(rest, known.name);
-        rest += '\t';
-        AppendNumber(rest, known.count);
-        rest += '\t';
-        AppendNumber(rest, std::bit_cast<std::uint64_t>(known.newest), 16);
-        rest.append(known.settled ? "\t1" : "\t0").append(EndOfLine);
+void NumberCacheWriter::AppendFolder(const ContactFolder& known) {
+    escaped.Append(details, known.id);
+    details += '\t';
+    escaped.Append(details, known.name);
+    details += '\t';
+    AppendNumber(details, known.count);
+    details += '\t';
+    AppendNumber(details, std::bit_cast<std::uint64_t>(known.newest), 16);
+    details.append(known.settled ? "\t1" : "\t0").append(EndOfLine);
+}
+
+void NumberCacheWriter::AppendItem(std::size_t index) {
+    const ContactItem& item = book.items[index];
+    AppendNumber(details, item.folder);
+    for (const double date : {item.created, item.modified}) {
+        details += '\t';
+        AppendNumber(details, std::bit_cast<std::uint64_t>(date), 16);
     }
-    rest.append(itemDetails).append(entryDetails);
-    std::string all(Title);
-    for (const std::uint64_t hash : {HashOf(numbers), HashOf(rest)}) {
-        all += '\t';
-        AppendNumber(all, hash, 16);
+    details += '\t';
+    if (rowOfItem[index] != None) escaped.Append(details, book.list.Row(rowOfItem[index]).company);
+    if (const auto members = book.members.find(std::uint32_t(index));
+        members != book.members.end()) {
+        for (const Text& member : members->second) {
+            details += '\t';
+            escaped.Append(details, member);
+        }
+    }
+    details.append(EndOfLine);
+}
+
+void NumberCacheWriter::AppendEntry(std::size_t index) {
+    const AddressList::Entry entry = book.list.EntryAt(index);
+    const AddressRow row = book.list.Row(entry.row);
+    escaped.Append(numbers, book.list.EntryName(index));
+    numbers.append(Separator);
+    escaped.Append(numbers, row.number);
+    numbers.append(")").append(EndOfLine);
+    AppendNumber(details, row.item);
+    details += '\t';
+    AppendNumber(details, std::uint64_t(row.kind));
+    details.append(entry.byFileAs ? "\t1" : "\t0").append(EndOfLine);
+}
+
+std::string NumberCacheWriter::Head() const {
+    std::string head(Title);
+    for (const std::uint64_t hash : {numbersHash.Value(), detailsHash.Value()}) {
+        head += '\t';
+        AppendNumber(head, hash, 16);
     }
     for (const std::size_t count : {book.folders.size(), book.items.size(), book.list.Size()}) {
-        all += '\t';
-        AppendNumber(all, count);
+        head += '\t';
+        AppendNumber(head, count);
     }
-    return all.append(EndOfLine).append(rest);
+    return head.append(EndOfLine);
 }
 
-// The next part of a file beside the one that it is to replace. False when that fails.
-bool NumberCacheWriter::WritePart(const Text& name, const std::string& contents, Step then) {
+// The next part of a file.
+bool NumberCacheWriter::WritePart(TextView name, const std::string& contents, Step then) {
     const std::string_view part = std::string_view(contents).substr(next, BytesAStep);
-    if (!fileSystem.Write(Text(name).append(NewEnding), part,
-                          next == 0 ? WriteMode::Replace : WriteMode::Append)) {
-        return false;
-    }
+    const bool begins = next == 0 && name == NumbersFile;
+    if (!Write(name, part, begins ? WriteMode::Replace : WriteMode::Append)) return false;
     next += part.size();
     if (next == contents.size()) {
         next = 0;
         step = then;
     }
     return true;
+}
+
+// Beside the file that it is to replace. False when that fails.
+bool NumberCacheWriter::Write(TextView name, std::string_view part, WriteMode mode) {
+    return fileSystem.Write(Text(folder).append(name).append(NewEnding), part, mode);
 }
 
 void DeleteNumberCache(FileSystem& fileSystem, const Text& folder) {

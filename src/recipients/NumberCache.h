@@ -14,6 +14,7 @@
 #include "recipients/AddressBook.h"
 #include "recipients/AddressListBuilder.h"
 #include "recipients/EscapedText.h"
+#include "recipients/RunningHash.h"
 
 namespace tellwick {
 
@@ -80,19 +81,24 @@ public:
     bool DoSome();
 
 private:
-    enum class Step { Entries, Items, WriteNumbers, WriteDetails, Done };
+    enum class Step { Folders, Items, Entries, WriteNumbers, WriteHead, WriteDetails, Done };
+
+    void AppendFolder(const ContactFolder& known);
+    void AppendItem(std::size_t index);
+    void AppendEntry(std::size_t index);
+    std::string Head() const;
+    bool WritePart(TextView name, const std::string& contents, Step then);
+    bool Write(TextView name, std::string_view part, WriteMode mode);
 
     FileSystem& fileSystem;
     EscapedText escaped;
     const Text folder;
     const AddressBook& book;
-    std::string numbers, entryDetails, itemDetails, details;
+    std::string numbers, details;  // the details without their first line
+    RunningHash numbersHash, detailsHash;
     std::vector<std::uint32_t> rowOfItem;
-    Step step = Step::Entries;
+    Step step = Step::Folders;
     std::size_t next = 0;
-
-    std::string Details();
-    bool WritePart(const Text& name, const std::string& contents, Step then);
 };
 
 void DeleteNumberCache(FileSystem& fileSystem, const Text& folder);
