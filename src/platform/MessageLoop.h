@@ -14,6 +14,9 @@ public:
     // Lets pending window messages run and returns when there are none left.
     virtual void DoEvents() = 0;
 
+    // Whether the user or another window has sent something that waits to be handled.
+    virtual bool Waiting() = 0;
+
     virtual void Sleep(std::uint32_t milliseconds) = 0;
 
     // Puts a message into the queue of another program's window. False when there is no such

@@ -1,6 +1,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace tellwick {
@@ -123,11 +124,12 @@ Text ReplaceAll(TextView text, TextView what, TextView with) {
 }
 
 Text OneLine(TextView text) {
-    Text line(text);
-    for (char16_t& unit : line) {
-        if (unit < u' ') unit = u' ';
-    }
-    return Trimmed(line);
+    const auto isBlank = [](char16_t unit) { return unit <= u' '; };
+    const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
+    const auto last = std::find_if_not(text.rbegin(), std::reverse_iterator(first), isBlank).base();
+    Text line(first, last);
+    for (char16_t& unit : line) unit = std::max(unit, u' ');
+    return line;
 }
 
 Text Trimmed(TextView text) {

@@ -11,15 +11,22 @@ namespace tellwick {
 
 namespace {
 
-constexpr double Slice = 10;            // milliseconds; a step in it may take some more
-constexpr std::uint32_t Interval = 20;  // milliseconds between the beginnings of slices
+// Milliseconds. A slice's last step may take some more. As long as nothing waits, slices follow one
+// another without a pause; then Outlook's message loop has a turn all the same.
+constexpr double Slice = 5;
+constexpr double MostSlices = 100;
+constexpr std::uint32_t Interval = 20;
 const Text NoFolder;
 
 }  // namespace
 
 Addresses::Addresses(const Services& services, const ContactHarvest::Surroundings& surroundings,
-                     FileSystem& fileSystem, Timers& timers)
-    : Services(services), surroundings(surroundings), fileSystem(fileSystem), timers(timers) {}
+                     FileSystem& fileSystem, Timers& timers, MessageLoop& messageLoop)
+    : Services(services),
+      surroundings(surroundings),
+      fileSystem(fileSystem),
+      timers(timers),
+      messageLoop(messageLoop) {}
 
 void Addresses::Release() {
     Stop();
@@ -78,7 +85,12 @@ const Text& Addresses::FolderBeingRead() const {
 
 void Addresses::Tick() {
     Procedure procedure{debug, u"TimerAddresses_Timer"};
-    if (!DoSlice(Slice)) timer.reset();
+    const double end = surroundings.clock.Milliseconds() + MostSlices;
+    bool more = true;
+    do {
+        more = DoSlice(Slice);
+    } while (more && !messageLoop.Waiting() && surroundings.clock.Milliseconds() < end);
+    if (!more) timer.reset();
 }
 
 bool Addresses::DoSlice(double milliseconds) {
@@ -113,12 +125,12 @@ bool Addresses::DoStage(double milliseconds) {
             harvested = true;
             failed = harvest->Failed();
             std::optional<AddressBook> now = harvest->TakeBook();
+            const bool changed = now || harvest->FoldersChanged();
+            if (!now && changed) book.folders = harvest->Folders();
             harvest.reset();
             stage = Stage::Idle;
-            if (now) {
-                TakeBook(std::move(*now));
-                BeginWriting();
-            }
+            if (now) TakeBook(std::move(*now));
+            if (changed) BeginWriting();
             return stage != Stage::Idle;
         }
         case Stage::Writing:

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/MessageLoop.h"
 #include "platform/Object.h"
 #include "platform/Timer.h"
 #include "recipients/AddressBook.h"
@@ -23,7 +24,7 @@ public:
     using Listener = std::function<void(bool listChanged)>;
 
     Addresses(const Services& services, const ContactHarvest::Surroundings& surroundings,
-              FileSystem& fileSystem, Timers& timers);
+              FileSystem& fileSystem, Timers& timers, MessageLoop& messageLoop);
 
     // Outlook, as it handed itself over: objects reached otherwise make newer versions ask the
     // user.
@@ -73,6 +74,7 @@ private:
     ContactHarvest::Surroundings surroundings;
     FileSystem& fileSystem;
     Timers& timers;
+    MessageLoop& messageLoop;
     std::unique_ptr<Timer> timer;  // while something is read or written
     ObjectPtr application;
     std::vector<Listener> listeners;

@@ -163,19 +163,19 @@ void ContactHarvest::BeginFolder() {
     const ContactFolders::Found& contacts = folders.found[current];
     currentOld = OldFolder(contacts.known.id);
     folderName = contacts.known.name;
+    const auto folder = std::uint16_t(book.folders.size());
     book.folders.push_back(contacts.known);
-    const auto folder = std::uint16_t(book.folders.size() - 1);
+    if (currentOld != folder) changed = true;
     if (IsUnchanged(contacts, currentOld)) {
         const ContactFolder& old = before.folders[std::size_t(currentOld)];
         book.folders.back().newest = old.newest;
         book.folders.back().settled = old.settled;
-        changed = changed || old.name != contacts.known.name;
+        foldersChanged = foldersChanged || book.folders.back() != old;
         KeepAllOf(currentOld, folder);
         done += contacts.known.count;
         ++current;
         return;
     }
-    changed = true;
     known.clear();
     comparing = incomplete = false;
     if (currentOld >= 0) {
@@ -184,10 +184,10 @@ void ContactHarvest::BeginFolder() {
         // Where most is known, the dates tell what is not.
         comparing = known.size() * 2 >= contacts.known.count && !known.empty();
     }
+    if (!comparing) changed = true;
     reader.emplace(errors, contacts.folder,
                    std::vector<TextView>(
                        Columns.begin(), comparing ? Columns.begin() + DateColumns : Columns.end()));
-    rows.clear();
     next = 0;
     step = Step::Items;
 }
@@ -218,15 +218,15 @@ std::uint32_t ContactHarvest::AddItem(const ContactItem& item) {
 
 // Those of one reading, one by one.
 void ContactHarvest::ReadItems() {
+    const std::vector<ContactReader::Row>& rows = reader->Rows();
     if (next < rows.size()) {
         // Opening an item takes long; what is at hand already does not.
         const std::size_t end = comparing ? next + 1 : rows.size();
         for (; next < end; ++next) Look(rows[next]);
         return;
     }
-    rows.clear();
     next = 0;
-    if (!reader->ReadSome(rows)) {
+    if (!reader->ReadSome()) {
         GiveUpFolder();
     } else if (reader->AtEnd()) {
         EndFolder();
@@ -237,8 +237,8 @@ void ContactHarvest::Look(const ContactReader::Row& row) {
     constexpr double ReadAgain = -1;
     ++done;
     ContactItem item;
-    item.created = AsReal(row.values[Created]);
-    item.modified = AsReal(row.values[Modified]);
+    item.created = AsReal(row[Created]);
+    item.modified = AsReal(row[Modified]);
     item.folder = std::uint16_t(book.folders.size() - 1);
     ContactFolder& folder = book.folders.back();
     folder.newest = std::max(folder.newest, item.modified);
@@ -249,6 +249,7 @@ void ContactHarvest::Look(const ContactReader::Row& row) {
         known.erase(same);
         return;
     }
+    changed = true;
     const bool dated = item.created > 0 && item.modified > 0;
     if (ReadItem(row, item.folder, number) && dated) return;
     // Its date must not tell the next time that nothing has changed.
@@ -259,9 +260,9 @@ void ContactHarvest::Look(const ContactReader::Row& row) {
 bool ContactHarvest::ReadItem(const ContactReader::Row& row, std::uint16_t folder,
                               std::uint32_t item) {
     errors.Clear();
-    const Text messageClass = comparing ? Text() : AsText(row.values[MessageClass]);
+    const Text messageClass = comparing ? Text() : AsText(row[MessageClass]);
     if (!comparing && !StartsWithFolded(messageClass, u"IPM.DistList")) {
-        ReadContact(row.values, folder, item);
+        ReadContact(row, folder, item);
         // What is no contact has not all that contacts have.
         return row.complete ||
                (!messageClass.empty() && !StartsWithFolded(messageClass, u"IPM.Contact"));
@@ -276,22 +277,26 @@ bool ContactHarvest::ReadItem(const ContactReader::Row& row, std::uint16_t folde
         for (std::size_t column = FullName; column < Columns.size(); ++column)
             values[column] = opened->Get(Columns[column]);
         const bool read = !errors;
-        ReadContact(values, folder, item);
+        ReadContact({values.data(), 1, {}, row.index}, folder, item);
         return read;
     }
     return !errors;
 }
 
-void ContactHarvest::ReadContact(const std::vector<Value>& values, std::uint16_t folder,
+void ContactHarvest::ReadContact(const ContactReader::Row& row, std::uint16_t folder,
                                  std::uint32_t item) {
-    const Text company = OneLine(AsText(values[Company]));
-    Text fileAs = OneLine(AsText(values[FileAs]));
-    Text name = OneLine(AsText(values[FullName]));
+    const auto lineOf = [&](Column column) {
+        const auto* text = std::get_if<Text>(&row[column]);
+        return text ? OneLine(*text) : Text();
+    };
+    const Text company = lineOf(Company);
+    Text fileAs = lineOf(FileAs);
+    Text name = lineOf(FullName);
     if (name.empty()) name = fileAs.empty() ? company : fileAs;
     if (EqualFolded(name, fileAs)) fileAs.clear();
     std::vector<Text> numbers;
     for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
-        Text number = AsText(values[Numbers + kind]);
+        Text number = AsText(row[Numbers + kind]);
         if (number.empty()) continue;
         number = surroundings.prefixes.ConvertPhoneNumber(number);
         if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
@@ -324,10 +329,13 @@ void ContactHarvest::ReadList(const ObjectPtr& opened, std::uint32_t item) {
 
 void ContactHarvest::EndFolder() {
     ContactFolder& folder = book.folders.back();
-    // What is modified in the minute of the newest may come later than this reading.
+    if (!known.empty()) changed = true;
     if (incomplete) folders.failed.push_back(folderName);
+    // What is modified in the minute of the newest may come later than this reading.
     folder.settled = !incomplete && folder.newest > 0 &&
                      WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
+    foldersChanged =
+        foldersChanged || currentOld < 0 || before.folders[std::size_t(currentOld)] != folder;
     reader.reset();
     ++current;
     step = Step::Folder;

@@ -47,6 +47,10 @@ public:
 
     // When all is done: the new book; none when nothing changed.
     std::optional<AddressBook> TakeBook();
+    // Then: whether Outlook's folders are in another state all the same, and all of them, in the
+    // order that they had.
+    bool FoldersChanged() const { return foldersChanged; }
+    const std::vector<ContactFolder>& Folders() const { return book.folders; }
 
 private:
     enum class Step { Walk, Folder, Items, Keep, Members, Lists, Build, Done };
@@ -62,7 +66,7 @@ private:
     void Look(const ContactReader::Row& row);
     // False when Outlook failed: then some of the item's numbers may be missing.
     bool ReadItem(const ContactReader::Row& row, std::uint16_t folder, std::uint32_t item);
-    void ReadContact(const std::vector<Value>& values, std::uint16_t folder, std::uint32_t item);
+    void ReadContact(const ContactReader::Row& row, std::uint16_t folder, std::uint32_t item);
     void ReadList(const ObjectPtr& opened, std::uint32_t item);
     void EndFolder();
     void GiveUpFolder();
@@ -83,7 +87,6 @@ private:
     std::size_t current = 0;       // of the folders
     std::int32_t currentOld = -1;  // the same among the old ones
     std::optional<ContactReader> reader;
-    std::vector<ContactReader::Row> rows;
     bool comparing = false;           // the reader gives dates only
     bool incomplete = false;          // an item of this folder failed
     std::vector<std::uint32_t> kept;  // by old item: its new number, from 1; 0 is gone
@@ -91,6 +94,7 @@ private:
     std::unordered_multimap<std::uint64_t, std::uint32_t> known;
     std::vector<std::uint32_t> oldItems;  // numbers, by folder
     bool changed = false;
+    bool foldersChanged = false;  // what is known of them, without their items
     std::size_t next = 0;
     std::unordered_map<std::u16string, Text> numberOfMember;  // by folded name
     AddressBook book;

@@ -35,15 +35,16 @@ bool ContactReader::OpenTable() {
     return table != nullptr;
 }
 
-bool ContactReader::ReadSome(std::vector<Row>& rows) {
+bool ContactReader::ReadSome() {
     errors.Clear();
-    return table ? ReadTable(rows) : ReadItem(rows);
+    rows.clear();
+    return table ? ReadTable() : ReadItem();
 }
 
-bool ContactReader::ReadTable(std::vector<Row>& rows) {
+bool ContactReader::ReadTable() {
     atEnd = AsBoolean(Get(errors, table, u"EndOfTable"));
     if (errors || atEnd) return !errors;
-    const GridPtr grid = AsGrid(Call(errors, table, u"GetArray", {RowsAtOnce}));
+    grid = AsGrid(Call(errors, table, u"GetArray", {RowsAtOnce}));
     const std::size_t width = columns.size() + 1;
     if (!grid || (grid->first != width && grid->second != width)) return false;
     // Which of the two indexes counts the rows depends on the version. Where the sizes do not tell,
@@ -54,27 +55,23 @@ bool ContactReader::ReadTable(std::vector<Row>& rows) {
             rowsFirst = rowsFirst && std::holds_alternative<Text>(grid->At(row, width - 1));
     }
     const std::size_t height = rowsFirst ? grid->first : grid->second;
+    const std::size_t step = rowsFirst ? 1 : grid->second;
     for (std::size_t row = 0; row < height; ++row) {
-        Row read{{}, {}, next++};
-        read.values.reserve(columns.size());
-        for (std::size_t column = 0; column < columns.size(); ++column)
-            read.values.push_back(rowsFirst ? grid->At(row, column) : grid->At(column, row));
-        read.entryId = AsText(rowsFirst ? grid->At(row, width - 1) : grid->At(width - 1, row));
-        rows.push_back(std::move(read));
+        const Value& first = rowsFirst ? grid->At(row, 0) : grid->At(0, row);
+        rows.push_back({&first, step, {}, next++});
+        rows.back().entryId = AsText(rows.back()[columns.size()]);
     }
     return height > 0;
 }
 
-bool ContactReader::ReadItem(std::vector<Row>& rows) {
+bool ContactReader::ReadItem() {
     atEnd = next > count;
     if (!items || atEnd) return items != nullptr;
     const ObjectPtr item = AsObject(Get(errors, items, u"Item", {next}));
-    Row read{{}, {}, next++};
-    read.values.resize(columns.size());
+    values.assign(columns.size(), {});
     for (std::size_t column = 0; item && column < columns.size(); ++column)
-        read.values[column] = item->Get(columns[column]);
-    read.complete = !errors;
-    rows.push_back(std::move(read));
+        values[column] = item->Get(columns[column]);
+    rows.push_back({values.data(), 1, {}, next++, !errors});
     return true;
 }
 

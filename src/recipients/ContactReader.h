@@ -10,18 +10,23 @@ namespace tellwick {
 
 class ContactReader {
 public:
+    // Its values stay where Outlook gave them, until the next reading.
     struct Row {
-        std::vector<Value> values;  // in the order of the columns
-        Text entryId;               // empty where Outlook does not tell
-        std::int32_t index;         // in the folder, from 1
-        bool complete = true;       // false: Outlook failed, some values are missing
+        const Value* first;    // of the first column
+        std::size_t step;      // from one column to the next
+        Text entryId;          // empty where Outlook does not tell
+        std::int32_t index;    // in the folder, from 1
+        bool complete = true;  // false: Outlook failed, some values are missing
+
+        const Value& operator[](std::size_t column) const { return first[column * step]; }
     };
 
     // Columns are names of properties.
     ContactReader(PendingError& errors, ObjectPtr folder, std::vector<TextView> columns);
 
-    // Appends some rows, none when all were read. False when Outlook fails.
-    bool ReadSome(std::vector<Row>& rows);
+    // The next rows, none when all were read. False when Outlook fails.
+    bool ReadSome();
+    const std::vector<Row>& Rows() const { return rows; }
     bool AtEnd() const { return atEnd; }
 
     // The item itself; empty when Outlook does not give it.
@@ -29,8 +34,8 @@ public:
 
 private:
     bool OpenTable();
-    bool ReadTable(std::vector<Row>& rows);
-    bool ReadItem(std::vector<Row>& rows);
+    bool ReadTable();
+    bool ReadItem();
 
     PendingError& errors;
     ObjectPtr folder;
@@ -41,6 +46,9 @@ private:
     std::int32_t count = 0;
     std::int32_t next = 1;
     bool atEnd = false;
+    std::vector<Row> rows;
+    GridPtr grid;               // with the rows' values
+    std::vector<Value> values;  // of the only row, without a table
 };
 
 }  // namespace tellwick

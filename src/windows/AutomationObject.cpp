@@ -222,6 +222,10 @@ Value ToValue(PendingError& errors, const VARIANT& variant) {
     if (variant.vt == VT_BSTR) {
         return variant.bstrVal ? FromWide(variant.bstrVal, SysStringLen(variant.bstrVal)) : Text();
     }
+    // Tables are full of these.
+    if (variant.vt == VT_EMPTY) return {};
+    if (variant.vt == VT_R8) return variant.dblVal;
+    if (variant.vt == VT_DATE) return variant.date;
     if (variant.vt == (VT_ARRAY | VT_VARIANT)) {
         return variant.parray ? Value(ToGrid(errors, *variant.parray)) : Value();
     }

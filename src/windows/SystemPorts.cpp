@@ -292,6 +292,10 @@ void WindowsMessageLoop::DoEvents() {
     }
 }
 
+bool WindowsMessageLoop::Waiting() {
+    return HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_SENDMESSAGE | QS_HOTKEY)) != 0;
+}
+
 bool WindowsMessageLoop::Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
                               std::uint64_t second) {
     return PostMessageA(reinterpret_cast<HWND>(ULONG_PTR(window)), message, WPARAM(first),

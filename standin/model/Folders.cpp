@@ -29,10 +29,21 @@ std::vector<Text> ColumnsOf(TextView list) {
     return columns;
 }
 
-// A property as a value for a table's cell; empty when the item has none of that name.
+// A property as a value, to be compared; empty when the item has none of that name.
 Value Cell(Item& item, TextView name) {
     const Member* member = item.Table().Find(name);
     return member && !member->isMethod ? member->get(item, {}) : Value();
+}
+
+// The properties behind a table's columns, null where the items have none of that name.
+std::vector<const Member*> PropertiesOf(const MemberTable& table,
+                                        const std::vector<Text>& columns) {
+    std::vector<const Member*> properties;
+    for (const Text& column : columns) {
+        const Member* member = table.Find(column);
+        properties.push_back(member && !member->isMethod ? member : nullptr);
+    }
+    return properties;
 }
 
 struct Filter {
@@ -261,10 +272,16 @@ const MemberTable& ItemTable::Table() const {
                         grid->first = rows;
                         grid->second = self.columns.size();
                         grid->cells.reserve(rows * self.columns.size());
+                        // Items of one kind mostly follow one another.
+                        const MemberTable* kind = nullptr;
+                        std::vector<const Member*> properties;
                         for (std::size_t row = 0; row < rows; ++row) {
                             Item& item = *self.items[self.next++];
-                            for (const Text& column : self.columns)
-                                grid->cells.push_back(Cell(item, column));
+                            if (std::exchange(kind, &item.Table()) != &item.Table())
+                                properties = PropertiesOf(*kind, self.columns);
+                            for (const Member* property : properties) {
+                                grid->cells.push_back(property ? property->get(item, {}) : Value());
+                            }
                         }
                         return GridPtr(std::move(grid));
                     });

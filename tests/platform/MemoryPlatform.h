@@ -133,6 +133,7 @@ public:
     void DoEvents() override {
         if (onDoEvents) onDoEvents();
     }
+    bool Waiting() override { return waiting; }
     void Sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
     bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
               std::uint64_t second) override {
@@ -148,6 +149,7 @@ public:
         bool operator==(const Posted&) const = default;
     };
     std::function<void()> onDoEvents;
+    bool waiting = true;
     std::uint32_t slept = 0;  // milliseconds
     std::vector<Posted> posted;
 
