@@ -94,14 +94,15 @@ void FormWindow::Destroy() {
     DestroyWindow(destroyed);
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
-    smallIcon.reset();
-    bigIcon.reset();
     lifetime.reset();
 }
 
 void FormWindow::LoadIcons() {
-    smallIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(16));
-    bigIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(32));
+    if (!bigIcon || iconResolution != font->Resolution()) {
+        smallIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(16));
+        bigIcon = LoadLibraryIcon(ProgramIcon, font->Pixels(32));
+        iconResolution = font->Resolution();
+    }
     SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
     SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon.get()));
 }

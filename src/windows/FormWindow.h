@@ -92,8 +92,9 @@ private:
     HWND caller = nullptr;
     HWND defaultButton = nullptr;
     HWND toolTips = nullptr;
-    IconHandle smallIcon;
+    IconHandle smallIcon;  // kept for the next time that the form opens
     IconHandle bigIcon;
+    int iconResolution = 0;
     FormPlace wanted;
     bool positioned = false;
     bool placed = false;

@@ -24,29 +24,47 @@ constexpr DWORD ResourceNameValid = 0x008;
 constexpr DWORD ModuleValid = 0x080;
 
 using CreateContext = HANDLE(WINAPI*)(const ContextRequest*);
+using ReleaseContext = void(WINAPI*)(HANDLE);
 using ActivateContext = BOOL(WINAPI*)(HANDLE, ULONG_PTR*);
 using DeactivateContext = BOOL(WINAPI*)(DWORD, ULONG_PTR);
 
-HANDLE LibraryContext() {
-    const auto create = SystemFunction<CreateContext>(L"kernel32.dll", "CreateActCtxW");
-    if (!create) return INVALID_HANDLE_VALUE;
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(Library(), path, MAX_PATH);
-    ContextRequest request{};
-    request.size = sizeof request;
-    request.flags = ResourceNameValid | ModuleValid;
-    request.source = path;
-    request.resourceName = MAKEINTRESOURCEW(LibraryManifest);
-    request.module = Library();
-    return create(&request);
-}
+// The context that the library's manifest describes, for as long as the library is loaded.
+class LibraryContext {
+public:
+    LibraryContext() : release(SystemFunction<ReleaseContext>(L"kernel32.dll", "ReleaseActCtx")) {
+        const auto create = SystemFunction<CreateContext>(L"kernel32.dll", "CreateActCtxW");
+        if (!create) return;
+        wchar_t path[MAX_PATH];
+        GetModuleFileNameW(Library(), path, MAX_PATH);
+        ContextRequest request{};
+        request.size = sizeof request;
+        request.flags = ResourceNameValid | ModuleValid;
+        request.source = path;
+        request.resourceName = MAKEINTRESOURCEW(LibraryManifest);
+        request.module = Library();
+        handle = create(&request);
+    }
+    ~LibraryContext() {
+        if (release && handle != INVALID_HANDLE_VALUE) release(handle);
+    }
+    LibraryContext(const LibraryContext&) = delete;
+    LibraryContext& operator=(const LibraryContext&) = delete;
+
+    // INVALID_HANDLE_VALUE when there is none.
+    HANDLE Get() const { return handle; }
+
+private:
+    ReleaseContext release;
+    HANDLE handle = INVALID_HANDLE_VALUE;
+};
 
 }  // namespace
 
 VisualStyles::VisualStyles() {
-    static const HANDLE context = LibraryContext();
+    static const LibraryContext context;
     static const auto activate = SystemFunction<ActivateContext>(L"kernel32.dll", "ActivateActCtx");
-    if (context == INVALID_HANDLE_VALUE || !activate || !activate(context, &cookie)) cookie = 0;
+    if (context.Get() == INVALID_HANDLE_VALUE || !activate || !activate(context.Get(), &cookie))
+        cookie = 0;
 }
 
 VisualStyles::~VisualStyles() {

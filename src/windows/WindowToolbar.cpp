@@ -1,5 +1,7 @@
 #include "windows/WindowToolbar.h"
 
+#include <utility>
+
 namespace tellwick::windows {
 
 Text WindowBarButton::Caption() const {
@@ -48,17 +50,24 @@ void WindowToolbar::AddButtons() {
     Send(TB_ADDBUTTONSW, all.size(), reinterpret_cast<LPARAM>(all.data()));
 }
 
-void WindowToolbar::LoadPictures(const MessageFont& font) {
-    const int size = font.Resolution() < 120 ? 16 : font.Resolution() < 192 ? 24 : 32;
-    std::unique_ptr<void, ImageListDestroyer> loaded(
-        ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, int(buttons.size()), 0));
+WindowToolbar::ImageList WindowToolbar::ReadPictures(int size) const {
+    ImageList read(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, int(buttons.size()), 0));
     for (int index = 0; index < int(buttons.size()); ++index) {
         const IconHandle picture = LoadLibraryIcon(firstPicture + index, size);
-        ImageList_AddIcon(static_cast<HIMAGELIST>(loaded.get()), picture.get());
+        ImageList_AddIcon(read.get(), picture.get());
+    }
+    return read;
+}
+
+void WindowToolbar::LoadPictures(const MessageFont& font) {
+    const int size = font.Resolution() < 120 ? 16 : font.Resolution() < 192 ? 24 : 32;
+    ImageList before;  // goes when the bar no longer has it
+    if (size != pictureSize) {
+        before = std::exchange(pictures, ReadPictures(size));
+        pictureSize = pictures ? size : 0;
     }
     Send(TB_SETBITMAPSIZE, 0, MAKELPARAM(size, size));
-    Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(loaded.get()));
-    pictures = std::move(loaded);
+    Send(TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.get()));
 }
 
 int WindowToolbar::Arrange() {

@@ -51,7 +51,7 @@ public:
 
     // Makes the buttons; after the window was made.
     void AddButtons();
-    // Loads the pictures in the size that fits the font.
+    // Shows the pictures in the size that fits the font.
     void LoadPictures(const MessageFont& font);
     // The button with a command.
     WindowBarButton& Button(int command) { return buttons[std::size_t(command) - 1]; }
@@ -63,11 +63,15 @@ private:
         using pointer = HIMAGELIST;
         void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
     };
+    using ImageList = std::unique_ptr<void, ImageListDestroyer>;
+
+    ImageList ReadPictures(int size) const;
 
     std::vector<WindowBarButton> buttons;
     const int firstPicture;
     const int group;
-    std::unique_ptr<void, ImageListDestroyer> pictures;
+    ImageList pictures;   // kept for the next time that the form opens
+    int pictureSize = 0;  // in pixels
 };
 
 }  // namespace tellwick::windows

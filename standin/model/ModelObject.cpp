@@ -115,11 +115,19 @@ Value ModelObject::Fail(std::int32_t number) const {
 }
 
 void ModelObject::Raise(std::int32_t event, Arguments& arguments) {
-    std::erase_if(sinks, [](const std::weak_ptr<Sink>& sink) { return sink.expired(); });
     // A handler may let go of the last reference to this object.
     const std::shared_ptr<ModelObject> self = shared_from_this();
     const std::vector<std::weak_ptr<Sink>> current = sinks;
     RaiseTo(current, event, arguments);
+}
+
+void ModelObject::AddSink(const std::shared_ptr<Sink>& sink) {
+    AddTo(sinks, sink);
+}
+
+void AddTo(std::vector<std::weak_ptr<Sink>>& sinks, const std::shared_ptr<Sink>& sink) {
+    std::erase_if(sinks, [](const std::weak_ptr<Sink>& other) { return other.expired(); });
+    sinks.push_back(sink);
 }
 
 void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,
@@ -231,9 +239,7 @@ SubscriptionPtr Reference::Advise(const EventInterface& events, EventHandler han
     };
     auto sink = std::make_shared<Sink>(Sink{object->ClassName(), events, heard});
     object->AddSink(sink);
-    auto& known = object->outlook.sinks;
-    std::erase_if(known, [](const std::weak_ptr<Sink>& other) { return other.expired(); });
-    known.push_back(sink);
+    AddTo(object->outlook.sinks, sink);
     return std::make_unique<SinkSubscription>(std::move(sink));
 }
 

@@ -165,7 +165,7 @@ public:
         Arguments none;
         Raise(event, none);
     }
-    void AddSink(const std::shared_ptr<Sink>& sink) { sinks.push_back(sink); }
+    void AddSink(const std::shared_ptr<Sink>& sink);
     std::vector<std::weak_ptr<Sink>> Sinks() const { return sinks; }
 
     OutlookModel& outlook;
@@ -174,6 +174,9 @@ private:
     std::weak_ptr<Object> handle;
     std::vector<std::weak_ptr<Sink>> sinks;
 };
+
+// Adds a sink, and keeps none whose subscription has gone.
+void AddTo(std::vector<std::weak_ptr<Sink>>& sinks, const std::shared_ptr<Sink>& sink);
 
 // Calls the handlers of the sinks in order, except those dropped meanwhile.
 void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,

@@ -159,7 +159,7 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
 
         wchar_t* text = nullptr;
         if (SUCCEEDED(StringFromCLSID(identifier, &text))) {
-            libraries.push_back(
+            libraries.insert(
                 ReadText(HKEY_CLASSES_ROOT, u"CLSID\\" + FromWide(text) + u"\\InprocServer32"));
             CoTaskMemFree(text);
         }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "model/OutlookModel.h"
@@ -52,7 +53,7 @@ private:
     OutlookModel& outlook;
     ComObjects& objects;
     std::vector<Connected> connected;
-    std::vector<Text> libraries;  // paths
+    std::set<Text> libraries;  // paths
 };
 
 // Private memory of this process in bytes.

@@ -18,23 +18,6 @@ std::shared_ptr<CommandBar> BarOf(const Explorer& explorer, TextView name) {
     return bar;
 }
 
-template <class Type>
-void AddUnknown(std::vector<std::weak_ptr<Type>>& numbered,
-                const std::vector<std::shared_ptr<Type>>& all) {
-    for (const auto& object : all) {
-        const bool known = std::any_of(numbered.begin(), numbered.end(),
-                                       [&](const auto& weak) { return weak.lock() == object; });
-        if (!known) numbered.push_back(object);
-    }
-}
-
-template <class Type>
-std::shared_ptr<Type> AtNumber(const std::vector<std::weak_ptr<Type>>& numbered, const Text& word) {
-    const std::int64_t number = LeadingNumber(word);
-    if (number < 1 || std::size_t(number) > numbered.size()) return nullptr;
-    return numbered[std::size_t(number) - 1].lock();
-}
-
 }  // namespace
 
 struct Commands::Command {
@@ -141,25 +124,25 @@ Text Commands::Perform(const Words& words) {
 
 // Gives every window and item that has none yet its number.
 void Commands::Number() {
-    AddUnknown(explorers, outlook.explorers->all);
-    AddUnknown(inspectors, outlook.inspectors->all);
-    for (const auto& folder : outlook.folders) AddUnknown(items, folder->items->all);
+    explorers.Add(outlook.explorers->all);
+    inspectors.Add(outlook.inspectors->all);
+    for (const auto& folder : outlook.folders) items.Add(folder->items->all);
 }
 
 std::shared_ptr<Explorer> Commands::ExplorerAt(const Words& words, std::size_t index) {
-    const auto explorer = AtNumber(explorers, words[index]);
+    const auto explorer = explorers.At(LeadingNumber(words[index]));
     Require(explorer && !explorer->closed, "no such explorer");
     return explorer;
 }
 
 std::shared_ptr<Inspector> Commands::InspectorAt(const Words& words) {
-    const auto inspector = AtNumber(inspectors, words[0]);
+    const auto inspector = inspectors.At(LeadingNumber(words[0]));
     Require(inspector && !inspector->closed, "no such inspector");
     return inspector;
 }
 
 std::shared_ptr<Item> Commands::ItemAt(const Text& word) {
-    const auto item = AtNumber(items, word);
+    const auto item = items.At(LeadingNumber(word));
     Require(item && !item->deleted, "no such item");
     return item;
 }
@@ -336,8 +319,8 @@ Text Commands::Start(const Words& words) {
     const auto has = [&](TextView word) {
         return std::find(words.begin(), words.end(), word) != words.end();
     };
-    explorers.clear();
-    inspectors.clear();
+    explorers.Clear();
+    inspectors.Clear();
     session.Start(!has(u"no-window"), has(u"late"));
     return {};
 }

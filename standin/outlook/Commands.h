@@ -91,6 +91,7 @@
 #include <vector>
 
 #include "outlook/ComObjects.h"
+#include "outlook/Numbers.h"
 #include "outlook/Session.h"
 
 namespace tellwick::standin {
@@ -192,10 +193,9 @@ private:
     Desk& desk;
     Dispatcher& dispatcher;
     Session& session;
-    // By number - 1.
-    std::vector<std::weak_ptr<Explorer>> explorers;
-    std::vector<std::weak_ptr<Inspector>> inspectors;
-    std::vector<std::weak_ptr<Item>> items;
+    Numbers<Explorer> explorers;
+    Numbers<Inspector> inspectors;
+    Numbers<Item> items;
 };
 
 }  // namespace tellwick::standin

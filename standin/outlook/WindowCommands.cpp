@@ -1,6 +1,5 @@
 // The commands of windows and items.
 #include <algorithm>
-#include <stdexcept>
 
 #include "model/ManyContacts.h"
 #include "outlook/CommandText.h"
@@ -36,24 +35,18 @@ Text HandleText(HWND window) {
 }
 
 template <class Type>
-Text NumberOf(const std::vector<std::weak_ptr<Type>>& numbered,
-              const std::shared_ptr<Type>& object) {
-    for (std::size_t index = 0; index < numbered.size(); ++index) {
-        if (object && numbered[index].lock() == object) {
-            return NumberText(std::int64_t(index + 1));
-        }
-    }
-    throw std::runtime_error("it did not open");
+Text NumberOf(const Numbers<Type>& numbers, const std::shared_ptr<Type>& object) {
+    const std::int64_t number = numbers.Of(object);
+    Require(number != 0, "it did not open");
+    return NumberText(number);
 }
 
 template <class Type>
-Text Titles(const std::vector<std::weak_ptr<Type>>& numbered) {
+Text Titles(const Numbers<Type>& numbers) {
     std::vector<Text> entries;
-    for (std::size_t index = 0; index < numbered.size(); ++index) {
-        const auto window = numbered[index].lock();
-        if (!window || window->closed) continue;
-        entries.push_back(NumberText(std::int64_t(index + 1)) + u" " + Quoted(window->Caption()));
-    }
+    numbers.ForEach([&](std::int64_t number, const Type& window) {
+        if (!window.closed) entries.push_back(NumberText(number) + u" " + Quoted(window.Caption()));
+    });
     return Joined(entries);
 }
 
@@ -111,12 +104,11 @@ Text Commands::InspectorHandle(const Words& words) {
 
 Text Commands::ListItems(const Words&) {
     std::vector<Text> entries;
-    for (std::size_t index = 0; index < items.size(); ++index) {
-        const auto item = items[index].lock();
-        if (!item || item->deleted) continue;
-        entries.push_back(NumberText(std::int64_t(index + 1)) + u" " + Text(KindOf(*item)) + u" " +
-                          Quoted(item->Title()));
-    }
+    items.ForEach([&](std::int64_t number, const Item& item) {
+        if (item.deleted) return;
+        entries.push_back(NumberText(number) + u" " + Text(KindOf(item)) + u" " +
+                          Quoted(item.Title()));
+    });
     return Joined(entries);
 }
 

@@ -119,9 +119,11 @@ Figures Measure(StandIn& outlook) {
             CountUser(outlook.Process()), std::stoll(memory.substr(memory.rfind(' '))), references};
 }
 
-// After so many repetitions. The system's and the stand-in's own part is measured with the
-// add-in's: under Wine some 2 KB stay of every form shown. What a load leaves is in the 32-bit
-// runtime, whose registry of stack frames keeps a semaphore.
+// After so many repetitions. The add-in and the stand-in keep nothing; the system's heaps take some
+// 100 KB until they have found their sizes. Wine keeps a block of every label that was given a
+// font, 350 bytes a form, and the library's name of every icon read from it, 1.5 KB a load. The
+// handle that a load leaves is the 32-bit runtime's, whose registry of stack frames keeps a
+// semaphore.
 void Compare(const char* what, const Figures& before, const Figures& after, int repetitions,
              int loads) {
     std::ostringstream text;
@@ -131,7 +133,7 @@ void Compare(const char* what, const Figures& before, const Figures& after, int 
     CHECK(after.user == before.user);
     CHECK(after.references == before.references);
     CHECK(after.handles <= before.handles + 2 + (sizeof(void*) == 4 ? loads : 0));
-    CHECK(after.memory - before.memory <= (192 + 4 * repetitions) * 1024);
+    CHECK(after.memory - before.memory <= 192 * 1024 + 450 * repetitions + 2048 * loads);
 }
 
 void SendSms(StandIn& outlook, int window) {
