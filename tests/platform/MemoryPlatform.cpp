@@ -7,14 +7,6 @@ namespace tellwick::test {
 
 namespace {
 
-Text ValuePath(Hive hive, TextView key, TextView name) {
-    return HexText(std::uint32_t(hive)).append(u"\\").append(key).append(u"\\").append(name);
-}
-
-Text WithoutSlash(TextView folder) {
-    return Text(folder.ends_with(u'\\') ? folder.substr(0, folder.size() - 1) : folder);
-}
-
 // Code page 1252 from 0x80 to 0x9F; the undefined bytes stand for themselves.
 constexpr std::array<char16_t, 32> Upper1252 = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -22,77 +14,6 @@ constexpr std::array<char16_t, 32> Upper1252 = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 }  // namespace
-
-std::optional<Text> MemoryRegistry::Read(Hive hive, TextView key, TextView name) {
-    ++reads;
-    if (faults.Hit()) return {};
-    const auto found = values.find(ValuePath(hive, key, name));
-    if (found == values.end()) return {};
-    return found->second;
-}
-
-std::optional<Text> MemoryRegistry::ReadExpanded(Hive hive, TextView key, TextView name) {
-    std::optional<Text> value = Read(hive, key, name);
-    if (value) value = ReplaceAll(*value, u"%Programs%", u"C:\\Programs");
-    return value;
-}
-
-bool MemoryRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
-    if (failWrites || faults.Hit()) return false;
-    writes.push_back(Text(key).append(u"\\").append(name).append(u"=").append(value));
-    values[ValuePath(hive, key, name)] = value;
-    return true;
-}
-
-bool MemoryRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) {
-    return WriteString(hive, key, name, NumberText(value));
-}
-
-bool MemoryRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
-    return !faults.Hit() && values.erase(ValuePath(hive, key, name)) != 0;
-}
-
-bool MemoryRegistry::DeleteKey(Hive hive, TextView key, TextView subkey) {
-    if (faults.Hit()) return false;
-    const Text path = ValuePath(hive, key, subkey) + u"\\";
-    return std::erase_if(
-               values, [&](const auto& entry) { return StartsWithFolded(entry.first, path); }) != 0;
-}
-
-bool MemoryFileSystem::Fails(std::int32_t error) {
-    if (!faults.Hit()) return false;
-    if (error != 0) errors.Note(error, u"Failed on purpose");
-    return true;
-}
-
-bool MemoryFileSystem::Exists(TextView path) {
-    if (Fails(0)) return false;
-    return files.contains(Text(path)) || FolderExists(path);
-}
-
-bool MemoryFileSystem::FolderExists(TextView path) {
-    return folders.contains(WithoutSlash(path));
-}
-
-std::int64_t MemoryFileSystem::Length(TextView path) {
-    const auto found = files.find(Text(path));
-    return found == files.end() || Fails(0) ? -1 : std::int64_t(found->second.contents.size());
-}
-
-std::uint64_t MemoryFileSystem::ModifiedTime(TextView path) {
-    const auto found = files.find(Text(path));
-    return found == files.end() || Fails(0) ? 0 : found->second.modified;
-}
-
-std::optional<std::string> MemoryFileSystem::Read(TextView path) {
-    ++reads;
-    if (Fails(error::PathFileAccess)) return {};
-    const auto found = files.find(Text(path));
-    if (found != files.end() && !failReads) return found->second.contents;
-    errors.Note(FolderExists(path) ? error::PathFileAccess : error::FileNotFound,
-                u"File not found");
-    return {};
-}
 
 bool MemoryFileSystem::MayWrite(TextView path) {
     const auto found = files.find(Text(path));
@@ -125,24 +46,6 @@ SwapResult MemoryFileSystem::Swap(TextView path, std::string_view before,
     const std::string now = found == files.end() ? std::string() : found->second.contents;
     if (now != before) return SwapResult::Changed;
     return Write(path, contents, WriteMode::Replace) ? SwapResult::Done : SwapResult::Failed;
-}
-
-bool MemoryFileSystem::Rename(TextView from, TextView to) {
-    if (Fails(error::PathFileAccess)) return false;
-    const auto file = files.extract(Text(from));
-    if (file.empty()) {
-        errors.Note(error::FileNotFound, u"File not found");
-        return false;
-    }
-    files[Text(to)] = std::move(file.mapped());
-    return true;
-}
-
-bool MemoryFileSystem::Delete(TextView path) {
-    if (Fails(error::PathFileAccess)) return false;
-    if (files.erase(Text(path))) return true;
-    errors.Note(error::FileNotFound, u"File not found");
-    return false;
 }
 
 bool MemoryFileSystem::CreateFolder(TextView path) {
@@ -181,72 +84,11 @@ Text MemoryFileSystem::CreateTempFile(TextView folder, TextView prefix) {
     return path;
 }
 
-Text MemoryFileSystem::ReadProfileString(TextView path, TextView section, TextView key, TextView) {
-    profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key));
-    return u"from the system";
-}
-
 bool MemoryFileSystem::WriteProfileString(TextView path, TextView section, TextView key,
                                           std::optional<TextView> value) {
     profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key) + u"=" +
                            Text(value.value_or(u"(removed)")));
     return true;
-}
-
-std::vector<std::uint32_t> MemoryPrograms::ProcessIdentifiers(std::size_t) {
-    std::vector<std::uint32_t> identifiers;
-    if (faults.Hit()) return identifiers;
-    for (std::uint32_t process = 0; process < paths.size(); ++process) {
-        identifiers.push_back(process);
-    }
-    return identifiers;
-}
-
-Text MemoryPrograms::FirstModulePath(std::uint32_t process) {
-    return faults.Hit() ? Text() : paths.at(process);
-}
-
-bool MemoryPrograms::Start(TextView application, TextView startLine, WindowStyle style) {
-    started.push_back({Text(application), Text(startLine), style});
-    const bool fails = failStart || faults.Hit();
-    if (fails) errors.Note(error::FileNotFound, u"File not found");
-    return !fails;
-}
-
-bool MemoryPrograms::OpenAssociated(TextView document) {
-    opened.emplace_back(document);
-    if (!failOpen) return true;
-    errors.Note(error::FileNotFound, u"File not found");
-    return false;
-}
-
-Answer MemoryDialogs::Next(std::uint32_t flags) {
-    if (answers.empty()) return (flags & box::ButtonMask) == box::YesNo ? Answer::Yes : Answer::Ok;
-    const Answer answer = answers.front();
-    answers.pop_front();
-    return answer;
-}
-
-Answer MemoryDialogs::MessageBox(TextView text, std::uint32_t flags, TextView title) {
-    shown.push_back({Text(text), flags, Text(title), {}});
-    return Next(flags);
-}
-
-Answer MemoryDialogs::CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
-                                        std::uint32_t icon, TextView title, TextView checkBoxText,
-                                        bool& checked) {
-    const std::uint32_t buttons = choices.size() > 1 ? box::YesNo : box::Ok;
-    shown.push_back({Text(text), buttons | icon, Text(title), Text(checkBoxText), choices});
-    checked = check;
-    return answers.empty() ? choices.front().answer : Next(buttons);
-}
-
-Text MemoryDialogs::InputBox(TextView prompt, TextView title, TextView, TextView, TextView) {
-    shown.push_back({Text(prompt), 0, Text(title), {}});
-    if (inputs.empty()) return {};
-    const Text input = inputs.front();
-    inputs.pop_front();
-    return input;
 }
 
 Text MemoryLocale::FromAnsi(std::string_view bytes) {
@@ -282,21 +124,6 @@ std::string MemoryLocale::ToAnsi(TextView text) {
     return bytes;
 }
 
-std::optional<Text> MemoryLocale::LocaleInfo(std::uint32_t locale, std::uint32_t type) {
-    const auto found = information.find({locale, type});
-    if (found == information.end()) return {};
-    return found->second;
-}
-
-std::string MemoryLocale::SortKey(TextView text) {
-    std::string key;
-    for (const char16_t unit : LowerCase(text)) {
-        key += char(unit >> 8);
-        key += char(unit & 0xFF);
-    }
-    return key;
-}
-
 // "46000 17:05", which the model of Outlook reads.
 Text MemoryLocale::DateText(double date) {
     const auto minutes = std::int64_t(date * 1440 + 1e-6);
@@ -305,20 +132,6 @@ Text MemoryLocale::DateText(double date) {
     };
     return NumberText(minutes / 1440) + u" " + twoDigits(minutes / 60 % 24) + u":" +
            twoDigits(minutes % 60);
-}
-
-ObjectPtr MemoryAutomation::Create(TextView programmaticIdentifier) {
-    const auto found = factories.find(Text(programmaticIdentifier));
-    if (found != factories.end() && !faults.Hit()) return found->second();
-    errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
-    return nullptr;
-}
-
-ObjectPtr MemoryAutomation::Running(TextView programmaticIdentifier) {
-    const auto found = running.find(Text(programmaticIdentifier));
-    if (found != running.end() && !faults.Hit()) return found->second;
-    errors.Note(error::CannotCreateObject, u"ActiveX component can't create object");
-    return nullptr;
 }
 
 namespace {
@@ -337,36 +150,9 @@ struct MemoryPicture : Object {
 
 }  // namespace
 
-bool MemoryBitmaps::Fails() {
-    const bool fails = faults.Hit();
-    if (fails) errors.Note(error::Automation, u"Failed on purpose");
-    return fails;
-}
-
-BitmapHandle MemoryBitmaps::Load(std::int32_t resource) {
-    return Fails() ? 0 : 1000 + BitmapHandle(resource);
-}
-
-void MemoryBitmaps::ClearClipboard() {
-    if (!Fails()) clipboard = 0;
-}
-
-void MemoryBitmaps::PutOnClipboard(const ObjectPtr& picture) {
-    if (!Fails()) clipboard = BitmapOf(picture);
-}
-
-BitmapHandle MemoryBitmaps::CreateMapped(std::int32_t resource, SystemColour lightGrey) {
-    if (Fails()) return 0;
-    return BitmapHandle(resource) + (lightGrey == SystemColour::Number0 ? 2000 : 3000);
-}
-
 ObjectPtr MemoryBitmaps::CreatePicture(BitmapHandle bitmap) {
     if (Fails()) return nullptr;
     return std::make_shared<MemoryPicture>(bitmap);
-}
-
-ObjectPtr MemoryBitmaps::CreateIconPicture(std::int32_t resource, std::int32_t size) {
-    return CreatePicture(BitmapHandle(resource) * 10000 + BitmapHandle(size * resolution / 96));
 }
 
 BitmapHandle MemoryBitmaps::BitmapOf(const ObjectPtr& picture) {
