@@ -144,6 +144,7 @@ void EndSender() {
 }
 
 Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for Outlook\\") {
+    REQUIRE(GetACP() == 1252);
     EndSender();
     DeleteKey(RootKey);
     DeleteFiles(TemporaryFolder(), L"sms*.tmp");

@@ -1,9 +1,7 @@
 // Whole runs of Outlook, in every version, each twice in one process: what the add-in does in them,
-// and that nothing of it is left behind. Prints the table of what was left.
+// and that nothing of it is left behind.
 #include <doctest.h>
 
-#include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -115,9 +113,7 @@ std::string Left(StandIn& outlook, const std::string& references) {
 }  // namespace
 
 TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of the add-in") {
-    std::map<std::string, std::string> table;
-    std::vector<std::string> rows;
-    for (const int version : {9, 10, 11, 14, 16}) {
+    for (const int version : {9, 11, 14, 16}) {
         CAPTURE(version);
         Machine machine;
         StandIn outlook(version, L"--stay");
@@ -126,7 +122,6 @@ TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of 
             for (const std::string& end : course.ends) {
                 // An add-in that stayed away hears nothing of an end that tells it only Quit.
                 const bool unheard = version >= 16 && course.name == "no window" && end == "quit";
-                std::string results;
                 for (const int round : {1, 2}) {
                     CAPTURE(course.name);
                     CAPTURE(end);
@@ -136,24 +131,15 @@ TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of 
                     if (!end.empty()) outlook.Command(end);
                     outlook.Command("pump");  // the end comes from the message loop
                     outlook.Command("pump");
-                    const std::string left = Left(outlook, references);
-                    CHECK(left == (unheard ? "flag" : "clean"));
-                    results += " " + left;
+                    CHECK(Left(outlook, references) == (unheard ? "flag" : "clean"));
                     if (!outlook.List("explorers").empty()) {
                         outlook.Command("quit");
                         outlook.Command("pump");
                     }
                 }
                 CHECK(outlook.Command("unload") == "unloaded");
-                const std::string row = course.name + ", " + (end.empty() ? "closed" : end);
-                if (!table.contains(row)) rows.push_back(row);
-                table[row] += " " + std::to_string(version) + ":" + results;
             }
         }
         CheckClean(outlook.Quit());
     }
-    for (const std::string& row : rows) {
-        std::printf("%-48s%s\n", row.c_str(), table[row].c_str());
-    }
-    std::fflush(stdout);
 }
