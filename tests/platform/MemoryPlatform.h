@@ -13,6 +13,9 @@
 
 namespace tellwick::test {
 
+inline const Text TraceFile = u"C:\\Program\\TellwickAddIn.dbg.xml";
+inline const Text CurrentFile = u"C:\\Data\\Tellwick\\corvane.ini";
+
 // Names of files, keys and values: letter case is ignored.
 struct FoldedLess {
     bool operator()(const Text& left, const Text& right) const { return LessFolded(left, right); }

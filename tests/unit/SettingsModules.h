@@ -7,9 +7,6 @@
 
 namespace tellwick::test {
 
-constexpr TextView TraceFile = u"C:\\Program\\TellwickAddIn.dbg.xml";
-constexpr TextView CurrentFile = u"C:\\Data\\Tellwick\\corvane.ini";
-
 struct HeldMemoryPlatform {
     MemoryPlatform platform;
 };
