@@ -1,10 +1,7 @@
 // Typing into the form: the counters, the hexadecimal view, the matches and the lists.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

@@ -1,10 +1,7 @@
 // The form without a mouse, from its opening to the queue, and the trace of that in its file.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

@@ -16,9 +16,8 @@ inline constexpr wchar_t QueueKey[] = L"Software\\Omberline\\Tellwick\\SMSQueue"
 inline constexpr wchar_t LoaderKey[] =
     L"Software\\Microsoft\\Office\\Outlook\\Addins\\TellwickOutlookAddIn.Connect";
 
-// Values under HKEY_CURRENT_USER, text or number. No value means that it is not there.
+// Values under HKEY_CURRENT_USER, a number in decimal digits. No value means that it is not there.
 std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name);
-std::optional<DWORD> ReadNumber(const std::wstring& key, const std::wstring& name);
 void WriteText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
 void WriteNumber(const std::wstring& key, const std::wstring& name, DWORD number);
 void DeleteKey(const std::wstring& key);

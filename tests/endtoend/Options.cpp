@@ -1,10 +1,7 @@
 // The settings window over the SMS form.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

@@ -1,10 +1,7 @@
 // Replies to SMS that lie in Outlook, with the real form.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

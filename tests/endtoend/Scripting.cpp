@@ -7,8 +7,6 @@
 
 #include <memory>
 
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 #include "endtoend/StandIn.h"
 
 using namespace tellwick::endtoend;

@@ -5,9 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "endtoend/Desktop.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 #include "endtoend/StandIn.h"
 
 using namespace tellwick::endtoend;
@@ -63,14 +60,6 @@ const Course Courses[] = {
      {"quit", "disconnect"}},
 };
 
-bool HasControls(StandIn& outlook, const std::string& window) {
-    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
-    const bool button = outlook.Command("toolbar " + window).find(mark) != std::string::npos;
-    const bool entry = outlook.Command("menu " + window).find(mark) != std::string::npos;
-    CHECK(button == entry);
-    return button || entry;
-}
-
 bool HasRibbon(StandIn& outlook, const std::string& window) {
     return !outlook.Command("ribbon " + window).empty();
 }
@@ -80,13 +69,13 @@ void Play(StandIn& outlook, int version, const std::vector<std::string>& steps) 
         CAPTURE(step);
         const std::string window = step.substr(step.find(' ') + 1);
         if (version >= FirstWithRibbon && (step.starts_with("has ") || step.starts_with("none "))) {
-            CHECK_FALSE(HasControls(outlook, window));
+            CHECK_FALSE(outlook.HasBars(window));
             if (step.starts_with("has ")) CHECK(HasRibbon(outlook, window));
         } else if (step.starts_with("has ")) {
             // Outlook 2000 sets up its first window only.
-            CHECK(HasControls(outlook, window) == (version >= 10 || window == "1"));
+            CHECK(outlook.HasBars(window) == (version >= 10 || window == "1"));
         } else if (step.starts_with("none ")) {
-            CHECK_FALSE(HasControls(outlook, window));
+            CHECK_FALSE(outlook.HasBars(window));
         } else {
             outlook.Command(step);
         }
@@ -101,7 +90,7 @@ std::string Left(StandIn& outlook, const std::string& references) {
     };
     for (const std::string& window : outlook.List("explorers")) {
         const std::string number = window.substr(0, window.find(' '));
-        note(HasControls(outlook, number), "controls");
+        note(outlook.HasBars(number), "controls");
         note(HasRibbon(outlook, number), "ribbon");
     }
     note(outlook.Command("references") != references, "references");

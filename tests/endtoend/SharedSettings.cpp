@@ -1,10 +1,7 @@
 // Settings and texts that the add-in and the sender application share, and the trace's last record.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

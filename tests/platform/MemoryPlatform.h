@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <functional>
 #include <map>
@@ -103,8 +104,21 @@ public:
                     u"File not found");
         return {};
     }
-    bool Write(TextView path, std::string_view contents, WriteMode mode) override;
-    SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override;
+    bool Write(TextView path, std::string_view contents, WriteMode mode) override {
+        if (!MayWrite(path)) return false;
+        File& file = files[Text(path)];
+        if (mode == WriteMode::Replace) file.contents.clear();
+        file.contents.append(contents);
+        file.modified = ++time;
+        return true;
+    }
+    SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override {
+        if (onSwap) onSwap();
+        const auto found = files.find(Text(path));
+        const std::string now = found == files.end() ? std::string() : found->second.contents;
+        if (now != before) return SwapResult::Changed;
+        return Write(path, contents, WriteMode::Replace) ? SwapResult::Done : SwapResult::Failed;
+    }
     bool Rename(TextView from, TextView to) override {
         if (Fails(error::PathFileAccess)) return false;
         const auto file = files.extract(Text(from));
@@ -121,17 +135,51 @@ public:
         errors.Note(error::FileNotFound, u"File not found");
         return false;
     }
-    bool CreateFolder(TextView path) override;
-    std::vector<Text> FileNames(TextView folder, TextView ending) override;
-    Text ParentFolderName(TextView path) override;
+    bool CreateFolder(TextView path) override {
+        const Text parent = ParentFolderName(path);
+        if (Fails(error::PathNotFound)) return false;
+        if (failWrites || files.contains(Text(path)) || !FolderExists(parent)) {
+            errors.Note(error::PathNotFound, u"Path not found");
+            return false;
+        }
+        folders[WithoutSlash(path)] = true;
+        return true;
+    }
+    std::vector<Text> FileNames(TextView folder, TextView ending) override {
+        std::vector<Text> names;
+        if (Fails(0)) return names;
+        for (const auto& [path, file] : files) {
+            const std::size_t name = path.rfind(u'\\') + 1;
+            if (EqualFolded(TextView(path).substr(0, name), folder) &&
+                EndsWithFolded(path, ending)) {
+                names.push_back(path.substr(name));
+            }
+        }
+        return names;
+    }
+    Text ParentFolderName(TextView path) override {
+        const Text whole = WithoutSlash(path);
+        const std::size_t slash = whole.rfind(u'\\');
+        return slash == Text::npos ? Text() : whole.substr(0, slash);
+    }
     Text TempFolder() override { return faults.Hit() ? u"" : u"C:\\Temp\\"; }
-    Text CreateTempFile(TextView folder, TextView prefix) override;
+    Text CreateTempFile(TextView folder, TextView prefix) override {
+        if (Fails(error::PathFileAccess)) return {};
+        const Text path =
+            Text(folder).append(prefix) + HexText(std::uint32_t(++tempFiles)) + u".tmp";
+        files[path].modified = ++time;
+        return path;
+    }
     Text ReadProfileString(TextView path, TextView section, TextView key, TextView) override {
         profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key));
         return u"from the system";
     }
     bool WriteProfileString(TextView path, TextView section, TextView key,
-                            std::optional<TextView> value) override;
+                            std::optional<TextView> value) override {
+        profileCalls.push_back(Text(path).append(u"|").append(section).append(u"|").append(key) +
+                               u"=" + Text(value.value_or(u"(removed)")));
+        return true;
+    }
 
     struct File {
         std::string contents;
@@ -157,7 +205,20 @@ private:
         if (error != 0) errors.Note(error, u"Failed on purpose");
         return true;
     }
-    bool MayWrite(TextView path);
+    bool MayWrite(TextView path) {
+        const auto found = files.find(Text(path));
+        if (Fails(error::PathFileAccess)) return false;
+        const bool readOnly = found != files.end() && found->second.readOnly;
+        if (failWrites || readOnly || FolderExists(path)) {
+            errors.Note(error::PathFileAccess, u"Path/File access error");
+        } else if (path.empty() || !FolderExists(ParentFolderName(path))) {
+            errors.Note(error::PathNotFound, u"Path not found");
+        } else {
+            ++writes;
+            return true;
+        }
+        return false;
+    }
 
     PendingError& errors;
     Faults& faults;
@@ -303,8 +364,37 @@ public:
 // Code page 1252.
 class MemoryLocale : public Locale {
 public:
-    Text FromAnsi(std::string_view bytes) override;
-    std::string ToAnsi(TextView text) override;
+    Text FromAnsi(std::string_view bytes) override {
+        Text text;
+        for (std::size_t at = 0; holdsAll && at + 1 < bytes.size(); at += 2) {
+            text += char16_t(std::uint8_t(bytes[at]) | std::uint8_t(bytes[at + 1]) << 8);
+        }
+        if (holdsAll) return text;
+        for (const char byte : bytes) {
+            const auto code = static_cast<unsigned char>(byte);
+            text += code >= 0x80 && code < 0xA0 ? Upper1252[code - 0x80u] : char16_t(code);
+        }
+        return text;
+    }
+    std::string ToAnsi(TextView text) override {
+        std::string bytes;
+        for (char16_t unit : text) {
+            if (holdsAll) {
+                bytes += {char(unit & 0xFF), char(unit >> 8)};
+                continue;
+            }
+            // Two of the system's nearest ones.
+            if (unit == 0x0142) unit = u'l';
+            if (unit == 0x2011) unit = u'-';
+            const auto upper = std::find(Upper1252.begin(), Upper1252.end(), unit);
+            if (upper != Upper1252.end()) {
+                bytes += char(0x80 + (upper - Upper1252.begin()));
+            } else {
+                bytes += unit < 0x80 || (unit >= 0xA0 && unit < 0x100) ? char(unit) : '?';
+            }
+        }
+        return bytes;
+    }
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override {
         const auto found = information.find({locale, type});
         if (found == information.end()) return {};
@@ -318,11 +408,25 @@ public:
         }
         return key;
     }
-    Text DateText(double date) override;
+    Text DateText(double date) override {
+        const auto minutes = std::int64_t(date * 1440 + 1e-6);
+        const auto twoDigits = [](std::int64_t number) {
+            return (number < 10 ? u"0" : u"") + NumberText(number);
+        };
+        return NumberText(minutes / 1440) + u" " + twoDigits(minutes / 60 % 24) + u":" +
+               twoDigits(minutes % 60);
+    }
     // One that holds every character, with two bytes for each unit, as newer systems can have it.
     bool holdsAll = false;
     // By locale and type, as the system returns them.
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
+
+private:
+    // Code page 1252 from 0x80 to 0x9F; the undefined bytes stand for themselves.
+    static constexpr std::array<char16_t, 32> Upper1252 = {
+        0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 };
 
 class MemoryAutomation : public Automation {
@@ -361,7 +465,10 @@ public:
     BitmapHandle Load(std::int32_t resource) override {
         return Fails() ? 0 : 1000 + BitmapHandle(resource);
     }
-    ObjectPtr CreatePicture(BitmapHandle bitmap) override;
+    ObjectPtr CreatePicture(BitmapHandle bitmap) override {
+        if (Fails()) return nullptr;
+        return std::make_shared<MemoryPicture>(bitmap);
+    }
     ObjectPtr CreateIconPicture(std::int32_t resource, std::int32_t size) override {
         return CreatePicture(BitmapHandle(resource) * 10000 + BitmapHandle(size * resolution / 96));
     }
@@ -372,11 +479,25 @@ public:
     void PutOnClipboard(const ObjectPtr& picture) override {
         if (!Fails()) clipboard = BitmapOf(picture);
     }
-    static BitmapHandle BitmapOf(const ObjectPtr& picture);
+    static BitmapHandle BitmapOf(const ObjectPtr& picture) {
+        const auto memoryPicture = std::dynamic_pointer_cast<MemoryPicture>(picture);
+        return memoryPicture ? memoryPicture->bitmap : 0;
+    }
     BitmapHandle clipboard = 0;
     std::int32_t resolution = 96;
 
 private:
+    struct MemoryPicture : Object {
+        explicit MemoryPicture(BitmapHandle bitmap) : bitmap(bitmap) {}
+        Value Get(TextView, const std::vector<Value>&) override { return {}; }
+        void Put(TextView, const Value&) override {}
+        Value Call(TextView, const std::vector<Value>&, const std::vector<NamedValue>&) override {
+            return {};
+        }
+        Text TypeName() override { return u"Picture"; }
+        SubscriptionPtr Advise(const EventInterface&, EventHandler) override { return nullptr; }
+        BitmapHandle bitmap;
+    };
     bool Fails() {
         const bool fails = faults.Hit();
         if (fails) errors.Note(error::Automation, u"Failed on purpose");
@@ -390,17 +511,45 @@ private:
 // Ticks by hand.
 class MemoryTimers : public Timers {
 public:
-    std::unique_ptr<Timer> Create() override;
+    std::unique_ptr<Timer> Create() override { return std::make_unique<MemoryTimer>(timers); }
     // Lets every running timer tick once; the number of those that did.
-    int Tick();
-    std::vector<class MemoryTimer*> timers;
+    int Tick() {
+        int ticked = 0;
+        for (MemoryTimer* timer : std::vector<MemoryTimer*>(timers)) {
+            if (std::find(timers.begin(), timers.end(), timer) == timers.end()) continue;
+            if (const auto tick = timer->tick) {
+                tick();
+                ++ticked;
+            }
+        }
+        return ticked;
+    }
+
+private:
+    struct MemoryTimer : Timer {
+        explicit MemoryTimer(std::vector<MemoryTimer*>& all) : all(all) { all.push_back(this); }
+        ~MemoryTimer() override { std::erase(all, this); }
+        void Start(std::uint32_t, std::function<void()> newTick) override { tick = newTick; }
+        void Stop() override { tick = nullptr; }
+        std::vector<MemoryTimer*>& all;
+        std::function<void()> tick;
+    };
+    std::vector<MemoryTimer*> timers;
 };
 
 // Everybody gets every lock.
 class MemoryLocks : public Locks {
 public:
     explicit MemoryLocks(Faults& faults) : faults(faults) {}
-    std::unique_ptr<Lock> Take(TextView name) override;
+    std::unique_ptr<Lock> Take(TextView name) override {
+        struct Held : Lock {
+            Held(std::vector<Text>& held, TextView name) : held(held) { held.emplace_back(name); }
+            ~Held() override { held.pop_back(); }
+            std::vector<Text>& held;
+        };
+        if (faults.Hit()) return nullptr;
+        return std::make_unique<Held>(held, name);
+    }
     std::vector<Text> held;
 
 private:

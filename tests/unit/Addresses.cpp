@@ -6,7 +6,6 @@
 
 #include "model/ManyContacts.h"
 #include "model/OutlookModel.h"
-#include "platform/Keys.h"
 #include "platform/OutlookEvents.h"
 #include "platform/TestProgram.h"
 #include "recipients/Addresses.h"

@@ -3,7 +3,6 @@
 
 #include <doctest.h>
 
-#include "platform/OutlookEvents.h"
 #include "platform/TestHost.h"
 
 using namespace tellwick;

@@ -2,7 +2,6 @@
 #include <doctest.h>
 
 #include "SettingsModules.h"
-#include "platform/Product.h"
 #include "platform/TestProgram.h"
 
 using namespace tellwick;
