@@ -21,10 +21,6 @@ LONG HeightOf(HWND window) {
     return place.bottom - place.top;
 }
 
-HWND Explorer(StandIn& outlook) {
-    return reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(outlook.Command("window 1"))));
-}
-
 POINT MiddleOf(HWND window) {
     const RECT place = PlaceOf(window);
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
@@ -76,7 +72,7 @@ TEST_CASE("the form opens over Outlook, later where and as it was, unless no scr
     std::optional<StandIn> outlook(std::in_place, 11, L"--empty");
     Form form = Form::Open(*outlook);
     const POINT middle = MiddleOf(form.window);
-    const POINT outlooks = MiddleOf(Explorer(*outlook));
+    const POINT outlooks = MiddleOf(outlook->Window(1));
     CHECK(std::abs(middle.x - outlooks.x) < 20);
     CHECK(std::abs(middle.y - outlooks.y) < 40);
 

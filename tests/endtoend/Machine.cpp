@@ -38,19 +38,15 @@ std::vector<std::wstring> RegisteredClasses() {
 std::wstring BuildFolder() {
     wchar_t path[MAX_PATH]{};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring file = path;
-    return file.substr(0, file.rfind(L'\\') + 1);
+    return fs::path(path).parent_path().wstring() + L"\\";
 }
 
 std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name) {
     wchar_t text[4096]{};
     DWORD bytes = sizeof text - sizeof *text;
     DWORD type = 0;
-    HKEY handle;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &handle)) return {};
-    const LSTATUS status = RegQueryValueExW(handle, name.c_str(), nullptr, &type,
-                                            reinterpret_cast<BYTE*>(text), &bytes);
-    RegCloseKey(handle);
+    const LSTATUS status =
+        SHGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), &type, text, &bytes);
     if (!status && type == REG_DWORD) return std::to_wstring(text[0] | text[1] << 16);
     if (status || type != REG_SZ) return {};
     return text;
@@ -89,10 +85,9 @@ void WriteBytes(const std::wstring& path, const std::string& bytes) {
     std::ofstream(path.c_str(), std::ios::binary) << bytes;
 }
 
-Finished Run(const std::wstring& commandLine) {
-    Child child(commandLine);
-    const bool inTime = child.Ends(30000);
-    return {child.ExitCode(), inTime};
+bool Run(const std::wstring& commandLine) {
+    const Child child(commandLine);
+    return child.Ends(30000) && child.ExitCode() == 0;
 }
 
 void EndSender() {
@@ -146,9 +141,7 @@ std::wstring Machine::Setting(const wchar_t* section, const wchar_t* key) const 
 }
 
 void Machine::Register() {
-    const auto done = Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
-    REQUIRE(done.inTime);
-    REQUIRE(done.exitCode == 0);
+    REQUIRE(Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\""));
     // Wine looks for classes in the machine's part of the registry only.
     for (const std::wstring& name : RegisteredClasses()) {
         HKEY copy;
@@ -161,9 +154,7 @@ void Machine::Register() {
 void Machine::Unregister() {
     for (const std::wstring& name : RegisteredClasses())
         SHDeleteKeyW(HKEY_LOCAL_MACHINE, (Classes + name).c_str());
-    const auto done = Run(L"regsvr32 /u /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
-    CHECK(done.inTime);
-    CHECK(done.exitCode == 0);
+    CHECK(Run(L"regsvr32 /u /s \"" + programFolder + L"TellwickOutlookAddIn.dll\""));
 }
 
 }  // namespace tellwick::endtoend

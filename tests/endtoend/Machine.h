@@ -30,12 +30,8 @@ bool FileExists(const std::wstring& path);
 std::string ReadBytes(const std::wstring& path);
 void WriteBytes(const std::wstring& path, const std::string& bytes);
 
-struct Finished {
-    DWORD exitCode;
-    bool inTime;
-};
-// Runs a command line to its end, at most 30 seconds.
-Finished Run(const std::wstring& commandLine);
+// Runs a command line to its end; whether that came within 30 seconds, and with code 0.
+bool Run(const std::wstring& commandLine);
 
 // Ends the sender application if it runs.
 void EndSender();

@@ -64,14 +64,12 @@ TEST_CASE("the pane follows the typing, and a click on it opens the preview") {
     REQUIRE(parts);
     CHECK(TextOf(parts).find(L"Gr\u00fc\u00dfe\u2014\u201c\u00a0\u20acxxx") != std::wstring::npos);
     const HWND list = FindByClass(preview, L"ListBox");
-    REQUIRE(SendMessageW(list, LB_GETCOUNT, 0, 0) == 3);
-    wchar_t row[256] = L"";
-    SendMessageW(list, LB_GETTEXT, 0, reinterpret_cast<LPARAM>(row));
-    CHECK(row == std::wstring(L"\u2014\tmacht 2 SMS statt 1\tersetzbar durch -"));
+    REQUIRE(Rows(list).size() == 3);
+    CHECK(Rows(list)[0] == L"\u2014\tmacht 2 SMS statt 1\tersetzbar durch -");
     CheckTabOrder(preview);
     const std::wstring before = TextOf(form.message);
     Click(FindByText(preview, L"Ersetzen"));
-    CHECK(WaitUntil([&] { return SendMessageW(list, LB_GETCOUNT, 0, 0) == 2; }));
+    CHECK(WaitUntil([&] { return Rows(list).size() == 2; }));
     Click(FindByText(preview, L"Alle ersetzen"));
     CHECK(WaitUntil([&] { return TextOf(parts).find(L"SMS 1 von 1 (72/160)") == 0; }));
     Press(VK_ESCAPE);

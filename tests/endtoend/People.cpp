@@ -11,16 +11,6 @@ using namespace tellwick::endtoend;
 
 namespace {
 
-std::vector<std::wstring> Rows(HWND list) {
-    std::vector<std::wstring> rows;
-    for (LRESULT row = 0; row < SendMessageW(list, LB_GETCOUNT, 0, 0); ++row) {
-        wchar_t text[256] = L"";
-        SendMessageW(list, LB_GETTEXT, WPARAM(row), reinterpret_cast<LPARAM>(text));
-        rows.emplace_back(text);
-    }
-    return rows;
-}
-
 HWND MatchList(const Form& form) {
     for (const HWND child : Descendants(form.window)) {
         if (ClassOf(child) == L"ListBox" && IsWindowVisible(child)) return child;

@@ -69,12 +69,15 @@ std::vector<std::string> StandIn::List(const std::string& command) {
     return entries;
 }
 
+HWND StandIn::Window(int explorer) {
+    const std::string handle = Command("window " + std::to_string(explorer));
+    return reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(handle)));
+}
+
 void StandIn::ClickButton(int explorer, const std::string& caption) {
     const std::string number = std::to_string(explorer);
     Command("activate " + number);
-    SetWindowPos(
-        reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(Command("window " + number)))),
-        HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    SetWindowPos(Window(explorer), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     const auto place = [&] {
         POINT corners[2]{};
         std::istringstream(Command("where " + number + " \"" + caption + "\"")) >> corners[0].x >>

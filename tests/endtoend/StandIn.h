@@ -33,6 +33,7 @@ public:
     // mouse.
     void ClickButton(int explorer, const std::string& caption);
 
+    HWND Window(int explorer);
     // Whether the add-in's button or entry is on a window's command bars.
     bool HasBars(const std::string& explorer);
 

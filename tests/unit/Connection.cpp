@@ -8,12 +8,6 @@
 using namespace tellwick;
 using namespace tellwick::test;
 
-namespace {
-
-constexpr std::int32_t Versions[] = {9, 10, 11, 16};
-
-}  // namespace
-
 TEST_CASE("Outlook without any window: nothing is touched, and shutting down is harmless") {
     Host host(11, false);
     host.SetRegistry(AddInKey, u"DebugMode", u"1");
@@ -29,7 +23,7 @@ TEST_CASE("Outlook without any window: nothing is touched, and shutting down is 
 }
 
 TEST_CASE("the first window gets button and entry at once, and a click on them opens the form") {
-    for (const std::int32_t version : Versions) {
+    for (const std::int32_t version : {9, 10, 11, 16}) {
         CAPTURE(version);
         Host host(version);
         host.Connect();
@@ -144,7 +138,7 @@ TEST_CASE("later windows get their button by the timer, the last one that asked 
 }
 
 TEST_CASE("disconnection leaves no reference, no sink and no button, in every version") {
-    for (const std::int32_t version : Versions) {
+    for (const std::int32_t version : {9, 10, 11, 16}) {
         for (const bool byQuit : {false, true}) {
             CAPTURE(version);
             CAPTURE(byQuit);

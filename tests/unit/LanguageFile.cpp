@@ -76,17 +76,16 @@ TEST_CASE("the language that is chosen") {
     for (const Case& c : cases) {
         CAPTURE(Text(c.file));
         SettingsModules m;
-        for (const TextView name : {TextView(u"Deutsch"), TextView(u"Francais"), TextView(u"Cesky"),
-                                    TextView(u"Portugues-BR"), TextView(u"Nederlands"),
-                                    TextView(u"Polski"), TextView(u"English")}) {
-            const std::string ascii(name.begin(), name.end());
-            m.SetFile(u"C:\\Program\\lang\\" + Text(name) + u".lng", "[F]\r\nname=" + ascii);
+        for (const std::string name :
+             {"Deutsch", "Francais", "Cesky", "Portugues-BR", "Nederlands", "Polski", "English"}) {
+            m.SetFile(u"C:\\Program\\lang\\" + Text(name.begin(), name.end()) + u".lng",
+                      "[F]\r\nname=" + name);
         }
-        m.SetFile(u"C:\\Data\\Corvane\\corvane.ini", "");
-        m.iniFile.WriteToIniFile(u"C:\\Data\\Corvane\\corvane.ini", u"Settings", u"Language",
-                                 c.sibling);
-        m.SetFile(CurrentFile, "");
-        m.iniFile.WriteToIniFile(CurrentFile, u"Settings", u"Language", c.setting);
+        const auto setting = [&](TextView language) {
+            return "[Settings]\r\nLanguage=" + m.platform.locale.ToAnsi(language) + "\r\n";
+        };
+        m.SetFile(u"C:\\Data\\Corvane\\corvane.ini", setting(c.sibling));
+        m.SetFile(CurrentFile, setting(c.setting));
         m.SetRegistry(international, u"sLanguage", c.sLanguage);
         m.SetRegistry(u"Control Panel\\Microsoft Input Devices\\Mouse", u"Language", c.mouse);
         m.SetRegistry(international, u"Locale", c.locale);

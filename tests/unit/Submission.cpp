@@ -9,14 +9,13 @@ using namespace tellwick::test;
 namespace {
 
 constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-constexpr TextView Root = RootKey;
 
 // A form that is open, with the sender application running, switched on and listening.
 struct OpenForm : TestProgram {
     OpenForm() {
         platform.programs.paths = {u"C:\\Program Files\\Tellwick\\TELLWICK.EXE"};
-        SetRegistry(Root, u"On", u"1");
-        SetRegistry(Root, u"hWnd", u"4711");
+        SetRegistry(RootKey, u"On", u"1");
+        SetRegistry(RootKey, u"hWnd", u"4711");
         program.formSmsSend.Open({});
     }
     void Fill(TextView recipient, TextView text) {
@@ -111,7 +110,7 @@ TEST_CASE("a submission by key takes the line break before the caret back") {
 
 TEST_CASE("a click while the submission waits for the sender's window queues nothing") {
     OpenForm form;
-    form.SetRegistry(Root, u"hWnd", u"0");
+    form.SetRegistry(RootKey, u"hWnd", u"0");
     form.Fill(u"1", u"x");
     int clicks = 0;
     form.platform.messageLoop.onDoEvents = [&] {
@@ -129,7 +128,7 @@ TEST_CASE("a click while the submission waits for the sender's window queues not
 
 TEST_CASE("a form closed while the submission waits stays closed and saved") {
     OpenForm form;
-    form.SetRegistry(Root, u"hWnd", u"0");
+    form.SetRegistry(RootKey, u"hWnd", u"0");
     form.Fill(u"1", u"zwei\r\nZeilen");
     form.platform.messageLoop.onDoEvents = [&] { form.program.formSmsSend.Form_Close(); };
     CHECK(form.Send());
@@ -165,12 +164,12 @@ TEST_CASE("the sender application is switched on, started and told") {
     }
     SUBCASE("switched off: asked, and told whatever the answer") {
         test.platform.programs.paths = {u"C:\\Tellwick.exe"};
-        test.SetRegistry(Root, u"hWnd", u"99");
+        test.SetRegistry(RootKey, u"hWnd", u"99");
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             test.platform.dialogs.answers = {answer};
             start(false);
             CHECK(test.platform.dialogs.shown.back().flags == box::YesNo);
-            CHECK((test.Registry(Root, u"On") == u"1") == (answer == Answer::Yes));
+            CHECK((test.Registry(RootKey, u"On") == u"1") == (answer == Answer::Yes));
             CHECK(loop.posted.back().window == 99);
         }
         CHECK(loop.posted.size() == 2);
@@ -179,7 +178,7 @@ TEST_CASE("the sender application is switched on, started and told") {
     }
     SUBCASE("not running: started after a Yes, and not told") {
         test.platform.dialogs.answers = {Answer::Yes};
-        test.SetRegistry(Root, u"hWnd", u"99");
+        test.SetRegistry(RootKey, u"hWnd", u"99");
         start(false);
         REQUIRE(test.platform.programs.started.size() == 1);
         const auto& started = test.platform.programs.started[0];
@@ -187,18 +186,18 @@ TEST_CASE("the sender application is switched on, started and told") {
         CHECK(started.application == folder + u"Tellwick.exe");
         CHECK(started.commandLine == folder + u"Tellwick.exe nocheck");
         CHECK(started.style == WindowStyle::MinimisedWithFocus);
-        CHECK(test.Registry(Root, u"On") == u"1");
+        CHECK(test.Registry(RootKey, u"On") == u"1");
         CHECK(loop.posted.empty());
     }
     SUBCASE("not running and No: waits for a window all the same") {
         test.platform.dialogs.answers = {Answer::No};
         int rounds = 0;
         loop.onDoEvents = [&] {
-            if (++rounds == 20) test.SetRegistry(Root, u"hWnd", u"5");
+            if (++rounds == 20) test.SetRegistry(RootKey, u"hWnd", u"5");
         };
         start(false);
         CHECK(test.platform.programs.started.empty());
-        CHECK(test.Registry(Root, u"On").empty());
+        CHECK(test.Registry(RootKey, u"On").empty());
         CHECK(rounds == 20);
         CHECK(loop.posted.size() == 1);
     }
@@ -206,6 +205,6 @@ TEST_CASE("the sender application is switched on, started and told") {
         test.platform.programs.failStart = true;
         start(true);
         CHECK(test.platform.dialogs.shown.empty());
-        CHECK(test.Registry(Root, u"On") == u"1");
+        CHECK(test.Registry(RootKey, u"On") == u"1");
     }
 }
