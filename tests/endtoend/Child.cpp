@@ -6,20 +6,31 @@
 
 namespace tellwick::endtoend {
 
-Child::Child(const std::wstring& commandLine, const std::wstring& output) {
+namespace {
+
+HANDLE Create(const std::wstring& path) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    if (path.empty()) return nullptr;
+    return CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0,
+                       nullptr);
+}
+
+}  // namespace
+
+Child::Child(const std::wstring& commandLine, const std::wstring& output)
+    : Child(commandLine, nullptr, Create(output)) {}
+
+Child::Child(const std::wstring& commandLine, HANDLE input, HANDLE output) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
-    if (!output.empty()) {
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdOutput = CreateFileW(output.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                         CREATE_ALWAYS, 0, nullptr);
-    }
+    startup.dwFlags = output ? STARTF_USESTDHANDLES : 0;
+    startup.hStdInput = input;
+    startup.hStdOutput = startup.hStdError = output;
     PROCESS_INFORMATION started{};
     std::wstring line = commandLine;
-    const BOOL running = CreateProcessW(nullptr, line.data(), nullptr, nullptr, !output.empty(), 0,
-                                        nullptr, nullptr, &startup, &started);
-    if (!output.empty()) CloseHandle(startup.hStdOutput);
+    const BOOL running = CreateProcessW(nullptr, line.data(), nullptr, nullptr, output != nullptr,
+                                        0, nullptr, nullptr, &startup, &started);
+    for (HANDLE handle : {input, output}) CloseHandle(handle);
     REQUIRE_MESSAGE(running, "cannot start " << doctest::toString(commandLine));
     CloseHandle(started.hThread);
     process = started.hProcess;

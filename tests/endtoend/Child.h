@@ -11,6 +11,8 @@ class Child {
 public:
     // What it prints goes into the file, where one is named.
     explicit Child(const std::wstring& commandLine, const std::wstring& output = {});
+    // It reads from one handle and prints to the other, which are closed here.
+    Child(const std::wstring& commandLine, HANDLE input, HANDLE output);
     // Ends the process if it still runs.
     ~Child();
     Child(const Child&) = delete;
@@ -21,6 +23,7 @@ public:
     // At once, whatever it is doing; returns when it is gone.
     void Kill();
     DWORD ExitCode() const;
+    HANDLE Process() const { return process; }
 
 private:
     HANDLE process = nullptr;

@@ -1,10 +1,7 @@
 // Typing into the form: the counters, the hexadecimal view, the matches and the lists.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 
@@ -17,10 +14,11 @@ bool Shows(const Form& form, const std::wstring& text) {
 
 }  // namespace
 
-TEST_CASE("typing is counted, and the flash option follows") {
+TEST_CASE(
+    "text is counted, shown as digits, kept as a template, and comes back with the next form") {
     Machine machine;
-    StandIn outlook(11, L"--empty");
-    const Form form = Form::Open(outlook);
+    StandIn outlook(9, L"--empty");
+    Form form = Form::Open(outlook);
     CHECK(Shows(form, L"Zeichen: 0/160"));
     const HWND flash = form.Control(L"Flash SMS");
     const HWND concatenate = form.Control(L"Lange SMS verketten");
@@ -32,12 +30,7 @@ TEST_CASE("typing is counted, and the flash option follows") {
     CHECK(Shows(form, L"Zeichen: 170/307 ,2 SMS"));
     CHECK_FALSE(IsWindowEnabled(flash));
     CHECK(IsWindowEnabled(concatenate));
-}
 
-TEST_CASE("the hexadecimal view takes digits only and gives the text back") {
-    Machine machine;
-    StandIn outlook(11, L"--empty");
-    const Form form = Form::Open(outlook);
     Form::Fill(form.message, L"Hi");
     Click(form.Control(L"Hex"));
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"4869"; }));
@@ -47,12 +40,7 @@ TEST_CASE("the hexadecimal view takes digits only and gives the text back") {
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"486921"; }));
     Click(form.Control(L"Text"));
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"Hi!"; }));
-}
 
-TEST_CASE("recipient and templates come back with the next form") {
-    Machine machine;
-    StandIn outlook(9, L"--empty");
-    Form form = Form::Open(outlook);
     Form::Fill(form.to, L"0171");
     Click(form.Control(L"Erweitern >>"));
     const HWND frame = form.Control(L"Textbausteine");
@@ -66,8 +54,7 @@ TEST_CASE("recipient and templates come back with the next form") {
     REQUIRE(templates);
     Form::Fill(templates, L"Bin gleich da");
     Click(form.Control(L"Hinzuf\u00fcgen"));
-    Click(form.message);
-    Type(L"A ");
+    Form::Fill(form.message, L"A ");
     Click(form.Control(L"Einf\u00fcgen"));
     CHECK(WaitUntil([&] { return TextOf(form.message) == L"A Bin gleich da"; }));
     Press(VK_ESCAPE);

@@ -151,6 +151,16 @@ HWND FindByClass(HWND window, const std::wstring& className) {
     return nullptr;
 }
 
+std::vector<std::wstring> Rows(HWND list) {
+    std::vector<std::wstring> rows;
+    for (LRESULT row = 0; row < SendMessageW(list, LB_GETCOUNT, 0, 0); ++row) {
+        wchar_t text[256] = L"";
+        SendMessageW(list, LB_GETTEXT, WPARAM(row), reinterpret_cast<LPARAM>(text));
+        rows.emplace_back(text);
+    }
+    return rows;
+}
+
 HWND Focus() {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;

@@ -28,6 +28,8 @@ std::vector<HWND> Descendants(HWND window);
 HWND FindByText(HWND window, const std::wstring& text);
 HWND FindByClass(HWND window, const std::wstring& className);
 
+std::vector<std::wstring> Rows(HWND listBox);
+
 // The window that has the keyboard, whichever process it belongs to.
 HWND Focus();
 

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <set>
 
-#include "endtoend/Desktop.h"
-
 namespace tellwick::endtoend {
 
 namespace {

@@ -5,10 +5,7 @@
 #include <set>
 #include <sstream>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 

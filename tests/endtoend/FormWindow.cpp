@@ -1,12 +1,10 @@
-// The form as a window: its place, its growth, its keys, and what it says to a screen reader.
+// The form as a window: its place, its growth, its characters, and what it says to a screen reader.
 #include <doctest.h>
 
+#include <optional>
 #include <set>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 
@@ -21,10 +19,6 @@ RECT PlaceOf(HWND window) {
 LONG HeightOf(HWND window) {
     const RECT place = PlaceOf(window);
     return place.bottom - place.top;
-}
-
-HWND Explorer(StandIn& outlook) {
-    return reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(outlook.Command("window 1"))));
 }
 
 POINT MiddleOf(HWND window) {
@@ -49,12 +43,50 @@ void CALLBACK NoteNameChange(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG child
     announced.emplace(window, child);
 }
 
+// A screen reader hears of both counters, and finds a label before every field.
+void CheckAnnounced(const Form& form) {
+    const HWND counter = form.Control(L"Zeichen: 0/160");
+    const std::pair pane(FindByClass(form.window, L"msctls_statusbar32"), 2L);
+    const HWINEVENTHOOK hook =
+        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, NoteNameChange,
+                        0, 0, WINEVENT_OUTOFCONTEXT);
+    REQUIRE(hook);
+    Form::Fill(form.message, L"x");
+    CHECK(WaitUntil([&] {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        return announced.contains({counter, CHILDID_SELF}) && announced.contains(pane);
+    }));
+    UnhookWinEvent(hook);
+    for (const HWND field : {form.message, GetParent(form.to)}) {
+        const HWND label = GetWindow(field, GW_HWNDPREV);
+        CHECK(ClassOf(label) == L"Static");
+        CHECK_FALSE(TextOf(label).empty());
+    }
+}
+
 }  // namespace
 
-TEST_CASE("unfolding makes the form higher by what it shows, folding takes that back") {
+TEST_CASE("the form opens over Outlook, later where and as it was, unless no screen is there") {
     Machine machine;
-    StandIn outlook(11, L"--empty");
-    Form form = Form::Open(outlook);
+    std::optional<StandIn> outlook(std::in_place, 11, L"--empty");
+    Form form = Form::Open(*outlook);
+    const POINT middle = MiddleOf(form.window);
+    const POINT outlooks = MiddleOf(outlook->Window(1));
+    CHECK(std::abs(middle.x - outlooks.x) < 20);
+    CHECK(std::abs(middle.y - outlooks.y) < 40);
+
+    SetWindowPos(form.window, nullptr, 60, 70, 640, 520, SWP_NOZORDER);
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntilGone(form.window));
+    form = Form::Open(*outlook);
+    const RECT place = PlaceOf(form.window);
+    CHECK(std::abs(place.left - 60) < 15);
+    CHECK(std::abs(place.top - 70) < 35);
+    CHECK(place.right - place.left == 640);
+    CheckAnnounced(form);
+
+    // Unfolding makes it higher by what it shows, folding takes that back.
     const LONG folded = HeightOf(form.window);
     const LONG message = HeightOf(form.message);
     const HWND frame = form.Control(L"Textbausteine");
@@ -63,34 +95,13 @@ TEST_CASE("unfolding makes the form higher by what it shows, folding takes that 
     CHECK(WaitUntil([&] { return HeightOf(form.window) > folded; }));
     const LONG unfolded = HeightOf(form.window);
     CHECK(HeightOf(form.message) == message);
-    // The next form has the same size; folding it gives the same small one.
     Press(VK_ESCAPE);
     REQUIRE(WaitUntilGone(form.window));
-    form = Form::Open(outlook);
+    form = Form::Open(*outlook);
     CHECK(HeightOf(form.window) == unfolded);
     Press('R', {VK_MENU});
     CHECK(WaitUntil([&] { return HeightOf(form.window) == folded; }));
     CHECK(HeightOf(form.message) == message);
-}
-
-TEST_CASE("the form opens over Outlook, and later where it was, unless no screen is there") {
-    Machine machine;
-    StandIn outlook(11, L"--empty");
-    Form form = Form::Open(outlook);
-    const auto overOutlook = [&] {
-        const POINT form1 = MiddleOf(form.window);
-        const POINT outlook1 = MiddleOf(Explorer(outlook));
-        return std::abs(form1.x - outlook1.x) < 20 && std::abs(form1.y - outlook1.y) < 40;
-    };
-    CHECK(overOutlook());
-    SetWindowPos(form.window, nullptr, 60, 70, 640, 520, SWP_NOZORDER);
-    Press(VK_ESCAPE);
-    REQUIRE(WaitUntilGone(form.window));
-    form = Form::Open(outlook);
-    const RECT place = PlaceOf(form.window);
-    CHECK(std::abs(place.left - 60) < 15);
-    CHECK(std::abs(place.top - 70) < 35);
-    CHECK(place.right - place.left == 640);
     Press(VK_ESCAPE);
     REQUIRE(WaitUntilGone(form.window));
     const std::string settings = ReadBytes(machine.SettingsFile());
@@ -98,8 +109,8 @@ TEST_CASE("the form opens over Outlook, and later where it was, unless no screen
     REQUIRE(at != std::string::npos);
     WriteBytes(machine.SettingsFile(), settings.substr(0, at) + "SMSSendPosx=-9000" +
                                            settings.substr(settings.find("\r\n", at)));
-    StandIn next(11, L"--empty");
-    form = Form::Open(next);
+    outlook.emplace(11, L"--empty");
+    form = Form::Open(*outlook);
     const RECT again = PlaceOf(form.window);
     CHECK(again.left >= 0);
     CHECK(again.right - again.left == 640);
@@ -127,56 +138,5 @@ TEST_CASE("every character arrives, typed and pasted, whatever loop the host has
         REQUIRE(WaitUntil([&] { return Focus() == form.to; }));
         TypeCharacters(L"\u0160\u00E1rka");
         CHECK(WaitUntil([&] { return TextOf(form.to) == L"\u0160\u00E1rka"; }));
-    }
-}
-
-TEST_CASE("keys: Enter goes on from the recipient, F4 opens lists, a focused button is pushed") {
-    Machine machine;
-    StandIn outlook(11, L"--empty");
-    const Form form = Form::Open(outlook);
-    Form::Fill(form.to, L"0171");
-    Press(VK_RETURN);
-    CHECK(WaitUntil([&] { return Focus() == form.message; }));
-    CHECK(TextOf(form.message).empty());
-    // The validity by its mnemonic; its list by F4, a choice by the arrow.
-    Press('G', {VK_MENU});
-    REQUIRE(WaitUntil([&] { return ClassOf(Focus()) == L"ComboBox"; }));
-    const HWND expires = Focus();
-    Press(VK_F4);
-    CHECK(WaitUntil([&] { return SendMessageW(expires, CB_GETDROPPEDSTATE, 0, 0) != 0; }));
-    Press(VK_DOWN);
-    Press(VK_RETURN);
-    CHECK(WaitUntil([&] { return SendMessageW(expires, CB_GETDROPPEDSTATE, 0, 0) == 0; }));
-    CHECK(TextOf(expires) == L"0 Minuten");
-    CHECK(IsWindowVisible(form.window));
-    const HWND hex = form.Control(L"Hex");
-    Form::Fill(form.message, L"Hi");
-    for (int tabs = 0; tabs < 20 && Focus() != hex; ++tabs) Press(VK_TAB);
-    REQUIRE(Focus() == hex);
-    Press(VK_RETURN);
-    CHECK(WaitUntil([&] { return TextOf(form.message) == L"4869"; }));
-}
-
-TEST_CASE("both counters are announced, and every field has a label before it") {
-    Machine machine;
-    StandIn outlook(11, L"--empty");
-    const Form form = Form::Open(outlook);
-    const HWND counter = form.Control(L"Zeichen: 0/160");
-    const std::pair pane(FindByClass(form.window, L"msctls_statusbar32"), 2L);
-    const HWINEVENTHOOK hook =
-        SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_NAMECHANGE, nullptr, NoteNameChange,
-                        0, 0, WINEVENT_OUTOFCONTEXT);
-    REQUIRE(hook);
-    Form::Fill(form.message, L"x");
-    CHECK(WaitUntil([&] {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        return announced.contains({counter, CHILDID_SELF}) && announced.contains(pane);
-    }));
-    UnhookWinEvent(hook);
-    for (const HWND field : {form.message, GetParent(form.to)}) {
-        const HWND label = GetWindow(field, GW_HWNDPREV);
-        CHECK(ClassOf(label) == L"Static");
-        CHECK_FALSE(TextOf(label).empty());
     }
 }

@@ -4,10 +4,13 @@
 #include <shlwapi.h>
 
 #include <doctest.h>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include "endtoend/Child.h"
+
+namespace fs = std::filesystem;
 
 namespace tellwick::endtoend {
 
@@ -20,37 +23,6 @@ std::wstring SettingsFolder() {
     wchar_t path[MAX_PATH]{};
     SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path);
     return std::wstring(path) + L"\\Tellwick\\";
-}
-
-std::wstring TemporaryFolder() {
-    wchar_t path[MAX_PATH]{};
-    GetTempPathW(MAX_PATH, path);
-    return path;
-}
-
-void DeleteFiles(const std::wstring& folder, const std::wstring& pattern) {
-    WIN32_FIND_DATAW found;
-    HANDLE search = FindFirstFileW((folder + pattern).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return;
-    do {
-        const std::wstring path = folder + found.cFileName;
-        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-        DeleteFileW(path.c_str());
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-}
-
-void CopyFiles(const std::wstring& from, const std::wstring& pattern, const std::wstring& to) {
-    CreateDirectoryW(to.c_str(), nullptr);
-    WIN32_FIND_DATAW found;
-    HANDLE search = FindFirstFileW((from + pattern).c_str(), &found);
-    REQUIRE_MESSAGE(search != INVALID_HANDLE_VALUE, "nothing to install");
-    do {
-        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
-            REQUIRE(
-                CopyFileW((from + found.cFileName).c_str(), (to + found.cFileName).c_str(), FALSE));
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
 }
 
 // The classes that the library registers for the user: its ProgID and its CLSID.
@@ -66,31 +38,18 @@ std::vector<std::wstring> RegisteredClasses() {
 std::wstring BuildFolder() {
     wchar_t path[MAX_PATH]{};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring file = path;
-    return file.substr(0, file.rfind(L'\\') + 1);
+    return fs::path(path).parent_path().wstring() + L"\\";
 }
 
 std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name) {
     wchar_t text[4096]{};
     DWORD bytes = sizeof text - sizeof *text;
     DWORD type = 0;
-    HKEY handle;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &handle)) return {};
-    const LSTATUS status = RegQueryValueExW(handle, name.c_str(), nullptr, &type,
-                                            reinterpret_cast<BYTE*>(text), &bytes);
-    RegCloseKey(handle);
+    const LSTATUS status =
+        SHGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), &type, text, &bytes);
+    if (!status && type == REG_DWORD) return std::to_wstring(text[0] | text[1] << 16);
     if (status || type != REG_SZ) return {};
     return text;
-}
-
-std::optional<DWORD> ReadNumber(const std::wstring& key, const std::wstring& name) {
-    DWORD value = 0;
-    DWORD bytes = sizeof value;
-    DWORD type = 0;
-    if (SHGetValueW(HKEY_CURRENT_USER, key.c_str(), name.c_str(), &type, &value, &bytes) ||
-        type != REG_DWORD)
-        return {};
-    return value;
 }
 
 void WriteText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
@@ -126,10 +85,9 @@ void WriteBytes(const std::wstring& path, const std::string& bytes) {
     std::ofstream(path.c_str(), std::ios::binary) << bytes;
 }
 
-Finished Run(const std::wstring& commandLine) {
-    Child child(commandLine);
-    const bool inTime = child.Ends(30000);
-    return {child.ExitCode(), inTime};
+bool Run(const std::wstring& commandLine) {
+    const Child child(commandLine);
+    return child.Ends(30000) && child.ExitCode() == 0;
 }
 
 void EndSender() {
@@ -144,16 +102,21 @@ void EndSender() {
 }
 
 Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for Outlook\\") {
+    REQUIRE(GetACP() == 1252);
     EndSender();
     DeleteKey(RootKey);
-    DeleteFiles(TemporaryFolder(), L"sms*.tmp");
-    DeleteFiles(SettingsFolder(), L"*");
-    CreateDirectoryW(SettingsFolder().c_str(), nullptr);
+    for (const auto& file : fs::directory_iterator(fs::temp_directory_path())) {
+        if (file.path().filename().wstring().starts_with(L"sms")) fs::remove(file.path());
+    }
+    for (const std::wstring& folder : {SettingsFolder(), programFolder}) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
     WriteBytes(SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
-    DeleteFiles(programFolder, L"*");
-    CopyFiles(BuildFolder(), L"TellwickOutlookAddIn.dll", programFolder);
-    CopyFiles(BuildFolder(), L"Tellwick.exe", programFolder);
-    CopyFiles(BuildFolder() + L"lang\\", L"*.lng", programFolder + L"lang\\");
+    for (const wchar_t* file : {L"TellwickOutlookAddIn.dll", L"Tellwick.exe"}) {
+        fs::copy(BuildFolder() + file, programFolder + file);
+    }
+    fs::copy(BuildFolder() + L"lang", programFolder + L"lang");
     SetEnvironmentVariableW(L"TELLWICK_SENDER_LOG", (programFolder + L"sent.txt").c_str());
     Register();
 }
@@ -178,9 +141,7 @@ std::wstring Machine::Setting(const wchar_t* section, const wchar_t* key) const 
 }
 
 void Machine::Register() {
-    const auto done = Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
-    REQUIRE(done.inTime);
-    REQUIRE(done.exitCode == 0);
+    REQUIRE(Run(L"regsvr32 /s \"" + programFolder + L"TellwickOutlookAddIn.dll\""));
     // Wine looks for classes in the machine's part of the registry only.
     for (const std::wstring& name : RegisteredClasses()) {
         HKEY copy;
@@ -193,9 +154,7 @@ void Machine::Register() {
 void Machine::Unregister() {
     for (const std::wstring& name : RegisteredClasses())
         SHDeleteKeyW(HKEY_LOCAL_MACHINE, (Classes + name).c_str());
-    const auto done = Run(L"regsvr32 /u /s \"" + programFolder + L"TellwickOutlookAddIn.dll\"");
-    CHECK(done.inTime);
-    CHECK(done.exitCode == 0);
+    CHECK(Run(L"regsvr32 /u /s \"" + programFolder + L"TellwickOutlookAddIn.dll\""));
 }
 
 }  // namespace tellwick::endtoend

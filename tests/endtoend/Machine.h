@@ -16,9 +16,8 @@ inline constexpr wchar_t QueueKey[] = L"Software\\Omberline\\Tellwick\\SMSQueue"
 inline constexpr wchar_t LoaderKey[] =
     L"Software\\Microsoft\\Office\\Outlook\\Addins\\TellwickOutlookAddIn.Connect";
 
-// Values under HKEY_CURRENT_USER, text or number. No value means that it is not there.
+// Values under HKEY_CURRENT_USER, a number in decimal digits. No value means that it is not there.
 std::optional<std::wstring> ReadText(const std::wstring& key, const std::wstring& name);
-std::optional<DWORD> ReadNumber(const std::wstring& key, const std::wstring& name);
 void WriteText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
 void WriteNumber(const std::wstring& key, const std::wstring& name, DWORD number);
 void DeleteKey(const std::wstring& key);
@@ -31,12 +30,8 @@ bool FileExists(const std::wstring& path);
 std::string ReadBytes(const std::wstring& path);
 void WriteBytes(const std::wstring& path, const std::string& bytes);
 
-struct Finished {
-    DWORD exitCode;
-    bool inTime;
-};
-// Runs a command line to its end, at most 30 seconds.
-Finished Run(const std::wstring& commandLine);
+// Runs a command line to its end; whether that came within 30 seconds, and with code 0.
+bool Run(const std::wstring& commandLine);
 
 // Ends the sender application if it runs.
 void EndSender();

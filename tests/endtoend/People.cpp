@@ -5,24 +5,11 @@
 
 #include <commctrl.h>
 
-#include "endtoend/Desktop.h"
 #include "endtoend/Form.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
 
 namespace {
-
-std::vector<std::wstring> Rows(HWND list) {
-    std::vector<std::wstring> rows;
-    for (LRESULT row = 0; row < SendMessageW(list, LB_GETCOUNT, 0, 0); ++row) {
-        wchar_t text[256] = L"";
-        SendMessageW(list, LB_GETTEXT, WPARAM(row), reinterpret_cast<LPARAM>(text));
-        rows.emplace_back(text);
-    }
-    return rows;
-}
 
 HWND MatchList(const Form& form) {
     for (const HWND child : Descendants(form.window)) {
@@ -41,7 +28,7 @@ bool Matches(const Form& form, const std::vector<std::wstring>& rows) {
 }  // namespace
 
 TEST_CASE("people are found by any of their names, in the field and in the selection window") {
-    for (const int version : {9, 11, 12}) {
+    for (const int version : {9, 12}) {
         CAPTURE(version);
         Machine machine;
         StandIn outlook(version, L"--empty");
@@ -91,11 +78,11 @@ TEST_CASE("people are found by any of their names, in the field and in the selec
 }
 
 TEST_CASE("closing the form or quitting Outlook ends the reading") {
+    Machine machine;
+    StandIn outlook(11, L"--empty");
+    outlook.Command("many-contacts 30000 10");
     for (const bool quit : {false, true}) {
         CAPTURE(quit);
-        Machine machine;
-        StandIn outlook(11, L"--empty");
-        outlook.Command("many-contacts 30000 10");
         const Form form = Form::Open(outlook);
         Form::Fill(form.to, L"ber");
         CHECK(WaitUntil([&] {
@@ -104,10 +91,9 @@ TEST_CASE("closing the form or quitting Outlook ends the reading") {
         }));
         // Outlook works on meanwhile.
         outlook.Command("open-explorer");
-        if (!quit) {
-            PostMessageW(form.window, WM_CLOSE, 0, 0);
-            REQUIRE(WaitUntilGone(form.window));
-        }
-        CheckClean(outlook.Quit());
+        if (quit) break;
+        PostMessageW(form.window, WM_CLOSE, 0, 0);
+        REQUIRE(WaitUntilGone(form.window));
     }
+    CheckClean(outlook.Quit());
 }

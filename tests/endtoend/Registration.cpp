@@ -13,7 +13,7 @@ TEST_CASE("regsvr32 registers for the user alone and takes everything back") {
     CHECK(ReadText(LoaderKey, L"FriendlyName") == L"Tellwick");
     CHECK(ReadText(LoaderKey, L"Description") ==
           L"Tellwick, send and receive SMS with Outlook (2000, 2002 (XP), 2003)\r\n");
-    CHECK(ReadNumber(LoaderKey, L"LoadBehavior") == 3u);
+    CHECK(ReadText(LoaderKey, L"LoadBehavior") == L"3");
 
     const auto clsid = ReadText(progId + L"\\CLSID", L"");
     REQUIRE(clsid);

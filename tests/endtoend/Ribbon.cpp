@@ -1,9 +1,6 @@
 // The add-in on the ribbon of newer Outlooks: asked for through COM, drawn, clicked, taken away.
 #include <doctest.h>
 
-#include "endtoend/Desktop.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 #include "endtoend/StandIn.h"
 
 using namespace tellwick::endtoend;
@@ -25,92 +22,63 @@ std::wstring TakeRecipient() {
     return recipient;
 }
 
-bool HasBars(StandIn& outlook, const std::string& window) {
-    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
-    return outlook.Command("toolbar " + window).find(mark) != std::string::npos ||
-           outlook.Command("menu " + window).find(mark) != std::string::npos;
-}
-
 }  // namespace
 
-TEST_CASE("ribbon and context menus have the add-in's buttons, and the bars do not") {
-    const std::string create =
-        "group=\"SMS\" tip=\"Eine SMS schreiben. Ausgewählte Kontakte und Absender werden zu "
-        "Empfängern.\" large=1 face=32x32/";
-    const std::string contact = "tip=\"Diesem Kontakt eine SMS schreiben\" large=1 face=32x32/";
+TEST_CASE("ribbon and menus have the add-in's buttons instead of the bars, while it is connected") {
     for (const int version : {12, 14, 16}) {
         CAPTURE(version);
         Machine machine;
         StandIn outlook(version);
         const bool explorers = version >= 14;
-        const auto begins = [&](const std::string& command, const std::string& expected) {
+        const auto begins = [&](const std::string& command, const std::string& expected,
+                                const std::string& face = "large=1 face=32x32") {
             const std::string answer = outlook.Command(command);
             CAPTURE(answer);
             CHECK(answer.starts_with(expected));
             CHECK(answer.ends_with(expected.empty() ? "" : "/transparent"));
+            CHECK((expected.empty() || answer.find(face + "/") != std::string::npos));
         };
         begins("ribbon 1",
-               explorers ? "\"Neue SMS\" at=TabMail behind=GroupMailNew " + create : "");
+               explorers ? "\"Neue SMS\" at=TabMail behind=GroupMailNew group=\"SMS\" " : "");
+        if (explorers) {
+            outlook.ClickButton(1, "Neue SMS");
+            TakeRecipient();
+        }
         outlook.Command("open-explorer");
         outlook.Command("wait 230");
-        CHECK(HasBars(outlook, "1") == !explorers);
-        CHECK(HasBars(outlook, "2") == !explorers);
+        CHECK(outlook.HasBars("1") == !explorers);
+        CHECK(outlook.HasBars("2") == !explorers);
+        outlook.Command("close-explorer 2");
         outlook.Command("folder 1 contacts");
-        begins("ribbon 1", explorers ? "\"Neue SMS\" at=TabContacts " + create : "");
-        outlook.Command(std::string("open-inspector ") + Mail);
-        begins("ribbon-inspector 1",
-               "\"Per SMS antworten\" at=TabReadMessage behind=GroupRespond group=\"SMS\" ");
-        outlook.Command(std::string("open-inspector ") + Contact);
-        begins("ribbon-inspector 2",
-               "\"SMS an diesen Kontakt\" at=TabContact group=\"SMS\" " + contact);
+        begins("ribbon 1", explorers ? "\"Neue SMS\" at=TabContacts group=\"SMS\" " : "");
         for (const auto& [items, menu] :
              {std::pair<std::string, std::string>{Mail, "ContextMenuMailItem"},
               {Contact, "ContextMenuContactItem"},
               {"6 7", "ContextMenuMultipleItems"}}) {
             outlook.Command("select 1 " + items);
-            begins(
-                "context-menu 1",
-                explorers ? "\"SMS an diesen Kontakt\" at=" + menu + " large=0 face=16x16/" : "");
+            begins("context-menu 1",
+                   explorers ? "\"SMS an diesen Kontakt\" at=" + menu : std::string(),
+                   "large=0 face=16x16");
         }
-        CHECK(outlook.Command("ribbon-errors").empty());
-        CheckClean(outlook.Quit());
-    }
-}
-
-TEST_CASE("the ribbon's buttons open the form, by the mouse too") {
-    for (const int version : {12, 14, 16}) {
-        CAPTURE(version);
-        Machine machine;
-        StandIn outlook(version);
-        outlook.Command(std::string("open-inspector ") + Sms);
-        outlook.Command("click-ribbon-inspector 1 \"Per SMS antworten\"");
-        CHECK(TakeRecipient() == L"+491701234567");
-        outlook.Command(std::string("open-inspector ") + Contact);
-        outlook.Command("click-ribbon-inspector 2 \"SMS an diesen Kontakt\"");
-        CHECK(TakeRecipient().find(L"01712345678") != std::wstring::npos);
-        if (version >= 14) {
-            outlook.ClickButton(1, "Neue SMS");
-            TakeRecipient();
-            outlook.Command("select 1 6 7");
+        if (explorers) {
             outlook.Command("click-context 1 \"SMS an diesen Kontakt\"");
             CHECK(TakeRecipient().find(L';') != std::wstring::npos);
         }
-        CHECK(outlook.Command("ribbon-errors").empty());
-        CHECK(outlook.Command("references").find("IRibbonControl") == std::string::npos);
-        CheckClean(outlook.Quit());
-    }
-}
-
-TEST_CASE("a user may take the add-in out while it answers a click, and put it back") {
-    for (const int version : {12, 14, 16}) {
-        CAPTURE(version);
-        Machine machine;
-        StandIn outlook(version);
         outlook.Command(std::string("open-inspector ") + Sms);
+        begins("ribbon-inspector 1",
+               "\"Per SMS antworten\" at=TabReadMessage behind=GroupRespond group=\"SMS\" ");
+        outlook.Command("click-ribbon-inspector 1 \"Per SMS antworten\"");
+        CHECK(TakeRecipient() == L"+491701234567");
+        outlook.Command(std::string("open-inspector ") + Contact);
+        begins("ribbon-inspector 2", "\"SMS an diesen Kontakt\" at=TabContact group=\"SMS\" ");
+        outlook.Command("click-ribbon-inspector 2 \"SMS an diesen Kontakt\"");
+        CHECK(TakeRecipient().find(L"01712345678") != std::wstring::npos);
         const std::string connected = outlook.Command("references");
-        CHECK((connected.find("IRibbonUI") != std::string::npos));
-        // The other two are taken, and answered, while the first lets messages run. Remarks are not
-        // answered.
+        CHECK(connected.find("IRibbonControl") == std::string::npos);
+        CHECK(connected.find("IRibbonUI") != std::string::npos);
+
+        // A user takes the add-in out while it answers a click. The other two commands are taken,
+        // and answered, while the first lets messages run. Remarks are not answered.
         CHECK(outlook
                   .Command("click-ribbon-inspector 1 \"Per SMS antworten\"\ndisconnect\n"
                            "references")
@@ -122,7 +90,7 @@ TEST_CASE("a user may take the add-in out while it answers a click, and put it b
         CHECK(outlook.Command("unload") == "unloaded");
         outlook.Command("connect");
         CHECK(outlook.Command("ribbon-inspector 1").find("Per SMS") != std::string::npos);
-        CHECK(HasBars(outlook, "1") == (version < 14));
+        CHECK(outlook.HasBars("1") == (version < 14));
         CHECK(outlook.Command("ribbon-errors").empty());
         CheckClean(outlook.Quit());
     }

@@ -1,15 +1,10 @@
 // Whole runs of Outlook, in every version, each twice in one process: what the add-in does in them,
-// and that nothing of it is left behind. Prints the table of what was left.
+// and that nothing of it is left behind.
 #include <doctest.h>
 
-#include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "endtoend/Desktop.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
 #include "endtoend/StandIn.h"
 
 using namespace tellwick::endtoend;
@@ -65,30 +60,18 @@ const Course Courses[] = {
      {"quit", "disconnect"}},
 };
 
-bool HasControls(StandIn& outlook, const std::string& window) {
-    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
-    const bool button = outlook.Command("toolbar " + window).find(mark) != std::string::npos;
-    const bool entry = outlook.Command("menu " + window).find(mark) != std::string::npos;
-    CHECK(button == entry);
-    return button || entry;
-}
-
-bool HasRibbon(StandIn& outlook, const std::string& window) {
-    return !outlook.Command("ribbon " + window).empty();
-}
-
 void Play(StandIn& outlook, int version, const std::vector<std::string>& steps) {
     for (const std::string& step : steps) {
         CAPTURE(step);
         const std::string window = step.substr(step.find(' ') + 1);
         if (version >= FirstWithRibbon && (step.starts_with("has ") || step.starts_with("none "))) {
-            CHECK_FALSE(HasControls(outlook, window));
-            if (step.starts_with("has ")) CHECK(HasRibbon(outlook, window));
+            CHECK_FALSE(outlook.HasBars(window));
+            if (step.starts_with("has ")) CHECK_FALSE(outlook.Command("ribbon " + window).empty());
         } else if (step.starts_with("has ")) {
             // Outlook 2000 sets up its first window only.
-            CHECK(HasControls(outlook, window) == (version >= 10 || window == "1"));
+            CHECK(outlook.HasBars(window) == (version >= 10 || window == "1"));
         } else if (step.starts_with("none ")) {
-            CHECK_FALSE(HasControls(outlook, window));
+            CHECK_FALSE(outlook.HasBars(window));
         } else {
             outlook.Command(step);
         }
@@ -103,8 +86,8 @@ std::string Left(StandIn& outlook, const std::string& references) {
     };
     for (const std::string& window : outlook.List("explorers")) {
         const std::string number = window.substr(0, window.find(' '));
-        note(HasControls(outlook, number), "controls");
-        note(HasRibbon(outlook, number), "ribbon");
+        note(outlook.HasBars(number), "controls");
+        note(!outlook.Command("ribbon " + number).empty(), "ribbon");
     }
     note(outlook.Command("references") != references, "references");
     note(outlook.Command("can-unload") != "yes", "library");
@@ -115,9 +98,7 @@ std::string Left(StandIn& outlook, const std::string& references) {
 }  // namespace
 
 TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of the add-in") {
-    std::map<std::string, std::string> table;
-    std::vector<std::string> rows;
-    for (const int version : {9, 10, 11, 14, 16}) {
+    for (const int version : {9, 11, 14, 16}) {
         CAPTURE(version);
         Machine machine;
         StandIn outlook(version, L"--stay");
@@ -126,7 +107,6 @@ TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of 
             for (const std::string& end : course.ends) {
                 // An add-in that stayed away hears nothing of an end that tells it only Quit.
                 const bool unheard = version >= 16 && course.name == "no window" && end == "quit";
-                std::string results;
                 for (const int round : {1, 2}) {
                     CAPTURE(course.name);
                     CAPTURE(end);
@@ -136,24 +116,15 @@ TEST_CASE("every run of Outlook, whatever its course and end, leaves nothing of 
                     if (!end.empty()) outlook.Command(end);
                     outlook.Command("pump");  // the end comes from the message loop
                     outlook.Command("pump");
-                    const std::string left = Left(outlook, references);
-                    CHECK(left == (unheard ? "flag" : "clean"));
-                    results += " " + left;
+                    CHECK(Left(outlook, references) == (unheard ? "flag" : "clean"));
                     if (!outlook.List("explorers").empty()) {
                         outlook.Command("quit");
                         outlook.Command("pump");
                     }
                 }
                 CHECK(outlook.Command("unload") == "unloaded");
-                const std::string row = course.name + ", " + (end.empty() ? "closed" : end);
-                if (!table.contains(row)) rows.push_back(row);
-                table[row] += " " + std::to_string(version) + ":" + results;
             }
         }
         CheckClean(outlook.Quit());
     }
-    for (const std::string& row : rows) {
-        std::printf("%-48s%s\n", row.c_str(), table[row].c_str());
-    }
-    std::fflush(stdout);
 }

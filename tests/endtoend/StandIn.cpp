@@ -5,10 +5,6 @@
 #include <sstream>
 #include <utility>
 
-#include "endtoend/Desktop.h"
-#include "endtoend/Machine.h"
-#include "endtoend/Printing.h"
-
 namespace tellwick::endtoend {
 
 StandIn::StandIn(int version, const std::wstring& options) {
@@ -19,27 +15,14 @@ StandIn::StandIn(int version, const std::wstring& options) {
     SetHandleInformation(input, HANDLE_FLAG_INHERIT, 0);
     SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0);
 
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdInput = theirInput;
-    startup.hStdOutput = theirOutput;
-    startup.hStdError = theirOutput;
-    PROCESS_INFORMATION started{};
-    std::wstring line = L"\"" + BuildFolder() + L"OutlookStandIn.exe\" --commands --version " +
-                        std::to_wstring(version) + L" " + options;
-    const BOOL running = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                                        nullptr, &startup, &started);
-    CloseHandle(theirInput);
-    CloseHandle(theirOutput);
-    REQUIRE(running);
-    CloseHandle(started.hThread);
-    process = started.hProcess;
+    child.emplace(L"\"" + BuildFolder() + L"OutlookStandIn.exe\" --commands --version " +
+                      std::to_wstring(version) + L" " + options,
+                  theirInput, theirOutput);
 }
 
 StandIn::~StandIn() {
-    if (!Ended()) TerminateProcess(process, 1);
-    for (HANDLE handle : {process, input, output}) CloseHandle(handle);
+    child.reset();
+    for (HANDLE handle : {input, output}) CloseHandle(handle);
 }
 
 void StandIn::Read() {
@@ -61,10 +44,6 @@ bool StandIn::TakeAnswer(std::string& answer) {
     return false;
 }
 
-bool StandIn::Ended() const {
-    return WaitForSingleObject(process, 0) == WAIT_OBJECT_0;
-}
-
 std::string StandIn::Command(const std::string& command) {
     DWORD written;
     const std::string line = command + "\n";
@@ -72,7 +51,7 @@ std::string StandIn::Command(const std::string& command) {
     std::string answer;
     // Most answers come at once, and there are many.
     for (const DWORD start = GetTickCount();
-         !TakeAnswer(answer) && !Ended() && GetTickCount() - start < 10000;) {
+         !TakeAnswer(answer) && !child->Ends(0) && GetTickCount() - start < 10000;) {
         Sleep(1);
     }
     REQUIRE_MESSAGE(answer.starts_with("ok"), command << ": " << answer);
@@ -90,12 +69,15 @@ std::vector<std::string> StandIn::List(const std::string& command) {
     return entries;
 }
 
+HWND StandIn::Window(int explorer) {
+    const std::string handle = Command("window " + std::to_string(explorer));
+    return reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(handle)));
+}
+
 void StandIn::ClickButton(int explorer, const std::string& caption) {
     const std::string number = std::to_string(explorer);
     Command("activate " + number);
-    SetWindowPos(
-        reinterpret_cast<HWND>(static_cast<INT_PTR>(std::stoll(Command("window " + number)))),
-        HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    SetWindowPos(Window(explorer), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     const auto place = [&] {
         POINT corners[2]{};
         std::istringstream(Command("where " + number + " \"" + caption + "\"")) >> corners[0].x >>
@@ -116,17 +98,23 @@ void StandIn::ClickButton(int explorer, const std::string& caption) {
     ClickAt(middle.x, middle.y);
 }
 
+bool StandIn::HasBars(const std::string& explorer) {
+    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
+    const bool button = Command("toolbar " + explorer).find(mark) != std::string::npos;
+    const bool entry = Command("menu " + explorer).find(mark) != std::string::npos;
+    CHECK(button == entry);
+    return button || entry;
+}
+
 StandIn::End StandIn::Quit() {
     Command("quit");
     return WaitForEnd();
 }
 
 StandIn::End StandIn::WaitForEnd() {
-    WaitUntil([&] { return Ended(); }, 10000);
+    child->Ends(10000);
     Read();
-    End end{STILL_ACTIVE, unread};
-    GetExitCodeProcess(process, &end.exitCode);
-    return end;
+    return {child->ExitCode(), unread};
 }
 
 void CheckClean(const StandIn::End& end) {

@@ -1,11 +1,18 @@
 // One stand-in Outlook with the add-in in it, driven through its command pipe: one command a line,
-// one answer each.
+// one answer each. With it comes what every case with an Outlook needs: the machine and the
+// desktop.
 #pragma once
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "endtoend/Child.h"
+#include "endtoend/Desktop.h"
+#include "endtoend/Machine.h"
+#include "endtoend/Printing.h"
 
 namespace tellwick::endtoend {
 
@@ -13,7 +20,6 @@ class StandIn {
 public:
     // Starts it. Commands are answered once the connection of the add-in has returned.
     explicit StandIn(int version, const std::wstring& options = L"");
-    // Ends the process if it still runs.
     ~StandIn();
     StandIn(const StandIn&) = delete;
     StandIn& operator=(const StandIn&) = delete;
@@ -27,7 +33,11 @@ public:
     // mouse.
     void ClickButton(int explorer, const std::string& caption);
 
-    HANDLE Process() const { return process; }
+    HWND Window(int explorer);
+    // Whether the add-in's button or entry is on a window's command bars.
+    bool HasBars(const std::string& explorer);
+
+    HANDLE Process() const { return child->Process(); }
 
     struct End {
         DWORD exitCode;  // 0: the add-in left nothing behind
@@ -41,9 +51,8 @@ private:
     // Takes what has been printed meanwhile.
     void Read();
     bool TakeAnswer(std::string& answer);
-    bool Ended() const;
 
-    HANDLE process = nullptr;
+    std::optional<Child> child;
     HANDLE input = nullptr;
     HANDLE output = nullptr;
     std::string unread;

@@ -35,7 +35,6 @@ struct FuzzTarget {
     std::string_view name;
     void (*run)(Input input);
 };
-extern const std::vector<FuzzTarget> FuzzTargets;
 
 // Settings
 void FuzzIni(Input input);
@@ -50,6 +49,17 @@ void FuzzPhone(Input input);
 void FuzzHex(Input input);
 void FuzzAir(Input input);
 void FuzzQueue(Input input);
+
+inline const std::vector<FuzzTarget> FuzzTargets = {{"ini", FuzzIni},
+                                                    {"language", FuzzLanguage},
+                                                    {"trace", FuzzTrace},
+                                                    {"numbers", FuzzNumbers},
+                                                    {"templates", FuzzTemplates},
+                                                    {"list", FuzzList},
+                                                    {"phone", FuzzPhone},
+                                                    {"hex", FuzzHex},
+                                                    {"air", FuzzAir},
+                                                    {"queue", FuzzQueue}};
 
 // Ends the run as a fault that was found.
 inline void Require(bool holds, const char* what) {

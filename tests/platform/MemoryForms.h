@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -28,13 +30,12 @@ public:
     bool HasFocus() const override { return focus == this; }
     Text Caption() const override { return caption; }
     void SetCaption(TextView newCaption) override { caption = newCaption; }
-    void SetToolTip(TextView newToolTip) override { toolTip = newToolTip; }
+    void SetToolTip(TextView) override {}
 
     bool loaded = false;
     bool enabled = true;
     bool visible = true;
     Text caption;
-    Text toolTip;
     static inline const MemoryControl* focus = nullptr;
 };
 
@@ -153,8 +154,7 @@ public:
 
 class MemoryProgressBar : public ProgressBar, public MemoryControl {
 public:
-    void SetValue(std::int32_t newPercent) override { percent = newPercent; }
-    std::int32_t percent = 0;
+    void SetValue(std::int32_t) override {}
 };
 
 class MemoryStatusBar : public StatusBar, public MemoryControl {
@@ -168,7 +168,8 @@ public:
     Text pane, shortPane;
 };
 
-// What the windows have in common; View is the port of one of them.
+// What the windows have in common; View is the port of one of them. A control is made when it is
+// first asked for, which the window's constructor does.
 template <class View>
 class MemoryFormView : public View {
 public:
@@ -193,77 +194,74 @@ public:
     FormPlace place{10, 20, 400, 300};
     bool positioned = false;
     Text caption;
-    std::vector<std::pair<TextView, MemoryControl*>> controls;
+
+protected:
+    // The control of that name, of the kind that is wanted.
+    struct Owned {
+        template <class Kind>
+        operator Kind&() const {
+            std::unique_ptr<MemoryControl>& control = form.controls[name];
+            if (!control) control = std::make_unique<Kind>();
+            return static_cast<Kind&>(*control);
+        }
+        MemoryFormView& form;
+        TextView name;
+    };
+    Owned Own(TextView name) { return {*this, name}; }
+    template <class... Controls>
+    static void Have(const Controls&...) {}
 
 private:
     void SetLoaded(bool nowLoaded) {
         loaded = nowLoaded;
         for (const auto& [name, control] : controls) control->loaded = nowLoaded;
     }
+    std::map<TextView, std::unique_ptr<MemoryControl>> controls;
     bool loaded = false;
 };
 
 class MemoryFormSmsSendView : public MemoryFormView<FormSmsSendView> {
 public:
     MemoryFormSmsSendView() {
-        controls = {{u"TextTo", &textTo},
-                    {u"ButtonTo", &buttonTo},
-                    {u"ListBoxNumbers", &numbers},
-                    {u"Message", &message},
-                    {u"CheckFlash", &checkFlash},
-                    {u"CheckLong", &checkLong},
-                    {u"ButtonAdd", &buttonAdd},
-                    {u"ComboBoxTextbausteine", &templates},
-                    {u"ButtonDel", &buttonDel},
-                    {u"ButtonInsert", &buttonInsert},
-                    {u"ButtonSend", &buttonSend},
-                    {u"ButtonStore", &buttonStore},
-                    {u"ButtonOK", &buttonOK},
-                    {u"ButtonExpand", &buttonExpand},
-                    {u"ButtonHex", &buttonHex},
-                    {u"ButtonUcs2", &buttonUcs2},
-                    {u"LabelStatus", &labelStatus},
-                    {u"ProgressBar1", &progressBar},
-                    {u"CheckStatus", &checkStatus},
-                    {u"BoxExpires", &boxExpires},
-                    {u"CheckSendAndQuit", &checkSendAndQuit},
-                    {u"CheckSetNumber", &checkSetNumber},
-                    {u"StatusBar1", &statusBar}};
-        numbers.visible = false;
+        Have(CheckStatus(), BoxExpires(), CheckSendAndQuit(), CheckSetNumber(), TextTo(),
+             ListBoxNumbers(), Message(), CheckFlash(), CheckLong(), ComboBoxTextbausteine(),
+             ButtonExpand(), ButtonHex(), ButtonUcs2(), LabelStatus(), ProgressBar1(),
+             StatusBar1());
+        ListBoxNumbers().visible = false;
     }
-    MemoryCheckBox& CheckStatus() override { return checkStatus; }
-    MemoryListBox& BoxExpires() override { return boxExpires; }
-    MemoryCheckBox& CheckSendAndQuit() override { return checkSendAndQuit; }
-    MemoryCheckBox& CheckSetNumber() override { return checkSetNumber; }
+    MemoryCheckBox& CheckStatus() override { return Own(u"CheckStatus"); }
+    MemoryListBox& BoxExpires() override { return Own(u"BoxExpires"); }
+    MemoryCheckBox& CheckSendAndQuit() override { return Own(u"CheckSendAndQuit"); }
+    MemoryCheckBox& CheckSetNumber() override { return Own(u"CheckSetNumber"); }
     MemoryCheckBox& ButtonBar1(BarButton button) override { return bar[std::size_t(button)]; }
     void LoadBackGround() override {}
-    MemoryComboBox& TextTo() override { return textTo; }
-    MemoryListBox& ListBoxNumbers() override { return numbers; }
-    MemoryTextBox& Message() override { return message; }
-    MemoryCheckBox& CheckFlash() override { return checkFlash; }
-    MemoryCheckBox& CheckLong() override { return checkLong; }
-    MemoryComboBox& ComboBoxTextbausteine() override { return templates; }
-    MemoryControl& ButtonExpand() override { return buttonExpand; }
-    MemoryControl& ButtonHex() override { return buttonHex; }
-    MemoryControl& ButtonUcs2() override { return buttonUcs2; }
-    MemoryControl& LabelStatus() override { return labelStatus; }
-    MemoryProgressBar& ProgressBar1() override { return progressBar; }
-    MemoryStatusBar& StatusBar1() override { return statusBar; }
+    MemoryComboBox& TextTo() override { return Own(u"TextTo"); }
+    MemoryListBox& ListBoxNumbers() override { return Own(u"ListBoxNumbers"); }
+    MemoryTextBox& Message() override { return Own(u"Message"); }
+    MemoryCheckBox& CheckFlash() override { return Own(u"CheckFlash"); }
+    MemoryCheckBox& CheckLong() override { return Own(u"CheckLong"); }
+    MemoryComboBox& ComboBoxTextbausteine() override { return Own(u"ComboBoxTextbausteine"); }
+    MemoryControl& ButtonExpand() override { return Own(u"ButtonExpand"); }
+    MemoryControl& ButtonHex() override { return Own(u"ButtonHex"); }
+    MemoryControl& ButtonUcs2() override { return Own(u"ButtonUcs2"); }
+    MemoryControl& LabelStatus() override { return Own(u"LabelStatus"); }
+    MemoryProgressBar& ProgressBar1() override { return Own(u"ProgressBar1"); }
+    MemoryStatusBar& StatusBar1() override { return Own(u"StatusBar1"); }
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
     void SetMessageFont(TextView name, std::int32_t points) override {
         messageFont = Text(name) + u" " + NumberText(points);
     }
     void SetHandlers(FormSmsSend& form, const FormSmsSendParts& parts) override {
-        textTo.onChange = [&form, &field = parts.recipientField] {
+        TextTo().onChange = [&form, &field = parts.recipientField] {
             field.TextTo_Change();
             form.Contents_Change();
         };
-        textTo.onClick = [&form, &field = parts.recipientField] {
+        TextTo().onClick = [&form, &field = parts.recipientField] {
             field.TextTo_Click();
             form.Contents_Change();
         };
-        message.onChange = [&form, &text = parts.messageText] {
+        Message().onChange = [&form, &text = parts.messageText] {
             text.Message_Change();
             form.Contents_Change();
         };
@@ -274,58 +272,31 @@ public:
     Text messageFont;  // name and points
 
 private:
-    MemoryComboBox textTo, templates;
-    MemoryListBox numbers, boxExpires;
-    MemoryTextBox message;
-    MemoryCheckBox checkFlash, checkLong, checkStatus, checkSendAndQuit, checkSetNumber;
     std::array<MemoryCheckBox, 6> bar;
-    MemoryControl buttonTo, buttonAdd, buttonDel, buttonInsert, buttonSend, buttonStore, buttonOK,
-        buttonExpand, buttonHex, buttonUcs2, labelStatus;
-    MemoryProgressBar progressBar;
-    MemoryStatusBar statusBar;
 };
 
 class MemoryFormOptionsView : public MemoryFormView<FormOptionsView> {
 public:
     MemoryFormOptionsView() {
-        controls = {{u"CheckStoreNumbers", &checkStoreNumbers},
-                    {u"CheckNumberCache", &checkNumberCache},
-                    {u"LabelNumUsedNumber", &labelNumUsedNumber},
-                    {u"TextNumUsedNumber", &textNumUsedNumber},
-                    {u"TextPrefixes", &textPrefixes},
-                    {u"ButtonPrefix", &buttonPrefix},
-                    {u"BoxFont", &boxFont},
-                    {u"BoxFontSize", &boxFontSize},
-                    {u"BoxLanguage", &boxLanguage},
-                    {u"CheckAirCount", &checkAirCount},
-                    {u"CheckAskLostCharacters", &checkAskLostCharacters},
-                    {u"CheckForgetAnswers", &checkForgetAnswers},
-                    {u"CheckTrace", &checkTrace}};
+        Have(CheckStoreNumbers(), CheckNumberCache(), LabelNumUsedNumber(), TextNumUsedNumber(),
+             TextPrefixes(), ButtonPrefix(), BoxFont(), BoxFontSize(), BoxLanguage(),
+             CheckAirCount(), CheckAskLostCharacters(), CheckForgetAnswers(), CheckTrace());
     }
-    MemoryCheckBox& CheckStoreNumbers() override { return checkStoreNumbers; }
-    MemoryCheckBox& CheckNumberCache() override { return checkNumberCache; }
-    MemoryControl& LabelNumUsedNumber() override { return labelNumUsedNumber; }
-    MemoryTextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
-    MemoryTextBox& TextPrefixes() override { return textPrefixes; }
-    MemoryControl& ButtonPrefix() override { return buttonPrefix; }
-    MemoryListBox& BoxFont() override { return boxFont; }
-    MemoryListBox& BoxFontSize() override { return boxFontSize; }
-    MemoryListBox& BoxLanguage() override { return boxLanguage; }
-    MemoryCheckBox& CheckAirCount() override { return checkAirCount; }
-    MemoryCheckBox& CheckAskLostCharacters() override { return checkAskLostCharacters; }
-    MemoryCheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
-    MemoryCheckBox& CheckTrace() override { return checkTrace; }
-    std::vector<Text> FontNames() override { return fontNames; }
+    MemoryCheckBox& CheckStoreNumbers() override { return Own(u"CheckStoreNumbers"); }
+    MemoryCheckBox& CheckNumberCache() override { return Own(u"CheckNumberCache"); }
+    MemoryControl& LabelNumUsedNumber() override { return Own(u"LabelNumUsedNumber"); }
+    MemoryTextBox& TextNumUsedNumber() override { return Own(u"TextNumUsedNumber"); }
+    MemoryTextBox& TextPrefixes() override { return Own(u"TextPrefixes"); }
+    MemoryControl& ButtonPrefix() override { return Own(u"ButtonPrefix"); }
+    MemoryListBox& BoxFont() override { return Own(u"BoxFont"); }
+    MemoryListBox& BoxFontSize() override { return Own(u"BoxFontSize"); }
+    MemoryListBox& BoxLanguage() override { return Own(u"BoxLanguage"); }
+    MemoryCheckBox& CheckAirCount() override { return Own(u"CheckAirCount"); }
+    MemoryCheckBox& CheckAskLostCharacters() override { return Own(u"CheckAskLostCharacters"); }
+    MemoryCheckBox& CheckForgetAnswers() override { return Own(u"CheckForgetAnswers"); }
+    MemoryCheckBox& CheckTrace() override { return Own(u"CheckTrace"); }
+    std::vector<Text> FontNames() override { return {u"Arial", u"Tahoma"}; }
     void SetEvents(FormOptionsEvents&) override {}
-
-    std::vector<Text> fontNames{u"Arial", u"Tahoma"};
-
-private:
-    MemoryCheckBox checkStoreNumbers, checkNumberCache, checkAirCount, checkAskLostCharacters,
-        checkForgetAnswers, checkTrace;
-    MemoryControl labelNumUsedNumber, buttonPrefix;
-    MemoryTextBox textNumUsedNumber, textPrefixes;
-    MemoryListBox boxFont, boxFontSize, boxLanguage;
 };
 
 // Pieces one behind the other, a marked one in "<" and ">".
@@ -343,51 +314,33 @@ public:
 class MemoryFormSmsPreviewView : public MemoryFormView<FormSmsPreviewView> {
 public:
     MemoryFormSmsPreviewView() {
-        controls = {{u"LabelCount", &labelCount},
-                    {u"TextParts", &parts},
-                    {u"ListCharacters", &list},
-                    {u"ButtonReplace", &buttonReplace},
-                    {u"ButtonReplaceAll", &buttonReplaceAll}};
+        Have(LabelCount(), TextParts(), ListCharacters(), ButtonReplace(), ButtonReplaceAll());
     }
-    MemoryControl& LabelCount() override { return labelCount; }
-    MemoryStyledText& TextParts() override { return parts; }
-    MemoryListBox& ListCharacters() override { return list; }
-    MemoryControl& ButtonReplace() override { return buttonReplace; }
-    MemoryControl& ButtonReplaceAll() override { return buttonReplaceAll; }
+    MemoryControl& LabelCount() override { return Own(u"LabelCount"); }
+    MemoryStyledText& TextParts() override { return Own(u"TextParts"); }
+    MemoryListBox& ListCharacters() override { return Own(u"ListCharacters"); }
+    MemoryControl& ButtonReplace() override { return Own(u"ButtonReplace"); }
+    MemoryControl& ButtonReplaceAll() override { return Own(u"ButtonReplaceAll"); }
     void SetEvents(FormSmsPreviewEvents&) override {}
-
-private:
-    MemoryStyledText parts;
-    MemoryListBox list;
-    MemoryControl labelCount, buttonReplace, buttonReplaceAll;
 };
 
 class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {
 public:
     MemoryFormSmsSelectAddressView() {
-        controls = {{u"TextSearch", &search},   {u"BoxFolder", &folder},
-                    {u"ListAddresses", &list},  {u"ListChosen", &chosen},
-                    {u"ButtonAdd", &buttonAdd}, {u"ButtonRemove", &buttonRemove},
-                    {u"ButtonOK", &buttonOK},   {u"StatusBar1", &statusBar}};
+        Have(TextSearch(), BoxFolder(), ListAddresses(), ListChosen(), ButtonAdd(), ButtonRemove(),
+             ButtonOK(), StatusBar1());
     }
-    MemoryTextBox& TextSearch() override { return search; }
-    MemoryListBox& BoxFolder() override { return folder; }
-    MemoryListView& ListAddresses() override { return list; }
-    MemoryListBox& ListChosen() override { return chosen; }
-    MemoryControl& ButtonAdd() override { return buttonAdd; }
-    MemoryControl& ButtonRemove() override { return buttonRemove; }
-    MemoryControl& ButtonOK() override { return buttonOK; }
-    MemoryStatusBar& StatusBar1() override { return statusBar; }
+    MemoryTextBox& TextSearch() override { return Own(u"TextSearch"); }
+    MemoryListBox& BoxFolder() override { return Own(u"BoxFolder"); }
+    MemoryListView& ListAddresses() override { return Own(u"ListAddresses"); }
+    MemoryListBox& ListChosen() override { return Own(u"ListChosen"); }
+    MemoryControl& ButtonAdd() override { return Own(u"ButtonAdd"); }
+    MemoryControl& ButtonRemove() override { return Own(u"ButtonRemove"); }
+    MemoryControl& ButtonOK() override { return Own(u"ButtonOK"); }
+    MemoryStatusBar& StatusBar1() override { return Own(u"StatusBar1"); }
     void SetEvents(FormSmsSelectAddressEvents& events) override {
-        search.onChange = [&events] { events.TextSearch_Change(); };
+        TextSearch().onChange = [&events] { events.TextSearch_Change(); };
     }
-
-private:
-    MemoryTextBox search;
-    MemoryListBox folder, chosen;
-    MemoryListView list;
-    MemoryControl buttonAdd, buttonRemove, buttonOK;
-    MemoryStatusBar statusBar;
 };
 
 }  // namespace tellwick::test

@@ -73,6 +73,17 @@ struct Host : TestProgram {
         const auto found = explorer->commandBars->Find(bar);
         return std::dynamic_pointer_cast<standin::CommandBarButton>(found->Find(u"New SMS"));
     }
+    // The classes of Outlook's that something still refers to, but for the application that other
+    // programs find running.
+    Text Held() const {
+        Text classes;
+        for (const auto& held : outlook.StillReferenced()) {
+            if (held.className != u"Application" || platform.automation.running.empty()) {
+                classes += held.className + u" ";
+            }
+        }
+        return classes;
+    }
     std::vector<Text> Captions(TextView bar) {
         std::vector<Text> captions;
         for (const auto& control : first->commandBars->Find(bar)->Controls()->all) {

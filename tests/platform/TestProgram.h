@@ -31,6 +31,12 @@ struct TestProgram {
     void SetRegistry(TextView key, TextView name, TextView value) {
         platform.registry.WriteString(Hive::CurrentUser, key, name, value);
     }
+    // Also begins the trace's file.
+    void SwitchTraceOn() {
+        SetRegistry(AddInKey, u"DebugMode", u"1");
+        program.debug.DebugInit(true, false);
+    }
+    std::string Trace() { return platform.fileSystem.files[TraceFile].contents; }
     Text Setting(TextView section, TextView key) {
         return program.inifilesLite.GetIniSetting(section, key);
     }

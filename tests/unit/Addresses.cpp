@@ -6,7 +6,6 @@
 
 #include "model/ManyContacts.h"
 #include "model/OutlookModel.h"
-#include "platform/Keys.h"
 #include "platform/OutlookEvents.h"
 #include "platform/TestProgram.h"
 #include "recipients/Addresses.h"
@@ -202,7 +201,6 @@ TEST_CASE("the files keep every name, and damaged ones are thrown away") {
     }
     SUBCASE("whoever wants no files has none") {
         people.SetSetting(u"SMS", u"NumberCache", u"0");
-        people.program.inifilesLite.SetIniSetting(u"SMS", u"NumberCache", u"0");
         people.program.addresses.ApplySettings();
         for (const TextView name : {NumbersFile, DetailsFile})
             CHECK(!files.contains(folder + Text(name)));
@@ -305,27 +303,53 @@ TEST_CASE("the address list finds what a plain search finds, recent numbers firs
         CHECK(!LessFolded(list.EntryName(entry), list.EntryName(entry - 1)));
 }
 
-TEST_CASE("the row that the arrow keys chose stays chosen while it matches") {
+TEST_CASE("typing shows the matches, and the one chosen takes the place of what was typed") {
     People people;
     people.program.addresses.SetApplication(people.outlook.Application());
+    people.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
     people.program.formSmsSend.Open({});
+    RecipientField& field = people.program.recipientField;
     auto& to = people.view.TextTo();
     auto& matches = people.view.ListBoxNumbers();
+    const auto enter = [&](std::int32_t modifiers) {
+        return people.program.formSmsSend.Form_KeyDown(key::Enter, modifiers);
+    };
     to.SetText(u"o");
     REQUIRE(matches.items ==
             std::vector<Text>{u"Old Friend  (+491744000004)", u"Ost, Carla  (+491733000003)"});
-    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
-    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
+    // The row that the arrow keys chose stays chosen while it matches.
+    field.TextTo_KeyDown(key::Down, 0);
+    field.TextTo_KeyDown(key::Down, 0);
     to.SetText(u"os");
     CHECK(matches.selected == 0);
     to.SetText(u"ol");
     CHECK(matches.selected == -1);
+    // Without a choice Enter leaves what was typed.
+    CHECK(enter(key::Control));
+    CHECK(to.GetText() == u"ol");
+    CHECK(people.view.Loaded());
+    // What stands before the last separator is kept.
+    for (const TextView none : {u"", u"ol;"}) {
+        to.SetText(none);
+        CHECK_FALSE(matches.Visible());
+    }
+    to.SetText(u"0171; oST");
+    CHECK(field.TextTo_KeyDown(key::Down, 0));
+    CHECK(enter(0));
+    CHECK(to.GetText() == u"0171; 01733000003");
+    CHECK_FALSE(matches.Visible());
+    CHECK(people.view.Message().HasFocus());
     // A list stands for all its members.
-    to.SetText(u"skat");
-    people.program.recipientField.TextTo_KeyDown(key::Down, 0);
-    people.program.recipientField.TakeMatch();
-    CHECK(to.GetText() == u"0491722000002;0491733000003");
+    to.SetText(u"0171,  skat");
+    CHECK(matches.Visible());
+    field.TextTo_KeyDown(key::Down, 0);
+    field.TakeMatch();
+    CHECK(to.GetText() == u"0171,  01722000002;01733000003");
+    to.SetText(u"os");
+    field.TextTo_LostFocus();
+    CHECK_FALSE(matches.Visible());
     people.program.addresses.Release();
+    CHECK(people.outlook.StillReferenced().empty());
 }
 
 TEST_CASE("the selection's search: words from their start, digits anywhere, accents as typed") {

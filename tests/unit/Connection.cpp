@@ -3,20 +3,14 @@
 
 #include <doctest.h>
 
-#include "platform/OutlookEvents.h"
 #include "platform/TestHost.h"
 
 using namespace tellwick;
 using namespace tellwick::test;
 
-namespace {
-
-constexpr std::int32_t Versions[] = {9, 10, 11, 16};
-
-}  // namespace
-
 TEST_CASE("Outlook without any window: nothing is touched, and shutting down is harmless") {
     Host host(11, false);
+    host.SetRegistry(AddInKey, u"DebugMode", u"1");
     host.connect.AddinInstance_OnConnection(host.outlook.Application(), 1, host.addIn->Handle());
     CHECK(host.outlook.LiveSubscriptions().empty());
     CHECK(host.program.processValues.applicationTitle.empty());
@@ -25,10 +19,11 @@ TEST_CASE("Outlook without any window: nothing is touched, and shutting down is 
     CHECK(Host::Button(explorer) == nullptr);
     host.Disconnect();
     CHECK(host.WritesOfActiveFlag() == 3);
+    CHECK_FALSE(host.platform.fileSystem.files.contains(TraceFile));
 }
 
-TEST_CASE("the first window gets button and entry at once, in every version") {
-    for (const std::int32_t version : Versions) {
+TEST_CASE("the first window gets button and entry at once, and a click on them opens the form") {
+    for (const std::int32_t version : {9, 10, 11, 16}) {
         CAPTURE(version);
         Host host(version);
         host.Connect();
@@ -58,6 +53,15 @@ TEST_CASE("the first window gets button and entry at once, in every version") {
         host.platform.timers.Tick();
         const std::vector<Text> captions = host.Captions(u"Standard");
         CHECK(std::count(captions.begin(), captions.end(), u"New SMS") == 1);
+        // A click cancels the default, and a second one leaves what was typed.
+        CHECK(host.outlook.ClickButton(Host::Button(host.first)));
+        CHECK(host.view.Loaded());
+        host.view.Message().SetText(u"getippt");
+        host.outlook.ClickButton(host.first->NewMenuEntry(u"SMS"));
+        CHECK(host.view.Message().GetText() == u"getippt");
+        host.Disconnect();
+        CHECK_FALSE(host.view.Loaded());
+        CHECK(host.Setting(u"SMS", u"LastText") == u"getippt");
     }
 }
 
@@ -104,14 +108,16 @@ TEST_CASE("leftovers of an earlier run go, a user's own button stays") {
     host.Connect();
     const std::vector<Text> captions = host.Captions(u"Standard");
     CHECK(std::count(captions.begin(), captions.end(), u"New SMS") == 2);
-    host.outlook.CloseExplorer(host.first);
-    host.Disconnect();
 }
 
 TEST_CASE("later windows get their button by the timer, the last one that asked only") {
-    Host host;
+    Host host(10);
     host.Connect();
     host.platform.timers.Tick();
+    const auto explorers = [&] {
+        const std::vector<Text> live = host.outlook.LiveSubscriptions();
+        return std::count(live.begin(), live.end(), u"Explorer");
+    };
     const auto second = host.outlook.OpenExplorer();
     CHECK(Host::Button(second) == nullptr);
     CHECK(host.platform.timers.Tick() == 1);
@@ -122,63 +128,23 @@ TEST_CASE("later windows get their button by the timer, the last one that asked 
     host.platform.timers.Tick();
     CHECK(Host::Button(third) == nullptr);
     CHECK(Host::Button(fourth));
-}
-
-TEST_CASE("a reused place cuts off the wrappers behind it") {
-    Host host(10);
-    host.Connect();
-    host.platform.timers.Tick();
-    const auto second = host.outlook.OpenExplorer();
-    host.platform.timers.Tick();
-    const auto third = host.outlook.OpenExplorer();
-    host.platform.timers.Tick();
-    const auto explorers = [&] {
-        const std::vector<Text> live = host.outlook.LiveSubscriptions();
-        return std::count(live.begin(), live.end(), u"Explorer");
-    };
+    CHECK(explorers() == 4);
+    // The next one takes the place of one that was closed, which cuts off the wrappers behind it.
+    host.outlook.CloseExplorer(third);
     CHECK(explorers() == 3);
-    host.outlook.CloseExplorer(second);
-    CHECK(explorers() == 2);
-    host.outlook.OpenExplorer();  // takes the second place; the third wrapper goes
-    CHECK(explorers() == 2);
-    CHECK(Host::Button(third));
-}
-
-TEST_CASE("a click opens the form, in every version, and cancels the default") {
-    for (const std::int32_t version : Versions) {
-        CAPTURE(version);
-        Host host(version);
-        host.Connect();
-        host.outlook.AddItem(outlook::ContactClass,
-                             {{u"FullName", u"M\u00FCller, Eva"},
-                              {u"MobileTelephoneNumber", u"0049 (171) 2345678"}});
-        const auto contact = host.outlook.AddItem(
-            outlook::ContactClass,
-            {{u"FullName", u"Meier"}, {u"HomeTelephoneNumber", u"030 / 12 34"}});
-        const auto mail = host.outlook.AddItem(outlook::MailClass, {{u"Subject", u"x"}});
-        host.outlook.Select(host.first, {contact, mail});
-        CHECK(host.outlook.ClickButton(Host::Button(host.first)));
-        CHECK(host.view.Loaded());
-        CHECK(host.view.TextTo().GetText() == u"0301234");
-        CHECK(Host::Button(host.first));
-
-        // Typed text survives a second click, which initialises the form anew.
-        host.view.Message().SetText(u"getippt");
-        host.outlook.ClickButton(host.first->NewMenuEntry(u"SMS"));
-        CHECK(host.view.Message().GetText() == u"getippt");
-        host.Disconnect();
-        CHECK_FALSE(host.view.Loaded());
-        CHECK(host.Setting(u"SMS", u"LastText") == u"getippt");
-    }
+    host.outlook.OpenExplorer();
+    CHECK(explorers() == 3);
+    CHECK(Host::Button(fourth));
 }
 
 TEST_CASE("disconnection leaves no reference, no sink and no button, in every version") {
-    for (const std::int32_t version : Versions) {
+    for (const std::int32_t version : {9, 10, 11, 16}) {
         for (const bool byQuit : {false, true}) {
             CAPTURE(version);
             CAPTURE(byQuit);
             Host host(version);
             host.platform.automation.running.clear();
+            host.outlook.applicationHasEvents = version > 9 || byQuit;
             host.Connect();
             host.outlook.OpenExplorer();
             const auto inspector =
@@ -197,10 +163,7 @@ TEST_CASE("disconnection leaves no reference, no sink and no button, in every ve
             while (host.platform.timers.Tick() != 0) {
             }
             CHECK(host.outlook.LiveSubscriptions().empty());
-            for (const auto& still : host.outlook.StillReferenced()) {
-                CAPTURE(still.className);
-                CHECK(still.count == 0);
-            }
+            CHECK(host.Held().empty());
             CHECK(host.Registry(RootKey, u"OlAddInActive").empty());
         }
     }
@@ -218,15 +181,6 @@ TEST_CASE("the last inspector's close with no explorer releases everything") {
     host.outlook.OpenInspector(mail);
     host.outlook.CloseInspector(one);
     CHECK(host.WritesOfActiveFlag() <= 1);
-}
-
-TEST_CASE("an application without events gets its button all the same") {
-    Host host(9);
-    host.outlook.applicationHasEvents = false;
-    host.Connect();
-    CHECK(Host::Button(host.first));
-    host.Disconnect();
-    CHECK(host.outlook.LiveSubscriptions().empty());
 }
 
 TEST_CASE("whatever member of Outlook fails, the steps behind it still run") {
@@ -251,20 +205,38 @@ TEST_CASE("whatever member of Outlook fails, the steps behind it still run") {
     }
 }
 
-TEST_CASE("tracing begins behind the set-up and follows what happens then") {
-    Host host;
-    host.SetRegistry(AddInKey, u"DebugMode", u"1");
-    host.Connect();
-    host.outlook.ClickButton(Host::Button(host.first));
-    const std::string trace =
-        host.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents;
-    CHECK(trace.starts_with("<start>_\r\n\r\n"));
-    CHECK(trace.find("SetMenus") == std::string::npos);
-    for (const char* const record :
-         {"<ButtonSMSNew_Click>_\r\n", "<NewSMS>_\r\n", "<_Load>_\r\n", "<Form_Initialize_>_\r\n",
-          "<GetSettings>_\r\n", "<GetListNumbers>_\r\n", "</NewSMS>\r\n"}) {
-        CAPTURE(record);
-        CHECK(trace.find(record) != std::string::npos);
+TEST_CASE("tracing begins behind the set-up and follows a click and the form's life in order") {
+    const auto connected = [](Host& host, bool ribbon) {
+        host.SetRegistry(AddInKey, u"DebugMode", u"1");
+        host.Connect(ribbon);
+        CHECK(host.Trace().starts_with("<start>_\r\n\r\n"));
+    };
+    Host bars(11);
+    connected(bars, false);
+    bars.outlook.ClickButton(Host::Button(bars.first));
+    CHECK(bars.Trace().find("SetMenus") == std::string::npos);
+    for (const char* record : {"<ButtonSMSNew_Click>_", "<NewSMS>_", "</NewSMS>"}) {
+        CHECK(bars.Trace().find(record) != std::string::npos);
     }
+
+    Host host(16);
+    connected(host, true);
+    host.outlook.ribbons.Entries(host.first)[0].click();
+    host.program.formSmsSend.Form_Activate();
     host.Disconnect();
+    const std::vector<Text> expected = {
+        u"<GetCustomUI>_",        u"<Ribbon_onLoad>_",  u"<Ribbon_getLargeImage>_",
+        u"<RibbonSMSNew_Click>_", u"<_Load>_",          u"<Form_SetLanguage>_",
+        u"<LoadBackGround>_",     u"<SetButtons>_",     u"<Form_Initialize_>_",
+        u"<GetTextbausteine>_",   u"<SetHexButton>_",   u"<GetSettings>_",
+        u"<GetListNumbers>_",     u"<Message_Change>_", u"</RibbonSMSNew_Click>",
+        u"<_Activate>_",          u"<Form_Unload>_"};
+    std::vector<Text> steps;
+    for (const Text& line : Split(host.platform.locale.FromAnsi(host.Trace()), LineBreak)) {
+        const Text record = Trimmed(line);
+        if (std::find(expected.begin(), expected.end(), record) != expected.end()) {
+            steps.push_back(record);
+        }
+    }
+    CHECK(steps == expected);
 }

@@ -2,7 +2,6 @@
 #include <doctest.h>
 
 #include "SettingsModules.h"
-#include "platform/Product.h"
 #include "platform/TestProgram.h"
 
 using namespace tellwick;
@@ -15,66 +14,35 @@ struct Opened : TestProgram {
     void Open() { form.Open({}); }
 };
 
-std::vector<Text> TraceNames(TestProgram& test) {
-    std::vector<Text> names;
-    for (const Text& line :
-         Split(test.platform.locale.FromAnsi(
-                   test.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents),
-               u"\r\n")) {
-        const Text record = Trimmed(line);
-        if (record.starts_with(u'<') && !record.starts_with(u"</")) names.push_back(record);
-    }
-    return names;
-}
-
 }  // namespace
 
-TEST_CASE("the form reads its block of settings") {
+TEST_CASE("settings choose the options, the first activation sets them up, later ones do not") {
     Opened test;
     test.Open();
     CHECK(test.form.Settings().numUsedNumber == 10);
-    CHECK(test.form.Settings().storeNumbers);
-    CHECK(test.form.Settings().storeSentSms);
-    CHECK(test.form.Settings().storeReadSms);
-    CHECK(test.form.Settings().maxSentSms == 999);
-    CHECK(test.form.Settings().maxReadSms == 999);
     CHECK(test.form.Settings().areaCodeForOtherServiceCenter == u";");
-    CHECK_FALSE(test.form.Settings().doNotContactLong);
-    test.form.Unload();
-
-    for (const auto& [key, value] :
-         {std::pair<TextView, TextView>{u"AreaCodeForOtherServiceCenter", u"49 43;41"},
-          {u"ServiceCenterUseNotDefault", u"2"},
-          {u"StoreSentSMS", u"0"},
-          {u"MaxReadSMS", u"70000"},
-          {u"DoNotContactLong", u"-1"}}) {
-        test.SetSetting(u"SMS", key, value);
-    }
-    test.SetSetting(u"Settings", u"Baudrate", u"9600 baud");
-    test.Open();
-    CHECK(test.form.Settings().areaCodeForOtherServiceCenter == u";49;43;41;");
-    CHECK(test.form.Settings().baudrate == 9600);
-    CHECK_FALSE(test.form.Settings().storeSentSms);
-    CHECK(test.form.Settings().maxReadSms == 70000);
-    CHECK(test.view.CheckLong().Checked());
-    test.form.Form_Activate();
-    CHECK(test.view.CheckSetNumber().Checked());
-}
-
-TEST_CASE("the first activation sets up the options, later ones leave the user's choice alone") {
-    Opened test;
-    test.Open();
     CHECK(test.view.BoxExpires().Count() == 0);
     test.form.Form_Activate();
-    const std::vector<Text> entries = {u"", u"0 Minuten", u"1 Stunde", u"8 Tage"};
-    CHECK(test.view.BoxExpires().items == entries);
+    CHECK(test.view.BoxExpires().items ==
+          std::vector<Text>{u"", u"0 Minuten", u"1 Stunde", u"8 Tage"});
     CHECK(test.view.BoxExpires().SelectedIndex() == 0);
+    CHECK_FALSE(test.view.CheckLong().Checked());
     CHECK_FALSE(test.view.CheckSetNumber().Checked());
     CHECK(test.view.CheckSendAndQuit().Checked());
     test.view.BoxExpires().SetSelectedIndex(2);
     test.view.CheckLong().SetChecked(true);
     test.form.Form_Activate();
     CHECK(test.view.BoxExpires().SelectedIndex() == 2);
+    CHECK(test.view.CheckLong().Checked());
+    test.form.Unload();
+
+    test.SetSetting(u"SMS", u"AreaCodeForOtherServiceCenter", u"49 43;41");
+    test.SetSetting(u"SMS", u"ServiceCenterUseNotDefault", u"2");
+    test.SetSetting(u"SMS", u"DoNotContactLong", u"-1");
+    test.Open();
+    test.form.Form_Activate();
+    CHECK(test.form.Settings().areaCodeForOtherServiceCenter == u";49;43;41;");
+    CHECK(test.view.CheckSetNumber().Checked());
     CHECK(test.view.CheckLong().Checked());
 }
 
@@ -139,69 +107,35 @@ TEST_CASE("a second \"New SMS\" changes nothing in the open form") {
     CHECK(test.Setting(u"Texte", u"Text0") == u"neu");
 }
 
-TEST_CASE("load, initialisation, activation and unload are traced in their order") {
-    Opened test;
-    test.SetRegistry(AddInKey, u"DebugMode", u"1");
-    test.program.debug.DebugInit(true, false);
-    test.Open();
-    test.form.Form_Activate();
-    test.form.Unload();
-    std::vector<Text> steps;
-    for (const Text& name : TraceNames(test)) {
-        for (const TextView step :
-             {u"_Load", u"Form_SetLanguage", u"LoadBackGround", u"SetButtons", u"Form_Initialize_",
-              u"GetTextbausteine", u"SetHexButton", u"GetSettings", u"GetListNumbers",
-              u"Message_Change", u"_Activate", u"Form_Unload"}) {
-            if (name == u"<" + Text(step) + u">_") steps.emplace_back(step);
-        }
-    }
-    const std::vector<Text> expected = {u"_Load",          u"Form_SetLanguage", u"LoadBackGround",
-                                        u"SetButtons",     u"Form_Initialize_", u"GetTextbausteine",
-                                        u"SetHexButton",   u"GetSettings",      u"GetListNumbers",
-                                        u"Message_Change", u"_Activate",        u"Form_Unload"};
-    CHECK(steps == expected);
-}
-
-TEST_CASE("a number that no prefix of the settings accounts for is told of") {
+TEST_CASE("a number that no prefix of the settings accounts for is told of, until that changes") {
     Opened test;
     const auto hint = [&] { return !test.view.StatusBar1().GetText().empty(); };
-    struct Case {
-        TextView prefixes, entry;
-        bool told;
-    };
-    for (const Case& c :
-         {Case{u"", u"Eva  (+49171)", true}, Case{u"", u"Eva  (0171)", false},
-          Case{u"+49", u"Eva  (+49171)", false}, Case{u"+49", u"Eva  (+43664)", false}}) {
-        CAPTURE(Text(c.entry));
-        test.SetSetting(u"Prefixes", u"Remove0InPrefixes", c.prefixes);
-        test.form.Open({});
+    const auto toldAt = [&](TextView prefixes, TextView entry) {
+        test.form.Unload();
+        test.SetSetting(u"Prefixes", u"Remove0InPrefixes", prefixes);
+        test.Open();
         test.view.TextTo().SetText(u"");
-        test.program.recipientField.Add(test.program.prefixes.GetNumber(c.entry));
-        CHECK(hint() == c.told);
-        test.program.recipientField.TextTo_LostFocus();
-        CHECK(hint() == c.told);
-        test.form.Unload();
-    }
-    const std::function<void()> ends[] = {[&] { test.view.TextTo().SetText(u"x"); },
-                                          [&] {
-                                              test.SetSetting(u"Prefixes", u"Remove0InPrefixes",
-                                                              u"+49");
-                                              test.form.ApplySettings();
-                                          },
-                                          [&] {
-                                              test.form.Unload();
-                                              test.form.Open({});
-                                              test.program.recipientField.TextTo_LostFocus();
-                                          }};
-    for (const auto& end : ends) {
-        test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"");
-        test.form.Open({});
-        test.program.recipientField.Add(test.program.prefixes.GetNumber(u"Eva  (+49172)"));
-        CHECK(hint());
-        end();
-        CHECK_FALSE(hint());
-        test.form.Unload();
-    }
+        test.program.recipientField.Add(test.program.prefixes.GetNumber(entry));
+        return hint();
+    };
+    test.Open();
+    CHECK_FALSE(toldAt(u"", u"Eva  (0171)"));
+    CHECK_FALSE(toldAt(u"+49", u"Eva  (+49171)"));
+    CHECK_FALSE(toldAt(u"+49", u"Eva  (+43664)"));
+    CHECK(toldAt(u"", u"Eva  (+49171)"));
+    test.program.recipientField.TextTo_LostFocus();
+    CHECK(hint());
+    test.view.TextTo().SetText(u"x");
+    CHECK_FALSE(hint());
+    CHECK(toldAt(u"", u"Eva  (+49172)"));
+    test.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
+    test.form.ApplySettings();
+    CHECK_FALSE(hint());
+    CHECK(toldAt(u"", u"Eva  (+49173)"));
+    test.form.Unload();
+    test.Open();
+    test.program.recipientField.TextTo_LostFocus();
+    CHECK_FALSE(hint());
 }
 
 TEST_CASE("help opens as compiled help, or what there is instead") {

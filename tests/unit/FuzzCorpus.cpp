@@ -2,8 +2,6 @@
 // fixed.
 #include <doctest.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -28,18 +26,6 @@ std::vector<std::string> Corpus(std::string_view target) {
     return inputs;
 }
 
-// As a string literal of C++.
-std::string Shown(std::string_view bytes) {
-    std::string shown;
-    for (const char byte : bytes) {
-        std::array<char, 6> text{};
-        const bool plain = byte >= ' ' && byte <= '~' && byte != '\\' && byte != '"';
-        std::snprintf(text.data(), text.size(), plain ? "%c" : "\\%03o", std::uint8_t(byte));
-        shown += text.data();
-    }
-    return shown;
-}
-
 }  // namespace
 
 TEST_CASE("what is kept for the fuzz targets, and mixtures of it") {
@@ -61,7 +47,8 @@ TEST_CASE("what is kept for the fuzz targets, and mixtures of it") {
             } else {
                 for (std::size_t pieces = 1 + random() % 4; pieces > 0; --pieces) bytes += piece();
             }
-            INFO(Shown(bytes));
+            CAPTURE(run);  // the same bytes every time
+            CAPTURE(bytes.c_str());
             CHECK_NOTHROW(target.run(Input(bytes)));
         }
     }

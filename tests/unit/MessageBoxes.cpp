@@ -6,6 +6,8 @@
 using namespace tellwick;
 using namespace tellwick::test;
 
+using TwoTexts = std::pair<TextView, TextView>;
+
 TEST_CASE("the system's box sees what it knows, and the part before the bar") {
     SettingsModules m("[Messages]\r\nMsg60=No %f, %f|hidden\r\n");
     Text title;
@@ -31,29 +33,25 @@ TEST_CASE("the system's box sees what it knows, and the part before the bar") {
 }
 
 TEST_CASE("answers are remembered per message until they are taken back") {
-    struct Case {
-        std::int32_t number;
-        std::uint32_t style;
-        std::uint32_t shown;
-        Answer given;
-        TextView invalid;
-    };
-    for (const Case& c :
+    using Case = std::tuple<std::int32_t, std::uint32_t, std::uint32_t, Answer, TextView>;
+    for (const auto& [number, style, shown, given, invalid] :
          {Case{126, 0x90000001, 4, Answer::Yes, u"1"}, Case{127, 0x90000002, 4, Answer::No, u"2"},
           Case{138, 0x90000010, 16, Answer::Ok, u"6"}}) {
         SettingsModules m("[Messages]\r\nDoNotAskAgain=no more\r\nDoNotShowAgain=no more\r\n");
         m.inifilesLite.GetIniFile();
-        const Text key = u"Answer" + NumberText(c.number);
-        m.inifilesLite.SetIniSetting(u"QuestionBox", key, c.invalid);
-        const auto ask = [&] { return m.questionBox.MsgBoxMessage(c.number, c.style); };
-        m.dialogs.answers = {c.given, c.given};
-        CHECK(ask() == c.given);  // the answer kept is none of this box
-        CHECK(m.dialogs.shown.back().flags == c.shown);
+        const Text key = u"Answer" + NumberText(number);
+        m.inifilesLite.SetIniSetting(u"QuestionBox", key, invalid);
+        const auto ask = [&m, number = number, style = style] {
+            return m.questionBox.MsgBoxMessage(number, style);
+        };
+        m.dialogs.answers = {given, given};
+        CHECK(ask() == given);  // the answer kept is none of this box
+        CHECK(m.dialogs.shown.back().flags == shown);
         CHECK(m.dialogs.shown.back().checkBoxText == u"no more");
         m.dialogs.check = true;
-        CHECK(ask() == c.given);
+        CHECK(ask() == given);
         CHECK(m.dialogs.shown.size() == 2);
-        CHECK(ask() == c.given);
+        CHECK(ask() == given);
         CHECK(m.dialogs.shown.size() == 2);
         m.questionBox.ForgetAnswers();
         CHECK(m.inifilesLite.GetIniSetting(u"QuestionBox", key) == u"");
@@ -62,33 +60,20 @@ TEST_CASE("answers are remembered per message until they are taken back") {
     }
 }
 
-TEST_CASE("a numbered message is traced with its number") {
-    SettingsModules m;
-    m.SetRegistry(AddInKey, u"DebugMode", u"1");
-    m.SetRegistry(AddInKey, u"Active", u"1");
-    m.debug.DebugInit(true, false);
-    m.questionBox.MsgBoxMessage(60, 0);
-    CHECK(m.File(TraceFile).find(" MsgBoxMessage:60\r\n") != std::string::npos);
-}
-
 TEST_CASE("whole files are written, with the folders they need") {
-    struct Case {
-        TextView path, cleaned;
-        bool written;
-        bool told;
-    };
-    for (const Case& c :
+    using Case = std::tuple<TextView, TextView, bool, bool>;
+    for (const auto& [asked, cleaned, written, told] :
          {Case{u"C:\\q\\a/b\\what?.txt", u"C:\\q\\a_b\\what_.txt", true, false},
           Case{u"M:\\x.txt", u"M:\\x.txt", false, false}, Case{u"m:x", u"m:x", false, false},
           Case{u"Z:\\x.txt", u"Z:\\x.txt", false, true},
           Case{u"C:\\Data", u"C:\\Data", false, true}, Case{u"", u"", false, false}}) {
         for (const bool showError : {false, true}) {
             SettingsModules m;
-            Text path(c.path);
-            CHECK(m.files.WriteFileConents(path, u"Grüße €", false, 0, showError) == c.written);
-            CHECK(path == c.cleaned);
-            CHECK(m.dialogs.shown.size() == (c.told && showError ? 1 : 0));
-            if (!c.written) continue;
+            Text path(asked);
+            CHECK(m.files.WriteFileConents(path, u"Grüße €", false, 0, showError) == written);
+            CHECK(path == cleaned);
+            CHECK(m.dialogs.shown.size() == (told && showError ? 1 : 0));
+            if (!written) continue;
             CHECK(m.File(path) ==
                   "Gr\xFC\xDF"
                   "e \x80");
@@ -106,35 +91,31 @@ TEST_CASE("whole files are written, with the folders they need") {
 }
 
 TEST_CASE("paths are normalised") {
-    struct Case {
-        TextView path, normal;
-    };
-    for (const Case& c :
-         {Case{u"C:\\a\\\\b\\.\\c", u"C:\\a\\b\\c"}, Case{u"C:\\a\\..\\b", u"C:\\b"},
-          Case{u"C:\\..\\..\\b", u"C:\\b"}, Case{u"C:\\a\\", u"C:\\a\\"},
-          Case{u"\\\\server\\share\\..\\x", u"\\\\server\\share\\x"}, Case{u"\\a\\..\\b", u"\\b"},
-          Case{u"..\\a", u"..\\a"}, Case{u"a\\..\\b", u"b"}, Case{u"", u""}}) {
-        CHECK(Files::NormalisePath(c.path) == c.normal);
+    for (const auto& [path, normal] :
+         {TwoTexts{u"C:\\a\\\\b\\.\\c", u"C:\\a\\b\\c"}, TwoTexts{u"C:\\a\\..\\b", u"C:\\b"},
+          TwoTexts{u"C:\\..\\..\\b", u"C:\\b"}, TwoTexts{u"C:\\a\\", u"C:\\a\\"},
+          TwoTexts{u"\\\\server\\share\\..\\x", u"\\\\server\\share\\x"},
+          TwoTexts{u"\\a\\..\\b", u"\\b"}, TwoTexts{u"..\\a", u"..\\a"},
+          TwoTexts{u"a\\..\\b", u"b"}, TwoTexts{u"", u""}}) {
+        CHECK(Files::NormalisePath(path) == normal);
     }
 }
 
 TEST_CASE("the command of an extension") {
-    struct Case {
-        TextView command, found;
-    };
-    for (const Case& c :
-         {Case{u"hh.exe %1", u"hh.exe \"%l\""},
-          Case{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
-          Case{u"%LocalAppData%\\a %L", u"%LocalAppData%\\a \"%l\""},
-          Case{u"%Programs%\\a %1", u"C:\\Programs\\a \"%l\""}, Case{u"a \"%l\"", u"a \"%l\""},
-          Case{u"a", u"a \"%l\""}, Case{u"%x% a", u"%x% a \"%l\""}, Case{u"", u""}}) {
+    for (const auto& [command, found] :
+         {TwoTexts{u"hh.exe %1", u"hh.exe \"%l\""},
+          TwoTexts{u"\"C:\\h h.exe\" \"%1\" -x", u"\"C:\\h h.exe\" \"%l\" -x"},
+          TwoTexts{u"%LocalAppData%\\a %L", u"%LocalAppData%\\a \"%l\""},
+          TwoTexts{u"%Programs%\\a %1", u"C:\\Programs\\a \"%l\""},
+          TwoTexts{u"a \"%l\"", u"a \"%l\""}, TwoTexts{u"a", u"a \"%l\""},
+          TwoTexts{u"%x% a", u"%x% a \"%l\""}, TwoTexts{u"", u""}}) {
         SettingsModules m;
         m.SetRegistry(u".chm", u"", u"machine", Hive::ClassesRoot);
-        m.SetRegistry(u"machine\\shell\\open\\command", u"", c.command, Hive::ClassesRoot);
-        CHECK(m.documents.GetApplForExt(u"chm") == c.found);
+        m.SetRegistry(u"machine\\shell\\open\\command", u"", command, Hive::ClassesRoot);
+        CHECK(m.documents.GetApplForExt(u"chm") == found);
         m.SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\.chm",
                       u"ProgID", u"user");
-        CHECK(m.documents.GetApplForExt(u"chm") == c.found);
+        CHECK(m.documents.GetApplForExt(u"chm") == found);
         m.SetRegistry(u"user\\shell\\open\\command", u"", u"own %1", Hive::ClassesRoot);
         CHECK(m.documents.GetApplForExt(u"chm") == u"own \"%l\"");
     }
@@ -149,14 +130,12 @@ TEST_CASE("documents and addresses are opened as well as the machine can") {
     m.platform.programs.failOpen = true;
     m.SetRegistry(u".htm", u"", u"html", Hive::ClassesRoot);
     m.SetRegistry(u"html\\shell\\open\\command", u"", u"browse \"%1\"", Hive::ClassesRoot);
-    struct Case {
-        TextView document, commandLine;
-    };
-    for (const Case& c : {Case{u"C:\\a b.htm", u"browse \"C:\\a b.htm\""},
-                          Case{u"http://x/y", u"browse \"http://x/y\""},
-                          Case{u"mailto:a@b", u"cmd /c start \"\" \"mailto:a@b\""},
-                          Case{u"C:\\a.doc", u"cmd /c start \"\" \"C:\\a.doc\""}}) {
-        CHECK(m.documents.ExecApp(c.document, -1));
-        CHECK(m.platform.programs.started.back().commandLine == c.commandLine);
+    for (const auto& [document, commandLine] :
+         {TwoTexts{u"C:\\a b.htm", u"browse \"C:\\a b.htm\""},
+          TwoTexts{u"http://x/y", u"browse \"http://x/y\""},
+          TwoTexts{u"mailto:a@b", u"cmd /c start \"\" \"mailto:a@b\""},
+          TwoTexts{u"C:\\a.doc", u"cmd /c start \"\" \"C:\\a.doc\""}}) {
+        CHECK(m.documents.ExecApp(document, -1));
+        CHECK(m.platform.programs.started.back().commandLine == commandLine);
     }
 }

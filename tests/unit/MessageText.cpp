@@ -53,52 +53,41 @@ TEST_CASE("the status line counts characters and parts") {
 }
 
 TEST_CASE("a text above five parts is cut one character short, the caret stays") {
-    struct Case {
-        bool concatenate;
-        std::size_t typed, left;
-    };
-    for (const Case& c : {Case{false, 1000, 799}, Case{true, 1000, 764}, Case{false, 801, 799},
-                          Case{true, 766, 764}, Case{true, 765, 765}, Case{false, 65536, 799}}) {
+    using Case = std::tuple<bool, std::size_t, std::size_t>;
+    for (const auto& [concatenate, typed, left] :
+         {Case{false, 1000, 799}, Case{true, 1000, 764}, Case{false, 801, 799},
+          Case{true, 766, 764}, Case{true, 765, 765}, Case{false, 65536, 799}}) {
         OpenedForm form;
-        form.view.CheckLong().SetChecked(c.concatenate);
+        form.view.CheckLong().SetChecked(concatenate);
         form.Type(Letters(10));
         form.Box().Select(5, 0);
-        form.Box().ReplaceSelection(Letters(c.typed - 10));
-        CHECK(form.Box().GetText().size() == c.left);
-        CHECK(form.Box().SelectionStart() == std::int32_t(std::min(c.typed - 5, c.left)));
-        CHECK(StartsWith(form.Status(), form.StatusFor(NumberText(std::int64_t(c.left)) + u"/")));
+        form.Box().ReplaceSelection(Letters(typed - 10));
+        CHECK(form.Box().GetText().size() == left);
+        CHECK(form.Box().SelectionStart() == std::int32_t(std::min(typed - 5, left)));
+        CHECK(StartsWith(form.Status(), form.StatusFor(NumberText(std::int64_t(left)) + u"/")));
     }
 }
 
 TEST_CASE("characters of code 127 are removed, the caret goes back by one") {
-    struct Case {
-        TextView text;
-        std::int32_t caret;
-        TextView left;
-        std::int32_t caretAfter;
-    };
-    for (const Case& c : {Case{u"a\u007Fb", 2, u"ab", 1}, Case{u"\u007F\u007Fabc", 4, u"abc", 3},
-                          Case{u"\u007Fab", 0, u"ab", 0}}) {
+    using Case = std::tuple<TextView, std::int32_t, TextView, std::int32_t>;
+    for (const auto& [text, caret, left, caretAfter] :
+         {Case{u"a\u007Fb", 2, u"ab", 1}, Case{u"\u007F\u007Fabc", 4, u"abc", 3},
+          Case{u"\u007Fab", 0, u"ab", 0}}) {
         OpenedForm form;
-        form.Box().text = c.text;
-        form.Box().Select(c.caret, 0);
+        form.Box().text = text;
+        form.Box().Select(caret, 0);
         form.Events().Message_Change();
-        CHECK(form.Box().GetText() == c.left);
-        CHECK(form.Box().SelectionStart() == c.caretAfter);
-        CHECK(form.Status() == form.StatusFor(NumberText(std::int64_t(c.left.size())) + u"/160"));
+        CHECK(form.Box().GetText() == left);
+        CHECK(form.Box().SelectionStart() == caretAfter);
+        CHECK(form.Status() == form.StatusFor(NumberText(std::int64_t(left.size())) + u"/160"));
     }
 }
 
 TEST_CASE("crossing 160 looks a text up once and shows nothing") {
     OpenedForm form;
-    form.SetRegistry(AddInKey, u"DebugMode", u"1");
-    form.program.debug.DebugInit(true, false);
+    form.SwitchTraceOn();
     const auto lookUps = [&] {
-        const std::string& trace =
-            form.platform.fileSystem.files[u"C:\\Program\\TellwickAddIn.dbg.xml"].contents;
-        std::size_t count = 0;
-        for (std::size_t at = 0; (at = trace.find("MsgBox12", at)) != trace.npos; ++at) ++count;
-        return count;
+        return Split(form.platform.locale.FromAnsi(form.Trace()), u"MsgBox12").size() - 1;
     };
     form.platform.dialogs.shown.clear();
     form.Type(Letters(161));
@@ -187,23 +176,19 @@ TEST_CASE("closing saves the text, not the digits; a queued text stays digits") 
 }
 
 TEST_CASE("word-wise keys go by the separators") {
-    struct Case {
-        std::int32_t keyCode, caret;
-        TextView text;
-        std::int32_t caretAfter;
-    };
+    using Case = std::tuple<std::int32_t, std::int32_t, TextView, std::int32_t>;
     constexpr TextView Text0 = u"eins, zwei-drei";
-    for (const Case& c :
+    for (const auto& [keyCode, caret, text, caretAfter] :
          {Case{key::Left, 15, Text0, 11}, Case{key::Left, 11, Text0, 6},
           Case{key::Left, 6, Text0, 0}, Case{key::Left, 0, Text0, 0}, Case{key::Right, 0, Text0, 6},
           Case{key::Right, 6, Text0, 11}, Case{key::Right, 15, Text0, 15},
           Case{key::Back, 10, u"eins, -drei", 6}, Case{key::Back, 0, Text0, 0}}) {
         OpenedForm form;
         form.Type(Text(Text0));
-        form.Box().Select(c.caret, 0);
-        CHECK(form.Events().Message_KeyDown(c.keyCode, key::Control));
-        CHECK(form.Box().GetText() == c.text);
-        CHECK(form.Box().SelectionStart() == c.caretAfter);
+        form.Box().Select(caret, 0);
+        CHECK(form.Events().Message_KeyDown(keyCode, key::Control));
+        CHECK(form.Box().GetText() == text);
+        CHECK(form.Box().SelectionStart() == caretAfter);
     }
     OpenedForm form;
     CHECK_FALSE(form.Events().Message_KeyDown(key::Left, 0));

@@ -19,13 +19,9 @@ struct OnAir : TestProgram {
 }  // namespace
 
 TEST_CASE("the line in the status bar follows text and recipients") {
-    struct Case {
-        TextView to;
-        Text text;
-        TextView line, shortLine;
-    };
+    using Case = std::tuple<TextView, Text, TextView, TextView>;
     const Text x(160, u'x');
-    for (const Case& c :
+    for (const auto& [to, text, line, shortLine] :
          {Case{u"", u"", u"GSM · 1 SMS · 160 frei", u"GSM · 1 SMS"},
           {u"0171", x + u"y", u"GSM · 2 SMS · 145 frei", u"GSM · 2 SMS"},
           // As the sender splits them; empty ones not.
@@ -40,10 +36,10 @@ TEST_CASE("the line in the status bar follows text and recipients") {
           // The nearest one is a loss where it reads otherwise: "l", not "-".
           {u"1", u"ł\u2011", u"GSM · 1 SMS · 158 frei · verloren: 1", u"GSM · 1 SMS"}}) {
         OnAir form;
-        form.view.TextTo().SetText(c.to);
-        form.Type(c.text);
-        CHECK(form.Line() == c.line);
-        CHECK(form.view.StatusBar1().shortPane == c.shortLine);
+        form.view.TextTo().SetText(to);
+        form.Type(text);
+        CHECK(form.Line() == line);
+        CHECK(form.view.StatusBar1().shortPane == shortLine);
     }
 }
 

@@ -33,6 +33,8 @@ void Choose(MemoryListBox& box, TextView item) {
     box.selected = std::int32_t(found - box.items.begin());
 }
 
+using TwoTexts = std::pair<TextView, TextView>;
+
 }  // namespace
 
 TEST_CASE("the window shows the settings, or what holds without them") {
@@ -163,9 +165,6 @@ TEST_CASE("without OK nothing is written") {
 }
 
 TEST_CASE("numbers and prefixes are cleaned before they are written") {
-    struct Case {
-        TextView typed, written;
-    };
     const auto written = [](MemoryTextBox& (MemoryFormOptionsView::*field)(), TextView typed,
                             TextView section, TextView key) {
         Options options;
@@ -175,17 +174,19 @@ TEST_CASE("numbers and prefixes are cleaned before they are written") {
         options.form.ButtonOK_Click();
         return options.Setting(section, key);
     };
-    for (const Case& c : {Case{u" +49,+43;;41\t+1 ", u"+49 +43 41 +1"}, Case{u"0049", u"+49"},
-                          Case{u"+ 49", u"49"}, Case{u"[SMS]=\u4e00", u""}, Case{u"+", u""}}) {
-        CHECK(written(&MemoryFormOptionsView::TextPrefixes, c.typed, u"Prefixes",
-                      u"Remove0InPrefixes") == c.written);
+    for (const auto& [typed, expected] :
+         {TwoTexts{u" +49,+43;;41\t+1 ", u"+49 +43 41 +1"}, TwoTexts{u"0049", u"+49"},
+          TwoTexts{u"+ 49", u"49"}, TwoTexts{u"[SMS]=\u4e00", u""}, TwoTexts{u"+", u""}}) {
+        CHECK(written(&MemoryFormOptionsView::TextPrefixes, typed, u"Prefixes",
+                      u"Remove0InPrefixes") == expected);
     }
     // Nothing left stands for the default.
-    for (const Case& c :
-         {Case{u"25", u"25"}, Case{u"10001", u"10000"}, Case{u"1x2", u"12"}, Case{u"0", u"0"},
-          Case{u"99999999999999999999", u"10000"}, Case{u"", u""}, Case{u"x", u""}}) {
-        CHECK(written(&MemoryFormOptionsView::TextNumUsedNumber, c.typed, u"SMS",
-                      u"NumUsedNumber") == c.written);
+    for (const auto& [typed, expected] :
+         {TwoTexts{u"25", u"25"}, TwoTexts{u"10001", u"10000"}, TwoTexts{u"1x2", u"12"},
+          TwoTexts{u"0", u"0"}, TwoTexts{u"99999999999999999999", u"10000"}, TwoTexts{u"", u""},
+          TwoTexts{u"x", u""}}) {
+        CHECK(written(&MemoryFormOptionsView::TextNumUsedNumber, typed, u"SMS", u"NumUsedNumber") ==
+              expected);
     }
 }
 
@@ -213,14 +214,12 @@ TEST_CASE("the user's own country code is proposed where Windows knows it") {
     CHECK(options.window.TextPrefixes().SelectionLength() == 4);
     CHECK(options.window.ButtonPrefix().Visible());
     CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +49");
-    struct Case {
-        TextView before, after;
-    };
-    for (const Case& c : {Case{u"", u"+49"}, Case{u"+43", u"+43 +49"}, Case{u"+43; 49", u"+43 49"},
-                          Case{u"+49", u"+49"}, Case{u"+492", u"+492 +49"}}) {
-        options.window.TextPrefixes().SetText(c.before);
+    for (const auto& [before, after] :
+         {TwoTexts{u"", u"+49"}, TwoTexts{u"+43", u"+43 +49"}, TwoTexts{u"+43; 49", u"+43 49"},
+          TwoTexts{u"+49", u"+49"}, TwoTexts{u"+492", u"+492 +49"}}) {
+        options.window.TextPrefixes().SetText(before);
         options.form.ButtonPrefix_Click();
-        CHECK(options.window.TextPrefixes().GetText() == c.after);
+        CHECK(options.window.TextPrefixes().GetText() == after);
     }
 }
 

@@ -7,20 +7,12 @@
 
 namespace tellwick::test {
 
-constexpr TextView TraceFile = u"C:\\Program\\TellwickAddIn.dbg.xml";
-constexpr TextView CurrentFile = u"C:\\Data\\Tellwick\\corvane.ini";
-
-struct HeldMemoryPlatform {
-    MemoryPlatform platform;
-};
-
-struct SettingsModules : HeldMemoryPlatform, Modules {
-    PendingError& errors = platform.errors;
-    MemoryFileSystem& disk = platform.fileSystem;
-    MemoryDialogs& dialogs = platform.dialogs;
+struct SettingsModules : MemoryPlatform, Modules {
+    MemoryPlatform& platform = *this;
+    MemoryFileSystem& disk = fileSystem;
 
     // The language file in use holds the given bytes.
-    explicit SettingsModules(std::string_view english = "[x]\r\n") : Modules(platform.Ports()) {
+    explicit SettingsModules(std::string_view english = "[x]\r\n") : Modules(Ports()) {
         SetFile(u"C:\\Program\\English.lng", english);
         SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
                     u"AppData", u"C:\\Data");

@@ -9,14 +9,13 @@ using namespace tellwick::test;
 namespace {
 
 constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-constexpr TextView Root = RootKey;
 
 // A form that is open, with the sender application running, switched on and listening.
 struct OpenForm : TestProgram {
     OpenForm() {
         platform.programs.paths = {u"C:\\Program Files\\Tellwick\\TELLWICK.EXE"};
-        SetRegistry(Root, u"On", u"1");
-        SetRegistry(Root, u"hWnd", u"4711");
+        SetRegistry(RootKey, u"On", u"1");
+        SetRegistry(RootKey, u"hWnd", u"4711");
         program.formSmsSend.Open({});
     }
     void Fill(TextView recipient, TextView text) {
@@ -56,36 +55,18 @@ TEST_CASE("a submission writes file, entry and counter and tells the sender") {
     }
 }
 
-TEST_CASE("entry numbers follow the counter") {
-    struct Case {
-        TextView before, after;
-    };
-    for (const Case& c :
-         {Case{u"", u"1"}, Case{u"x", u"1"}, Case{u"7x", u"8"}, Case{u"1048574", u"1048575"},
-          Case{u"1048575", u"0"}, Case{u"1048576", u"1"}, Case{u"3000000", u"1951425"}}) {
-        OpenForm form;
-        form.SetRegistry(Queue, u"cOut", c.before);
-        form.Fill(u"1", u"x");
-        form.Send();
-        CHECK(form.Registry(Queue, u"cOut") == c.after);
-        CHECK(form.QueuedFile(c.after) == "1\tx");
-    }
-}
-
 TEST_CASE("an empty recipient or text is refused, and the form stays busy") {
     OpenForm form;
-    struct Case {
-        TextView recipient, text, told;
-    };
-    for (const Case& c : {Case{u"", u"x", u"MsgBox3"}, Case{u"1", u"", u"MsgBox4"}}) {
+    using Case = std::tuple<TextView, TextView, TextView>;
+    for (const auto& [recipient, text, told] :
+         {Case{u"", u"x", u"MsgBox3"}, Case{u"1", u"", u"MsgBox4"}}) {
         form.program.formSmsSend.Form_Initialize_();
-        form.Fill(c.recipient, c.text);
+        form.Fill(recipient, text);
         CHECK_FALSE(form.Send());
         CHECK(form.platform.dialogs.shown.back().text ==
-              form.program.language.TextOrBuiltIn(u"FormSmsSend", c.told));
+              form.program.language.TextOrBuiltIn(u"FormSmsSend", told));
         CHECK(form.platform.dialogs.shown.back().flags == box::IconInformation);
-        CHECK(
-            (c.recipient.empty() ? form.view.TextTo().HasFocus() : form.view.Message().HasFocus()));
+        CHECK((recipient.empty() ? form.view.TextTo().HasFocus() : form.view.Message().HasFocus()));
         CHECK(form.Registry(Queue, u"cOut").empty());
         CHECK(form.view.Loaded());
         // Still busy: neither a second submission nor the close button does anything.
@@ -115,24 +96,21 @@ TEST_CASE("the number is remembered before the tests for emptiness, unless switc
 }
 
 TEST_CASE("a submission by key takes the line break before the caret back") {
-    struct Case {
-        TextView text;
-        std::int32_t caret;
-        const char* queued;
-    };
-    for (const Case& c : {Case{u"Hallo\r\n", 7, "1\tHallo"}, Case{u"a\r\nb", 3, "1\tab"},
-                          Case{u"a\r\nb", 2, "1\ta\r\nb"}, Case{u"ab", 1, "1\tab"}}) {
+    using Case = std::tuple<TextView, std::int32_t, const char*>;
+    for (const auto& [text, caret, queued] :
+         {Case{u"Hallo\r\n", 7, "1\tHallo"}, Case{u"a\r\nb", 3, "1\tab"},
+          Case{u"a\r\nb", 2, "1\ta\r\nb"}, Case{u"ab", 1, "1\tab"}}) {
         OpenForm form;
-        form.Fill(u"1", c.text);
-        form.view.Message().Select(c.caret, 0);
+        form.Fill(u"1", text);
+        form.view.Message().Select(caret, 0);
         CHECK(form.program.formSmsSend.Form_KeyDown(key::Enter, key::Control));
-        CHECK(form.QueuedFile(u"1") == c.queued);
+        CHECK(form.QueuedFile(u"1") == queued);
     }
 }
 
 TEST_CASE("a click while the submission waits for the sender's window queues nothing") {
     OpenForm form;
-    form.SetRegistry(Root, u"hWnd", u"0");
+    form.SetRegistry(RootKey, u"hWnd", u"0");
     form.Fill(u"1", u"x");
     int clicks = 0;
     form.platform.messageLoop.onDoEvents = [&] {
@@ -150,7 +128,7 @@ TEST_CASE("a click while the submission waits for the sender's window queues not
 
 TEST_CASE("a form closed while the submission waits stays closed and saved") {
     OpenForm form;
-    form.SetRegistry(Root, u"hWnd", u"0");
+    form.SetRegistry(RootKey, u"hWnd", u"0");
     form.Fill(u"1", u"zwei\r\nZeilen");
     form.platform.messageLoop.onDoEvents = [&] { form.program.formSmsSend.Form_Close(); };
     CHECK(form.Send());
@@ -173,27 +151,25 @@ TEST_CASE("the sender application is switched on, started and told") {
     const auto start = [&](bool quiet) { test.program.tellwick.StartSenderApplication(quiet); };
 
     SUBCASE("running under a name of another case or with brackets counts, other names do not") {
-        struct Case {
-            TextView path;
-            bool running;
-        };
-        for (const Case& c : {Case{u"C:\\x\\TELLWICK.exe", true}, Case{u"tellwick.EXE", true},
-                              Case{u"C:\\Tellwick.exe.exe", false},
-                              Case{u"C:\\MyTellwick.exe", false}, Case{u"", false}}) {
-            test.platform.programs.paths = {Text(c.path)};
-            CHECK(test.program.process.CheckIfRunning(u"Tellwick.exe", true, false) == c.running);
+        using Case = std::pair<TextView, bool>;
+        for (const auto& [path, running] :
+             {Case{u"C:\\x\\TELLWICK.exe", true}, Case{u"tellwick.EXE", true},
+              Case{u"C:\\Tellwick.exe.exe", false}, Case{u"C:\\MyTellwick.exe", false},
+              Case{u"", false}}) {
+            test.platform.programs.paths = {Text(path)};
+            CHECK(test.program.process.CheckIfRunning(u"Tellwick.exe", true, false) == running);
         }
         test.platform.programs.snapshot = {Text(u"[C:\\x\\Tellwick.exe]\0rest", 24)};
         CHECK(test.program.process.CheckIfRunning(u"Tellwick.exe", true, true));
     }
     SUBCASE("switched off: asked, and told whatever the answer") {
         test.platform.programs.paths = {u"C:\\Tellwick.exe"};
-        test.SetRegistry(Root, u"hWnd", u"99");
+        test.SetRegistry(RootKey, u"hWnd", u"99");
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             test.platform.dialogs.answers = {answer};
             start(false);
             CHECK(test.platform.dialogs.shown.back().flags == box::YesNo);
-            CHECK((test.Registry(Root, u"On") == u"1") == (answer == Answer::Yes));
+            CHECK((test.Registry(RootKey, u"On") == u"1") == (answer == Answer::Yes));
             CHECK(loop.posted.back().window == 99);
         }
         CHECK(loop.posted.size() == 2);
@@ -202,7 +178,7 @@ TEST_CASE("the sender application is switched on, started and told") {
     }
     SUBCASE("not running: started after a Yes, and not told") {
         test.platform.dialogs.answers = {Answer::Yes};
-        test.SetRegistry(Root, u"hWnd", u"99");
+        test.SetRegistry(RootKey, u"hWnd", u"99");
         start(false);
         REQUIRE(test.platform.programs.started.size() == 1);
         const auto& started = test.platform.programs.started[0];
@@ -210,18 +186,18 @@ TEST_CASE("the sender application is switched on, started and told") {
         CHECK(started.application == folder + u"Tellwick.exe");
         CHECK(started.commandLine == folder + u"Tellwick.exe nocheck");
         CHECK(started.style == WindowStyle::MinimisedWithFocus);
-        CHECK(test.Registry(Root, u"On") == u"1");
+        CHECK(test.Registry(RootKey, u"On") == u"1");
         CHECK(loop.posted.empty());
     }
     SUBCASE("not running and No: waits for a window all the same") {
         test.platform.dialogs.answers = {Answer::No};
         int rounds = 0;
         loop.onDoEvents = [&] {
-            if (++rounds == 20) test.SetRegistry(Root, u"hWnd", u"5");
+            if (++rounds == 20) test.SetRegistry(RootKey, u"hWnd", u"5");
         };
         start(false);
         CHECK(test.platform.programs.started.empty());
-        CHECK(test.Registry(Root, u"On").empty());
+        CHECK(test.Registry(RootKey, u"On").empty());
         CHECK(rounds == 20);
         CHECK(loop.posted.size() == 1);
     }
@@ -229,6 +205,6 @@ TEST_CASE("the sender application is switched on, started and told") {
         test.platform.programs.failStart = true;
         start(true);
         CHECK(test.platform.dialogs.shown.empty());
-        CHECK(test.Registry(Root, u"On") == u"1");
+        CHECK(test.Registry(RootKey, u"On") == u"1");
     }
 }

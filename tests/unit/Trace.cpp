@@ -103,6 +103,37 @@ TEST_CASE("registry mode keeps the last record in the registry only") {
     CHECK(traced.Registry(key, u"") == u"<a>_");
 }
 
+TEST_CASE("what the modules record of their own") {
+    Traced traced(u"1");
+    traced.debug.DebugInit(false, false);
+    struct Case {
+        std::function<void()> action;
+        const char* record;
+    };
+    const auto registry = [&] {
+        traced.regEdit.ReadValue(Hive::CurrentUser, u"none", u"none");
+        traced.regEdit.DeleteValue(Hive::CurrentUser, u"none", u"none");
+        traced.platform.registry.failWrites = true;
+        CHECK_FALSE(traced.regEdit.WriteValue(Hive::CurrentUser, u"\\Software\\K", u"v", u"x"));
+        CHECK_FALSE(traced.regEdit.DeleteKey(Hive::LocalMachine, u"\\Software", u"None"));
+    };
+    for (const Case& c : {Case{[&] { traced.language.GetLanguageString(u"A", u"k"); },
+                               " <GetLanguageString>_\r\n  A k\r\n </GetLanguageString>\r\n"},
+                          Case{[&] { traced.inifilesLite.SetIniSetting(u"S", u"k", u"1"); },
+                               " <SetIniSetting>_\r\n  <WriteToIniFile>_\r\n  </WriteToIniFile>\r\n"
+                               " </SetIniSetting>\r\n"},
+                          Case{[&] { traced.inifilesLite.GetIniSetting(u"S", u"k"); }, ""},
+                          Case{registry,
+                               " RegEdit error: 80000001: Software\\K v\r\n"
+                               " RegEdit error: 80000002: Software None\r\n"}}) {
+        traced.Gained();
+        c.action();
+        CHECK(traced.Gained() == c.record);
+    }
+    traced.questionBox.MsgBoxMessage(60, 0);
+    CHECK(traced.Gained().find(" MsgBoxMessage:60\r\n") != std::string::npos);
+}
+
 TEST_CASE("what is asked at the start") {
     SUBCASE("a first switch-on, with the path in the text") {
         Traced traced(u"1", u"1", "[Messages]\r\nDebug1=Tellwick: %f.%e|unseen\r\n");
@@ -178,27 +209,23 @@ TEST_CASE("every 256th idle call looks whether tracing was switched on") {
 }
 
 TEST_CASE("errors that reach the user") {
-    struct Case {
-        std::int32_t number;
-        const char16_t* whileOff;
-        const char16_t* whileOn;
-    };
-    for (const Case& c :
+    using Case = std::tuple<std::int32_t, TextView, TextView>;
+    for (const auto& [number, whileOff, whileOn] :
          {Case{7, u"7:why", u"7:why"}, Case{372, u"372:why", u"372:why"},
           Case{374, u"374:why", u"374:why"}, Case{339, u"", u"E#339:why"}, Case{53, u"", u""}}) {
         for (const bool on : {false, true}) {
             Traced traced(on ? u"1" : u"0");
             traced.debug.DebugInit(false, false);
             traced.dialogs.shown.clear();
-            traced.errors.Note(c.number, u"why");
+            traced.errors.Note(number, u"why");
             traced.debug.DebugTrace(u"x", trace::Exit);
-            const Text expected = on ? c.whileOn : c.whileOff;
+            const TextView expected = on ? whileOn : whileOff;
             REQUIRE(traced.dialogs.shown.size() == (expected.empty() ? 0 : 1));
             if (!expected.empty()) {
                 CHECK(traced.dialogs.shown[0].text == expected);
                 CHECK(traced.dialogs.shown[0].flags == box::IconExclamation);
             }
-            CHECK(traced.errors.number == c.number);
+            CHECK(traced.errors.number == number);
         }
     }
 }
