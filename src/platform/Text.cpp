@@ -31,8 +31,7 @@ bool IsSpace(char16_t unit) {
 
 }  // namespace
 
-char16_t LowerCase(char16_t unit) {
-    if (unit < 0x80) return In(unit, u'A', u'Z') ? char16_t(unit + 32) : unit;
+char16_t LowerCaseBeyondAscii(char16_t unit) {
     if (unit < 0x100) {
         return In(unit, 0xC0, 0xDE) && unit != 0xD7 ? char16_t(unit + 32) : unit;
     }

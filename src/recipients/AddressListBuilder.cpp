@@ -1,8 +1,8 @@
 #include "recipients/AddressListBuilder.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
-#include <type_traits>
 #include <utility>
 
 #include "platform/Locale.h"
@@ -20,6 +20,27 @@ std::uint64_t HashOf(TextView text) {
 
 }  // namespace
 
+void HashNumbers::Reserve(std::size_t wanted) {
+    const std::size_t size = std::bit_ceil(2 * wanted + 2);
+    if (size <= places.size()) return;
+    std::vector<Place> before(size);
+    before.swap(places);
+    count = 0;
+    std::ranges::sort(before, {}, &Place::number);
+    for (const Place& place : before) {
+        if (place.number != 0) NumberOf(place.hash);
+    }
+}
+
+std::uint32_t HashNumbers::NumberOf(std::uint64_t hash) {
+    if (2 * std::size_t(count) >= places.size()) Reserve(2 * std::size_t(count) + 64);
+    for (std::size_t at = hash;; ++at) {
+        Place& place = places[at & (places.size() - 1)];
+        if (place.number == 0) place = {hash, ++count};
+        if (place.hash == hash) return place.number - 1;
+    }
+}
+
 AddressList::Span AddressListBuilder::Store(TextView text) {
     constexpr std::size_t Longest = std::numeric_limits<std::uint16_t>::max();
     text = text.substr(0, Longest);
@@ -32,7 +53,7 @@ void AddressListBuilder::Reserve(std::size_t rows) {
     constexpr std::size_t UnitsEach = 48;
     list.rows.reserve(rows);
     list.texts.reserve(rows * UnitsEach);
-    numbers.reserve(rows);
+    numbers.Reserve(rows);
 }
 
 void AddressListBuilder::Add(const AddressRow& row) {
@@ -48,9 +69,8 @@ void AddressListBuilder::Add(const AddressRow& row) {
         if (isNew) company->second = Store(row.company);
         stored.company = company->second;
     }
-    const auto [number, isNew] = numbers.try_emplace(HashOf(row.number), list.numberIds);
-    if (isNew) ++list.numberIds;
-    stored.numberId = number->second;
+    stored.numberId = numbers.NumberOf(HashOf(row.number));
+    list.numberIds = numbers.Count();
     stored.number = Store(row.number);
     stored.item = row.item;
     stored.folder = row.folder;
@@ -82,6 +102,7 @@ std::string_view AddressListBuilder::Key(AddressList::Entry entry) const {
 }
 
 bool AddressListBuilder::DoSome(std::size_t most) {
+    constexpr std::size_t Quick = 16;  // so much faster than the other steps
     switch (step) {
         case Step::Keys:
             MakeKeys(most);
@@ -95,8 +116,22 @@ bool AddressListBuilder::DoSome(std::size_t most) {
         case Step::Index:
             Index(most);
             return true;
-        case Step::Scatter:
-            Scatter();
+        case Step::Starts:
+            if (!Scatter(starts, list.starts, list.startBuckets, Quick * most)) step = Step::Ends;
+            return true;
+        case Step::Ends:
+            if (Scatter(ends, list.ends, list.endBuckets, Quick * most)) return true;
+            companies.clear();
+            step = Step::Trim;
+            return true;
+        case Step::Trim:
+            numbers = {};
+            list.rows.shrink_to_fit();
+            step = Step::TrimTexts;
+            return true;
+        case Step::TrimTexts:
+            list.texts.shrink_to_fit();
+            step = Step::Done;
             return false;
         case Step::Done:
             break;
@@ -203,28 +238,30 @@ void AddressListBuilder::Index(std::size_t most) {
             ++list.endBuckets[ends.back().bucket];
         }
     }
-    if (next == list.entries.size()) step = Step::Scatter;
+    if (next < list.entries.size()) return;
+    next = 0;
+    step = Step::Starts;
 }
 
-void AddressListBuilder::Scatter() {
-    const auto scatter = [](auto& found, auto& into, std::vector<std::uint32_t>& buckets) {
+// Puts some of what was found into its buckets. False when all of it is there.
+template <class Type>
+bool AddressListBuilder::Scatter(std::vector<Found<Type>>& found, std::vector<Type>& into,
+                                 std::vector<std::uint32_t>& buckets, std::size_t most) {
+    if (next == 0) {
         std::uint32_t sum = 0;
         for (std::uint32_t& count : buckets) sum += std::exchange(count, sum);
         into.resize(found.size());
-        for (const auto& each : found) into[buckets[each.bucket]++] = each.found;
-        // Each start has moved on to its bucket's end, which is where the next one begins.
-        std::rotate(buckets.begin(), buckets.end() - 1, buckets.end());
-        buckets.front() = 0;
-        buckets.back() = std::uint32_t(into.size());
-        std::remove_reference_t<decltype(found)>().swap(found);
-    };
-    scatter(starts, list.starts, list.startBuckets);
-    scatter(ends, list.ends, list.endBuckets);
-    list.texts.shrink_to_fit();
-    list.rows.shrink_to_fit();
-    companies.clear();
-    numbers.clear();
-    step = Step::Done;
+    }
+    const std::size_t stop = std::min(found.size(), next + most);
+    for (; next < stop; ++next) into[buckets[found[next].bucket]++] = found[next].found;
+    if (next < found.size()) return true;
+    // Each start has moved on to its bucket's end, which is where the next one begins.
+    std::rotate(buckets.begin(), buckets.end() - 1, buckets.end());
+    buckets.front() = 0;
+    buckets.back() = std::uint32_t(into.size());
+    std::vector<Found<Type>>().swap(found);
+    next = 0;
+    return false;
 }
 
 }  // namespace tellwick

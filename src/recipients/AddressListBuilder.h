@@ -14,6 +14,23 @@ namespace tellwick {
 
 class Locale;
 
+// Numbers what differs by its hash, from 0. In one piece, so that it is quick to fill and to free.
+class HashNumbers {
+public:
+    void Reserve(std::size_t count);
+    std::uint32_t NumberOf(std::uint64_t hash);
+    std::uint32_t Count() const { return count; }
+
+private:
+    struct Place {
+        std::uint64_t hash = 0;
+        std::uint32_t number = 0;  // from 1; 0 is free
+    };
+
+    std::vector<Place> places;  // a power of two, at most half of them taken
+    std::uint32_t count = 0;
+};
+
 class AddressListBuilder {
 public:
     explicit AddressListBuilder(Locale& locale) : locale(locale) {}
@@ -35,7 +52,7 @@ public:
     AddressList Take() { return std::move(list); }
 
 private:
-    enum class Step { Keys, Sort, Merge, Index, Scatter, Done };
+    enum class Step { Keys, Sort, Merge, Index, Starts, Ends, Trim, TrimTexts, Done };
 
     // An entry with the first bytes of its sort key, which mostly decide.
     struct Sortable {
@@ -56,13 +73,15 @@ private:
     void SortRun(std::size_t most);
     void Merge(std::size_t most);
     void Index(std::size_t most);
-    void Scatter();
+    template <class Type>
+    bool Scatter(std::vector<Found<Type>>& found, std::vector<Type>& into,
+                 std::vector<std::uint32_t>& buckets, std::size_t most);
 
     Locale& locale;
     AddressList list;
     // By a hash of 64 bits, which no two of them have in common.
     std::unordered_map<std::uint64_t, AddressList::Span> companies;
-    std::unordered_map<std::uint64_t, std::uint32_t> numbers;
+    HashNumbers numbers;
     Step step = Step::Keys;
     std::size_t next = 0;
     // Sort keys by 2 * row + byFileAs, in one piece.

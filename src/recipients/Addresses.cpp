@@ -54,7 +54,8 @@ void Addresses::Refresh() {
                                                      inifilesLite.SettingsFolder());
         stage = Stage::Cache;
     }
-    if (!DoSlice(Slice)) return;
+    // Where nothing is known yet the user would like to see something at once.
+    if (book.list.Size() == 0 && !DoSlice(Slice)) return;
     timer = timers.Create();
     timer->Start(Interval, [this] { Tick(); });
 }

@@ -39,7 +39,8 @@ public:
     std::size_t Folders() const { return book.folders.size(); }
     void SetRecent(const std::vector<Text>& numbers);
 
-    // Begins to look for changes, unless it is at it; the first slice is done at once.
+    // Begins to look for changes, unless it is at it. When nothing is known yet the first slice is
+    // done at once.
     void Refresh();
     // The same, once for each time that the user comes to need the list.
     void RefreshOnce();

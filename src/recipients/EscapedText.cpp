@@ -1,6 +1,6 @@
 #include "recipients/EscapedText.h"
 
-#include <algorithm>
+#include <cstdint>
 
 namespace tellwick {
 
@@ -39,12 +39,21 @@ void EscapedText::Append(std::string& line, TextView text) {
 }
 
 Text EscapedText::Read(std::string_view bytes) {
-    if (std::all_of(bytes.begin(), bytes.end(),
-                    [](char byte) { return IsPlain(char16_t(std::uint8_t(byte))); })) {
-        return {bytes.begin(), bytes.end()};
-    }
-    const Text text = locale.FromAnsi(bytes);
     Text read;
+    Read(bytes, read);
+    return read;
+}
+
+void EscapedText::Read(std::string_view bytes, Text& read) {
+    read.resize(bytes.size());
+    bool plain = true;
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        read[at] = std::uint8_t(bytes[at]);
+        plain = plain && IsPlain(read[at]);
+    }
+    if (plain) return;
+    const Text text = locale.FromAnsi(bytes);
+    read.clear();
     for (std::size_t at = 0; at < text.size(); ++at) {
         if (text[at] != u'\\') {
             read += text[at];
@@ -61,7 +70,6 @@ Text EscapedText::Read(std::string_view bytes) {
             ++at;  // the second of two
         }
     }
-    return read;
 }
 
 }  // namespace tellwick

@@ -17,6 +17,8 @@ public:
     explicit EscapedText(Locale& locale) : locale(locale) {}
     void Append(std::string& line, TextView text);
     Text Read(std::string_view bytes);
+    // The same into a text that keeps its memory.
+    void Read(std::string_view bytes, Text& text);
 
 private:
     const std::string& Written(char16_t unit);

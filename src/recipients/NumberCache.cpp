@@ -113,7 +113,7 @@ bool NumberCacheReader::ReadItem() {
     }
     item.created = std::bit_cast<double>(created);
     item.modified = std::bit_cast<double>(modified);
-    companies.push_back(escaped.Read(Field()));
+    companies.push_back(Field());
     const auto number = std::uint32_t(book.items.size());
     while (!fields.empty()) book.members[number].push_back(escaped.Read(Field()));
     book.items.push_back(item);
@@ -185,11 +185,12 @@ bool NumberCacheReader::DoStep() {
         case Step::Rows:
             return each(rows.size(), Step::Lines, [&](std::size_t index) {
                 const Row& row = rows[index];
-                const Text name = escaped.Read(row.name);
-                const Text fileAs = escaped.Read(row.fileAs);
-                const Text number = escaped.Read(row.number);
-                builder.Add({name, fileAs, companies[row.item], number, row.kind,
-                             book.items[row.item].folder, row.item});
+                escaped.Read(row.name, name);
+                escaped.Read(row.fileAs, fileAs);
+                escaped.Read(row.number, number);
+                escaped.Read(companies[row.item], company);
+                builder.Add({name, fileAs, company, number, row.kind, book.items[row.item].folder,
+                             row.item});
                 return true;
             });
         case Step::Lines:

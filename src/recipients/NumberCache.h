@@ -61,12 +61,13 @@ private:
     std::string_view numbersLeft, detailsLeft, fields;
     std::size_t folders = 0, items = 0, entries = 0;  // that there should be
     std::vector<Row> rows;
-    std::vector<std::uint32_t> firstOfItem;  // rows
-    std::vector<Text> companies;             // by item
+    std::vector<std::uint32_t> firstOfItem;   // rows
+    std::vector<std::string_view> companies;  // by item
     std::vector<Line> lines;
     std::vector<Row> pending;  // lines by FileAs, whose rows may come later
     Step step = Step::Folders;
     std::size_t next = 0;
+    Text name, fileAs, company, number;  // of the row at hand
 };
 
 class NumberCacheWriter {

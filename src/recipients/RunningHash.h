@@ -14,6 +14,11 @@ class RunningHash {
 public:
     void Add(std::string_view bytes) {
         size += bytes.size();
+        while (filled == 0 && bytes.size() >= word.size()) {
+            std::memcpy(word.data(), bytes.data(), word.size());
+            bytes.remove_prefix(word.size());
+            Mix();
+        }
         while (!bytes.empty()) {
             const std::size_t part = std::min(word.size() - filled, bytes.size());
             std::memcpy(word.data() + filled, bytes.data(), part);
