@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 #include "recipients/Addresses.h"
@@ -49,11 +50,14 @@ FormSmsSelectAddress::~FormSmsSelectAddress() {
 }
 
 void FormSmsSelectAddress::Show() {
-    if (!view.Loaded()) {
+    const bool opens = !view.Loaded();
+    if (opens) {
         if (!view.Load()) return;
         Load();
     }
     view.Show();
+    // Typing replaces what is looked for at first, as in any search.
+    if (opens) view.TextSearch().Select(0, std::int32_t(view.TextSearch().GetText().size()));
     addresses.RefreshOnce();
 }
 
@@ -148,11 +152,11 @@ void FormSmsSelectAddress::SortRows() {
         if (!list.EntryAt(index).byFileAs) sorted.push_back(list.EntryAt(index).row);
     }
     if (sortedBy == Folder) {
-        std::vector<Text> names;
+        std::vector<std::string> keys;
         for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
-            names.push_back(LowerCase(addresses.FolderName(std::uint16_t(folder))));
+            keys.push_back(addresses.SortKey(addresses.FolderTitle(std::uint16_t(folder))));
         std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
-            return names[list.Row(one).folder] < names[list.Row(other).folder];
+            return keys[list.Row(one).folder] < keys[list.Row(other).folder];
         });
     } else if (sortedBy != Name) {
         std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
@@ -218,7 +222,7 @@ MarkedText FormSmsSelectAddress::Cell(std::size_t index, std::size_t column) con
         case Kind:
             return {KindText(row.kind), {}};
         default:
-            return search.MarkWords(addresses.FolderName(row.folder));
+            return search.MarkWords(addresses.FolderTitle(row.folder));
     }
 }
 

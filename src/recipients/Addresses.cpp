@@ -80,6 +80,13 @@ void Addresses::Stop() {
     writer.reset();
 }
 
+Text Addresses::FolderTitle(std::uint16_t folder) const {
+    const Text& path = book.folders[folder].name;
+    const std::size_t end = path.rfind(u'\\');
+    if (end == Text::npos) return path;
+    return path.substr(end + 1).append(u" (").append(path, 0, end).append(u")");
+}
+
 const Text& Addresses::FolderBeingRead() const {
     return harvest ? harvest->FolderName() : NoFolder;
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/FileSystem.h"
@@ -35,7 +36,12 @@ public:
     void AddListener(Listener listener) { listeners.push_back(std::move(listener)); }
 
     const AddressList& List() const { return book.list; }
+    // "Personal Folders\Contacts\Club".
     Text FolderName(std::uint16_t folder) const { return book.folders[folder].name; }
+    // The same with its own name first: "Club (Personal Folders\Contacts)".
+    Text FolderTitle(std::uint16_t folder) const;
+    // Bytes that compare as the texts do in the user's language.
+    std::string SortKey(TextView text) const { return surroundings.locale.SortKey(text); }
     std::size_t Folders() const { return book.folders.size(); }
     void SetRecent(const std::vector<Text>& numbers);
 

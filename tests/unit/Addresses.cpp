@@ -405,6 +405,8 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     CHECK(window.ListChosen().items == std::vector<Text>{u"0171 1", u"0999"});
     CHECK(window.ListAddresses().widths[1] == 77);
     CHECK(names() == u"C");  // what was typed last is no number
+    CHECK(window.ListAddresses().Cell(0, 3) == u"Board (Personal Folders\\Contacts\\Club)");
+    CHECK(window.TextSearch().SelectionLength() == 2);  // typing on replaces it
     window.TextSearch().SetText({});
     CHECK(names() == u"AACJOS");
     form.ListAddresses_ColumnClick(FormSmsSelectAddress::Number);
