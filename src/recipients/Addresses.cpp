@@ -93,6 +93,7 @@ const Text& Addresses::FolderBeingRead() const {
 
 void Addresses::Tick() {
     Procedure procedure{debug, u"TimerAddresses_Timer"};
+    if (working) return;  // Outlook runs its message loop within a slice
     const double end = surroundings.clock.Milliseconds() + MostSlices;
     bool more = true;
     do {

@@ -220,7 +220,7 @@ private:
     bool loaded = false;
 };
 
-class MemoryFormSmsSendView : public MemoryFormView<FormSmsSendView> {
+class MemoryFormSmsSendView final : public MemoryFormView<FormSmsSendView> {
 public:
     MemoryFormSmsSendView() {
         Have(CheckStatus(), BoxExpires(), CheckSendAndQuit(), CheckSetNumber(), TextTo(),
@@ -275,7 +275,7 @@ private:
     std::array<MemoryCheckBox, 6> bar;
 };
 
-class MemoryFormOptionsView : public MemoryFormView<FormOptionsView> {
+class MemoryFormOptionsView final : public MemoryFormView<FormOptionsView> {
 public:
     MemoryFormOptionsView() {
         Have(CheckStoreNumbers(), CheckNumberCache(), LabelNumUsedNumber(), TextNumUsedNumber(),
@@ -311,7 +311,7 @@ public:
     Text text;
 };
 
-class MemoryFormSmsPreviewView : public MemoryFormView<FormSmsPreviewView> {
+class MemoryFormSmsPreviewView final : public MemoryFormView<FormSmsPreviewView> {
 public:
     MemoryFormSmsPreviewView() {
         Have(LabelCount(), TextParts(), ListCharacters(), ButtonReplace(), ButtonReplaceAll());
@@ -324,7 +324,7 @@ public:
     void SetEvents(FormSmsPreviewEvents&) override {}
 };
 
-class MemoryFormSmsSelectAddressView : public MemoryFormView<FormSmsSelectAddressView> {
+class MemoryFormSmsSelectAddressView final : public MemoryFormView<FormSmsSelectAddressView> {
 public:
     MemoryFormSmsSelectAddressView() {
         Have(TextSearch(), BoxFolder(), ListAddresses(), ListChosen(), ButtonAdd(), ButtonRemove(),

@@ -47,7 +47,7 @@ TEST_CASE("the default alphabet and its extension table, and no other character"
     for (std::uint32_t unit = 0; unit < 0x10000; ++unit) {
         CAPTURE(unit);
         REQUIRE(SeptetsOf(char16_t(unit)) == expected[unit]);
-        const char16_t text = char16_t(unit);
+        const auto text = char16_t(unit);
         const AirCount count = CountOnAir({&text, 1});
         REQUIRE(count.units == std::max(expected[unit], 1));
         REQUIRE((count.encoding == AirEncoding::Gsm7) == (expected[unit] > 0));
