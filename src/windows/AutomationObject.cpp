@@ -94,6 +94,7 @@ private:
         std::vector<Text> texts{Text(member)};
         for (const NamedValue& argument : named) texts.emplace_back(argument.name);
         std::vector<LPOLESTR> names;
+        names.reserve(texts.size());
         for (const Text& text : texts) names.push_back(const_cast<LPOLESTR>(Wide(text)));
         identifiers.assign(names.size(), DISPID_UNKNOWN);
         const HRESULT result = dispatch->GetIDsOfNames(IID_NULL, names.data(), UINT(names.size()),

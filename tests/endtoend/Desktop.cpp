@@ -205,6 +205,7 @@ void Press(WORD key, const std::vector<WORD>& modifiers) {
         return static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
     };
     std::vector<INPUT> inputs;
+    inputs.reserve(2 * modifiers.size() + 2);
     for (const WORD modifier : modifiers) inputs.push_back(KeyInput(modifier, scan(modifier), 0));
     inputs.push_back(KeyInput(key, scan(key), 0));
     inputs.push_back(KeyInput(key, scan(key), KEYEVENTF_KEYUP));

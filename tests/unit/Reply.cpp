@@ -32,25 +32,24 @@ TEST_CASE("a reply to an SMS fills the form, any other is left to Outlook") {
     struct Case {
         const char* name;
         Value mark;  // of IsSMS; empty: no such property
-        bool redemption;
         TextView sender, body, subject;
-        bool isSms;
+        bool redemption, isSms;
         TextView recipient, message;
     };
     const Case cases[] = {
-        {"number and text", true, true, u"+491701234567", u"  Hello ", u"", true, u"+491701234567",
+        {"number and text", true, u"+491701234567", u"  Hello ", u"", true, true, u"+491701234567",
          u"Hello"},
-        {"number without text", true, true, u"+491701234567", u"", u"", true, u"+491701234567",
+        {"number without text", true, u"+491701234567", u"", u"", true, true, u"+491701234567",
          u""},
-        {"text before the sender", true, true, u"SMS from +49 170 1", u"a: b", u"", true,
+        {"text before the sender", true, u"SMS from +49 170 1", u"a: b", u"", true, true,
          u"SMS from +49 170 1", u"a: b"},
-        {"marked by a number", -1, true, u"123", u"x", u"", true, u"123", u"x"},
-        {"no sender, colon", true, true, u"", u"x", u"0171: Hi: you ", true, u"RE",
+        {"marked by a number", -1, u"123", u"x", u"", true, true, u"123", u"x"},
+        {"no sender, colon", true, u"", u"x", u"0171: Hi: you ", true, true, u"RE",
          u"0171: Hi: you"},
-        {"no outside library", true, false, u"+49170", u"x", u"Hi", true, u"RE", u"Hi"},
-        {"marked as no SMS", false, true, u"+49170", u"x", u"", false, u"", u""},
-        {"not marked", Value(), true, u"+49170", u"x", u"", false, u"", u""},
-        {"marked with nothing", Text(), true, u"+49170", u"x", u"", false, u"", u""}};
+        {"no outside library", true, u"+49170", u"x", u"Hi", false, true, u"RE", u"Hi"},
+        {"marked as no SMS", false, u"+49170", u"x", u"", true, false, u"", u""},
+        {"not marked", Value(), u"+49170", u"x", u"", true, false, u"", u""},
+        {"marked with nothing", Text(), u"+49170", u"x", u"", true, false, u"", u""}};
     for (const std::int32_t version : {9, 11}) {
         for (const Case& c : cases) {
             for (const bool inInspector : {false, true}) {
