@@ -53,6 +53,7 @@ public:
     const std::vector<ContactFolder>& Folders() const { return book.folders; }
 
 private:
+    static constexpr std::size_t EntriesAStep = 1000;  // that a step looks at
     enum class Step { Walk, Folder, Items, Keep, Members, Lists, Build, Done };
 
     void DoStep();
