@@ -17,9 +17,10 @@ inline constexpr char16_t LineFeed = 10;
 inline constexpr char16_t CarriageReturn = 13;
 inline constexpr TextView LineBreak = u"\r\n";
 
+char16_t LowerCaseBeyondAscii(char16_t unit);  // for LowerCase
+
 // Lower case of one UTF-16 code unit: Latin, Greek, Cyrillic and Armenian letters; every other
 // unit comes back as it is. Independent of the user's locale.
-char16_t LowerCaseBeyondAscii(char16_t unit);
 inline char16_t LowerCase(char16_t unit) {
     if (unit >= 0x80) return LowerCaseBeyondAscii(unit);
     return unit >= u'A' && unit <= u'Z' ? char16_t(unit + 32) : unit;

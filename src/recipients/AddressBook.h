@@ -19,8 +19,6 @@ struct ContactFolder {
     // Whether anything modified after `newest` is a change. It need not be when the folder was read
     // in the same minute.
     bool settled = false;
-
-    bool operator==(const ContactFolder& other) const = default;
 };
 
 // Anything that lies in a contact folder. Dates tell one from another: Outlook hands them out with

@@ -14,7 +14,7 @@ namespace {
 // Milliseconds. A slice's last step may take some more. As long as nothing waits, slices follow one
 // another without a pause; then Outlook's message loop has a turn all the same.
 constexpr double Slice = 5;
-constexpr double MostSlices = 100;
+constexpr double WithoutPause = 100;
 constexpr std::uint32_t Interval = 20;
 const Text NoFolder;
 
@@ -94,7 +94,7 @@ const Text& Addresses::FolderBeingRead() const {
 void Addresses::Tick() {
     Procedure procedure{debug, u"TimerAddresses_Timer"};
     if (working) return;  // Outlook runs its message loop within a slice
-    const double end = surroundings.clock.Milliseconds() + MostSlices;
+    const double end = surroundings.clock.Milliseconds() + WithoutPause;
     bool more = true;
     do {
         more = DoSlice(Slice);
@@ -134,7 +134,7 @@ bool Addresses::DoStage(double milliseconds) {
             harvested = true;
             failed = harvest->Failed();
             std::optional<AddressBook> now = harvest->TakeBook();
-            const bool changed = now || harvest->FoldersChanged();
+            const bool changed = now || harvest->SettledOthers();
             if (!now && changed) book.folders = harvest->Folders();
             harvest.reset();
             stage = Stage::Idle;

@@ -163,12 +163,11 @@ void ContactHarvest::BeginFolder() {
     folderName = contacts.known.name;
     const auto folder = std::uint16_t(book.folders.size());
     book.folders.push_back(contacts.known);
-    if (currentOld != folder) changed = true;
+    if (currentOld != folder || before.folders[folder].name != folderName) changed = true;
     if (IsUnchanged(contacts, currentOld)) {
         const ContactFolder& old = before.folders[std::size_t(currentOld)];
         book.folders.back().newest = old.newest;
         book.folders.back().settled = old.settled;
-        foldersChanged = foldersChanged || book.folders.back() != old;
         KeepAllOf(currentOld, folder);
         done += contacts.known.count;
         ++current;
@@ -311,8 +310,8 @@ void ContactHarvest::EndFolder() {
     // What is modified in the minute of the newest may come later than this reading.
     folder.settled = !incomplete && folder.newest > 0 &&
                      WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
-    foldersChanged =
-        foldersChanged || currentOld < 0 || before.folders[std::size_t(currentOld)] != folder;
+    if (currentOld >= 0 && before.folders[std::size_t(currentOld)].settled != folder.settled)
+        settledOthers = true;
     reader.reset();
     ++current;
     step = Step::Folder;

@@ -47,9 +47,9 @@ public:
 
     // When all is done: the new book; none when nothing changed.
     std::optional<AddressBook> TakeBook();
-    // Then: whether Outlook's folders are in another state all the same, and all of them, in the
-    // order that they had.
-    bool FoldersChanged() const { return foldersChanged; }
+    // When nothing changed: whether other folders are settled than before, which the next start
+    // should know; and all folders, in the order that they had.
+    bool SettledOthers() const { return settledOthers; }
     const std::vector<ContactFolder>& Folders() const { return book.folders; }
 
 private:
@@ -95,7 +95,7 @@ private:
     std::unordered_multimap<std::uint64_t, std::uint32_t> known;
     std::vector<std::uint32_t> oldItems;  // numbers, by folder
     bool changed = false;
-    bool foldersChanged = false;  // what is known of them, without their items
+    bool settledOthers = false;
     std::size_t next = 0;
     std::unordered_map<std::u16string, Text> numberOfMember;  // by folded name
     AddressBook book;

@@ -49,14 +49,12 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"reply-selected", {1, &Commands::ReplySelected}},
         {u"reply-inspector", {1, &Commands::ReplyInspector}},
         {u"bars", {1, &Commands::Bars}},
-        {u"add-bar", {2, &Commands::AddBar}},
         {u"many-contacts", {2, &Commands::ManyContacts}},
         {u"naive-contacts", {0, &Commands::NaiveContacts}},
         {u"until-file", {1, &Commands::UntilFile}},
         {u"type", {1, &Commands::TypeKeys}},
         {u"toolbar", {1, &Commands::Toolbar}},
         {u"menu", {1, &Commands::Menu}},
-        {u"add-control", {5, &Commands::AddControl}},
         {u"click", {2, &Commands::Click}},
         {u"ribbon", {1, &Commands::Ribbon}},
         {u"ribbon-inspector", {1, &Commands::InspectorRibbon}},
@@ -171,13 +169,6 @@ Text Commands::Bars(const Words& words) {
     return Joined(entries);
 }
 
-Text Commands::AddBar(const Words& words) {
-    const auto& bars = ExplorerAt(words)->commandBars;
-    Require(!bars->Find(words[1]), "there is such a bar");
-    bars->AddBar(words[1])->builtIn = false;
-    return {};
-}
-
 Text Commands::Toolbar(const Words& words) {
     return DescribeAll(*BarOf(*ExplorerAt(words), words.size() > 1 ? words[1] : u"Standard"));
 }
@@ -186,13 +177,6 @@ Text Commands::Menu(const Words& words) {
     const auto menu = ExplorerAt(words)->NewMenu();
     Require(menu != nullptr, "there is no drop-down");
     return DescribeAll(*menu);
-}
-
-Text Commands::AddControl(const Words& words) {
-    const auto button = BarOf(*ExplorerAt(words), words[1])->AddButton(words[2]);
-    button->tag = words[3];
-    button->onAction = words[4];
-    return {};
 }
 
 Text Commands::Click(const Words& words) {

@@ -28,11 +28,9 @@
 //                                    that of inspector N; answers "opened" when Outlook's own
 //                                    reply did, or "cancelled"
 // toolbars of explorer N
-//   bars N, add-bar N NAME           the bars; a new custom bar
+//   bars N                           the bars
 //   toolbar N [BAR]                  the controls of a bar, of "Standard" unless another is named
 //   menu N                           the entries of the "New" drop-down
-//   add-control N BAR CAPTION TAG ACTION
-//                                    a button that is remembered, as an earlier run leaves one
 //   click N CAPTION [BAR]            clicks a button of a bar
 //   click-menu N CAPTION             chooses an entry of the "New" drop-down
 //   ribbon N, ribbon-inspector N     the add-ins' buttons on the ribbon of a window
@@ -135,10 +133,8 @@ private:
     Text ReplySelected(const Words&);
     Text ReplyInspector(const Words&);
     Text Bars(const Words&);
-    Text AddBar(const Words&);
     Text Toolbar(const Words&);
     Text Menu(const Words&);
-    Text AddControl(const Words&);
     Text Click(const Words&);
     Text Ribbon(const Words&);
     Text InspectorRibbon(const Words&);

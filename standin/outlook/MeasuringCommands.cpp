@@ -79,6 +79,7 @@ Text Commands::UntilFile(const Words& words) {
 // Each key's time ends when all is done that it set off, its painting too.
 Text Commands::TypeKeys(const Words& words) {
     constexpr DWORD BetweenKeys = 50;
+    Require(!words[0].empty(), "nothing to type");
     const Held held(dispatcher);
     std::vector<double> times;
     for (const char16_t character : words[0]) {

@@ -55,7 +55,8 @@ struct People : TestProgram {
             gridsRead += EqualFolded(member, u"GetArray");
             return false;
         };
-        gridsRead = 0;
+        gridsRead = listsBuilt = 0;
+        addresses.AddListener([this](bool listChanged) { listsBuilt += listChanged; });
         addresses.SetApplication(outlook.Application());
         addresses.Refresh();
         for (int tick = 0; platform.timers.Tick() > 0; ++tick) REQUIRE(tick < 100000);
@@ -72,7 +73,7 @@ struct People : TestProgram {
     standin::OutlookModel outlook;
     std::shared_ptr<standin::Folder> club, board, archive;
     std::shared_ptr<standin::Item> anna, list;
-    int itemsRead = 0, gridsRead = 0;
+    int itemsRead = 0, gridsRead = 0, listsBuilt = 0;
     std::vector<Text> failed;
 };
 
@@ -130,6 +131,15 @@ TEST_CASE("every number in every contact folder is read, and later only what cha
         check("deleted", now, 0);
         people.outlook.MoveItem(people.anna, people.board);
         check("moved", now, 1);
+        // A folder read in the minute of its newest change is looked at once more, and no longer.
+        people.club->items->all[0]->modified = people.outlook.now + 1;
+        check("changed just now", now, 1);
+        check("looked at again", now, 0);
+        CHECK(people.listsBuilt == 1);  // that of the files
+        const int read = people.gridsRead;
+        check("settled", now, 0);
+        CHECK(people.gridsRead == 0);
+        CHECK((read > 0) == (version == 16));
     }
 }
 
