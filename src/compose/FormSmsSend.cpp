@@ -133,7 +133,6 @@ void FormSmsSend::Form_Initialize_() {
         return;
     }
     parts.textTemplates.GetTextbausteine();
-    parts.textTemplates.Refill();
     if (inifilesLite.GetIniSettingBool(u"Positions", u"SMSExpanded")) ExpandIt();
     parts.messageText.Reset();
     parts.messageText.SetHexButton();
@@ -339,6 +338,7 @@ void FormSmsSend::ExpandIt() {
     expanded = !expanded;
     SetButtons();
     Form_Resize();
+    if (expanded) parts.textTemplates.Fill();
 }
 
 }  // namespace tellwick

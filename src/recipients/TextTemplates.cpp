@@ -60,6 +60,10 @@ void TextTemplates::GetTextbausteine() {
     SortList(debug, TemplateList, TemplateListBound);
 }
 
+void TextTemplates::Fill() {
+    if (comboBoxTextbausteine.Count() == 0) Refill();
+}
+
 void TextTemplates::Refill() {
     comboBoxTextbausteine.Clear();
     if (IsEmpty()) return;

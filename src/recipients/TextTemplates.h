@@ -23,8 +23,8 @@ public:
 
     // Loads the templates, 100 at most, and sorts them.
     void GetTextbausteine();
-    // Fills the drop-down.
-    void Refill();
+    // Fills the drop-down when it is first seen.
+    void Fill();
     // Writes the templates back to the settings.
     void Save();
 
@@ -38,6 +38,7 @@ public:
     void ButtonInsert_Click();
 
 private:
+    void Refill();
     void InsertText(TextView text);
     bool IsEmpty() const { return TemplateListBound < 1 && TemplateList[0].empty(); }
 

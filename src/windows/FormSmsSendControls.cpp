@@ -14,15 +14,17 @@ std::vector<ControlPlan> FormSmsSendControls::Plan() {
     constexpr DWORD Group = WS_GROUP | BS_GROUPBOX;
     // What is behind a group box's frame is the form's to paint.
     constexpr DWORD SeeThrough = WS_EX_TRANSPARENT;
+    constexpr auto Later = ControlPlan::Later;
+    constexpr auto Never = ControlPlan::Never;
     return {
         // First in depth: the match list lies over the other controls.
-        {u"LabelNumbers", &labelNumbers, L"STATIC", 0, 0, false},
-        {u"ListBoxNumbers", &listBoxNumbers, L"LISTBOX", List, 0, false},
+        {u"LabelNumbers", &labelNumbers, L"STATIC", 0, 0, Never},
+        {u"ListBoxNumbers", &listBoxNumbers, L"LISTBOX", List, 0, Later},
         {u"ButtonBar1", &buttonBar1, WindowToolbar::Class, WindowToolbar::Style, 0},
         {u"ButtonTo", &buttonTo, L"BUTTON", Button | WS_GROUP, 0},
-        {u"LabelTo", &labelTo, L"STATIC", 0, 0, false},
+        {u"LabelTo", &labelTo, L"STATIC", 0, 0, Never},
         {u"TextTo", &textTo, L"COMBOBOX", Combo, 0},
-        {u"LabelMessage", &labelMessage, L"STATIC", 0, 0, false},
+        {u"LabelMessage", &labelMessage, L"STATIC", 0, 0, Never},
         {u"Message", &message, L"EDIT", Box, WS_EX_CLIENTEDGE},
         {u"FrameOptions", &frameOptions, L"BUTTON", Group, SeeThrough},
         {u"CheckFlash", &checkFlash, L"BUTTON", Check, 0},
@@ -40,14 +42,14 @@ std::vector<ControlPlan> FormSmsSendControls::Plan() {
         {u"ButtonHelp", &buttonHelp, L"BUTTON", Button, 0},
         {u"ButtonExpand", &buttonExpand, L"BUTTON", Button, 0},
         {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0},
-        {u"FrameTextbausteine", &frameTextbausteine, L"BUTTON", Group, SeeThrough, false},
-        {u"LabelTextbausteine", &labelTextbausteine, L"STATIC", 0, 0, false},
-        {u"ComboBoxTextbausteine", &comboBoxTextbausteine, L"COMBOBOX", Combo, 0, false},
-        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0, false},
-        {u"ButtonDel", &buttonDel, L"BUTTON", Button, 0, false},
-        {u"ButtonInsert", &buttonInsert, L"BUTTON", Button, 0, false},
+        {u"FrameTextbausteine", &frameTextbausteine, L"BUTTON", Group, SeeThrough, Later},
+        {u"LabelTextbausteine", &labelTextbausteine, L"STATIC", 0, 0, Never},
+        {u"ComboBoxTextbausteine", &comboBoxTextbausteine, L"COMBOBOX", Combo, 0, Later},
+        {u"ButtonAdd", &buttonAdd, L"BUTTON", Button, 0, Later},
+        {u"ButtonDel", &buttonDel, L"BUTTON", Button, 0, Later},
+        {u"ButtonInsert", &buttonInsert, L"BUTTON", Button, 0, Later},
         {u"LabelStatus", &labelStatus, L"STATIC", WS_GROUP | SS_LEFT | SS_NOPREFIX, 0},
-        {u"LabelProgress", &labelProgress, L"STATIC", 0, 0, false},
+        {u"LabelProgress", &labelProgress, L"STATIC", 0, 0, Never},
         {u"ProgressBar1", &progressBar1, PROGRESS_CLASSW, 0, 0},
         {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
     };

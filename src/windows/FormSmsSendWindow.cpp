@@ -43,7 +43,6 @@ bool FormSmsSendWindow::Load() {
     grown = 0;
     controls.buttonBar1.AddButtons();
     SendMessageW(controls.message.Window(), EM_SETLIMITTEXT, LongestText, 0);
-    SetWindowPos(controls.listBoxNumbers.Window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     SetDefaultButton(controls.buttonSend);
     return true;
 }
@@ -125,9 +124,9 @@ void FormSmsSendWindow::PlaceListBoxNumbers(std::int32_t rows) {
     const int rowHeight =
         int(SendMessageW(controls.listBoxNumbers.Window(), LB_GETITEMHEIGHT, 0, 0));
     const int borders = 2 * GetSystemMetrics(SM_CYBORDER);
-    SetWindowPos(controls.listBoxNumbers.Window(), HWND_TOP, field.left, field.bottom,
+    SetWindowPos(controls.listBoxNumbers.Window(), nullptr, field.left, field.bottom,
                  field.right - field.left, std::clamp(rows, 1, 10) * rowHeight + borders,
-                 SWP_NOACTIVATE);
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // The area that goes must not keep the focus.

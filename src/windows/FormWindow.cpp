@@ -62,16 +62,15 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
     lifetime = std::make_unique<Lifetime>();
     font = std::make_unique<MessageFont>(ResolutionOf(window));
     LoadIcons();
-    toolTips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
-                               0, 0, 0, window, nullptr, Library(), nullptr);
     controls = plan;
-    for (const ControlPlan& part : controls) {
-        const HWND control =
-            CreateWindowExW(part.extendedStyle, part.windowClass, nullptr,
-                            WS_CHILD | part.style | (part.visible ? WS_VISIBLE : 0u), 0, 0, 0, 0,
-                            window, nullptr, Library(), nullptr);
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
-        part.control->Attach(control, toolTips);
+    for (std::size_t index = 0; index < controls.size(); ++index) {
+        const ControlPlan& part = controls[index];
+        const bool label = part.shown == ControlPlan::Never;
+        if (controls[index + label].shown == ControlPlan::Later) {
+            part.control->AttachLater([this, index] { MakeLater(index); });
+        } else {
+            MakeControl(part);
+        }
     }
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedure));
@@ -85,7 +84,7 @@ void FormWindow::Destroy() {
     const HWND destroyed = std::exchange(window, nullptr);
     SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
     for (const ControlPlan& part : controls) part.control->Detach();
-    lastFocus = defaultButton = caller = nullptr;
+    lastFocus = defaultButton = caller = toolTips = nullptr;
     // Before the window goes: the system then activates its owner, not another program's window.
     if (const HWND owner = GetWindow(destroyed, GW_OWNER)) {
         EnableWindow(owner, TRUE);
@@ -95,6 +94,37 @@ void FormWindow::Destroy() {
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
     lifetime.reset();
+}
+
+void FormWindow::MakeControl(const ControlPlan& part) {
+    const DWORD visible = part.shown == ControlPlan::Always ? WS_VISIBLE : 0;
+    const HWND control = CreateWindowExW(part.extendedStyle, part.windowClass, nullptr,
+                                         WS_CHILD | visible | part.style, 0, 0, 0, 0, window,
+                                         nullptr, Library(), nullptr);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
+    part.control->Attach(control, toolTips);
+}
+
+// Its label comes first; both take the places in the tabulator key's order that they would have had
+// from the start.
+void FormWindow::MakeLater(std::size_t index) {
+    if (index > 0 && controls[index - 1].shown == ControlPlan::Never)
+        controls[index - 1].control->Need();
+    const VisualStyles styles;
+    MakeControl(controls[index]);
+    HWND before = HWND_TOP;
+    for (std::size_t earlier = 0; earlier < index; ++earlier) {
+        if (const HWND made = controls[earlier].control->Window()) before = made;
+    }
+    SetWindowPos(controls[index].control->Window(), before, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void FormWindow::MakeToolTips() {
+    const VisualStyles styles;
+    toolTips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
+                               0, 0, 0, window, nullptr, Library(), nullptr);
+    for (const ControlPlan& part : controls) part.control->AttachToolTips(toolTips);
 }
 
 void FormWindow::LoadIcons() {
@@ -198,6 +228,7 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
     const std::unique_ptr<MessageFont> old =
         std::exchange(font, std::make_unique<MessageFont>(resolution));
     for (const ControlPlan& part : controls) {
+        if (!part.control->Window()) continue;
         SendMessageW(part.control->Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()),
                      FALSE);
     }
@@ -316,6 +347,7 @@ LRESULT CALLBACK FormWindow::MessageHook(int code, WPARAM removal, LPARAM parame
 bool FormWindow::HandleInput(MSG& message) {
     // Cheaper than to have the tool tips listen at every control.
     if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
+        if (!toolTips) MakeToolTips();
         SendMessageW(toolTips, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
     }
     if (message.message == WM_LBUTTONDBLCLK) return OnDoubleClick(message.hwnd);

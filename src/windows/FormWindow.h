@@ -21,7 +21,9 @@ struct ControlPlan {
     const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle;
-    bool visible = true;
+    // One that is shown later has no window until it is needed. One that is never shown names the
+    // control behind it, and comes with it.
+    enum { Always, Later, Never } shown = Always;
 };
 
 class FormWindow {
@@ -85,14 +87,17 @@ private:
     void PlaceFirst();
     void MoveToFirstPlace();
     void LoadIcons();
+    void MakeControl(const ControlPlan& part);
+    void MakeLater(std::size_t index);
+    void MakeToolTips();
     void ChangeResolution(int resolution, const RECT& suggested);
 
     HWND window = nullptr;
     HWND lastFocus = nullptr;
     HWND caller = nullptr;
     HWND defaultButton = nullptr;
-    HWND toolTips = nullptr;
-    IconHandle smallIcon;  // kept for the next time that the form opens
+    HWND toolTips = nullptr;  // made when the mouse first moves over the form
+    IconHandle smallIcon;     // kept for the next time that the form opens
     IconHandle bigIcon;
     int iconResolution = 0;
     FormPlace wanted;

@@ -21,8 +21,36 @@ Text ItemText(const Sender& send, UINT lengthMessage, UINT textMessage, std::int
 }  // namespace
 
 void WindowControl::Attach(HWND newWindow, HWND newToolTips) {
+    makeWindow = nullptr;
     window = newWindow;
+    if (!waitingCaption.empty()) SetCaption(std::exchange(waitingCaption, {}));
+    AttachToolTips(newToolTips);
+}
+
+void WindowControl::AttachToolTips(HWND newToolTips) {
     toolTips = newToolTips;
+    if (!toolTip.empty()) ShowToolTip();
+}
+
+void WindowControl::AttachLater(std::function<void()> make) {
+    makeWindow = std::move(make);
+}
+
+bool WindowControl::Need() {
+    if (makeWindow) std::exchange(makeWindow, nullptr)();
+    return window != nullptr;
+}
+
+void WindowControl::Detach() {
+    window = toolTips = nullptr;
+    makeWindow = nullptr;
+    waitingCaption.clear();
+    toolTip.clear();
+}
+
+void WindowControl::SetCaption(TextView caption) {
+    if (makeWindow) waitingCaption = caption;
+    SetWindowTextTo(caption);
 }
 
 void WindowControl::SetEnabled(bool enabled) {
@@ -34,6 +62,7 @@ bool WindowControl::Visible() const {
 }
 
 void WindowControl::SetVisible(bool visible) {
+    if (visible) Need();
     if (window) ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
 }
 
@@ -46,16 +75,21 @@ bool WindowControl::HasFocus() const {
 }
 
 void WindowControl::SetToolTip(TextView text) {
+    if (!window && !makeWindow) return;
+    toolTip = text;
+    ShowToolTip();
+}
+
+void WindowControl::ShowToolTip() {
     if (!window || !toolTips) return;
-    Text shown(text);
     TOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = GetParent(window);
     tool.uId = reinterpret_cast<UINT_PTR>(window);
-    tool.lpszText = const_cast<wchar_t*>(Wide(shown));
+    tool.lpszText = const_cast<wchar_t*>(Wide(toolTip));
     SendMessageW(toolTips, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!shown.empty()) SendMessageW(toolTips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!toolTip.empty()) SendMessageW(toolTips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 Text WindowControl::WindowText() const {
@@ -150,6 +184,7 @@ Text WindowListBox::Item(std::int32_t index) const {
 
 // The system would measure and draw the list again for each of them.
 void WindowListBox::SetItems(const std::vector<Text>& items) {
+    if (!items.empty()) Need();
     Send(WM_SETREDRAW, FALSE);
     Clear();
     for (const Text& item : items) Add(item);
@@ -258,11 +293,24 @@ void WindowStatusBar::MovePane(int edge, const RECT& client) {
     const bool two = edge >= 0;
     const int edges[] = {edge, -1};
     Send(SB_SETPARTS, two ? 2 : 1, reinterpret_cast<LPARAM>(edges));
+    MoveToolTip(edge, client);
+}
+
+void WindowStatusBar::AttachToolTips(HWND newToolTips) {
+    WindowLabel::AttachToolTips(newToolTips);
+    RECT client{};
+    GetClientRect(Window(), &client);
+    int edge = -1;
+    Send(SB_GETPARTS, 1, reinterpret_cast<LPARAM>(&edge));
+    MoveToolTip(edge, client);
+}
+
+void WindowStatusBar::MoveToolTip(int edge, const RECT& client) {
     TOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.hwnd = Window();
     SendMessageW(ToolTips(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!two) return;
+    if (edge < 0) return;
     tool.rect = {edge, 0, client.right, client.bottom};
     tool.lpszText = const_cast<wchar_t*>(Wide(paneTip));
     SendMessageW(ToolTips(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

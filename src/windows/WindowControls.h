@@ -14,8 +14,15 @@ namespace tellwick::windows {
 class WindowControl : public virtual Control {
 public:
     HWND Window() const { return window; }
+    // The window that shows the tool tips may follow.
     void Attach(HWND newWindow, HWND newToolTips);
-    void Detach() { window = toolTips = nullptr; }
+    virtual void AttachToolTips(HWND newToolTips);
+    // Until the control is needed it has no window, but keeps its caption and its tool tip; then
+    // `make` attaches one.
+    void AttachLater(std::function<void()> make);
+    // It is needed: whether it has a window now.
+    bool Need();
+    void Detach();
 
     bool Enabled() const override { return window && IsWindowEnabled(window); }
     void SetEnabled(bool enabled) override;
@@ -24,8 +31,8 @@ public:
     void SetVisible(bool visible) override;
     void SetFocus() override;
     bool HasFocus() const override;
-    Text Caption() const override { return WindowText(); }
-    void SetCaption(TextView caption) override { SetWindowTextTo(caption); }
+    Text Caption() const override { return window ? WindowText() : waitingCaption; }
+    void SetCaption(TextView caption) override;
     void SetToolTip(TextView text) override;
 
 protected:
@@ -36,8 +43,13 @@ protected:
     LRESULT SendText(UINT message, WPARAM first, TextView text) const;
 
 private:
+    void ShowToolTip();
+
     HWND window = nullptr;
     HWND toolTips = nullptr;
+    std::function<void()> makeWindow;  // empty when it has been made
+    Text waitingCaption;
+    Text toolTip;
 };
 
 // A text that changes while the form is open: screen readers are told.
@@ -83,7 +95,9 @@ private:
 class WindowListBox : public ListBox, public WindowControl {
 public:
     void Clear() override { Send(LB_RESETCONTENT); }
-    void Add(TextView item) override { SendText(LB_ADDSTRING, 0, item); }
+    void Add(TextView item) override {
+        if (Need()) SendText(LB_ADDSTRING, 0, item);
+    }
     void SetItems(const std::vector<Text>& items) override;
     std::int32_t Count() const override;
     Text Item(std::int32_t index) const override;
@@ -94,7 +108,9 @@ public:
 class WindowComboBox : public ComboBox, public WindowTextBox {
 public:
     void Clear() override;
-    void Add(TextView item) override { SendText(CB_ADDSTRING, 0, item); }
+    void Add(TextView item) override {
+        if (Need()) SendText(CB_ADDSTRING, 0, item);
+    }
     std::int32_t Count() const override;
     Text Item(std::int32_t index) const override;
     std::int32_t SelectedIndex() const override;
@@ -116,6 +132,7 @@ public:
     void SetText(TextView text) override;
     void SetPane(TextView text, TextView shortText) override;
     void SetToolTip(TextView text) override { paneTip = text; }
+    void AttachToolTips(HWND newToolTips) override;
     // Takes its place at the form's lower edge.
     void Arrange();
     // Whether a click that it told of was on the pane.
@@ -127,6 +144,7 @@ private:
     std::array<int, 3> Widths() const;
     // To its left edge; -1 takes it away.
     void MovePane(int edge, const RECT& client);
+    void MoveToolTip(int edge, const RECT& client);
 
     Text pane, shortPane, paneTip;
 };

@@ -89,9 +89,11 @@ TEST_CASE("the form opens over Outlook, later where and as it was, unless no scr
     // Unfolding makes it higher by what it shows, folding takes that back.
     const LONG folded = HeightOf(form.window);
     const LONG message = HeightOf(form.message);
-    const HWND frame = form.Control(L"Textbausteine");
     Press('R', {VK_MENU});
-    REQUIRE(WaitUntil([&] { return IsWindowVisible(frame) != 0; }));
+    REQUIRE(WaitUntil([&] {
+        const HWND frame = FindByText(form.window, L"Textbausteine");
+        return frame && IsWindowVisible(frame);
+    }));
     CHECK(WaitUntil([&] { return HeightOf(form.window) > folded; }));
     const LONG unfolded = HeightOf(form.window);
     CHECK(HeightOf(form.message) == message);

@@ -69,6 +69,7 @@ void FuzzTemplates(Input input) {
     const Text text = input.TextField();
     OpenForm form(input.Rest());
     auto& box = form.view.ComboBoxTextbausteine();
+    form.program.textTemplates.Fill();
     std::vector<Text> templates = form.Settings(u"Texte", u"Text", 0, most);
     SortPlainly(templates);
     Require(box.items == templates, "the templates are read up to the first gap, and sorted");
@@ -86,6 +87,7 @@ void FuzzTemplates(Input input) {
         SortPlainly(templates);
     }
     form.OpenAgain();
+    form.program.textTemplates.Fill();
     Require(box.items == templates, "every template is kept");
 
     const Text meant = ReplaceAll(ReplaceAll(saved, u"\\13", u"\r"), u"\\10", u"\n");

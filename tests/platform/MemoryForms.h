@@ -247,6 +247,10 @@ public:
     MemoryControl& LabelStatus() override { return Own(u"LabelStatus"); }
     MemoryProgressBar& ProgressBar1() override { return Own(u"ProgressBar1"); }
     MemoryStatusBar& StatusBar1() override { return Own(u"StatusBar1"); }
+    void Unload() override {
+        ComboBoxTextbausteine().Clear();
+        MemoryFormView::Unload();
+    }
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
     void SetMessageFont(TextView name, std::int32_t points) override {

@@ -194,6 +194,8 @@ TEST_CASE("templates are added once each, inserted over what is marked, deleted 
     CHECK(form.view.Message().GetText() == u"xc\r\ndy");
     form.program.formSmsSend.Unload();
     form.Open();
+    form.program.formSmsSend.ButtonExpand_Click();
+    CHECK(box.items.size() == 5);
     for (int left = 5; left > 0; --left) {
         box.SetSelectedIndex(0);
         events.ButtonDel_Click();
