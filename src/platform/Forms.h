@@ -55,7 +55,7 @@ public:
     virtual bool Loaded() const = 0;
     // Shows the window modeless and brings it to the front.
     virtual void Show() = 0;
-    // Destroys the window. Nothing when it is not loaded.
+    // Takes the window away. Nothing when it is not loaded.
     virtual void Unload() = 0;
 
     virtual FormPlace Place() const = 0;

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/Keys.h"
 #include "windows/DialogKeys.h"
@@ -33,10 +34,20 @@ bool RegisterFormClass() {
     return RegisterClassExW(&form) != 0;
 }
 
+BOOL CALLBACK DestroyForm(HWND window, LPARAM) {
+    wchar_t name[32]{};
+    GetClassNameW(window, name, int(std::size(name)));
+    const auto owner = reinterpret_cast<HMODULE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
+    if (owner == Library() && std::wstring_view(name) == FormClass) DestroyWindow(window);
+    return TRUE;
+}
+
 }  // namespace
 
 FormWindow::~FormWindow() {
     Destroy();
+    // The library goes: what the message loop had no turn for goes before.
+    EnumThreadWindows(GetCurrentThreadId(), &DestroyForm, 0);
 }
 
 HWND FormWindow::ActiveWindow() {
@@ -81,16 +92,19 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
 
 void FormWindow::Destroy() {
     if (!window) return;
-    const HWND destroyed = std::exchange(window, nullptr);
-    SetWindowLongPtrW(destroyed, GWLP_USERDATA, 0);
+    const HWND gone = std::exchange(window, nullptr);
+    SetWindowLongPtrW(gone, GWLP_USERDATA, 0);
+    SetWindowLongPtrW(gone, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
     for (const ControlPlan& part : controls) part.control->Detach();
     lastFocus = defaultButton = caller = toolTips = nullptr;
     // Before the window goes: the system then activates its owner, not another program's window.
-    if (const HWND owner = GetWindow(destroyed, GW_OWNER)) {
+    if (const HWND owner = GetWindow(gone, GW_OWNER)) {
         EnableWindow(owner, TRUE);
-        if (GetActiveWindow() == destroyed) SetActiveWindow(owner);
+        if (GetActiveWindow() == gone) SetActiveWindow(owner);
     }
-    DestroyWindow(destroyed);
+    // Taking it apart can wait for the message loop's next turn, and nobody has to wait for it.
+    ShowWindow(gone, SW_HIDE);
+    if (!PostMessageW(gone, WM_CLOSE, 0, 0)) DestroyWindow(gone);
     std::erase(openForms, this);
     if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
     lifetime.reset();

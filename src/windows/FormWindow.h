@@ -42,6 +42,7 @@ protected:
     // owner it is a dialog: of a fixed size and above its owner, which takes no input from the
     // first showing until the window is destroyed. False when the system refuses.
     bool Create(const std::vector<ControlPlan>& plan, HWND owner = nullptr);
+    // Hides the window and lets it go: the system takes it apart afterwards.
     void Destroy();
     // The first time at its place: the wanted one where a screen still is there, else over the
     // window it was called from; never below its least size.
