@@ -43,6 +43,8 @@ TEST_CASE("people are found by any of their names, in the field and in the selec
         Form::Fill(form.to, L"m\u00FCl");
         CHECK(Matches(form, {L"M\u00FCller, J\u00F6rg  (01712000002)",
                              L"M\u00FCller, J\u00F6rg  (0303000003)"}));
+        // A screen reader takes the label before the list for its name.
+        CHECK(ClassOf(GetWindow(MatchList(form), GW_HWNDPREV)) == L"Static");
         Form::Fill(form.to, L"nov");
         CHECK(Matches(form, {L"Nov\u00E1kov\u00E1, Zde\u0148ka  (+420601100001)"}));
         Press(VK_DOWN);
