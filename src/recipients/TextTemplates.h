@@ -23,7 +23,7 @@ public:
 
     // Loads the templates, 100 at most, and sorts them.
     void GetTextbausteine();
-    // Fills the drop-down when it is first seen.
+    // Fills the drop-down, unless it is filled: for when it comes to be seen.
     void Fill();
     // Writes the templates back to the settings.
     void Save();

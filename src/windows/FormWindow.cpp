@@ -37,8 +37,8 @@ bool RegisterFormClass() {
 BOOL CALLBACK DestroyForm(HWND window, LPARAM) {
     wchar_t name[32]{};
     GetClassNameW(window, name, int(std::size(name)));
-    const auto owner = reinterpret_cast<HMODULE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
-    if (owner == Library() && std::wstring_view(name) == FormClass) DestroyWindow(window);
+    const auto maker = reinterpret_cast<HMODULE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
+    if (maker == Library() && std::wstring_view(name) == FormClass) DestroyWindow(window);
     return TRUE;
 }
 
@@ -76,6 +76,7 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
     controls = plan;
     for (std::size_t index = 0; index < controls.size(); ++index) {
         const ControlPlan& part = controls[index];
+        // A label that is never seen goes with the control behind it.
         const bool label = part.shown == ControlPlan::Never;
         if (controls[index + label].shown == ControlPlan::Later) {
             part.control->AttachLater([this, index] { MakeLater(index); });

@@ -47,7 +47,7 @@ private:
 
     HWND window = nullptr;
     HWND toolTips = nullptr;
-    std::function<void()> makeWindow;  // empty when it has been made
+    std::function<void()> makeWindow;  // while the control has none but will when it is needed
     Text waitingCaption;
     Text toolTip;
 };

@@ -135,7 +135,7 @@ public:
     // Puts a folder into this one.
     std::shared_ptr<Folder> Add(TextView newName, std::int32_t newType);
 
-    const Text name;
+    Text name;
     const std::int32_t number;  // as default folder; 0 for any other
     const std::int32_t itemType;
     const Text entryId;

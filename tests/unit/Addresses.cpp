@@ -140,6 +140,9 @@ TEST_CASE("every number in every contact folder is read, and later only what cha
         check("settled", now, 0);
         CHECK(people.gridsRead == 0);
         CHECK((read > 0) == (version == 16));
+        people.club->name = u"Verein";
+        check("renamed", now, 0);
+        CHECK(people.listsBuilt == 2);
     }
 }
 
