@@ -161,6 +161,10 @@ const Member* Reference::FindMember(TextView name) {
         return nullptr;
     }
     const Member* member = object->Table().Find(name);
+    if (name.empty() && object->ClassName() == u"MailItem" &&
+        object->outlook.Does(Documented::NoDefaultMember)) {
+        member = nullptr;
+    }
     if (!member || member->firstVersion > object->outlook.version) {
         object->Fail(error::NoSuchMember);
         return nullptr;

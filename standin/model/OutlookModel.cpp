@@ -317,6 +317,13 @@ const std::shared_ptr<Folder>& OutlookModel::DefaultFolder(std::int32_t number) 
     return found == folders.end() ? folders[0] : *found;
 }
 
+bool OutlookModel::Does(Documented behaviour) const {
+    const DocumentedRow& row = RowOf(behaviour);
+    if (version < row.first || version > row.last) return false;
+    const auto found = switched.find(behaviour);
+    return found == switched.end() ? row.usual : found->second;
+}
+
 void OutlookModel::FailMember(TextView className, TextView member, std::int32_t error) {
     failures[{LowerCase(className), LowerCase(member)}] = error;
 }

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "model/Application.h"
+#include "model/Documented.h"
 #include "model/Ribbon.h"
 #include "model/Windows.h"
 
@@ -88,6 +89,10 @@ public:
     // An inbox for every number that is not the contacts' or the calendar's.
     const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
 
+    // Whether this Outlook does what the row says: in its versions, as usual or as switched.
+    bool Does(Documented behaviour) const;
+    void Switch(Documented behaviour, bool on) { switched[behaviour] = on; }
+
     // Lets every use of the member fail with the error; 0 ends that. Class as in TypeName.
     void FailMember(TextView className, TextView member, std::int32_t error);
     std::int32_t FailureOf(TextView className, TextView member) const;
@@ -157,6 +162,7 @@ private:
     std::vector<std::shared_ptr<Window>> stack;  // the window in front is the last
     std::shared_ptr<CommandBars> remembered;     // of the explorer closed last
     std::map<std::pair<Text, Text>, std::int32_t> failures;
+    std::map<Documented, bool> switched;
 };
 
 // What every object of Outlook's own has, by the number of its class.
