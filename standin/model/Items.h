@@ -46,6 +46,7 @@ public:
     const MemberTable& Table() const override;
     const EventInterface* Events() const override;
     bool IsGone() const override { return deleted; }
+    void OnHeld() override;
 
     Text Field(TextView name) const;
     // Nothing when items of the class have no such field.
@@ -66,6 +67,8 @@ public:
     double modified = 0;
     std::weak_ptr<Folder> folder;
     bool deleted = false;
+    // Fields that the store has got while somebody held the item.
+    std::vector<std::pair<Text, Text>> storedMeanwhile;
 
 private:
     std::vector<std::pair<TextView, Text>> fields;  // by the names of FieldNames
