@@ -28,7 +28,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       prefixes(debug, inifilesLite, language),
       addresses(services, {errors, platform.automation, prefixes, platform.locale, platform.clock},
                 platform.fileSystem, platform.timers, platform.messageLoop),
-      contacts(errors, platform.automation, prefixes, addresses),
+      contacts(errors, platform.automation, processValues, prefixes, addresses),
       process(debug, platform.programs),
       tellwick(debug, regEdit, process, questionBox, platform.programs, platform.messageLoop),
       smsQueue(regEdit, files, platform.fileSystem, platform.locks),
@@ -56,11 +56,10 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                   {submission, messageText, recipientField, textTemplates}, airCountLine,
                   formSmsPreview, formSmsSelectAddress, formOptions, helpViewer),
       formT1(debug, forms, platform.timers),
-      smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
+      smsReply(errors, debug, processValues, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
       ribbon(errors, debug, language, platform.bitmaps, contacts, smsReply, formSmsSend),
-      olButtons(regEdit, platform.bitmaps),
-      automation(platform.automation) {}
+      olButtons(regEdit, platform.bitmaps) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     const auto openSms = [this](const ObjectPtr& application) {
@@ -68,10 +67,10 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     };
     const auto createExplorer = [this, openSms] {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
-                                             automation, processValues, ribbon, openSms);
+                                             processValues, ribbon, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, addresses, forms, smsReply,
-                                          ribbon, processValues, createExplorer);
+    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses, forms,
+                                          smsReply, ribbon, processValues, createExplorer);
 }
 
 }  // namespace tellwick

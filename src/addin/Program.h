@@ -5,7 +5,6 @@
 
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
-#include "addin/ProcessValues.h"
 #include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
@@ -21,6 +20,7 @@
 #include "compose/Tellwick.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
+#include "platform/ProcessValues.h"
 #include "recipients/Addresses.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
@@ -53,6 +53,7 @@ public:
     std::shared_ptr<OutlookAddIn> CreateOutlookAddIn();
 
     PendingError& errors;
+    ProcessValues processValues;
     RegEdit regEdit;
     Debug debug;
     Paths paths;
@@ -85,10 +86,6 @@ public:
     SmsReply smsReply;
     Ribbon ribbon;
     OlButtons olButtons;
-    ProcessValues processValues;
-
-private:
-    Automation& automation;
 };
 
 }  // namespace tellwick

@@ -102,7 +102,7 @@ Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitm
       smsReply(smsReply),
       formSmsSend(formSmsSend) {}
 
-Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion) {
+Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connection connection) {
     Procedure procedure{debug, u"GetCustomUI"};
     const bool isExplorer = ribbonId == u"Microsoft.Outlook.Explorer";
     Text tabs;
@@ -119,16 +119,17 @@ Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion) {
     } else {
         return {};
     }
-    Text xml = Text(
-                   u"<customUI onLoad=\"Ribbon_onLoad\""
-                   u" xmlns=\"http://schemas.microsoft.com/office/")
+    const bool live = connection == Connection::Live;
+    Text xml = Text(u"<customUI")
+                   .append(live ? u" onLoad=\"Ribbon_onLoad\"" : u"")
+                   .append(u" xmlns=\"http://schemas.microsoft.com/office/")
                    .append(outlookVersion < FirstWithContextMenus ? u"2006/01" : u"2009/07")
                    .append(u"/customui\"><ribbon><tabs>")
                    .append(tabs)
                    .append(u"</tabs></ribbon>")
                    .append(menus)
                    .append(u"</customUI>");
-    inExplorers = inExplorers || isExplorer;
+    inExplorers = inExplorers || (live && isExplorer);
     return xml;
 }
 

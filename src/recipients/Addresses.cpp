@@ -28,6 +28,16 @@ Addresses::Addresses(const Services& services, const ContactHarvest::Surrounding
       timers(timers),
       messageLoop(messageLoop) {}
 
+void Addresses::SetApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = false;
+}
+
+void Addresses::LendApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = true;
+}
+
 void Addresses::Release() {
     Stop();
     application.reset();
@@ -73,6 +83,7 @@ const AddressList& Addresses::Complete() {
 void Addresses::Stop() {
     stopped = true;
     timer.reset();
+    if (std::exchange(lent, false)) application.reset();
     if (working) return;  // the slice that runs ends it
     stage = Stage::Idle;
     reader.reset();

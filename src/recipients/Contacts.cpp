@@ -6,12 +6,18 @@
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "recipients/Addresses.h"
+#include "recipients/Conversation.h"
 #include "recipients/NumberInText.h"
 #include "recipients/Prefixes.h"
 
 namespace tellwick {
 
 namespace {
+
+// Outlook 2003: from then on what comes from the application that a connection hands over is
+// trusted.
+constexpr std::int32_t FirstTrusting = 11;
+constexpr std::int32_t MostConversations = 20;
 
 // Where the word or words first stand by themselves; npos when they do not, or are none.
 std::size_t FindWord(TextView text, TextView word) {
@@ -28,34 +34,64 @@ std::size_t FindWord(TextView text, TextView word) {
 
 }  // namespace
 
-Contacts::Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes,
-                   Addresses& addresses)
-    : errors(errors), automation(automation), prefixes(prefixes), addresses(addresses) {}
+Contacts::Contacts(PendingError& errors, Automation& automation, const ProcessValues& processValues,
+                   Prefixes& prefixes, Addresses& addresses)
+    : errors(errors),
+      automation(automation),
+      processValues(processValues),
+      prefixes(prefixes),
+      addresses(addresses) {}
 
 Text Contacts::SelectedRecipients(const ObjectPtr& outlookApplication) {
+    const Origin origin = outlookApplication ? Origin::Connection : Origin::RunningObject;
     const ObjectPtr application =
         outlookApplication ? outlookApplication : automation.Running(u"Outlook.Application");
-    return RecipientsIn(
-        outlook::Application(errors, application).ActiveExplorer().Selection().Reference());
+    LendApplicationOf(outlookApplication);
+    return RecipientsFrom(
+        outlook::Application(errors, application).ActiveExplorer().Selection().Reference(), origin);
 }
 
 Text Contacts::RecipientsIn(const ObjectPtr& items) {
+    LendApplicationOf(items);
+    return RecipientsFrom(items, Origin::Connection);
+}
+
+Text Contacts::RecipientOf(const ObjectPtr& item) {
+    LendApplicationOf(item);
+    return RecipientFrom(item, Origin::Connection);
+}
+
+// A connection without a window handed no application over that the contacts could be read from.
+void Contacts::LendApplicationOf(const ObjectPtr& object) {
+    if (!object || addresses.HasApplication()) return;
+    addresses.LendApplication(AsObject(Get(errors, object, u"Application")));
+}
+
+Text Contacts::RecipientsFrom(const ObjectPtr& items, Origin origin) {
     const outlook::Selection selection(errors, items);
     std::vector<Text> numbers;
     Text recipients;
-    for (std::int32_t index = 1, count = selection.Count(); index <= count; ++index) {
-        Text number = RecipientOf(selection.Item(index).Reference());
+    const auto add = [&](const outlook::Item& item) {
+        Text number = RecipientFrom(item.Reference(), origin);
         if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end()) {
-            continue;
+            return;
         }
         if (!recipients.empty()) recipients += u';';
         recipients += number;
         numbers.push_back(std::move(number));
+    };
+    const std::int32_t count = selection.Count();
+    for (std::int32_t index = 1; index <= count; ++index) add(selection.Item(index));
+    if (count == 0 && selection && processValues.outlookVersion >= FirstWithConversations) {
+        for (const outlook::Item& mail :
+             NewestOfConversations(errors, selection, MostConversations)) {
+            add(mail);
+        }
     }
     return recipients;
 }
 
-Text Contacts::RecipientOf(const ObjectPtr& item) {
+Text Contacts::RecipientFrom(const ObjectPtr& item, Origin origin) {
     switch (outlook::Item(errors, item).Class()) {
         case outlook::ContactClass: {
             // The mobile number, else the one at home.
@@ -64,23 +100,32 @@ Text Contacts::RecipientOf(const ObjectPtr& item) {
             return Dialable(number);
         }
         case outlook::MailClass:
-            return NumberForMail(item);
+            return NumberForMail(item, origin);
         default:
             return {};
     }
 }
 
 // The sender's own number, as messages from a telephone have it; else that of the first contact
-// whom a reply to the mail names. Read through Redemption, since Outlook would ask the user before
-// it hands out sender and body.
-Text Contacts::NumberForMail(const ObjectPtr& mail) {
-    const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
-    if (!safeItem) return {};
-    safeItem->Put(u"Item", mail);
-    const Text own = NumberInText(AsText(safeItem->Get(u"SentOnBehalfOfName")));
+// whom a reply to the mail names. Without Redemption only where Outlook does not ask the user
+// before it hands out sender and body.
+Text Contacts::NumberForMail(const ObjectPtr& mail, Origin origin) {
+    const ObjectPtr safeMail = SafeMail(mail);
+    const bool trusted =
+        origin == Origin::Connection && processValues.outlookVersion >= FirstTrusting;
+    if (!safeMail && !trusted) return {};
+    const Text own =
+        NumberInText(AsText(Get(errors, safeMail ? safeMail : mail, u"SentOnBehalfOfName")));
     if (!own.empty()) return Dialable(own);
-    safeItem->Put(u"Item", ReplyOf(mail));
-    return NumberOfPersonIn(AsText(safeItem->Get(u"Body")));
+    const ObjectPtr reply = ReplyOf(mail);
+    if (safeMail) safeMail->Put(u"Item", reply);
+    return NumberOfPersonIn(AsText(Get(errors, safeMail ? safeMail : reply, u"Body")));
+}
+
+ObjectPtr Contacts::SafeMail(const ObjectPtr& mail) {
+    const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
+    Put(errors, safeItem, u"Item", mail);
+    return safeItem;
 }
 
 ObjectPtr Contacts::ReplyOf(const ObjectPtr& mail) {
