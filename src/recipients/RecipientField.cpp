@@ -145,6 +145,8 @@ void RecipientField::SetText(TextView text) {
     const Meanwhile set(setting, true);
     textTo.Select(0, std::int32_t(textTo.GetText().size()));
     textTo.ReplaceSelection(text);
+    // A user who is in the field goes on behind it, any other sees its beginning.
+    if (!textTo.HasFocus()) textTo.Select(0, 0);
     fieldText = text;
 }
 

@@ -205,6 +205,7 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             // A click into the match list is not a leaving of the field.
             if (GetFocus() != controls.listBoxNumbers.Window())
                 parts->recipientField.TextTo_LostFocus();
+            controls.textTo.Arranged();
             break;
         default:
             break;

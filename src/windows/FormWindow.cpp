@@ -255,6 +255,8 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
                  std::max(suggested.bottom - suggested.top, least.cy),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     OnSize();
+    // Labels kept what was drawn in the old size.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void FormWindow::SetWindowCaption(TextView caption) {
@@ -384,12 +386,14 @@ Placement::Placement() : positions(BeginDeferWindowPos(40)) {}
 
 Placement::~Placement() {
     if (positions) EndDeferWindowPos(positions);
+    for (const WindowControl* control : moved) control->Arranged();
 }
 
 void Placement::Move(const WindowControl& control, int x, int y, int width, int height) {
     if (!positions || !control.Window()) return;
     positions = DeferWindowPos(positions, control.Window(), nullptr, x, y, std::max(width, 0),
                                std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+    moved.push_back(&control);
 }
 
 }  // namespace tellwick::windows

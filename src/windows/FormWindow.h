@@ -138,6 +138,7 @@ public:
 
 private:
     HDWP positions;
+    std::vector<const WindowControl*> moved;
 };
 
 }  // namespace tellwick::windows
