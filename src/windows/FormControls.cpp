@@ -84,14 +84,12 @@ Placement::Placement() : positions(BeginDeferWindowPos(40)) {}
 
 Placement::~Placement() {
     if (positions) EndDeferWindowPos(positions);
-    for (const WindowControl* control : moved) control->Arranged();
 }
 
 void Placement::Move(const WindowControl& control, int x, int y, int width, int height) {
     if (!positions || !control.Window()) return;
     positions = DeferWindowPos(positions, control.Window(), nullptr, x, y, std::max(width, 0),
                                std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
-    moved.push_back(&control);
 }
 
 }  // namespace tellwick::windows

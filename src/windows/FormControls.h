@@ -55,7 +55,6 @@ public:
 
 private:
     HDWP positions;
-    std::vector<const WindowControl*> moved;
 };
 
 }  // namespace tellwick::windows

@@ -156,26 +156,8 @@ void WindowTextBox::Select(std::int32_t start, std::int32_t length) {
     const std::int32_t end = GetWindowTextLengthW(Edit());
     const std::int32_t first = std::clamp(start, 0, end);
     const std::int32_t last = first + std::clamp(length, 0, end - first);
-    SelectTo(first, last);
-}
-
-void WindowTextBox::SelectTo(std::int32_t anchor, std::int32_t caret) const {
-    SendMessageW(Edit(), EM_SETSEL, WPARAM(anchor), LPARAM(caret));
+    SendMessageW(Edit(), EM_SETSEL, WPARAM(first), LPARAM(last));
     SendMessageW(Edit(), EM_SCROLLCARET, 0, 0);
-}
-
-void WindowTextBox::Arranged() const {
-    if (!Edit() || (GetWindowLongW(Edit(), GWL_STYLE) & ES_MULTILINE) != 0) return;
-    const std::int32_t start = SelectionStart();
-    const std::int32_t end = start + SelectionLength();
-    SelectTo(0, 0);
-    if (!HasFocus() || end == 0) return;
-    // What is selected from the beginning on keeps it in sight.
-    if (start == 0) {
-        SelectTo(end, start);
-    } else {
-        SelectTo(start, end);
-    }
 }
 
 void WindowTextBox::ReplaceSelection(TextView text) {

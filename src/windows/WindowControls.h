@@ -34,8 +34,6 @@ public:
     Text Caption() const override { return window ? WindowText() : waitingCaption; }
     void SetCaption(TextView caption) override;
     void SetToolTip(TextView text) override;
-    // The form has given it its place.
-    virtual void Arranged() const {}
 
 protected:
     HWND ToolTips() const { return toolTips; }
@@ -85,17 +83,12 @@ public:
     void Select(std::int32_t start, std::int32_t length) override;
     void ReplaceSelection(TextView text) override;
     void Undo() override;
-    // A field of one line that scrolled when it was filled or made narrower shows its beginning
-    // again, as far as the caret of a user who is in it stays in sight.
-    void Arranged() const override;
 
 protected:
     // The edit control itself.
     virtual HWND Edit() const { return Window(); }
 
 private:
-    void SelectTo(std::int32_t anchor, std::int32_t caret) const;
-
     bool setting = false;  // the change is told once the text is set
 };
 
