@@ -12,6 +12,24 @@ namespace tellwick::standin {
 
 enum class Documented {
     NoDefaultMember,
+
+    // Contacts and folders.
+    ArrayLargerThanTable,
+    LargeTableUncounted,
+    RowByRow,
+    PublicStore,
+    ClosedStore,
+    PasswordAsked,
+    SlowStore,
+    SharedFolder,
+    DeletedFolder,
+    HiddenFolder,
+    LateChange,
+    LocalDates,
+    UniversalDates,
+    OtherCalendar,
+    CountFails,
+    FoldersLimited,
 };
 
 struct DocumentedRow {

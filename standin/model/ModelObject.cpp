@@ -139,12 +139,17 @@ void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,
 }
 
 Reference::Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object)
-    : errors(outlook.errors), object(std::move(object)) {
+    : errors(outlook.errors),
+      object(std::move(object)),
+      isFolder(dynamic_cast<Folder*>(this->object.get()) != nullptr) {
     outlook.references.insert(this);
+    if (isFolder) outlook.FolderOpened();
 }
 
 Reference::~Reference() {
-    if (object) object->outlook.references.erase(this);
+    if (!object) return;
+    object->outlook.references.erase(this);
+    if (isFolder) object->outlook.FolderLetGo();
 }
 
 const Member* Reference::FindMember(TextView name) {
@@ -156,6 +161,7 @@ const Member* Reference::FindMember(TextView name) {
         object->Fail(failure);
         return nullptr;
     }
+    if (const auto folder = object->Within()) object->outlook.Touch(*folder);
     if (object->IsGone()) {
         object->Fail(error::Automation);
         return nullptr;
