@@ -45,10 +45,10 @@ bool ContactFolders::LookAtOne() {
     if (ofContacts && found.size() < MostFolders) {
         Found contacts;
         contacts.folder = folder;
-        contacts.known.id = AsText(Get(errors, folder, u"EntryID"));
-        contacts.known.name = path;
+        contacts.toKeep.id = AsText(Get(errors, folder, u"EntryID"));
+        contacts.toKeep.name = path;
         const ObjectPtr items = AsObject(Get(errors, folder, u"Items"));
-        contacts.known.count = std::uint32_t(AsNumber(Get(errors, items, u"Count")));
+        contacts.toKeep.count = std::uint32_t(AsNumber(Get(errors, items, u"Count")));
         found.push_back(std::move(contacts));
     }
     Enter(folder, path + u"\\");

@@ -13,7 +13,7 @@ class ContactFolders {
 public:
     struct Found {
         ObjectPtr folder;
-        ContactFolder known;
+        KeptFolder toKeep;
     };
 
     ContactFolders(PendingError& errors, const ObjectPtr& nameSpace);

@@ -91,7 +91,7 @@ bool NumberCacheReader::ReadHead() {
 
 bool NumberCacheReader::ReadFolder() {
     fields = NextLine(detailsLeft);
-    ContactFolder folder;
+    KeptFolder folder;
     folder.id = escaped.Read(Field());
     folder.name = escaped.Read(Field());
     std::uint64_t newest = 0;
@@ -105,7 +105,7 @@ bool NumberCacheReader::ReadFolder() {
 
 bool NumberCacheReader::ReadItem() {
     fields = NextLine(detailsLeft);
-    ContactItem item;
+    KeptItem item;
     std::uint64_t created = 0, modified = 0;
     if (!ReadField(item.folder) || item.folder >= folders || !ReadField(created, 16) ||
         !ReadField(modified, 16)) {
@@ -254,7 +254,7 @@ bool NumberCacheWriter::DoSome() {
         case Step::Folders:
             for (std::size_t row = 0; row < book.list.Rows(); ++row)
                 rowOfItem[book.list.Row(row).item] = std::uint32_t(row);
-            for (const ContactFolder& known : book.folders) AppendFolder(known);
+            for (const KeptFolder& known : book.folders) AppendFolder(known);
             step = Step::Items;
             break;
         case Step::Items: {
@@ -295,7 +295,7 @@ bool NumberCacheWriter::DoSome() {
     return true;
 }
 
-void NumberCacheWriter::AppendFolder(const ContactFolder& known) {
+void NumberCacheWriter::AppendFolder(const KeptFolder& known) {
     escaped.Append(details, known.id);
     details += '\t';
     escaped.Append(details, known.name);
@@ -307,7 +307,7 @@ void NumberCacheWriter::AppendFolder(const ContactFolder& known) {
 }
 
 void NumberCacheWriter::AppendItem(std::size_t index) {
-    const ContactItem& item = book.items[index];
+    const KeptItem& item = book.items[index];
     AppendNumber(details, item.folder);
     for (const double date : {item.created, item.modified}) {
         details += '\t';

@@ -19,6 +19,24 @@ enum class Documented {
     UntrustedObjects,
     HeldItem,
     NoDefaultMember,
+
+    // Contacts and folders.
+    ArrayLargerThanTable,
+    LargeTableUncounted,
+    RowByRow,
+    PublicStore,
+    ClosedStore,
+    PasswordAsked,
+    SlowStore,
+    SharedFolder,
+    DeletedFolder,
+    HiddenFolder,
+    LateChange,
+    LocalDates,
+    UniversalDates,
+    OtherCalendar,
+    CountFails,
+    FoldersLimited,
 };
 
 struct DocumentedRow {

@@ -50,8 +50,10 @@ void PutField(Item& item, TextView name, const Value& value) {
 }
 
 void AddDates(Members<Item>& members) {
-    members.Property(u"CreationTime", [](Item& self) { return self.created; })
-        .Property(u"LastModificationTime", [](Item& self) { return self.modified; });
+    members
+        .Property(u"CreationTime", [](Item& self) { return self.created + self.outlook.timeZone; })
+        .Property(u"LastModificationTime",
+                  [](Item& self) { return self.modified + self.outlook.timeZone; });
 }
 
 // What the user is asked for before it is handed out.

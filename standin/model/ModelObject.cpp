@@ -140,12 +140,18 @@ void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,
 }
 
 Reference::Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object, bool trusted)
-    : errors(outlook.errors), object(std::move(object)), trusted(trusted) {
+    : errors(outlook.errors),
+      object(std::move(object)),
+      trusted(trusted),
+      isFolder(dynamic_cast<Folder*>(this->object.get()) != nullptr) {
     outlook.references.insert(this);
+    if (isFolder) outlook.FolderOpened();
 }
 
 Reference::~Reference() {
-    if (object) object->outlook.references.erase(this);
+    if (!object) return;
+    object->outlook.references.erase(this);
+    if (isFolder) object->outlook.FolderLetGo();
 }
 
 const Member* Reference::FindMember(TextView name) {
@@ -157,6 +163,7 @@ const Member* Reference::FindMember(TextView name) {
         object->Fail(failure);
         return nullptr;
     }
+    if (const auto folder = object->Within()) object->outlook.Touch(*folder);
     if (object->IsGone()) {
         object->Fail(error::Automation);
         return nullptr;

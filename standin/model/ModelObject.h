@@ -12,6 +12,7 @@
 
 namespace tellwick::standin {
 
+class Folder;
 class ModelObject;
 class OutlookModel;
 
@@ -156,6 +157,8 @@ public:
     virtual const EventInterface* Events() const { return nullptr; }
     // True for what has been closed or deleted: every use from outside fails.
     virtual bool IsGone() const { return false; }
+    // The folder that the object is or lies in: its store may be slow, or has to be opened first.
+    virtual std::shared_ptr<Folder> Within() { return nullptr; }
 
     // The object as outside code holds it: one and the same as long as somebody holds it. What is
     // reached through an untrusted handle is untrusted, too.
@@ -213,6 +216,7 @@ private:
     PendingError& errors;
     std::shared_ptr<ModelObject> object;
     const bool trusted;
+    const bool isFolder;
 };
 
 // The model object behind a handle; null for objects of others.

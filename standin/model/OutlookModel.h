@@ -12,6 +12,7 @@
 #include "model/Application.h"
 #include "model/Documented.h"
 #include "model/Ribbon.h"
+#include "model/Stores.h"
 #include "model/Windows.h"
 
 namespace tellwick::standin {
@@ -152,15 +153,39 @@ public:
     std::shared_ptr<NameSpace> session;
     // The date, see Value. Every creation moves it on by a second.
     double now = 46000.5;
+    // What the user's clock is ahead of the universal time, in days.
+    double timeZone = 0;
     // A date in a filter, as the user writes dates; "46000 17:05" unless it is set otherwise.
     std::function<std::optional<double>(TextView)> readDate;
     Text NewEntryId();
     // In any folder; null when there is none.
     std::shared_ptr<Item> FindItem(TextView entryId) const;
+    std::shared_ptr<Folder> FindFolder(TextView entryId) const;
     std::uint32_t lastEntry = 0;
 
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones
     std::vector<std::shared_ptr<Folder>> stores;   // the roots; the default ones lie in the first
+    const std::shared_ptr<Folder> deleted;         // for what was deleted from the first store
+    std::shared_ptr<Folder> publicFolders;         // of the public store, see AddPublicStore
+    std::shared_ptr<NavigationGroups> navigation;  // what the pane shows of contacts
+
+    std::shared_ptr<Folder> AddStore(TextView name);
+    // The store of an organisation's public folders; what is in it lies in publicFolders.
+    void AddPublicStore();
+    // Shows a folder of somebody's own store in the navigation pane.
+    std::shared_ptr<Folder> ShareFolder(TextView owner);
+    // By a folder of it.
+    std::shared_ptr<Store> StoreOf(const Folder& folder);
+
+    // A call from outside reaches the folder's store: a slow one takes its time, a closed one is
+    // opened, for which the user may be asked for a password.
+    void Touch(const Folder& folder);
+    std::function<void(double milliseconds)> pass;  // lets the time pass
+    int passwordsAsked = 0;
+    // An Exchange server ends the session of a program that has too many folders open.
+    void FolderOpened();
+    void FolderLetGo() { --foldersOpen; }
+    bool sessionEnded = false;
 
     Ribbons ribbons{*this};
 
@@ -169,6 +194,7 @@ public:
     std::vector<std::weak_ptr<Sink>> sinks;
 
 private:
+    std::vector<std::shared_ptr<Folder>> Roots() const;
     std::shared_ptr<CommandBars> NewBars(const std::shared_ptr<Window>& window);
     template <class Type>
     void CloseWindow(WindowCollection<Type>& windows, const std::shared_ptr<Type>& window);
@@ -178,6 +204,7 @@ private:
     std::shared_ptr<CommandBars> remembered;     // of the explorer closed last
     std::map<std::pair<Text, Text>, std::int32_t> failures;
     std::map<Documented, bool> switched;
+    int foldersOpen = 0;
 };
 
 // What every object of Outlook's own has, by the number of its class.

@@ -3,6 +3,7 @@
 #include <type_traits>
 
 #include "model/OutlookModel.h"
+#include "model/Stores.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -72,10 +73,16 @@ const MemberTable& Explorer::Table() const {
                 })
             .Property(u"Selection",
                       [](Explorer& self) { return std::make_shared<Selection>(self)->Handle(); })
-            .Method(u"Close", {}, [](Explorer& self, const Arguments&) {
-                self.outlook.CloseExplorer(Self(self));
-                return Value();
-            });
+            .Method(u"Close", {},
+                    [](Explorer& self, const Arguments&) {
+                        self.outlook.CloseExplorer(Self(self));
+                        return Value();
+                    })
+            .Property(u"NavigationPane",
+                      [](Explorer& self) {
+                          return std::make_shared<NavigationPane>(self.outlook)->Handle();
+                      })
+            .From(12);
     return table;
 }
 

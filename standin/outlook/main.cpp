@@ -226,6 +226,7 @@ int Run(const Options& options) {
     SYSTEMTIME now;
     GetLocalTime(&now);
     SystemTimeToVariantTime(&now, &outlook.now);
+    outlook.pass = [](double milliseconds) { Sleep(DWORD(milliseconds)); };
     outlook.readDate = [](TextView text) -> std::optional<double> {
         double date = 0;
         if (FAILED(VarDateFromStr(const_cast<wchar_t*>(Wide(Text(text))), LOCALE_USER_DEFAULT, 0,

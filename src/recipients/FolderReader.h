@@ -8,7 +8,7 @@
 
 namespace tellwick {
 
-class ContactReader {
+class FolderReader {
 public:
     // Its values stay where Outlook gave them, until the next reading.
     struct Row {
@@ -22,7 +22,7 @@ public:
     };
 
     // Columns are names of properties.
-    ContactReader(PendingError& errors, ObjectPtr folder, std::vector<TextView> columns);
+    FolderReader(PendingError& errors, ObjectPtr folder, std::vector<TextView> columns);
 
     // The next rows, none when all were read. False when Outlook fails.
     bool ReadSome();

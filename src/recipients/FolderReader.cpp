@@ -1,4 +1,4 @@
-#include "recipients/ContactReader.h"
+#include "recipients/FolderReader.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,8 +11,8 @@ constexpr std::int32_t RowsAtOnce = 64;
 
 }  // namespace
 
-ContactReader::ContactReader(PendingError& pendingErrors, ObjectPtr contactFolder,
-                             std::vector<TextView> wantedColumns)
+FolderReader::FolderReader(PendingError& pendingErrors, ObjectPtr contactFolder,
+                           std::vector<TextView> wantedColumns)
     : errors(pendingErrors), folder(std::move(contactFolder)), columns(std::move(wantedColumns)) {
     if (OpenTable()) return;
     items = AsObject(Get(errors, folder, u"Items"));
@@ -23,7 +23,7 @@ ContactReader::ContactReader(PendingError& pendingErrors, ObjectPtr contactFolde
     Call(errors, items, u"SetColumns", {list});
 }
 
-bool ContactReader::OpenTable() {
+bool FolderReader::OpenTable() {
     table = AsObject(Call(errors, folder, u"GetTable"));
     if (!table) return false;
     errors.Clear();
@@ -35,13 +35,13 @@ bool ContactReader::OpenTable() {
     return table != nullptr;
 }
 
-bool ContactReader::ReadSome() {
+bool FolderReader::ReadSome() {
     errors.Clear();
     rows.clear();
     return table ? ReadTable() : ReadItem();
 }
 
-bool ContactReader::ReadTable() {
+bool FolderReader::ReadTable() {
     atEnd = AsBoolean(Get(errors, table, u"EndOfTable"));
     if (errors || atEnd) return !errors;
     grid = AsGrid(Call(errors, table, u"GetArray", {RowsAtOnce}));
@@ -64,7 +64,7 @@ bool ContactReader::ReadTable() {
     return height > 0;
 }
 
-bool ContactReader::ReadItem() {
+bool FolderReader::ReadItem() {
     atEnd = next > count;
     if (!items || atEnd) return items != nullptr;
     const ObjectPtr item = AsObject(Get(errors, items, u"Item", {next}));
@@ -75,7 +75,7 @@ bool ContactReader::ReadItem() {
     return true;
 }
 
-ObjectPtr ContactReader::Open(const ObjectPtr& nameSpace, const Row& row) {
+ObjectPtr FolderReader::Open(const ObjectPtr& nameSpace, const Row& row) {
     if (!row.entryId.empty()) {
         return AsObject(Call(errors, nameSpace, u"GetItemFromID",
                              {row.entryId, AsText(Get(errors, folder, u"StoreID"))}));
