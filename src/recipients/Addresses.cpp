@@ -103,6 +103,8 @@ const Text& Addresses::FolderBeingRead() const {
 }
 
 void Addresses::Tick() {
+    // Somebody waits, who is to wait no longer than he has to.
+    if (messageLoop.InDoEvents()) return;
     Procedure procedure{debug, u"TimerAddresses_Timer"};
     if (working) return;  // Outlook runs its message loop within a slice
     const double end = surroundings.clock.Milliseconds() + WithoutPause;

@@ -281,9 +281,6 @@ private:
 class MemoryMessageLoop : public MessageLoop {
 public:
     explicit MemoryMessageLoop(Faults& faults) : faults(faults) {}
-    void DoEvents() override {
-        if (onDoEvents) onDoEvents();
-    }
     bool Waiting() override { return waiting; }
     void Sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
     bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
@@ -300,11 +297,16 @@ public:
         bool operator==(const Posted&) const = default;
     };
     std::function<void()> onDoEvents;
+    std::function<void()> runTimers;  // those that are due
     bool waiting = true;
     std::uint32_t slept = 0;  // milliseconds
     std::vector<Posted> posted;
 
 private:
+    void RunPending() override {
+        if (onDoEvents) onDoEvents();
+        runTimers();
+    }
     Faults& faults;
 };
 
