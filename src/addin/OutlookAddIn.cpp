@@ -8,6 +8,7 @@
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
 #include "recipients/Addresses.h"
+#include "recipients/RecipientLookup.h"
 #include "settings/Debug.h"
 #include "settings/IniFile.h"
 #include "settings/RegEdit.h"
@@ -22,13 +23,15 @@ constexpr std::int32_t FirstReadyAtConnection = 10;  // with its command bars
 }  // namespace
 
 OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, IniFile& iniFile,
-                           Addresses& addresses, Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
-                           ProcessValues& processValues, ExplorerFactory createExplorer)
+                           Addresses& addresses, RecipientLookup& recipientLookup, Forms& forms,
+                           SmsReply& smsReply, Ribbon& ribbon, ProcessValues& processValues,
+                           ExplorerFactory createExplorer)
     : errors(errors),
       debug(debug),
       regEdit(regEdit),
       iniFile(iniFile),
       addresses(addresses),
+      recipientLookup(recipientLookup),
       forms(forms),
       smsReply(smsReply),
       ribbon(ribbon),
@@ -156,6 +159,7 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
         }
     });
     ribbon.Release();
+    recipientLookup.Stop();
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
     addresses.Release();

@@ -16,6 +16,7 @@ namespace tellwick {
 class Addresses;
 class Debug;
 class IniFile;
+class RecipientLookup;
 class RegEdit;
 class Ribbon;
 
@@ -24,8 +25,9 @@ public:
     using ExplorerFactory = std::function<std::shared_ptr<cOlExplorer>()>;
 
     OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, IniFile& iniFile,
-                 Addresses& addresses, Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
-                 ProcessValues& processValues, ExplorerFactory createExplorer);
+                 Addresses& addresses, RecipientLookup& recipientLookup, Forms& forms,
+                 SmsReply& smsReply, Ribbon& ribbon, ProcessValues& processValues,
+                 ExplorerFactory createExplorer);
 
     // Takes hold of Outlook and wraps its first explorer, which gets its button at once.
     void Initialise(const ObjectPtr& application, TextView progId);
@@ -71,6 +73,7 @@ private:
     RegEdit& regEdit;
     IniFile& iniFile;
     Addresses& addresses;
+    RecipientLookup& recipientLookup;
     Forms& forms;
     SmsReply& smsReply;
     Ribbon& ribbon;

@@ -8,6 +8,7 @@
 #include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
+#include "compose/Draft.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
@@ -25,6 +26,7 @@
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientLookup.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
@@ -68,6 +70,7 @@ public:
     Prefixes prefixes;
     Addresses addresses;
     Contacts contacts;
+    RecipientLookup recipientLookup;
     Process process;
     Tellwick tellwick;
     SmsQueue smsQueue;
@@ -77,6 +80,7 @@ public:
     AirCountLine airCountLine;
     TextTemplates textTemplates;
     LostCharacters lostCharacters;
+    Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;

@@ -11,16 +11,16 @@
 namespace tellwick {
 
 class Bitmaps;
-class Contacts;
 class Debug;
 class FormSmsSend;
 class LanguageTexts;
+class RecipientLookup;
 class SmsReply;
 
 class Ribbon {
 public:
     Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
-           Contacts& contacts, SmsReply& smsReply, FormSmsSend& formSmsSend);
+           RecipientLookup& recipientLookup, SmsReply& smsReply, FormSmsSend& formSmsSend);
 
     // The XML for a kind of window ("Microsoft.Outlook.Explorer"), in the namespace that the major
     // version of Outlook knows; empty for a kind that the add-in has nothing for. Of a connection
@@ -71,7 +71,7 @@ private:
     Debug& debug;
     LanguageTexts& language;
     Bitmaps& bitmaps;
-    Contacts& contacts;
+    RecipientLookup& recipientLookup;
     SmsReply& smsReply;
     FormSmsSend& formSmsSend;
 };

@@ -70,16 +70,6 @@ void Addresses::Refresh() {
     timer->Start(Interval, [this] { Tick(); });
 }
 
-const AddressList& Addresses::Complete() {
-    if (book.list.Size() == 0 && !harvested) {
-        Refresh();
-        // The files need not be looked at for changes to be of use, nor be written now.
-        while (Reading() && book.list.Size() == 0 && !working && DoSlice(Slice)) {
-        }
-    }
-    return book.list;
-}
-
 void Addresses::Stop() {
     stopped = true;
     timer.reset();

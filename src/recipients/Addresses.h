@@ -54,8 +54,8 @@ public:
     // The same, once for each time that the user comes to need the list.
     void RefreshOnce();
     void NeededAnew() { looked = false; }
-    // The list, read to the end when nothing at all is known yet.
-    const AddressList& Complete();
+    // Whether somebody is known, or it is known that nobody is there.
+    bool Known() const { return book.list.Size() != 0 || harvested; }
     // Ends the reading; what is known stays. The next Refresh begins anew.
     void Stop();
 

@@ -1,32 +1,23 @@
-// Outlook's contacts as recipients.
+// Outlook's contacts and mails as far as they tell recipients.
 #pragma once
 
-#include <vector>
-
 #include "platform/Object.h"
-#include "platform/ProcessValues.h"
 
 namespace tellwick {
 
-class Addresses;
 class Prefixes;
 
-// Every call into Outlook may fail; what it would have given is then left out.
+// Every call into Outlook may fail; what it would have given is then empty.
 class Contacts {
 public:
-    Contacts(PendingError& errors, Automation& automation, const ProcessValues& processValues,
-             Prefixes& prefixes, Addresses& addresses);
+    Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes);
 
-    // The numbers of what is selected in the application's active window, each once, separated by
-    // ";". Attaches to the running Outlook when no application is given.
-    Text SelectedRecipients(const ObjectPtr& application);
+    // A contact's number as the user's settings have it dialled: the mobile one, else the one at
+    // home; empty when there is none.
+    Text NumberOfContact(const ObjectPtr& contact);
 
-    // The same of a collection of items, such as a selection.
-    Text RecipientsIn(const ObjectPtr& items);
-
-    // The number of one item: a contact's, or that of the sender of a mail; empty when there is
-    // none.
-    Text RecipientOf(const ObjectPtr& item);
+    // A number as the user's settings have it dialled.
+    Text Dialable(TextView number);
 
     // A mail's sender and body for whoever reads them without a question to the user: Redemption's
     // view of it; empty where that is not installed.
@@ -39,23 +30,11 @@ public:
     bool AsksForReply() const { return asksForReply; }
 
 private:
-    // Whether Outlook trusts the program with what it reaches from there.
-    enum class Origin { Connection, RunningObject };
-
-    Text RecipientsFrom(const ObjectPtr& items, Origin origin);
-    Text RecipientFrom(const ObjectPtr& item, Origin origin);
-    Text Dialable(TextView number);
-    Text NumberForMail(const ObjectPtr& mail, Origin origin);
-    Text NumberOfPersonIn(TextView text);
-    void LendApplicationOf(const ObjectPtr& object);
-
     bool asksForReply = false;
 
     PendingError& errors;
     Automation& automation;
-    const ProcessValues& processValues;
     Prefixes& prefixes;
-    Addresses& addresses;
 };
 
 }  // namespace tellwick

@@ -131,9 +131,17 @@ void RecipientField::AddNumberToList(TextView number) {
 
 void RecipientField::Save() {
     for (std::int32_t index = 0; index <= NumberListBound; ++index) {
-        inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1),
-                                   NumberList[std::size_t(index)]);
+        const Text& number = NumberList[std::size_t(index)];
+        // Most of a long list is cells without a number, and nothing to be taken away for them.
+        if (number.empty() && inifilesLite.GetIniSetting(ListSection, NumberKey(index + 1)).empty())
+            continue;
+        inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1), number);
     }
+}
+
+void RecipientField::StopSearch() {
+    searching = false;
+    listBoxNumbers.SetVisible(false);
 }
 
 void RecipientField::StopReading() {

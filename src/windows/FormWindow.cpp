@@ -184,11 +184,15 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             if (LOWORD(first) == WA_INACTIVE) {
                 lastFocus = IsChild(own, GetFocus()) ? GetFocus() : lastFocus;
+                OnDeactivate();
             } else {
                 ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
                 OnActivate();
             }
             return 0;
+        case WM_QUERYENDSESSION:
+            OnDeactivate();
+            return TRUE;
         case WM_SETFOCUS:
             ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
             return 0;

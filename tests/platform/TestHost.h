@@ -68,6 +68,11 @@ struct Host : TestProgram {
         sms->SetUserProperty(u"IsSMS", true);
         return sms;
     }
+    // Lets all work that goes on by itself come to its end.
+    void Settle() {
+        for (int rounds = 0; rounds < 1000 && platform.timers.Tick() != 0; ++rounds) {
+        }
+    }
     void Disconnect() {
         connect.AddinInstance_OnBeginShutdown();
         connect.AddinInstance_OnDisconnection(0);

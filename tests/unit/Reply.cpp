@@ -260,6 +260,7 @@ TEST_CASE("recipients of what is selected") {
             }
             host.outlook.Select(host.first, items);
             host.outlook.ClickButton(Host::Button(host.first));
+            host.Settle();
             // Where Outlook would ask the user it is not asked.
             CHECK(host.view.TextTo().GetText() ==
                   (c.redemption || version >= 11 ? c.recipients : u""));

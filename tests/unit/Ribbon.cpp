@@ -48,6 +48,7 @@ struct RibbonHost : Host {
         REQUIRE(entries.size() == 1);
         entries[0].click();
         CHECK(view.Loaded());
+        Settle();
         CHECK(HeldOf(u"IRibbonControl") == 0);
         CHECK(HeldOf(u"Selection") == 0);
         const Text recipients = view.TextTo().GetText();
