@@ -13,18 +13,16 @@
 namespace tellwick {
 
 struct KeptFolder {
-    Text id;    // Outlook's
+    // Outlook's, of the folder and of the store that it lies in.
+    Text id, storeId;
     Text name;  // with those above it: "Personal Folders\Contacts\Club"
-    std::uint32_t count = 0;
-    double newest = 0;  // the latest modification in it, 0 when it is empty
-    // Whether anything modified after `newest` is a change. It need not be when the folder was read
-    // in the same minute.
-    bool settled = false;
 };
 
 // Anything that lies in a contact folder. Dates tell one from another: Outlook hands them out with
 // many items at once in every version, its own identifiers it does not.
 struct KeptItem {
+    static constexpr double ReadAgain = -1;  // as the date of one that could not be read wholly
+
     double created = 0;
     double modified = 0;
     std::uint16_t folder = 0;  // of `folders`

@@ -4,6 +4,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Meanwhile.h"
+#include "platform/Outlook.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 
@@ -137,12 +138,12 @@ bool Addresses::DoStage(double milliseconds) {
             harvested = true;
             failed = harvest->Failed();
             std::optional<AddressBook> now = harvest->TakeBook();
-            const bool changed = now || harvest->SettledOthers();
-            if (!now && changed) book.folders = harvest->Folders();
             harvest.reset();
             stage = Stage::Idle;
-            if (now) TakeBook(std::move(*now));
-            if (changed) BeginWriting();
+            if (now) {
+                TakeBook(std::move(*now));
+                BeginWriting();
+            }
             return stage != Stage::Idle;
         }
         case Stage::Writing:
@@ -161,8 +162,12 @@ void Addresses::BeginHarvest() {
     if (!application) return;
     const ObjectPtr nameSpace =
         AsObject(Call(surroundings.errors, application, u"GetNamespace", {Text(u"MAPI")}));
-    if (!nameSpace) return;
-    harvest = std::make_unique<ContactHarvest>(surroundings, nameSpace, book);
+    // What Outlook can, and what it asks the user about, depends on it.
+    const auto version = std::int32_t(
+        LeadingNumber(outlook::Application(surroundings.errors, application).Version()));
+    if (!nameSpace || version == 0) return;
+    harvest = std::make_unique<ContactHarvest>(
+        surroundings, ContactHarvest::Source{application, nameSpace, version}, book);
     stage = Stage::Harvest;
 }
 

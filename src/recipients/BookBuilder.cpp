@@ -32,8 +32,26 @@ std::span<const std::uint32_t> BookBuilder::ItemsBefore(std::size_t folder) cons
     return {found.begin(), found.end()};
 }
 
-void BookBuilder::BeginFolder(KeptFolder folder) {
+std::size_t BookBuilder::BeginFolder(KeptFolder folder) {
     book.folders.push_back(std::move(folder));
+    firstItem = book.items.size();
+    firstRow = list.Here();
+    return book.folders.size() - 1;
+}
+
+void BookBuilder::EmptyFolder() {
+    if (book.items.size() == firstItem) return;
+    for (std::uint32_t& item : kept) {
+        if (item > firstItem) item = 0;
+    }
+    book.members.erase(book.members.lower_bound(std::uint32_t(firstItem)), book.members.end());
+    book.items.resize(firstItem);
+    list.BackTo(firstRow);
+}
+
+void BookBuilder::DropFolder() {
+    EmptyFolder();
+    book.folders.pop_back();
 }
 
 std::uint32_t BookBuilder::AddItem(double created, double modified) {
@@ -50,13 +68,13 @@ void BookBuilder::SetMembers(std::uint32_t item, std::vector<Text> names) {
     book.members[item] = std::move(names);
 }
 
-void BookBuilder::Keep(std::uint32_t itemBefore) {
-    const KeptItem& item = before.items[itemBefore];
-    kept[itemBefore] = AddItem(item.created, item.modified) + 1;
+void BookBuilder::Keep(std::uint32_t itemBefore, double created, double modified) {
+    kept[itemBefore] = AddItem(created, modified) + 1;
 }
 
 void BookBuilder::KeepAllOf(std::size_t folderBefore) {
-    for (const std::uint32_t item : ItemsBefore(folderBefore)) Keep(item);
+    for (const std::uint32_t item : ItemsBefore(folderBefore))
+        Keep(item, before.items[item].created, before.items[item].modified);
 }
 
 bool BookBuilder::DoSome(std::size_t most) {

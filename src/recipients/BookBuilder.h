@@ -28,9 +28,11 @@ public:
     // Its items, by their places in the book before.
     std::span<const std::uint32_t> ItemsBefore(std::size_t folder) const;
 
-    // Begins a folder: what follows lies in it.
-    void BeginFolder(KeptFolder folder);
-    KeptFolder& Folder() { return book.folders.back(); }
+    // Begins a folder: what follows lies in it. Its number.
+    std::size_t BeginFolder(KeptFolder folder);
+    // Takes back all that lies in it, or the folder as well: as if it had not begun.
+    void EmptyFolder();
+    void DropFolder();
     // An item read anew; its number.
     std::uint32_t AddItem(double created, double modified);
     KeptItem& Item(std::uint32_t item) { return book.items[item]; }
@@ -38,16 +40,14 @@ public:
                    TextView number, NumberKind kind);
     // For a distribution list: its name, and those of its members.
     void SetMembers(std::uint32_t item, std::vector<Text> names);
-    // An item of the book before stays, with its numbers.
-    void Keep(std::uint32_t itemBefore);
+    // An item of the book before stays, with its numbers; it may have other dates now.
+    void Keep(std::uint32_t itemBefore, double created, double modified);
     void KeepAllOf(std::size_t folderBefore);
 
     // When all folders are done: puts the list together. Does some of it; false when that is done.
     // `most` is about how many entries a step may look at.
     bool DoSome(std::size_t most);
     AddressBook Take() { return std::move(book); }
-    // All folders, in their order.
-    const std::vector<KeptFolder>& Folders() const { return book.folders; }
 
 private:
     enum class Step { Keep, Members, Lists, Build, Done };
@@ -64,6 +64,9 @@ private:
     Step step = Step::Keep;
     std::size_t next = 0;
     std::optional<MemberNumbers> members;
+    // Where the folder begins.
+    std::size_t firstItem = 0;
+    AddressListBuilder::Mark firstRow;
 };
 
 }  // namespace tellwick

@@ -1,40 +1,39 @@
 #include "recipients/ContactHarvest.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
-
-#include "platform/Clock.h"
-#include "platform/Locale.h"
 
 namespace tellwick {
 
 namespace {
 
 constexpr std::size_t EntriesAStep = 1000;  // that a step looks at
-constexpr double Minute = 1.0 / 1440;
-
-double WholeMinute(double date) {
-    return std::floor(date / Minute + 1e-6) * Minute;
-}
+constexpr std::size_t MostOpened = 50;      // of a folder, unless that is less than half of it
+constexpr std::int32_t WithTables = 12;     // the first version that gives many dates at once
+// Where it does not, only the items that were modified last are looked at. A change that was made
+// elsewhere so many days before the newest one known is still found.
+constexpr double LatestArrival = 31;
 
 }  // namespace
 
-ContactHarvest::ContactHarvest(const Surroundings& surroundings, const ObjectPtr& nameSpace,
+ContactHarvest::ContactHarvest(const Surroundings& surroundings, const Source& outlook,
                                const AddressBook& before)
-    : surroundings(surroundings),
-      errors(surroundings.errors),
+    : calls(surroundings.errors, surroundings.clock),
+      clock(surroundings.clock),
+      source(outlook),
       before(before),
-      folders(errors, nameSpace),
-      items(errors, surroundings.automation, surroundings.prefixes, nameSpace),
+      folders(calls, source.application, source.nameSpace, source.version),
+      items(calls, surroundings.automation, surroundings.prefixes, source.version),
       book(surroundings.locale, before) {}
 
 bool ContactHarvest::DoSlice(double milliseconds) {
-    const double end = surroundings.clock.Milliseconds() + milliseconds;
+    const double end = clock.Milliseconds() + milliseconds;
     do {
         if (step == Step::Done) return false;
+        calls.Begin();
         DoStep();
-    } while (surroundings.clock.Milliseconds() < end);
+        if (calls.Slow()) PutOff();
+    } while (clock.Milliseconds() < end);
     return step != Step::Done;
 }
 
@@ -45,8 +44,12 @@ void ContactHarvest::DoStep() {
             return;
         case Step::Folder:
             return BeginFolder();
+        case Step::Newest:
+            return ReadNewest();
         case Step::Items:
             return ReadItems();
+        case Step::Opened:
+            return OpenItems();
         case Step::Book:
             if (!book.DoSome(EntriesAStep)) step = Step::Done;
             return;
@@ -56,7 +59,8 @@ void ContactHarvest::DoStep() {
 }
 
 std::int32_t ContactHarvest::Progress() const {
-    return total == 0 ? 0 : std::int32_t(std::min<std::uint64_t>(100, 100 * done / total));
+    return total == 0 ? 0
+                      : std::int32_t(std::min<std::uint64_t>(100, 100 * (done + doneHere) / total));
 }
 
 std::optional<AddressBook> ContactHarvest::TakeBook() {
@@ -64,25 +68,24 @@ std::optional<AddressBook> ContactHarvest::TakeBook() {
     return book.Take();
 }
 
-void ContactHarvest::BeginReading() {
-    for (const ContactFolders::Found& contacts : folders.found) total += contacts.toKeep.count;
-    book.Reserve(total);
-    step = Step::Folder;
+// The folders ---------------------------------------------------------------------------------
+
+// The last step made Outlook wait.
+void ContactHarvest::PutOff() {
+    if (step == Step::Walk) {
+        folders.PutOff();
+    } else if (reader) {
+        book.DropFolder();
+        reader.reset();
+        folders.PutOff(current);
+        step = Step::Folder;
+    }
 }
 
-// Nothing was added, removed or modified since. Outlook counts that; no item is read.
-bool ContactHarvest::IsUnchanged(const ContactFolders::Found& contacts) {
-    if (!folderBefore) return false;
-    const KeptFolder& old = before.folders[*folderBefore];
-    if (old.count != contacts.toKeep.count) return false;
-    if (old.count == 0) return true;
-    if (!old.settled) return false;
-    errors.Clear();
-    const Text since = surroundings.locale.DateText(WholeMinute(old.newest) + Minute);
-    const ObjectPtr later =
-        AsObject(Call(errors, AsObject(Get(errors, contacts.folder, u"Items")), u"Restrict",
-                      {Text(u"[LastModificationTime] >= '").append(since).append(u"'")}));
-    return AsNumber(Get(errors, later, u"Count")) == 0 && !errors;
+void ContactHarvest::BeginReading() {
+    for (const ContactFolders::Found& contacts : folders.found) total += contacts.count;
+    book.Reserve(total);
+    step = Step::Folder;
 }
 
 void ContactHarvest::BeginFolder() {
@@ -93,99 +96,181 @@ void ContactHarvest::BeginFolder() {
     const ContactFolders::Found& contacts = folders.found[current];
     folderBefore = book.FolderBefore(contacts.toKeep.id);
     folderName = contacts.toKeep.name;
-    book.BeginFolder(contacts.toKeep);
-    if (folderBefore != current || before.folders[current].name != folderName) changed = true;
-    if (IsUnchanged(contacts)) {
-        book.Folder().newest = before.folders[*folderBefore].newest;
-        book.Folder().settled = before.folders[*folderBefore].settled;
-        book.KeepAllOf(*folderBefore);
-        done += contacts.toKeep.count;
-        ++current;
-        return;
+    changedHere = book.BeginFolder(contacts.toKeep) != folderBefore ||
+                  before.folders[*folderBefore].name != folderName;
+    StartRows();
+    const bool mayBeSame = folderBefore && changes->Count() == contacts.count;
+    if (mayBeSame && contacts.count == 0) {
+        KeepFolder();
+    } else if (mayBeSame && source.version < WithTables && !changes->Incomplete()) {
+        reader.emplace(calls, source.nameSpace, contacts.toKeep, contacts.count,
+                       ItemReader::Columns(true), FolderReader::Order::NewestFirst);
+        step = Step::Newest;
+    } else {
+        // Where most is known, the dates tell what is not.
+        ReadFolder(changes->Count() * 2 >= contacts.count && changes->Count() != 0);
     }
+}
+
+// From its beginning.
+void ContactHarvest::StartRows() {
     changes.emplace(before.items, folderBefore ? book.ItemsBefore(*folderBefore)
                                                : std::span<const std::uint32_t>());
-    // Where most is known, the dates tell what is not.
-    comparing = changes->CountLeft() * 2 >= contacts.toKeep.count && changes->CountLeft() != 0;
+    book.EmptyFolder();
     incomplete = false;
-    if (!comparing) changed = true;
-    reader.emplace(errors, contacts.folder, ItemReader::Columns(comparing));
-    next = 0;
+    doneHere = 0;
+    changedDates.clear();
+    toOpen.clear();
+}
+
+void ContactHarvest::ReadFolder(bool compare) {
+    const ContactFolders::Found& contacts = folders.found[current];
+    StartRows();
+    comparing = compare;
+    reader.emplace(calls, source.nameSpace, contacts.toKeep, contacts.count,
+                   ItemReader::Columns(comparing), FolderReader::Order::Any);
     step = Step::Items;
 }
 
-// Those of one reading, one by one.
-void ContactHarvest::ReadItems() {
-    const std::vector<FolderReader::Row>& rows = reader->Rows();
-    if (next < rows.size()) {
-        // Opening an item takes long; what is at hand already does not.
-        const std::size_t end = comparing ? next + 1 : rows.size();
-        for (; next < end; ++next) Look(rows[next]);
+// Nothing was added, removed or modified since; no more than a few items are looked at.
+void ContactHarvest::ReadNewest() {
+    const double since = changes->Newest() - LatestArrival;
+    bool known = reader->ReadSome();
+    bool inTime = known && !reader->AtEnd();
+    for (const FolderReader::Row& row : reader->Rows()) {
+        const double modified = ItemReader::ModifiedOf(row);
+        inTime = modified >= since;
+        known = known && row.complete &&
+                (!inTime || changes->Take(ItemReader::CreatedOf(row), modified));
+    }
+    if (known && inTime) return;
+    if (known && !changes->LeftSince(since)) {
+        reader.reset();
+        KeepFolder();
         return;
     }
-    next = 0;
+    ReadFolder(true);
+}
+
+// The items of a folder -----------------------------------------------------------------------
+
+// Those of one reading.
+void ContactHarvest::ReadItems() {
+    calls.errors.Clear();
     if (!reader->ReadSome()) {
-        GiveUpFolder();
+        if (calls.Slow()) return;
+        if (!reader->TryNextWay()) {
+            GiveUpFolder();
+            return;
+        }
+        StartRows();
     } else if (reader->AtEnd()) {
-        EndFolder();
+        EndRows();
+    } else {
+        for (const FolderReader::Row& row : reader->Rows()) Look(row);
     }
 }
 
 void ContactHarvest::Look(const FolderReader::Row& row) {
-    constexpr double ReadAgain = -1;
-    ++done;
+    ++doneHere;
     const double created = ItemReader::CreatedOf(row);
     const double modified = ItemReader::ModifiedOf(row);
-    book.Folder().newest = std::max(book.Folder().newest, modified);
-    if (comparing) {
-        if (const auto same = changes->Take(created, modified)) {
-            book.Keep(*same);
-            return;
-        }
-    }
-    changed = true;
-    const std::uint32_t item = book.AddItem(created, modified);
     const bool dated = created > 0 && modified > 0;
-    if (items.Read(*reader, row, comparing, item, book) && dated) return;
+    if (comparing) {
+        const auto same = changes->Take(created, modified);
+        if (same) {
+            book.Keep(*same, created, modified);
+        } else {
+            changedDates.push_back({created, dated ? modified : KeptItem::ReadAgain, 0});
+            toOpen.push_back({row.entryId, row.index});
+        }
+        return;
+    }
+    changedHere = true;
+    const std::uint32_t item = book.AddItem(created, modified);
+    if (items.Read(*reader, row, item, book) && dated) return;
     // Its date must not tell the next time that nothing has changed.
-    book.Item(item).modified = ReadAgain;
+    book.Item(item).modified = KeptItem::ReadAgain;
     incomplete = true;
 }
 
+// All dates are known.
+void ContactHarvest::EndRows() {
+    std::size_t moved = 0;
+    for (const FolderChanges::Moved& each : changes->TakeMoved(changedDates)) {
+        const KeptItem& dates = changedDates[each.index];
+        book.Keep(each.item, dates.created, dates.modified);
+        toOpen[each.index].index = 0;
+        ++moved;
+    }
+    if (changes->CountLeft() != 0 || !toOpen.empty()) changedHere = true;
+    // Opening most of many items would take longer than reading all of them.
+    if (toOpen.size() - moved > std::max<std::size_t>(MostOpened, doneHere / 2)) {
+        ReadFolder(false);
+        return;
+    }
+    next = 0;
+    step = Step::Opened;
+}
+
+// One after the other, since opening an item takes long.
+void ContactHarvest::OpenItems() {
+    while (next < toOpen.size() && toOpen[next].index == 0) ++next;
+    if (next == toOpen.size()) {
+        EndFolder();
+        return;
+    }
+    const KeptItem& dates = changedDates[next];
+    const std::uint32_t item = book.AddItem(dates.created, dates.modified);
+    if (!items.Open(*reader, toOpen[next].entryId, toOpen[next].index, item, book))
+        book.Item(item).modified = KeptItem::ReadAgain;
+    incomplete = incomplete || book.Item(item).modified == KeptItem::ReadAgain;
+    ++next;
+}
+
+void ContactHarvest::KeepFolder() {
+    book.KeepAllOf(*folderBefore);
+    changed = changed || changedHere;
+    doneHere = folders.found[current].count;
+    incomplete = false;
+    EndFolder();
+}
+
 void ContactHarvest::EndFolder() {
-    if (changes->CountLeft() != 0) changed = true;
+    changed = changed || changedHere;
     if (incomplete) folders.failed.push_back(folderName);
-    // What is modified in the minute of the newest may come later than this reading.
-    KeptFolder& folder = book.Folder();
-    folder.settled = !incomplete && folder.newest > 0 &&
-                     WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
-    if (folderBefore && before.folders[*folderBefore].settled != folder.settled)
-        settledOthers = true;
     reader.reset();
+    done += std::exchange(doneHere, 0);
     ++current;
     step = Step::Folder;
 }
 
-// What was known stays; what was read of it meanwhile does too, and is offered once all the same.
+// What was known of it stays.
 void ContactHarvest::GiveUpFolder() {
     folders.failed.push_back(folderName);
-    for (const std::uint32_t item : changes->Left()) book.Keep(item);
-    EndFolder();
-    book.Folder().settled = false;
+    book.EmptyFolder();
+    reader.reset();
+    if (folderBefore) {
+        KeepFolder();
+    } else {
+        book.DropFolder();
+        ++current;
+        step = Step::Folder;
+    }
 }
 
-// The folders before that are gone. Those of a store that cannot be reached now may come back.
+// The folders before that are gone, unless they may come back.
 void ContactHarvest::EndFolders() {
     for (std::size_t old = 0; old < before.folders.size(); ++old) {
         const KeptFolder& folder = before.folders[old];
         const bool seen = std::ranges::any_of(
             folders.found, [&](const auto& contacts) { return contacts.toKeep.id == folder.id; });
         if (seen) continue;
-        if (Failed().empty()) {
-            changed = true;
-        } else {
-            book.BeginFolder(folder);
+        if (folders.MayReturn(folder)) {
+            if (book.BeginFolder(folder) != old) changed = true;
             book.KeepAllOf(old);
+        } else {
+            changed = true;
         }
     }
     step = changed ? Step::Book : Step::Done;

@@ -11,10 +11,10 @@
 #include "recipients/FolderChanges.h"
 #include "recipients/FolderReader.h"
 #include "recipients/ItemReader.h"
+#include "recipients/TimedCalls.h"
 
 namespace tellwick {
 
-class Clock;
 class Locale;
 class Prefixes;
 
@@ -28,9 +28,15 @@ public:
         Locale& locale;
         Clock& clock;
     };
+    // Outlook.
+    struct Source {
+        ObjectPtr application;
+        ObjectPtr nameSpace;
+        std::int32_t version;  // the major one
+    };
 
     // Compares with a book that must outlive this.
-    ContactHarvest(const Surroundings& surroundings, const ObjectPtr& nameSpace,
+    ContactHarvest(const Surroundings& surroundings, const Source& source,
                    const AddressBook& before);
 
     // Goes on for about so many milliseconds; false when all is done. At least one step is done.
@@ -39,31 +45,40 @@ public:
     // Percent, and the folder that is being read.
     std::int32_t Progress() const;
     const Text& FolderName() const { return folderName; }
-    // Names of the folders that could not be read; "" is a store. What was known of them stays.
+    // Names of the folders and stores that could not be read, or not without making the user wait;
+    // of a store it may be "". What was known of them stays.
     const std::vector<Text>& Failed() const { return folders.failed; }
 
     // When all is done: the new book; none when nothing changed.
     std::optional<AddressBook> TakeBook();
-    // When nothing changed: whether other folders are settled than before, which the next start
-    // should know; and all folders, in the order that they had.
-    bool SettledOthers() const { return settledOthers; }
-    const std::vector<KeptFolder>& Folders() const { return book.Folders(); }
 
 private:
-    enum class Step { Walk, Folder, Items, Book, Done };
+    enum class Step { Walk, Folder, Newest, Items, Opened, Book, Done };
+    // An item that changed, of which no more than its dates was read.
+    struct ToOpen {
+        Text entryId;
+        std::int32_t index;
+    };
 
     void DoStep();
+    void PutOff();
     void BeginReading();
     void BeginFolder();
-    bool IsUnchanged(const ContactFolders::Found& found);
+    void StartRows();
+    void ReadFolder(bool compare);
+    void ReadNewest();
     void ReadItems();
     void Look(const FolderReader::Row& row);
+    void EndRows();
+    void OpenItems();
+    void KeepFolder();
     void EndFolder();
     void GiveUpFolder();
     void EndFolders();
 
-    Surroundings surroundings;
-    PendingError& errors;
+    TimedCalls calls;
+    Clock& clock;
+    Source source;
     const AddressBook& before;
     ContactFolders folders;
     ItemReader items;
@@ -75,12 +90,16 @@ private:
     std::optional<FolderReader> reader;
     std::optional<FolderChanges> changes;  // of the folder
     bool comparing = false;                // the reader gives dates only
+    bool changedHere = false;              // in the folder
     bool incomplete = false;               // an item of this folder failed
-    std::size_t next = 0;                  // of the reader's rows
+    std::size_t next = 0;                  // of what is to be opened
+    // What changed in a folder that is compared; one behind the other.
+    std::vector<KeptItem> changedDates;
+    std::vector<ToOpen> toOpen;
     bool changed = false;
-    bool settledOthers = false;
     std::uint64_t total = 0;  // items
-    std::uint64_t done = 0;
+    std::uint64_t done = 0;   // in the folders before the one at hand
+    std::uint64_t doneHere = 0;
     Text folderName;
 };
 

@@ -11,23 +11,23 @@ constexpr std::int32_t MostMembers = 1000;
 
 }  // namespace
 
-// Outlook would ask the user before it names the members, Redemption does not.
-std::vector<Text> ReadDistributionList(PendingError& errors, Automation& automation,
-                                       const ObjectPtr& list) {
-    std::vector<Text> names{OneLine(AsText(list->Get(u"DLName")))};
+std::vector<Text> ReadDistributionList(TimedCalls& calls, Automation& automation,
+                                       const ObjectPtr& list, bool outlookAsks) {
+    std::vector<Text> names{OneLine(AsText(calls.Get(list, u"DLName")))};
     ObjectPtr source = list;
-    const bool read = !errors;
+    const bool read = !calls.errors;
     if (const ObjectPtr safe = automation.Create(u"Redemption.SafeDistList")) {
-        safe->Put(u"Item", list);
+        calls.Put(safe, u"Item", list);
         source = safe;
-    } else if (read) {
-        errors.Clear();  // not every machine has it
+    } else {
+        if (read) calls.errors.Clear();  // not every machine has it
+        if (outlookAsks) return names;
     }
-    const std::int32_t count = std::min(AsNumber(source->Get(u"MemberCount")), MostMembers);
+    const std::int32_t count = std::min(AsNumber(calls.Get(source, u"MemberCount")), MostMembers);
     for (std::int32_t index = 1; index <= count; ++index) {
-        Text member =
-            OneLine(AsText(Get(errors, AsObject(source->Call(u"GetMember", {index})), u"Name")));
-        if (!member.empty()) names.push_back(std::move(member));
+        const ObjectPtr member = AsObject(calls.Call(source, u"GetMember", {index}));
+        Text name = OneLine(AsText(calls.Get(member, u"Name")));
+        if (!name.empty()) names.push_back(std::move(name));
     }
     return names;
 }

@@ -9,13 +9,15 @@
 
 #include "platform/Object.h"
 #include "recipients/AddressList.h"
+#include "recipients/TimedCalls.h"
 
 namespace tellwick {
 
-// The list's own name, and behind it the names of its members. Notes an error when Outlook fails:
-// then some may be missing.
-std::vector<Text> ReadDistributionList(PendingError& errors, Automation& automation,
-                                       const ObjectPtr& list);
+// The list's own name, and behind it the names of its members; these are left out where Outlook
+// would ask the user whether they may be read, and nothing else helps. Notes an error when Outlook
+// fails: then some may be missing.
+std::vector<Text> ReadDistributionList(TimedCalls& calls, Automation& automation,
+                                       const ObjectPtr& list, bool outlookAsks);
 
 // The first number of each person whom a list names.
 class MemberNumbers {

@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "recipients/DistributionLists.h"
 #include "recipients/Prefixes.h"
@@ -34,9 +33,10 @@ constexpr std::array<TextView, Numbers + std::size_t(NumberKind::List)> ColumnNa
 
 }  // namespace
 
-ItemReader::ItemReader(PendingError& errors, Automation& automation, Prefixes& prefixes,
-                       ObjectPtr nameSpace)
-    : errors(errors), automation(automation), prefixes(prefixes), nameSpace(std::move(nameSpace)) {}
+// From Outlook 2003 on nobody is asked about what an add-in reads through its own application.
+ItemReader::ItemReader(TimedCalls& calls, Automation& automation, Prefixes& prefixes,
+                       std::int32_t version)
+    : calls(calls), automation(automation), prefixes(prefixes), outlookAsks(version < 11) {}
 
 std::vector<TextView> ItemReader::Columns(bool datesOnly) {
     return {ColumnNames.begin(), datesOnly ? ColumnNames.begin() + DateColumns : ColumnNames.end()};
@@ -50,30 +50,34 @@ double ItemReader::ModifiedOf(const FolderReader::Row& row) {
     return AsReal(row[Modified]);
 }
 
-bool ItemReader::Read(FolderReader& folder, const FolderReader::Row& row, bool datesOnly,
+bool ItemReader::Read(FolderReader& folder, const FolderReader::Row& row, std::uint32_t item,
+                      BookBuilder& book) {
+    const Text messageClass = AsText(row[MessageClass]);
+    if (StartsWithFolded(messageClass, u"IPM.DistList"))
+        return Open(folder, row.entryId, row.index, item, book);
+    ReadContact(row, item, book);
+    // What is no contact has not all that contacts have.
+    return row.complete ||
+           (!messageClass.empty() && !StartsWithFolded(messageClass, u"IPM.Contact"));
+}
+
+bool ItemReader::Open(FolderReader& folder, const Text& entryId, std::int32_t index,
                       std::uint32_t item, BookBuilder& book) {
-    errors.Clear();
-    const Text messageClass = datesOnly ? Text() : AsText(row[MessageClass]);
-    if (!datesOnly && !StartsWithFolded(messageClass, u"IPM.DistList")) {
-        ReadContact(row, item, book);
-        // What is no contact has not all that contacts have.
-        return row.complete ||
-               (!messageClass.empty() && !StartsWithFolded(messageClass, u"IPM.Contact"));
-    }
-    const ObjectPtr opened = folder.Open(nameSpace, row);
+    calls.errors.Clear();
+    const ObjectPtr opened = folder.Open(entryId, index);
     if (!opened) return false;
-    const std::int32_t itemClass = outlook::Item(errors, opened).Class();
+    const std::int32_t itemClass = AsNumber(calls.Get(opened, u"Class"));
     if (itemClass == outlook::DistributionListClass) {
-        book.SetMembers(item, ReadDistributionList(errors, automation, opened));
+        book.SetMembers(item, ReadDistributionList(calls, automation, opened, outlookAsks));
     } else if (itemClass == outlook::ContactClass) {
         std::vector<Value> values(ColumnNames.size());
         for (std::size_t column = FullName; column < ColumnNames.size(); ++column)
-            values[column] = opened->Get(ColumnNames[column]);
-        const bool read = !errors;
-        ReadContact({values.data(), 1, {}, row.index}, item, book);
+            values[column] = calls.Get(opened, ColumnNames[column]);
+        const bool read = !calls.errors;
+        ReadContact({values.data(), 1, {}, index}, item, book);
         return read;
     }
-    return !errors;
+    return !calls.errors;
 }
 
 void ItemReader::ReadContact(const FolderReader::Row& row, std::uint32_t item, BookBuilder& book) {

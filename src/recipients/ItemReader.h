@@ -15,27 +15,29 @@ class Prefixes;
 
 class ItemReader {
 public:
-    ItemReader(PendingError& errors, Automation& automation, Prefixes& prefixes,
-               ObjectPtr nameSpace);
+    // The version is Outlook's major one.
+    ItemReader(TimedCalls& calls, Automation& automation, Prefixes& prefixes, std::int32_t version);
 
     // The columns that a folder's rows must have: the dates alone, or all that a contact has.
     static std::vector<TextView> Columns(bool datesOnly);
     static double CreatedOf(const FolderReader::Row& row);
     static double ModifiedOf(const FolderReader::Row& row);
 
-    // Reads the row, or opens its item where the row has no more than dates or is no contact.
-    // `item` is its number in the book. False when Outlook failed: then some of its numbers may be
-    // missing.
-    bool Read(FolderReader& folder, const FolderReader::Row& row, bool datesOnly,
-              std::uint32_t item, BookBuilder& book);
+    // Reads a row with all columns; what is no contact is opened. `item` is its number in the book.
+    // False when Outlook failed: then some of its numbers may be missing.
+    bool Read(FolderReader& folder, const FolderReader::Row& row, std::uint32_t item,
+              BookBuilder& book);
+    // The same of an item that is opened: of a row that has dates only.
+    bool Open(FolderReader& folder, const Text& entryId, std::int32_t index, std::uint32_t item,
+              BookBuilder& book);
 
 private:
     void ReadContact(const FolderReader::Row& row, std::uint32_t item, BookBuilder& book);
 
-    PendingError& errors;
+    TimedCalls& calls;
     Automation& automation;
     Prefixes& prefixes;
-    ObjectPtr nameSpace;
+    const bool outlookAsks;
 };
 
 }  // namespace tellwick

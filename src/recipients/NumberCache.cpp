@@ -12,7 +12,7 @@ namespace {
 constexpr TextView NumbersFile = u"numbers.txt";
 constexpr TextView DetailsFile = u"numbers2.txt";
 constexpr TextView NewEnding = u".new";
-constexpr std::string_view Title = "Tellwick numbers 1";
+constexpr std::string_view Title = "Tellwick numbers 2";
 constexpr std::string_view EndOfLine = "\r\n";
 constexpr std::string_view Separator = "  (";
 constexpr std::size_t LinesAStep = 1000;
@@ -93,12 +93,8 @@ bool NumberCacheReader::ReadFolder() {
     fields = NextLine(detailsLeft);
     KeptFolder folder;
     folder.id = escaped.Read(Field());
+    folder.storeId = escaped.Read(Field());
     folder.name = escaped.Read(Field());
-    std::uint64_t newest = 0;
-    int settled = 0;
-    if (!ReadField(folder.count) || !ReadField(newest, 16) || !ReadField(settled)) return false;
-    folder.newest = std::bit_cast<double>(newest);
-    folder.settled = settled != 0;
     book.folders.push_back(std::move(folder));
     return true;
 }
@@ -298,12 +294,10 @@ bool NumberCacheWriter::DoSome() {
 void NumberCacheWriter::AppendFolder(const KeptFolder& known) {
     escaped.Append(details, known.id);
     details += '\t';
+    escaped.Append(details, known.storeId);
+    details += '\t';
     escaped.Append(details, known.name);
-    details += '\t';
-    AppendNumber(details, known.count);
-    details += '\t';
-    AppendNumber(details, std::bit_cast<std::uint64_t>(known.newest), 16);
-    details.append(known.settled ? "\t1" : "\t0").append(EndOfLine);
+    details.append(EndOfLine);
 }
 
 void NumberCacheWriter::AppendItem(std::size_t index) {

@@ -12,7 +12,6 @@ public:
         : ModelObject(outlook), root(std::move(root)) {}
     TextView ClassName() const override { return u"Store"; }
     const MemberTable& Table() const override;
-    bool IsGone() const override { return root->unreachable; }
 
     const std::shared_ptr<Folder> root;
 };

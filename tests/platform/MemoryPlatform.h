@@ -380,14 +380,6 @@ public:
         }
         return key;
     }
-    Text DateText(double date) override {
-        const auto minutes = std::int64_t(date * 1440 + 1e-6);
-        const auto twoDigits = [](std::int64_t number) {
-            return (number < 10 ? u"0" : u"") + NumberText(number);
-        };
-        return NumberText(minutes / 1440) + u" " + twoDigits(minutes / 60 % 24) + u":" +
-               twoDigits(minutes % 60);
-    }
     // One that holds every character, with two bytes for each unit, as newer systems can have it.
     bool holdsAll = false;
     // By locale and type, as the system returns them.
