@@ -59,7 +59,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
       ribbon(errors, debug, language, platform.bitmaps, contacts, smsReply, formSmsSend),
-      olButtons(regEdit, platform.bitmaps),
+      olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop),
       automation(platform.automation) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {

@@ -1,8 +1,12 @@
 #include "windows/WindowsMessageLoop.h"
 
+#include "windows/MonitorAwareness.h"
+
 namespace tellwick::windows {
 
 void WindowsMessageLoop::DoEvents() {
+    // Outlook's timers are among them.
+    const OutlooksContext context;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {

@@ -12,6 +12,11 @@ namespace tellwick::standin {
 
 enum class Documented {
     NoDefaultMember,
+    SystemDpiCalls,
+    OwnedClipboard,
+    BusyClipboard,
+    ForeignUser,
+    UnreadableProcess,
 };
 
 struct DocumentedRow {

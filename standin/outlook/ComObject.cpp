@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "outlook/ConnectionPoint.h"
+#include "outlook/DpiContexts.h"
 #include "outlook/Enumerator.h"
 #include "outlook/TypeInfo.h"
 
@@ -109,6 +110,7 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
                                    ? &members[std::size_t(index)]
                                    : nullptr;
         if (!member) return DISP_E_MEMBERNOTFOUND;
+        CheckContext(handle->TypeName() + u"." + Text(member->name));
 
         const ErrorScope scope(objects.outlook.errors);
         const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
@@ -203,6 +205,7 @@ HRESULT ComObject::FindConnectionPoint(REFIID identifier, IConnectionPoint** poi
 
 HRESULT ComObject::Advise(const EventInterface& events, IUnknown* sink, DWORD* cookie) {
     if (!sink || !cookie) return E_POINTER;
+    CheckContext(handle->TypeName() + u" advised");
     *cookie = 0;
     ComPtr<IDispatch> dispatch;
     if (FAILED(sink->QueryInterface(ToGuid(events.identifier), dispatch.ReceiveVoid()))) {
