@@ -90,6 +90,7 @@ HRESULT ComObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISP
 
 HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                           VARIANT* result, EXCEPINFO* exception, UINT*) {
+    const void* const caller = __builtin_return_address(0);
     const ComPtr<ComObject> self(this);
     return Guarded([&]() -> HRESULT {
         if (result) VariantInit(result);
@@ -110,7 +111,7 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
                                    ? &members[std::size_t(index)]
                                    : nullptr;
         if (!member) return DISP_E_MEMBERNOTFOUND;
-        CheckContext(handle->TypeName() + u"." + Text(member->name));
+        CheckContext(handle->TypeName() + u"." + Text(member->name), caller);
 
         const ErrorScope scope(objects.outlook.errors);
         const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
@@ -205,7 +206,6 @@ HRESULT ComObject::FindConnectionPoint(REFIID identifier, IConnectionPoint** poi
 
 HRESULT ComObject::Advise(const EventInterface& events, IUnknown* sink, DWORD* cookie) {
     if (!sink || !cookie) return E_POINTER;
-    CheckContext(handle->TypeName() + u" advised");
     *cookie = 0;
     ComPtr<IDispatch> dispatch;
     if (FAILED(sink->QueryInterface(ToGuid(events.identifier), dispatch.ReceiveVoid()))) {

@@ -19,29 +19,49 @@ const auto setContext = UserFunction<HANDLE(WINAPI*)(HANDLE)>("SetThreadDpiAware
 const auto getContext = UserFunction<HANDLE(WINAPI*)()>("GetThreadDpiAwarenessContext");
 const auto areEqual = UserFunction<BOOL(WINAPI*)(HANDLE, HANDLE)>("AreDpiAwarenessContextsEqual");
 
-HANDLE expected = nullptr;
+HANDLE expected = getContext ? getContext() : nullptr;
+HANDLE inCalls = nullptr;  // null: as the loop's
 std::set<Text> faults;
+
+void CheckNow(TextView what) {
+    if (areEqual && !areEqual(getContext(), expected)) faults.emplace(what);
+}
+
+// Not this program itself, and no part of the system, which hands calls of other programs on.
+bool IsAddIn(const void* code) {
+    MEMORY_BASIC_INFORMATION memory{};
+    VirtualQuery(code, &memory, sizeof memory);
+    const auto module = static_cast<HMODULE>(memory.AllocationBase);
+    wchar_t path[MAX_PATH] = L"";
+    wchar_t system[MAX_PATH] = L"";
+    GetModuleFileNameW(module, path, MAX_PATH);
+    const int length = int(GetSystemDirectoryW(system, MAX_PATH));
+    return module != GetModuleHandleW(nullptr) &&
+           CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, path, length, system, length) !=
+               CSTR_EQUAL;
+}
 
 }  // namespace
 
 void FollowMonitors(bool follow) {
     expected = follow ? PerMonitorAware : SystemAware;
+    inCalls = SystemAware;
     if (setContext) setContext(expected);
 }
 
 AddInCall::AddInCall(TextView what)
     : what(what),
-      before(setContext ? setContext(SystemAware) : nullptr),
-      expectedBefore(std::exchange(expected, SystemAware)) {}
+      before(setContext && inCalls ? setContext(inCalls) : nullptr),
+      expectedBefore(std::exchange(expected, inCalls ? inCalls : expected)) {}
 
 AddInCall::~AddInCall() {
-    CheckContext(what);
+    CheckNow(what);
     expected = expectedBefore;
     if (before) setContext(before);
 }
 
-void CheckContext(TextView what) {
-    if (areEqual && !areEqual(getContext(), expected)) faults.emplace(what);
+void CheckContext(TextView what, const void* caller) {
+    if (IsAddIn(caller)) CheckNow(what);
 }
 
 const std::set<Text>& ContextFaults() {

@@ -11,7 +11,8 @@
 namespace tellwick::standin {
 
 // Before the first window is made: whether the thread's loop is to follow monitors, which calls of
-// add-ins never do. Does nothing on systems without such contexts.
+// add-ins never do. Where it is not called, and on systems without such contexts, all runs in the
+// process's own one.
 void FollowMonitors(bool follow);
 
 // Around every call of an add-in.
@@ -28,8 +29,8 @@ private:
     HANDLE expectedBefore;
 };
 
-// An add-in calls Outlook: its context must be the one that Outlook had.
-void CheckContext(TextView what);
+// Outlook is called by the code at an address: an add-in's must leave it the context that it had.
+void CheckContext(TextView what, const void* caller);
 
 // What was called, or had returned, in another context.
 const std::set<Text>& ContextFaults();

@@ -221,7 +221,8 @@ int Run(const Options& options) {
     PendingError errors;
     OutlookModel outlook(errors, options.version);
     for (const auto& [behaviour, on] : options.switches) outlook.Switch(behaviour, on);
-    FollowMonitors(outlook.Does(Documented::SystemDpiCalls));
+    if (options.version >= RowOf(Documented::SystemDpiCalls).first)
+        FollowMonitors(outlook.Does(Documented::SystemDpiCalls));
     if (outlook.Does(Documented::ForeignUser)) BecomeForeignUser();
     if (outlook.Does(Documented::UnreadableProcess)) LockProcesses(L"Tellwick.exe");
     std::optional<ClipboardViewer> viewer;
