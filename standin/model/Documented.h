@@ -37,6 +37,11 @@ enum class Documented {
     OtherCalendar,
     CountFails,
     FoldersLimited,
+    SystemDpiCalls,
+    OwnedClipboard,
+    BusyClipboard,
+    ForeignUser,
+    UnreadableProcess,
 };
 
 struct DocumentedRow {
