@@ -68,12 +68,14 @@ struct Reading {
     double total = 0, longest = 0;
 };
 
-AddressBook Harvest(test::TestProgram& test, const ObjectPtr& application,
+AddressBook Harvest(test::TestProgram& test, const ObjectPtr& application, std::int32_t version,
                     const AddressBook& before, Reading& reading) {
     RealClock clock;
-    ContactHarvest harvest({test.platform.errors, test.platform.automation, test.program.prefixes,
-                            test.platform.locale, clock},
-                           AsObject(application->Call(u"GetNamespace", {Text(u"MAPI")})), before);
+    ContactHarvest harvest(
+        {test.platform.errors, test.platform.automation, test.program.prefixes,
+         test.platform.locale, clock},
+        {application, AsObject(application->Call(u"GetNamespace", {Text(u"MAPI")})), version},
+        before);
     for (bool more = true; more;) {
         const double slice = Milliseconds([&] { more = harvest.DoSlice(10); });
         reading.total += slice;
@@ -123,11 +125,11 @@ void MeasurePeople() {
         const AddressBook nothing;
         Reading first, again;
         const std::size_t before = InUse();
-        const AddressBook book = Harvest(test, application, nothing, first);
+        const AddressBook book = Harvest(test, application, version, nothing, first);
         const std::size_t after = InUse();
         Report("first reading", first.total, "ms", version == 16 ? naive / 5 : 0);
         Report("its longest slice", first.longest, "ms", 15);
-        Harvest(test, application, book, again);
+        Harvest(test, application, version, book, again);
         Report("reading again, nothing changed", again.total, "ms", 0);
         if (version != 16) continue;
         Report("memory of the list", double(after - before) / (1 << 20), "MB", 25);

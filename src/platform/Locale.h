@@ -26,9 +26,6 @@ public:
     // Bytes that compare as texts stand in a list sorted for the user's language, letter case
     // ignored.
     virtual std::string SortKey(TextView text) = 0;
-
-    // A date with its time of day in hours and minutes, as the user writes them.
-    virtual Text DateText(double date) = 0;
 };
 
 }  // namespace tellwick

@@ -51,7 +51,9 @@ inline constexpr std::int32_t DistributionListClass = 69;
 inline constexpr std::int32_t ContactItemType = 2;
 
 // Default folders.
+inline constexpr std::int32_t DeletedFolder = 3;
 inline constexpr std::int32_t InboxFolder = 6;
 inline constexpr std::int32_t ContactsFolder = 10;
+inline constexpr std::int32_t PublicFoldersFolder = 18;
 
 }  // namespace tellwick::outlook

@@ -1,5 +1,6 @@
-// What is known of Outlook's contacts: the address list, and where each number comes from, so that
-// only what changed is read again.
+// What is kept of Outlook's contacts: the address list, and where each number comes from, so that
+// only what changed is read again. One word for each stage of a person: "kept" is what this book
+// has, "read" what Outlook says now, and "chosen" what the user selects in a form.
 #pragma once
 
 #include <cstdint>
@@ -11,30 +12,28 @@
 
 namespace tellwick {
 
-struct ContactFolder {
-    Text id;    // Outlook's
+struct KeptFolder {
+    // Outlook's, of the folder and of the store that it lies in.
+    Text id, storeId;
     Text name;  // with those above it: "Personal Folders\Contacts\Club"
-    std::uint32_t count = 0;
-    double newest = 0;  // the latest modification in it, 0 when it is empty
-    // Whether anything modified after `newest` is a change. It need not be when the folder was read
-    // in the same minute.
-    bool settled = false;
 };
 
 // Anything that lies in a contact folder. Dates tell one from another: Outlook hands them out with
 // many items at once in every version, its own identifiers it does not.
-struct ContactItem {
+struct KeptItem {
+    static constexpr double ReadAgain = -1;  // as the date of one that could not be read wholly
+
     double created = 0;
     double modified = 0;
     std::uint16_t folder = 0;  // of `folders`
 
-    bool operator==(const ContactItem& other) const = default;
+    bool operator==(const KeptItem& other) const = default;
 };
 
 struct AddressBook {
     AddressList list;  // its rows name folders and items by their place in these
-    std::vector<ContactFolder> folders;
-    std::vector<ContactItem> items;
+    std::vector<KeptFolder> folders;
+    std::vector<KeptItem> items;
     // The names in the distribution lists, by item.
     std::map<std::uint32_t, std::vector<Text>> members;
 };

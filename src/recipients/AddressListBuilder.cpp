@@ -56,6 +56,12 @@ void AddressListBuilder::Reserve(std::size_t rows) {
     numbers.Reserve(rows);
 }
 
+void AddressListBuilder::BackTo(const Mark& mark) {
+    list.rows.resize(mark.rows);
+    list.texts.resize(mark.texts);
+    std::erase_if(companies, [&](const auto& company) { return company.second.at >= mark.texts; });
+}
+
 void AddressListBuilder::Add(const AddressRow& row) {
     AddressList::StoredRow stored{};
     const AddressList::StoredRow* before = list.rows.empty() ? nullptr : &list.rows.back();

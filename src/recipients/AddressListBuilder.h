@@ -38,6 +38,13 @@ public:
     // About so many rows will come.
     void Reserve(std::size_t rows);
 
+    // What was added since the mark is taken back by BackTo; entries must not have been added.
+    struct Mark {
+        std::size_t rows = 0, texts = 0;
+    };
+    Mark Here() const { return {list.rows.size(), list.texts.size()}; }
+    void BackTo(const Mark& mark);
+
     // A row of no list, copied. Those of one person come one behind the other.
     void Add(const AddressRow& row);
     // The next entries, in the order in which they are to stand in a list that needs no sorting.

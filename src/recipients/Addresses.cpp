@@ -4,6 +4,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Meanwhile.h"
+#include "platform/Outlook.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 
@@ -27,6 +28,16 @@ Addresses::Addresses(const Services& services, const ContactHarvest::Surrounding
       fileSystem(fileSystem),
       timers(timers),
       messageLoop(messageLoop) {}
+
+void Addresses::SetApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = false;
+}
+
+void Addresses::LendApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = true;
+}
 
 void Addresses::Release() {
     Stop();
@@ -60,19 +71,10 @@ void Addresses::Refresh() {
     timer->Start(Interval, [this] { Tick(); });
 }
 
-const AddressList& Addresses::Complete() {
-    if (book.list.Size() == 0 && !harvested) {
-        Refresh();
-        // The files need not be looked at for changes to be of use, nor be written now.
-        while (Reading() && book.list.Size() == 0 && !working && DoSlice(Slice)) {
-        }
-    }
-    return book.list;
-}
-
 void Addresses::Stop() {
     stopped = true;
     timer.reset();
+    if (std::exchange(lent, false)) application.reset();
     if (working) return;  // the slice that runs ends it
     stage = Stage::Idle;
     reader.reset();
@@ -92,6 +94,8 @@ const Text& Addresses::FolderBeingRead() const {
 }
 
 void Addresses::Tick() {
+    // Somebody waits, who is to wait no longer than he has to.
+    if (messageLoop.InDoEvents()) return;
     Procedure procedure{debug, u"TimerAddresses_Timer"};
     if (working) return;  // Outlook runs its message loop within a slice
     const double end = surroundings.clock.Milliseconds() + WithoutPause;
@@ -134,12 +138,12 @@ bool Addresses::DoStage(double milliseconds) {
             harvested = true;
             failed = harvest->Failed();
             std::optional<AddressBook> now = harvest->TakeBook();
-            const bool changed = now || harvest->SettledOthers();
-            if (!now && changed) book.folders = harvest->Folders();
             harvest.reset();
             stage = Stage::Idle;
-            if (now) TakeBook(std::move(*now));
-            if (changed) BeginWriting();
+            if (now) {
+                TakeBook(std::move(*now));
+                BeginWriting();
+            }
             return stage != Stage::Idle;
         }
         case Stage::Writing:
@@ -158,8 +162,12 @@ void Addresses::BeginHarvest() {
     if (!application) return;
     const ObjectPtr nameSpace =
         AsObject(Call(surroundings.errors, application, u"GetNamespace", {Text(u"MAPI")}));
-    if (!nameSpace) return;
-    harvest = std::make_unique<ContactHarvest>(surroundings, nameSpace, book);
+    // What Outlook can, and what it asks the user about, depends on it.
+    const auto version = std::int32_t(
+        LeadingNumber(outlook::Application(surroundings.errors, application).Version()));
+    if (!nameSpace || version == 0) return;
+    harvest = std::make_unique<ContactHarvest>(
+        surroundings, ContactHarvest::Source{application, nameSpace, version}, book);
     stage = Stage::Harvest;
 }
 

@@ -1,25 +1,46 @@
-// Finds the contact folders of all stores, one folder at a time.
+// Finds the contact folders, one folder at a time: those of the user's open stores, and those that
+// others share with the user, as the navigation pane shows them. Left alone are stores that are
+// closed (opening one may ask the user for its password), public folders, archives, and what is
+// deleted or hidden. No more folders are held than those on the way to the one at hand.
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <optional>
 #include <vector>
 
 #include "platform/Object.h"
 #include "recipients/AddressBook.h"
+#include "recipients/TimedCalls.h"
 
 namespace tellwick {
 
 class ContactFolders {
 public:
     struct Found {
-        ObjectPtr folder;
-        ContactFolder known;
+        KeptFolder toKeep;
+        std::uint32_t count;  // items
+        std::size_t source;   // as PutOff has it
     };
 
-    ContactFolders(PendingError& errors, const ObjectPtr& nameSpace);
+    // The version is Outlook's major one.
+    ContactFolders(TimedCalls& calls, ObjectPtr application, ObjectPtr nameSpace,
+                   std::int32_t version);
 
     // Looks at one more folder; false when there is none.
     bool LookAtOne();
+
+    // The last look made Outlook wait: its source (a store, or what somebody shares) is put off.
+    // The first time it is looked at again behind the others; the second time that is left to
+    // another day, and it counts as failed.
+    void PutOff();
+    // Likewise while the folder at an index of `found` was read: it and those behind it that are of
+    // the same source go to the end, or are forgotten.
+    void PutOff(std::size_t current);
+
+    // Whether a folder that was not found may be there all the same: its store was not looked
+    // through to the end.
+    bool MayReturn(const KeptFolder& folder) const;
 
     std::vector<Found> found;
     // Names, with those above them, of what could not be read; of a store that cannot be reached
@@ -27,15 +48,47 @@ public:
     std::vector<Text> failed;
 
 private:
+    enum class Kind { Store, Shared };
+    enum class State { Whole, Unsure, LeftAlone };
+    struct SourceState {
+        Kind kind;
+        std::int32_t index;    // among the stores, or the groups of the navigation pane
+        std::int32_t inGroup;  // of the latter
+        bool slow = false;     // was put off
+        State state = State::Whole;
+        Text storeId, name;
+    };
     struct Level {
         ObjectPtr folders;
         std::int32_t count = 0;
         std::int32_t next = 1;
         Text path;  // with "\" at the end
     };
-    void Enter(const ObjectPtr& folder, const Text& path);
 
-    PendingError& errors;
+    void List();
+    void ListShared();
+    void EnterStore(SourceState& store);
+    void LookAtShared(SourceState& shared);
+    void LookAt(const ObjectPtr& folder, const Text& above);
+    void AddFound(const ObjectPtr& folder, const Text& id, const Text& path);
+    bool IsHidden(const ObjectPtr& folder);
+    void Enter(const ObjectPtr& folder, const Text& path);
+    void Fail(const Text& name);
+    void SetFailed(std::size_t source, const Text& name);
+
+    TimedCalls& calls;
+    ObjectPtr application;
+    ObjectPtr nameSpace;
+    const std::int32_t version;
+    bool listed = false;
+    bool listIsWhole = true;  // every source is known
+    ObjectPtr stores;         // objects of Outlook 2007 and later, or roots
+    ObjectPtr groups;         // of the navigation pane
+    Text publicStore;         // before Outlook 2007
+    std::vector<Text> deleted;
+    std::vector<SourceState> sources;
+    std::deque<std::size_t> waiting;
+    std::optional<std::size_t> source;
     std::vector<Level> levels;
 };
 

@@ -1,97 +1,57 @@
 #include "recipients/ContactHarvest.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cmath>
 #include <utility>
-
-#include "platform/Clock.h"
-#include "platform/Locale.h"
-#include "platform/Outlook.h"
-#include "platform/OutlookEvents.h"
-#include "recipients/Prefixes.h"
 
 namespace tellwick {
 
 namespace {
 
-constexpr double Minute = 1.0 / 1440;
-
-// The columns: dates first, since comparing needs no others.
-enum Column : std::size_t { Created, Modified, MessageClass, FullName, FileAs, Company, Numbers };
-constexpr std::size_t DateColumns = MessageClass;
-constexpr std::array<TextView, Numbers + std::size_t(NumberKind::List)> Columns{
-    u"CreationTime",
-    u"LastModificationTime",
-    u"MessageClass",
-    u"FullName",
-    u"FileAs",
-    u"CompanyName",
-    u"MobileTelephoneNumber",
-    u"HomeTelephoneNumber",
-    u"Home2TelephoneNumber",
-    u"BusinessTelephoneNumber",
-    u"Business2TelephoneNumber",
-    u"CarTelephoneNumber",
-    u"OtherTelephoneNumber",
-    u"PrimaryTelephoneNumber"};
-
-std::uint64_t KeyOf(const ContactItem& item) {
-    return std::bit_cast<std::uint64_t>(item.created) * 31 +
-           std::bit_cast<std::uint64_t>(item.modified);
-}
-
-double WholeMinute(double date) {
-    return std::floor(date / Minute + 1e-6) * Minute;
-}
+constexpr std::size_t EntriesAStep = 1000;  // that a step looks at
+constexpr std::size_t MostOpened = 50;      // of a folder, unless that is less than half of it
+constexpr std::int32_t WithTables = 12;     // the first version that gives many dates at once
+// Where it does not, only the items that were modified last are looked at. A change that was made
+// elsewhere so many days before the newest one known is still found.
+constexpr double LatestArrival = 31;
 
 }  // namespace
 
-ContactHarvest::ContactHarvest(const Surroundings& surroundings, ObjectPtr mapi,
+ContactHarvest::ContactHarvest(const Surroundings& surroundings, const Source& outlook,
                                const AddressBook& before)
-    : surroundings(surroundings),
-      errors(surroundings.errors),
-      nameSpace(std::move(mapi)),
+    : calls(surroundings.errors, surroundings.clock),
+      clock(surroundings.clock),
+      source(outlook),
       before(before),
-      folders(errors, nameSpace),
-      kept(before.items.size()),
-      oldItems(before.items.size()),
-      builder(surroundings.locale) {
-    for (std::uint32_t item = 0; item < oldItems.size(); ++item) oldItems[item] = item;
-    std::stable_sort(oldItems.begin(), oldItems.end(), [&](std::uint32_t one, std::uint32_t other) {
-        return before.items[one].folder < before.items[other].folder;
-    });
-}
+      folders(calls, source.application, source.nameSpace, source.version),
+      items(calls, surroundings.automation, surroundings.prefixes, source.version),
+      book(surroundings.locale, before) {}
 
 bool ContactHarvest::DoSlice(double milliseconds) {
-    const double end = surroundings.clock.Milliseconds() + milliseconds;
+    const double end = clock.Milliseconds() + milliseconds;
     do {
         if (step == Step::Done) return false;
+        calls.Begin();
         DoStep();
-    } while (surroundings.clock.Milliseconds() < end);
+        if (calls.Slow()) PutOff();
+    } while (clock.Milliseconds() < end);
     return step != Step::Done;
 }
 
 void ContactHarvest::DoStep() {
     switch (step) {
         case Step::Walk:
-            if (!folders.LookAtOne()) EndWalk();
+            if (!folders.LookAtOne()) BeginReading();
             return;
         case Step::Folder:
             return BeginFolder();
+        case Step::Newest:
+            return ReadNewest();
         case Step::Items:
             return ReadItems();
-        case Step::Keep:
-            return KeepRows();
-        case Step::Members:
-            return FindMembers();
-        case Step::Lists:
-            return AddLists();
-        case Step::Build:
-            if (builder.DoSome(EntriesAStep)) return;
-            book.list = builder.Take();
-            step = Step::Done;
+        case Step::Opened:
+            return OpenItems();
+        case Step::Book:
+            if (!book.DoSome(EntriesAStep)) step = Step::Done;
             return;
         case Step::Done:
             return;
@@ -99,58 +59,33 @@ void ContactHarvest::DoStep() {
 }
 
 std::int32_t ContactHarvest::Progress() const {
-    return total == 0 ? 0 : std::int32_t(std::min<std::uint64_t>(100, 100 * done / total));
+    return total == 0 ? 0
+                      : std::int32_t(std::min<std::uint64_t>(100, 100 * (done + doneHere) / total));
 }
 
 std::optional<AddressBook> ContactHarvest::TakeBook() {
     if (step != Step::Done || !changed) return {};
-    return std::move(book);
+    return book.Take();
 }
 
 // The folders ---------------------------------------------------------------------------------
 
-void ContactHarvest::EndWalk() {
-    for (const ContactFolders::Found& contacts : folders.found) total += contacts.known.count;
-    builder.Reserve(total + total / 8);
-    step = Step::Folder;
-}
-
-std::int32_t ContactHarvest::OldFolder(const Text& id) const {
-    const auto old = std::ranges::find(before.folders, id, &ContactFolder::id);
-    return old == before.folders.end() ? -1 : std::int32_t(old - before.folders.begin());
-}
-
-// Nothing was added, removed or modified since. Outlook counts that; no item is read.
-bool ContactHarvest::IsUnchanged(const ContactFolders::Found& contacts, std::int32_t oldFolder) {
-    if (oldFolder < 0) return false;
-    const ContactFolder& old = before.folders[std::size_t(oldFolder)];
-    if (old.count != contacts.known.count) return false;
-    if (old.count == 0) return true;
-    if (!old.settled) return false;
-    errors.Clear();
-    const Text since = surroundings.locale.DateText(WholeMinute(old.newest) + Minute);
-    const ObjectPtr later =
-        AsObject(Call(errors, AsObject(Get(errors, contacts.folder, u"Items")), u"Restrict",
-                      {Text(u"[LastModificationTime] >= '").append(since).append(u"'")}));
-    return AsNumber(Get(errors, later, u"Count")) == 0 && !errors;
-}
-
-// The old folders that are gone. Those of a store that cannot be reached now may come back.
-void ContactHarvest::EndFolders() {
-    for (std::size_t old = 0; old < before.folders.size(); ++old) {
-        const ContactFolder& folder = before.folders[old];
-        const bool seen = std::ranges::any_of(
-            folders.found, [&](const auto& contacts) { return contacts.known.id == folder.id; });
-        if (seen) continue;
-        if (Failed().empty()) {
-            changed = true;
-        } else {
-            book.folders.push_back(folder);
-            KeepAllOf(std::int32_t(old), std::uint16_t(book.folders.size() - 1));
-        }
+// The last step made Outlook wait.
+void ContactHarvest::PutOff() {
+    if (step == Step::Walk) {
+        folders.PutOff();
+    } else if (reader) {
+        book.DropFolder();
+        reader.reset();
+        folders.PutOff(current);
+        step = Step::Folder;
     }
-    next = 0;
-    step = changed ? Step::Keep : Step::Done;
+}
+
+void ContactHarvest::BeginReading() {
+    for (const ContactFolders::Found& contacts : folders.found) total += contacts.count;
+    book.Reserve(total);
+    step = Step::Folder;
 }
 
 void ContactHarvest::BeginFolder() {
@@ -159,196 +94,186 @@ void ContactHarvest::BeginFolder() {
         return;
     }
     const ContactFolders::Found& contacts = folders.found[current];
-    currentOld = OldFolder(contacts.known.id);
-    folderName = contacts.known.name;
-    const auto folder = std::uint16_t(book.folders.size());
-    book.folders.push_back(contacts.known);
-    if (currentOld != folder || before.folders[folder].name != folderName) changed = true;
-    if (IsUnchanged(contacts, currentOld)) {
-        const ContactFolder& old = before.folders[std::size_t(currentOld)];
-        book.folders.back().newest = old.newest;
-        book.folders.back().settled = old.settled;
-        KeepAllOf(currentOld, folder);
-        done += contacts.known.count;
-        ++current;
-        return;
-    }
-    known.clear();
-    comparing = incomplete = false;
-    if (currentOld >= 0) {
-        for (const std::uint32_t item : OldItemsOf(currentOld))
-            known.emplace(KeyOf(before.items[item]), item);
+    folderBefore = book.FolderBefore(contacts.toKeep.id);
+    folderName = contacts.toKeep.name;
+    changedHere = book.BeginFolder(contacts.toKeep) != folderBefore ||
+                  before.folders[*folderBefore].name != folderName;
+    StartRows();
+    const bool mayBeSame = folderBefore && changes->Count() == contacts.count;
+    if (mayBeSame && contacts.count == 0) {
+        KeepFolder();
+    } else if (mayBeSame && source.version < WithTables && !changes->Incomplete()) {
+        reader.emplace(calls, source.nameSpace, contacts.toKeep, contacts.count,
+                       ItemReader::Columns(true), FolderReader::Order::NewestFirst);
+        step = Step::Newest;
+    } else {
         // Where most is known, the dates tell what is not.
-        comparing = known.size() * 2 >= contacts.known.count && !known.empty();
+        ReadFolder(changes->Count() * 2 >= contacts.count && changes->Count() != 0);
     }
-    if (!comparing) changed = true;
-    reader.emplace(errors, contacts.folder,
-                   std::vector<TextView>(
-                       Columns.begin(), comparing ? Columns.begin() + DateColumns : Columns.end()));
-    next = 0;
+}
+
+// From its beginning.
+void ContactHarvest::StartRows() {
+    changes.emplace(before.items, folderBefore ? book.ItemsBefore(*folderBefore)
+                                               : std::span<const std::uint32_t>());
+    book.EmptyFolder();
+    incomplete = false;
+    doneHere = 0;
+    changedDates.clear();
+    toOpen.clear();
+}
+
+void ContactHarvest::ReadFolder(bool compare) {
+    const ContactFolders::Found& contacts = folders.found[current];
+    StartRows();
+    comparing = compare;
+    reader.emplace(calls, source.nameSpace, contacts.toKeep, contacts.count,
+                   ItemReader::Columns(comparing), FolderReader::Order::Any);
     step = Step::Items;
 }
 
-std::span<const std::uint32_t> ContactHarvest::OldItemsOf(std::int32_t oldFolder) const {
-    const auto isBefore = [this](std::uint32_t item, std::int32_t folder) {
-        return before.items[item].folder < folder;
-    };
-    const auto first = std::lower_bound(oldItems.begin(), oldItems.end(), oldFolder, isBefore);
-    const auto last = std::lower_bound(first, oldItems.end(), oldFolder + 1, isBefore);
-    return {first, last};
-}
-
-void ContactHarvest::KeepAllOf(std::int32_t oldFolder, std::uint16_t folder) {
-    for (const std::uint32_t old : OldItemsOf(oldFolder)) {
-        ContactItem item = before.items[old];
-        item.folder = folder;
-        kept[old] = AddItem(item) + 1;
+// Nothing was added, removed or modified since; no more than a few items are looked at.
+void ContactHarvest::ReadNewest() {
+    const double since = changes->Newest() - LatestArrival;
+    bool known = reader->ReadSome();
+    bool inTime = known && !reader->AtEnd();
+    for (const FolderReader::Row& row : reader->Rows()) {
+        const double modified = ItemReader::ModifiedOf(row);
+        inTime = modified >= since;
+        known = known && row.complete &&
+                (!inTime || changes->Take(ItemReader::CreatedOf(row), modified));
     }
-}
-
-std::uint32_t ContactHarvest::AddItem(const ContactItem& item) {
-    book.items.push_back(item);
-    return std::uint32_t(book.items.size() - 1);
+    if (known && inTime) return;
+    if (known && !changes->LeftSince(since)) {
+        reader.reset();
+        KeepFolder();
+        return;
+    }
+    ReadFolder(true);
 }
 
 // The items of a folder -----------------------------------------------------------------------
 
-// Those of one reading, one by one.
+// Those of one reading.
 void ContactHarvest::ReadItems() {
-    const std::vector<ContactReader::Row>& rows = reader->Rows();
-    if (next < rows.size()) {
-        // Opening an item takes long; what is at hand already does not.
-        const std::size_t end = comparing ? next + 1 : rows.size();
-        for (; next < end; ++next) Look(rows[next]);
-        return;
-    }
-    next = 0;
+    calls.errors.Clear();
     if (!reader->ReadSome()) {
-        GiveUpFolder();
+        if (calls.Slow()) return;
+        if (!reader->TryNextWay()) {
+            GiveUpFolder();
+            return;
+        }
+        StartRows();
     } else if (reader->AtEnd()) {
-        EndFolder();
+        EndRows();
+    } else {
+        for (const FolderReader::Row& row : reader->Rows()) Look(row);
     }
 }
 
-void ContactHarvest::Look(const ContactReader::Row& row) {
-    constexpr double ReadAgain = -1;
-    ++done;
-    ContactItem item;
-    item.created = AsReal(row[Created]);
-    item.modified = AsReal(row[Modified]);
-    item.folder = std::uint16_t(book.folders.size() - 1);
-    ContactFolder& folder = book.folders.back();
-    folder.newest = std::max(folder.newest, item.modified);
-    const std::uint32_t number = AddItem(item);
-    const auto same = known.find(KeyOf(item));
-    if (comparing && same != known.end()) {
-        kept[same->second] = number + 1;
-        known.erase(same);
+void ContactHarvest::Look(const FolderReader::Row& row) {
+    ++doneHere;
+    const double created = ItemReader::CreatedOf(row);
+    const double modified = ItemReader::ModifiedOf(row);
+    const bool dated = created > 0 && modified > 0;
+    if (comparing) {
+        const auto same = changes->Take(created, modified);
+        if (same) {
+            book.Keep(*same, created, modified);
+        } else {
+            changedDates.push_back({created, dated ? modified : KeptItem::ReadAgain, 0});
+            toOpen.push_back({row.entryId, row.index});
+        }
         return;
     }
-    changed = true;
-    const bool dated = item.created > 0 && item.modified > 0;
-    if (ReadItem(row, item.folder, number) && dated) return;
+    changedHere = true;
+    const std::uint32_t item = book.AddItem(created, modified);
+    if (items.Read(*reader, row, item, book) && dated) return;
     // Its date must not tell the next time that nothing has changed.
-    book.items[number].modified = ReadAgain;
+    book.Item(item).modified = KeptItem::ReadAgain;
     incomplete = true;
 }
 
-bool ContactHarvest::ReadItem(const ContactReader::Row& row, std::uint16_t folder,
-                              std::uint32_t item) {
-    errors.Clear();
-    const Text messageClass = comparing ? Text() : AsText(row[MessageClass]);
-    if (!comparing && !StartsWithFolded(messageClass, u"IPM.DistList")) {
-        ReadContact(row, folder, item);
-        // What is no contact has not all that contacts have.
-        return row.complete ||
-               (!messageClass.empty() && !StartsWithFolded(messageClass, u"IPM.Contact"));
+// All dates are known.
+void ContactHarvest::EndRows() {
+    std::size_t moved = 0;
+    for (const FolderChanges::Moved& each : changes->TakeMoved(changedDates)) {
+        const KeptItem& dates = changedDates[each.index];
+        book.Keep(each.item, dates.created, dates.modified);
+        toOpen[each.index].index = 0;
+        ++moved;
     }
-    const ObjectPtr opened = reader->Open(nameSpace, row);
-    if (!opened) return false;
-    const std::int32_t itemClass = outlook::Item(errors, opened).Class();
-    if (itemClass == outlook::DistributionListClass) {
-        ReadList(opened, item);
-    } else if (itemClass == outlook::ContactClass) {
-        std::vector<Value> values(Columns.size());
-        for (std::size_t column = FullName; column < Columns.size(); ++column)
-            values[column] = opened->Get(Columns[column]);
-        const bool read = !errors;
-        ReadContact({values.data(), 1, {}, row.index}, folder, item);
-        return read;
+    if (changes->CountLeft() != 0 || !toOpen.empty()) changedHere = true;
+    // Opening most of many items would take longer than reading all of them.
+    if (toOpen.size() - moved > std::max<std::size_t>(MostOpened, doneHere / 2)) {
+        ReadFolder(false);
+        return;
     }
-    return !errors;
+    next = 0;
+    step = Step::Opened;
 }
 
-void ContactHarvest::ReadContact(const ContactReader::Row& row, std::uint16_t folder,
-                                 std::uint32_t item) {
-    const auto lineOf = [&](Column column) {
-        const auto* text = std::get_if<Text>(&row[column]);
-        return text ? OneLine(*text) : Text();
-    };
-    const Text company = lineOf(Company);
-    Text fileAs = lineOf(FileAs);
-    Text name = lineOf(FullName);
-    if (name.empty()) name = fileAs.empty() ? company : fileAs;
-    if (EqualFolded(name, fileAs)) fileAs.clear();
-    std::vector<Text> numbers;
-    for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
-        Text number = AsText(row[Numbers + kind]);
-        if (number.empty()) continue;
-        number = surroundings.prefixes.ConvertPhoneNumber(number);
-        if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
-            continue;
-        builder.Add({name, fileAs, company, number, NumberKind(kind), folder, item});
-        numbers.push_back(std::move(number));
+// One after the other, since opening an item takes long.
+void ContactHarvest::OpenItems() {
+    while (next < toOpen.size() && toOpen[next].index == 0) ++next;
+    if (next == toOpen.size()) {
+        EndFolder();
+        return;
     }
+    const KeptItem& dates = changedDates[next];
+    const std::uint32_t item = book.AddItem(dates.created, dates.modified);
+    if (!items.Open(*reader, toOpen[next].entryId, toOpen[next].index, item, book))
+        book.Item(item).modified = KeptItem::ReadAgain;
+    incomplete = incomplete || book.Item(item).modified == KeptItem::ReadAgain;
+    ++next;
+}
+
+void ContactHarvest::KeepFolder() {
+    book.KeepAllOf(*folderBefore);
+    changed = changed || changedHere;
+    doneHere = folders.found[current].count;
+    incomplete = false;
+    EndFolder();
 }
 
 void ContactHarvest::EndFolder() {
-    ContactFolder& folder = book.folders.back();
-    if (!known.empty()) changed = true;
+    changed = changed || changedHere;
     if (incomplete) folders.failed.push_back(folderName);
-    // What is modified in the minute of the newest may come later than this reading.
-    folder.settled = !incomplete && folder.newest > 0 &&
-                     WholeMinute(folder.newest) + Minute <= WholeMinute(surroundings.clock.Now());
-    if (currentOld >= 0 && before.folders[std::size_t(currentOld)].settled != folder.settled)
-        settledOthers = true;
     reader.reset();
+    done += std::exchange(doneHere, 0);
     ++current;
     step = Step::Folder;
 }
 
-// What was known stays; what was read of it meanwhile does too, and is offered once all the same.
+// What was known of it stays.
 void ContactHarvest::GiveUpFolder() {
     folders.failed.push_back(folderName);
-    for (const auto& [key, old] : known) {
-        ContactItem item = before.items[old];
-        item.folder = std::uint16_t(book.folders.size() - 1);
-        kept[old] = AddItem(item) + 1;
+    book.EmptyFolder();
+    reader.reset();
+    if (folderBefore) {
+        KeepFolder();
+    } else {
+        book.DropFolder();
+        ++current;
+        step = Step::Folder;
     }
-    EndFolder();
-    book.folders.back().settled = false;
 }
 
-// The new book --------------------------------------------------------------------------------
-
-void ContactHarvest::KeepRows() {
-    const std::size_t end = std::min(before.list.Rows(), next + EntriesAStep);
-    for (; next < end; ++next) {
-        AddressRow row = before.list.Row(next);
-        if (kept[row.item] == 0 || row.kind == NumberKind::List) continue;
-        row.item = kept[row.item] - 1;
-        row.folder = book.items[row.item].folder;
-        builder.Add(row);
+// The folders before that are gone, unless they may come back.
+void ContactHarvest::EndFolders() {
+    for (std::size_t old = 0; old < before.folders.size(); ++old) {
+        const KeptFolder& folder = before.folders[old];
+        const bool seen = std::ranges::any_of(
+            folders.found, [&](const auto& contacts) { return contacts.toKeep.id == folder.id; });
+        if (seen) continue;
+        if (folders.MayReturn(folder)) {
+            if (book.BeginFolder(folder) != old) changed = true;
+            book.KeepAllOf(old);
+        } else {
+            changed = true;
+        }
     }
-    if (next < before.list.Rows()) return;
-    for (const auto& [old, members] : before.members) {
-        if (kept[old] != 0) book.members[kept[old] - 1] = members;
-    }
-    for (const auto& [item, members] : book.members) {
-        for (const Text& member : members) numberOfMember.try_emplace(LowerCase(member));
-    }
-    next = 0;
-    step = Step::Members;
+    step = changed ? Step::Book : Step::Done;
 }
 
 }  // namespace tellwick

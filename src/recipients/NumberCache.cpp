@@ -12,7 +12,7 @@ namespace {
 constexpr TextView NumbersFile = u"numbers.txt";
 constexpr TextView DetailsFile = u"numbers2.txt";
 constexpr TextView NewEnding = u".new";
-constexpr std::string_view Title = "Tellwick numbers 1";
+constexpr std::string_view Title = "Tellwick numbers 2";
 constexpr std::string_view EndOfLine = "\r\n";
 constexpr std::string_view Separator = "  (";
 constexpr std::size_t LinesAStep = 1000;
@@ -91,21 +91,17 @@ bool NumberCacheReader::ReadHead() {
 
 bool NumberCacheReader::ReadFolder() {
     fields = NextLine(detailsLeft);
-    ContactFolder folder;
+    KeptFolder folder;
     folder.id = escaped.Read(Field());
+    folder.storeId = escaped.Read(Field());
     folder.name = escaped.Read(Field());
-    std::uint64_t newest = 0;
-    int settled = 0;
-    if (!ReadField(folder.count) || !ReadField(newest, 16) || !ReadField(settled)) return false;
-    folder.newest = std::bit_cast<double>(newest);
-    folder.settled = settled != 0;
     book.folders.push_back(std::move(folder));
     return true;
 }
 
 bool NumberCacheReader::ReadItem() {
     fields = NextLine(detailsLeft);
-    ContactItem item;
+    KeptItem item;
     std::uint64_t created = 0, modified = 0;
     if (!ReadField(item.folder) || item.folder >= folders || !ReadField(created, 16) ||
         !ReadField(modified, 16)) {
@@ -254,7 +250,7 @@ bool NumberCacheWriter::DoSome() {
         case Step::Folders:
             for (std::size_t row = 0; row < book.list.Rows(); ++row)
                 rowOfItem[book.list.Row(row).item] = std::uint32_t(row);
-            for (const ContactFolder& known : book.folders) AppendFolder(known);
+            for (const KeptFolder& known : book.folders) AppendFolder(known);
             step = Step::Items;
             break;
         case Step::Items: {
@@ -295,19 +291,17 @@ bool NumberCacheWriter::DoSome() {
     return true;
 }
 
-void NumberCacheWriter::AppendFolder(const ContactFolder& known) {
+void NumberCacheWriter::AppendFolder(const KeptFolder& known) {
     escaped.Append(details, known.id);
     details += '\t';
+    escaped.Append(details, known.storeId);
+    details += '\t';
     escaped.Append(details, known.name);
-    details += '\t';
-    AppendNumber(details, known.count);
-    details += '\t';
-    AppendNumber(details, std::bit_cast<std::uint64_t>(known.newest), 16);
-    details.append(known.settled ? "\t1" : "\t0").append(EndOfLine);
+    details.append(EndOfLine);
 }
 
 void NumberCacheWriter::AppendItem(std::size_t index) {
-    const ContactItem& item = book.items[index];
+    const KeptItem& item = book.items[index];
     AppendNumber(details, item.folder);
     for (const double date : {item.created, item.modified}) {
         details += '\t';

@@ -84,7 +84,7 @@ public:
 private:
     enum class Step { Folders, Items, Entries, WriteNumbers, WriteHead, WriteDetails, Done };
 
-    void AppendFolder(const ContactFolder& known);
+    void AppendFolder(const KeptFolder& known);
     void AppendItem(std::size_t index);
     void AppendEntry(std::size_t index);
     std::string Head() const;

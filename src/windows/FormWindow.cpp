@@ -150,6 +150,8 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
                  std::max(suggested.bottom - suggested.top, least.cy),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     OnSize();
+    // Labels kept what was drawn in the old size.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void FormWindow::SetWindowCaption(TextView caption) {
@@ -184,11 +186,15 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             if (LOWORD(first) == WA_INACTIVE) {
                 lastFocus = IsChild(own, GetFocus()) ? GetFocus() : lastFocus;
+                OnDeactivate();
             } else {
                 ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
                 OnActivate();
             }
             return 0;
+        case WM_QUERYENDSESSION:
+            OnDeactivate();
+            return TRUE;
         case WM_SETFOCUS:
             ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
             return 0;

@@ -57,6 +57,8 @@ protected:
 
     // Handlers of the derived window. Keys come before any control sees them; true uses them up.
     virtual void OnActivate() {}
+    // Also when the system is about to end.
+    virtual void OnDeactivate() {}
     virtual void OnClose() = 0;
     virtual void OnSize() = 0;
     // The resolution has changed: Font() is the new one, OnSize follows.

@@ -39,15 +39,4 @@ std::string WindowsLocale::SortKey(TextView text) {
     return key;
 }
 
-Text WindowsLocale::DateText(double date) {
-    SYSTEMTIME time{};
-    wchar_t day[80], hour[80];
-    if (!VariantTimeToSystemTime(date, &time) ||
-        GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, day, 80) == 0 ||
-        GetTimeFormatW(LOCALE_USER_DEFAULT, TIME_NOSECONDS, &time, nullptr, hour, 80) == 0) {
-        return {};
-    }
-    return FromWide(day) + u" " + FromWide(hour);
-}
-
 }  // namespace tellwick::windows

@@ -15,7 +15,6 @@ public:
     std::string ToAnsi(TextView text) override { return windows::ToAnsi(text); }
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
     std::string SortKey(TextView text) override;
-    Text DateText(double date) override;
 };
 
 }  // namespace tellwick::windows

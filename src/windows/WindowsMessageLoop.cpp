@@ -1,18 +1,32 @@
 #include "windows/WindowsMessageLoop.h"
 
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "windows/MonitorAwareness.h"
 
 namespace tellwick::windows {
 
-void WindowsMessageLoop::DoEvents() {
+void WindowsMessageLoop::RunPending() {
     // Outlook's timers are among them.
     const OutlooksContext context;
+    std::vector<std::pair<HWND, WPARAM>> ticked;
+    bool again = false;
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (!again && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
             // Meant for the host's own loop.
             PostQuitMessage(int(message.wParam));
             return;
+        }
+        // Timers come when nothing else is left. One whose tick takes longer than its interval is
+        // always due.
+        if (message.message == WM_TIMER) {
+            const std::pair timer(message.hwnd, message.wParam);
+            again = std::find(ticked.begin(), ticked.end(), timer) != ticked.end();
+            ticked.push_back(timer);
         }
         TranslateMessage(&message);
         DispatchMessageW(&message);

@@ -8,11 +8,13 @@ namespace tellwick::windows {
 
 class WindowsMessageLoop : public MessageLoop {
 public:
-    void DoEvents() override;
     bool Waiting() override;
     void Sleep(std::uint32_t milliseconds) override { ::Sleep(milliseconds); }
     bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
               std::uint64_t second) override;
+
+protected:
+    void RunPending() override;
 };
 
 }  // namespace tellwick::windows

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "model/OutlookModel.h"
+#include "model/Stores.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -40,11 +41,22 @@ const MemberTable& NameSpace::Table() const {
                           stores->all = self.outlook.stores;
                           return stores->Handle();
                       })
+            .Property(
+                u"Stores",
+                [](NameSpace& self) { return std::make_shared<Stores>(self.outlook)->Handle(); })
+            .From(12)
             .Property(u"Type", [](NameSpace&) { return Text(u"MAPI"); })
             .Method(u"GetItemFromID", {u"EntryIDItem", u"EntryIDStore"},
                     [](NameSpace& self, const Arguments& arguments) -> Value {
                         const auto item = self.outlook.FindItem(AsText(arguments[0]));
                         return item ? item->Handle() : self.Fail(error::InvalidCall);
+                    })
+            .Method(u"GetFolderFromID", {u"EntryIDFolder", u"EntryIDStore"},
+                    [](NameSpace& self, const Arguments& arguments) -> Value {
+                        const auto folder = self.outlook.FindFolder(AsText(arguments[0]));
+                        if (folder) self.outlook.Touch(*folder);
+                        return folder && !folder->IsGone() ? folder->Handle()
+                                                           : self.Fail(error::InvalidCall);
                     })
             .Method(u"GetDefaultFolder", {u"FolderType"},
                     [](NameSpace& self, const Arguments& arguments) -> Value {

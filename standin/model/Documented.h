@@ -11,7 +11,32 @@
 namespace tellwick::standin {
 
 enum class Documented {
+    ConversationLines,
+    RibbonAskedLate,
+    BarsAfterStartup,
+    QuietEnd,
+    SecurityQuestion,
+    UntrustedObjects,
+    HeldItem,
     NoDefaultMember,
+
+    // Contacts and folders.
+    ArrayLargerThanTable,
+    LargeTableUncounted,
+    RowByRow,
+    PublicStore,
+    ClosedStore,
+    PasswordAsked,
+    SlowStore,
+    SharedFolder,
+    DeletedFolder,
+    HiddenFolder,
+    LateChange,
+    LocalDates,
+    UniversalDates,
+    OtherCalendar,
+    CountFails,
+    FoldersLimited,
     SystemDpiCalls,
     OwnedClipboard,
     BusyClipboard,

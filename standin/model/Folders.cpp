@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "model/OutlookModel.h"
+#include "model/Stores.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -35,12 +36,24 @@ Value Cell(Item& item, TextView name) {
     return member && !member->isMethod ? member->get(item, {}) : Value();
 }
 
+// What a table's columns can be called beside the items' properties: these dates are universal.
+const MemberTable& UniversalDates() {
+    static const MemberTable table =
+        Members<Item>()
+            .Property(u"http://schemas.microsoft.com/mapi/proptag/0x30070040",
+                      [](Item& self) { return self.created; })
+            .Property(u"http://schemas.microsoft.com/mapi/proptag/0x30080040",
+                      [](Item& self) { return self.modified; });
+    return table;
+}
+
 // The properties behind a table's columns, null where the items have none of that name.
 std::vector<const Member*> PropertiesOf(const MemberTable& table,
                                         const std::vector<Text>& columns) {
     std::vector<const Member*> properties;
     for (const Text& column : columns) {
-        const Member* member = table.Find(column);
+        const Member* member = UniversalDates().Find(column);
+        if (!member) member = table.Find(column);
         properties.push_back(member && !member->isMethod ? member : nullptr);
     }
     return properties;
@@ -82,13 +95,19 @@ Folder::Folder(OutlookModel& outlook, Text name, std::int32_t number, std::int32
                : number == CalendarFolder ? AppointmentItem
                                           : itemType),
       entryId(outlook.NewEntryId()),
-      storeId(entryId),
+      store(std::make_shared<StoreState>()),
       folders(std::make_shared<Folders>(outlook)),
-      items(std::make_shared<Items>(outlook)) {}
+      items(std::make_shared<Items>(outlook)) {
+    store->id = entryId;
+}
+
+bool Folder::IsGone() const {
+    return unreachable || !store->open || outlook.sessionEnded;
+}
 
 std::shared_ptr<Folder> Folder::Add(TextView newName, std::int32_t newType) {
     folders->all.push_back(std::make_shared<Folder>(outlook, Text(newName), 0, newType));
-    folders->all.back()->storeId = storeId;
+    folders->all.back()->store = store;
     return folders->all.back();
 }
 
@@ -110,12 +129,13 @@ const MemberTable& Folder::Table() const {
             .Default(u"Name")
             .Property(u"DefaultItemType", [](Folder& self) { return self.itemType; })
             .Property(u"EntryID", [](Folder& self) { return self.entryId; })
-            .Property(u"StoreID", [](Folder& self) { return self.storeId; })
+            .Property(u"StoreID", [](Folder& self) { return self.store->id; })
             .Property(u"Folders", [](Folder& self) { return self.folders->Handle(); })
             // Another collection each time: columns are set in one, not in the folder.
             .Property(u"Items",
                       [](Folder& self) {
                           auto items = std::make_shared<Items>(self.outlook);
+                          items->folder = Self(self);
                           items->all = self.items->all;
                           return items->Handle();
                       })
@@ -125,8 +145,16 @@ const MemberTable& Folder::Table() const {
                         const auto items =
                             filter.empty() ? self.items : self.items->Restricted(filter);
                         if (!items) return {};
-                        return std::make_shared<ItemTable>(self.outlook, items->all)->Handle();
+                        return std::make_shared<ItemTable>(self.outlook, Self(self), items->all)
+                            ->Handle();
                     })
+            .From(12)
+            .Property(u"PropertyAccessor",
+                      [](Folder& self) {
+                          return std::make_shared<PropertyAccessor>(Self(self))->Handle();
+                      })
+            .From(12)
+            .Property(u"Store", [](Folder& self) { return self.outlook.StoreOf(self)->Handle(); })
             .From(12);
     return table;
 }
@@ -135,13 +163,16 @@ std::shared_ptr<Items> Items::Restricted(TextView text) const {
     const Filter filter = ReadFilter(text);
     const bool byDate = EqualFolded(filter.field, u"LastModificationTime") ||
                         EqualFolded(filter.field, u"CreationTime");
-    const std::optional<double> date =
-        byDate ? outlook.readDate(filter.value) : std::optional<double>();
+    std::optional<double> date = byDate ? outlook.readDate(filter.value) : std::optional<double>();
+    // The text has the year of the user's calendar, which is read as one of the common calendar.
+    constexpr double Buddhist = 543 * 365.2425;
+    if (date && outlook.Does(Documented::OtherCalendar)) *date += Buddhist;
     if (filter.field.empty() || (byDate ? !date : filter.comparison != u"=")) {
         Fail(error::InvalidCall);
         return nullptr;
     }
     auto restricted = std::make_shared<Items>(outlook);
+    restricted->folder = folder;
     for (const auto& item : all) {
         const bool meets = byDate
                                ? Holds(AsReal(Cell(*item, filter.field)), filter.comparison, *date)
@@ -149,6 +180,24 @@ std::shared_ptr<Items> Items::Restricted(TextView text) const {
         if (meets) restricted->all.push_back(item);
     }
     return restricted;
+}
+
+bool Items::Sort(TextView property, bool descending) {
+    if (StartsWith(property, u"[") && EndsWith(property, u"]"))
+        property = property.substr(1, property.size() - 2);
+    if (RefusedAsColumn(property)) return false;
+    const auto less = [&](const std::shared_ptr<Item>& one, const std::shared_ptr<Item>& other) {
+        const Value left = Cell(*one, property);
+        const Value right = Cell(*other, property);
+        if (std::holds_alternative<double>(left) && std::holds_alternative<double>(right))
+            return AsReal(left) < AsReal(right);
+        return LessFolded(AsText(left), AsText(right));
+    };
+    std::ranges::stable_sort(all, [&](const auto& one, const auto& other) {
+        return descending ? less(other, one) : less(one, other);
+    });
+    next = 0;
+    return true;
 }
 
 const MemberTable& Items::Table() const {
@@ -177,9 +226,21 @@ const MemberTable& Items::Table() const {
                         self.columns = std::move(columns);
                         return {};
                     })
-            .Method(u"Restrict", {u"Filter"}, [](Items& self, const Arguments& arguments) {
-                return HandleOf(self.Restricted(AsText(arguments[0])));
-            });
+            .Method(u"Restrict", {u"Filter"},
+                    [](Items& self, const Arguments& arguments) {
+                        return HandleOf(self.Restricted(AsText(arguments[0])));
+                    })
+            .Method(u"Sort", {u"Property", u"Descending"},
+                    [](Items& self, const Arguments& arguments) -> Value {
+                        return self.Sort(AsText(arguments[0]), AsBoolean(arguments[1]))
+                                   ? Value()
+                                   : self.Fail(error::InvalidCall);
+                    });
+        members.Replace(u"Count", [](Items& self, const Arguments&) -> Value {
+            const auto folder = self.folder.lock();
+            if (folder && folder->countFails) return self.Fail(error::Automation);
+            return std::int32_t(self.all.size());
+        });
         members.Replace(u"Item", [](Items& self, const Arguments& arguments) -> Value {
             std::int32_t index = 0;
             if (!Convert(arguments[0], index)) return self.Fail(error::TypeMismatch);
@@ -229,8 +290,10 @@ const MemberTable& Recipient::Table() const {
     static const MemberTable table =
         OutlookMembers<Recipient>(4)
             .Property(u"Name", [](Recipient& self) { return self.person.name; })
+            .Guarded()
             .Default(u"Name")
-            .Property(u"Address", [](Recipient& self) { return self.person.address; });
+            .Property(u"Address", [](Recipient& self) { return self.person.address; })
+            .Guarded();
     return table;
 }
 
@@ -261,13 +324,32 @@ const MemberTable& ItemTable::Table() const {
                           return std::make_shared<TableColumns>(Self(self))->Handle();
                       })
             .Property(u"EndOfTable", [](ItemTable& self) { return self.next >= self.items.size(); })
-            .Method(
-                u"GetRowCount", {},
-                [](ItemTable& self, const Arguments&) { return std::int32_t(self.items.size()); })
+            .Method(u"GetRowCount", {},
+                    [](ItemTable& self, const Arguments&) -> Value {
+                        constexpr std::size_t Large = 10000;
+                        if (self.items.size() > Large &&
+                            self.outlook.Does(Documented::LargeTableUncounted)) {
+                            return self.Fail(error::Automation);
+                        }
+                        return std::int32_t(self.items.size());
+                    })
+            .Method(u"GetNextRow", {},
+                    [](ItemTable& self, const Arguments&) -> Value {
+                        if (self.next >= self.items.size()) return ObjectPtr();
+                        Item& item = *self.items[self.next++];
+                        std::vector<Value> values;
+                        for (const Member* property : PropertiesOf(item.Table(), self.columns))
+                            values.push_back(property ? property->get(item, {}) : Value());
+                        return std::make_shared<TableRow>(Self(self), std::move(values))->Handle();
+                    })
             .Method(u"GetArray", {u"MaxRows"},
                     [](ItemTable& self, const Arguments& arguments) -> Value {
-                        const auto rows = std::min(std::size_t(AsNumber(arguments[0])),
-                                                   self.items.size() - self.next);
+                        const auto wanted = std::size_t(AsNumber(arguments[0]));
+                        if (wanted > self.items.size() &&
+                            self.outlook.Does(Documented::ArrayLargerThanTable)) {
+                            return self.Fail(error::InvalidCall);
+                        }
+                        const auto rows = std::min(wanted, self.items.size() - self.next);
                         auto grid = std::make_shared<Grid>();
                         grid->first = rows;
                         grid->second = self.columns.size();
@@ -285,6 +367,28 @@ const MemberTable& ItemTable::Table() const {
                         }
                         return GridPtr(std::move(grid));
                     });
+    return table;
+}
+
+const MemberTable& TableRow::Table() const {
+    static const MemberTable table =
+        OutlookMembers<TableRow>(123)
+            .Method(u"Item", {u"Index"},
+                    [](TableRow& self, const Arguments& arguments) -> Value {
+                        std::int32_t index = 0;
+                        const auto& columns = self.table->columns;
+                        if (const auto* name = std::get_if<Text>(&arguments[0])) {
+                            const auto found = std::ranges::find(columns, *name);
+                            index = std::int32_t(found - columns.begin()) + 1;
+                        } else if (!Convert(arguments[0], index)) {
+                            return self.Fail(error::TypeMismatch);
+                        }
+                        if (index < 1 || std::size_t(index) > self.values.size()) {
+                            return self.Fail(error::SubscriptOutOfRange);
+                        }
+                        return self.values[std::size_t(index) - 1];
+                    })
+            .Default(u"Item");
     return table;
 }
 

@@ -46,6 +46,8 @@ public:
     const MemberTable& Table() const override;
     const EventInterface* Events() const override;
     bool IsGone() const override { return deleted; }
+    void OnHeld() override;
+    std::shared_ptr<Folder> Within() override { return folder.lock(); }
 
     Text Field(TextView name) const;
     // Nothing when items of the class have no such field.
@@ -62,10 +64,12 @@ public:
 
     const std::int32_t itemClass;
     std::vector<Person> people;  // the members of a distribution list
-    double created = 0;          // dates, see Value
+    double created = 0;          // dates, see Value; of the universal time
     double modified = 0;
     std::weak_ptr<Folder> folder;
     bool deleted = false;
+    // Fields that the store has got while somebody held the item.
+    std::vector<std::pair<Text, Text>> storedMeanwhile;
 
 private:
     std::vector<std::pair<TextView, Text>> fields;  // by the names of FieldNames
@@ -90,6 +94,7 @@ public:
     TextView ClassName() const override { return item->ClassName(); }
     const MemberTable& Table() const override;
     bool IsGone() const override { return item->IsGone(); }
+    std::shared_ptr<Folder> Within() override { return item->Within(); }
 
     const std::shared_ptr<Item> item;
     const std::vector<Text>& columns;
@@ -103,12 +108,16 @@ public:
     using ModelObject::ModelObject;
     TextView ClassName() const override { return u"Items"; }
     const MemberTable& Table() const override;
+    std::shared_ptr<Folder> Within() override { return folder.lock(); }
 
     // Of all, those that meet the filter, which compares one field with a text or a date:
     // "[FullName] = 'Anna'", "[LastModificationTime] >= '21.11.2026 17:00'". Empty when it cannot
     // be read.
     std::shared_ptr<Items> Restricted(TextView filter) const;
+    // By a property, which may stand in brackets. False when it cannot be sorted by.
+    bool Sort(TextView property, bool descending);
 
+    std::weak_ptr<Folder> folder;
     std::vector<std::shared_ptr<Item>> all;
     std::size_t next = 0;       // where GetNext goes on
     std::vector<Text> columns;  // see ColumnItem; empty: whole items
@@ -123,14 +132,29 @@ public:
     std::vector<std::shared_ptr<Folder>> all;
 };
 
+// What folders lie in: a mailbox, a file, the public folders.
+struct StoreState {
+    Text id;
+    std::int32_t exchangeType = NotExchange;
+    bool open = true;
+    bool hasPassword = false;  // whoever has it opened is asked, and does not know it
+    double milliseconds = 0;   // that each call takes
+
+    // As Store.ExchangeStoreType.
+    static constexpr std::int32_t PublicFolders = 2;
+    static constexpr std::int32_t NotExchange = 3;
+    static constexpr std::int32_t Additional = 4;
+};
+
 class Folder : public ModelObject {
 public:
     // Of mails, unless its number or its type says otherwise.
     Folder(OutlookModel& outlook, Text name, std::int32_t number, std::int32_t itemType = MailItem);
     TextView ClassName() const override { return u"MAPIFolder"; }
     const MemberTable& Table() const override;
-    // Also of a store that cannot be reached.
-    bool IsGone() const override { return unreachable; }
+    // Also of a store that cannot be reached, or whose password was asked for.
+    bool IsGone() const override;
+    std::shared_ptr<Folder> Within() override { return Self(*this); }
 
     // Puts a folder into this one.
     std::shared_ptr<Folder> Add(TextView newName, std::int32_t newType);
@@ -139,8 +163,10 @@ public:
     const std::int32_t number;  // as default folder; 0 for any other
     const std::int32_t itemType;
     const Text entryId;
-    Text storeId;
+    std::shared_ptr<StoreState> store;
     bool unreachable = false;
+    bool hidden = false;
+    bool countFails = false;  // of its items
     const std::shared_ptr<Folders> folders;
     const std::shared_ptr<Items> items;
 };
@@ -148,15 +174,32 @@ public:
 // Rows of a folder, as Outlook 2007 and later give them out (GetTable).
 class ItemTable : public ModelObject {
 public:
-    ItemTable(OutlookModel& outlook, std::vector<std::shared_ptr<Item>> items)
-        : ModelObject(outlook), items(std::move(items)) {}
+    ItemTable(OutlookModel& outlook, std::shared_ptr<Folder> folder,
+              std::vector<std::shared_ptr<Item>> items)
+        : ModelObject(outlook), folder(std::move(folder)), items(std::move(items)) {}
     TextView ClassName() const override { return u"Table"; }
     const MemberTable& Table() const override;
+    std::shared_ptr<Folder> Within() override { return folder; }
+
+    const std::shared_ptr<Folder> folder;
 
     const std::vector<std::shared_ptr<Item>> items;
     std::size_t next = 0;  // row
     std::vector<Text> columns{u"EntryID", u"Subject", u"CreationTime", u"LastModificationTime",
                               u"MessageClass"};
+};
+
+// A row as GetNextRow gives it.
+class TableRow : public ModelObject {
+public:
+    TableRow(std::shared_ptr<ItemTable> table, std::vector<Value> values)
+        : ModelObject(table->outlook), table(std::move(table)), values(std::move(values)) {}
+    TextView ClassName() const override { return u"Row"; }
+    const MemberTable& Table() const override;
+    std::shared_ptr<Folder> Within() override { return table->folder; }
+
+    const std::shared_ptr<ItemTable> table;
+    const std::vector<Value> values;
 };
 
 class TableColumns : public ModelObject {

@@ -35,9 +35,18 @@ OutlookModel::OutlookModel(PendingError& errors, std::int32_t majorVersion)
               std::make_shared<Folder>(*this, u"Calendar", CalendarFolder),
               std::make_shared<Folder>(*this, u"Contacts", ContactsFolder)},
       stores{std::make_shared<Folder>(*this, u"Personal Folders", 0)},
+      deleted(std::make_shared<Folder>(*this, u"Deleted Items", DeletedFolder)),
+      navigation(std::make_shared<NavigationGroups>(*this)),
       application(std::make_shared<ApplicationObject>(*this)) {
     stores[0]->folders->all = folders;
-    for (const auto& folder : folders) folder->storeId = stores[0]->storeId;
+    stores[0]->folders->all.push_back(deleted);
+    for (const auto& folder : stores[0]->folders->all) folder->store = stores[0]->store;
+    const auto mine =
+        std::make_shared<NavigationGroup>(*this, u"My Contacts", NavigationGroup::Mine);
+    mine->folders->all.push_back(
+        std::make_shared<NavigationFolder>(*this, u"Contacts", DefaultFolder(ContactsFolder)));
+    navigation->all = {mine, std::make_shared<NavigationGroup>(*this, u"People's Contacts",
+                                                               NavigationGroup::OfPeople)};
     readDate = [](TextView text) -> std::optional<double> {
         const std::size_t blank = text.find(u' ');
         const std::size_t colon = text.find(u':');
@@ -56,6 +65,10 @@ OutlookModel::~OutlookModel() {
 
 ObjectPtr OutlookModel::Application() {
     return application->Handle();
+}
+
+ObjectPtr OutlookModel::RunningApplication() {
+    return application->Handle(false);
 }
 
 std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView description,
@@ -195,6 +208,17 @@ void OutlookModel::Select(const std::shared_ptr<Explorer>& explorer,
                           std::vector<std::shared_ptr<Item>> items) {
     if (!explorer || explorer->closed) return;
     explorer->selection = std::move(items);
+    explorer->conversations.clear();
+    Changed();
+    explorer->Raise(event::ExplorerSelectionChange);
+}
+
+void OutlookModel::SelectConversation(const std::shared_ptr<Explorer>& explorer,
+                                      std::vector<std::shared_ptr<Item>> mails) {
+    if (!explorer || explorer->closed) return;
+    explorer->selection.clear();
+    explorer->conversations.assign(1,
+                                   std::make_shared<ConversationHeader>(*this, std::move(mails)));
     Changed();
     explorer->Raise(event::ExplorerSelectionChange);
 }
@@ -210,6 +234,7 @@ void OutlookModel::SwitchFolder(const std::shared_ptr<Explorer>& explorer,
 }
 
 std::shared_ptr<Explorer> OutlookModel::ActiveExplorer() const {
+    if (!startupComplete && Does(Documented::BarsAfterStartup)) return nullptr;
     return TopOf<Explorer>(stack);
 }
 
@@ -249,7 +274,7 @@ bool OutlookModel::ClickButton(const std::shared_ptr<CommandBarControl>& control
 void OutlookModel::Quit() {
     while (!inspectors->all.empty()) CloseInspector(inspectors->all.back());
     while (!explorers->all.empty()) CloseExplorer(explorers->all.back());
-    if (shutDownAddIns) shutDownAddIns();
+    if (shutDownAddIns && !Does(Documented::QuietEnd)) shutDownAddIns();
     application->Raise(event::ApplicationQuit);
 }
 
@@ -279,14 +304,80 @@ void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
     Changed();
 }
 
+std::shared_ptr<Folder> OutlookModel::AddStore(TextView name) {
+    stores.push_back(std::make_shared<Folder>(*this, Text(name), 0));
+    return stores.back();
+}
+
+void OutlookModel::AddPublicStore() {
+    const auto root = AddStore(u"Public Folders");
+    root->store->exchangeType = StoreState::PublicFolders;
+    publicFolders = std::make_shared<Folder>(*this, u"All Public Folders", PublicFoldersFolder);
+    publicFolders->store = root->store;
+    root->folders->all.push_back(publicFolders);
+}
+
+std::shared_ptr<Folder> OutlookModel::ShareFolder(TextView owner) {
+    const auto root = std::make_shared<Folder>(*this, u"Mailbox - " + Text(owner), 0);
+    root->store->exchangeType = 1;
+    auto folder = root->Add(u"Contacts", ContactItem);
+    navigation->all.back()->folders->all.push_back(
+        std::make_shared<NavigationFolder>(*this, u"Contacts - " + Text(owner), folder));
+    return folder;
+}
+
+std::shared_ptr<Store> OutlookModel::StoreOf(const Folder& folder) {
+    for (const auto& root : Roots()) {
+        if (root->store == folder.store) return std::make_shared<Store>(*this, root);
+    }
+    return nullptr;
+}
+
+void OutlookModel::Touch(const Folder& folder) {
+    StoreState& store = *folder.store;
+    if (store.milliseconds > 0 && pass) pass(store.milliseconds);
+    if (store.open) return;
+    if (store.hasPassword) {
+        ++passwordsAsked;
+    } else {
+        store.open = true;
+    }
+}
+
+void OutlookModel::FolderOpened() {
+    constexpr int Most = 500;
+    if (++foldersOpen > Most) sessionEnded = true;
+}
+
+// Of everything that has folders; one that is shared stands for itself.
+std::vector<std::shared_ptr<Folder>> OutlookModel::Roots() const {
+    std::vector<std::shared_ptr<Folder>> roots = stores;
+    for (const auto& group : navigation->all) {
+        if (group->type == NavigationGroup::Mine) continue;
+        for (const auto& shown : group->folders->all) roots.push_back(shown->folder);
+    }
+    return roots;
+}
+
 std::shared_ptr<Item> OutlookModel::FindItem(TextView entryId) const {
-    std::vector<std::shared_ptr<Folder>> waiting = stores;
+    std::vector<std::shared_ptr<Folder>> waiting = Roots();
     while (!waiting.empty()) {
         const std::shared_ptr<Folder> folder = waiting.back();
         waiting.pop_back();
         for (const auto& item : folder->items->all) {
             if (item->Field(u"EntryID") == entryId) return item;
         }
+        waiting.insert(waiting.end(), folder->folders->all.begin(), folder->folders->all.end());
+    }
+    return nullptr;
+}
+
+std::shared_ptr<Folder> OutlookModel::FindFolder(TextView entryId) const {
+    std::vector<std::shared_ptr<Folder>> waiting = Roots();
+    while (!waiting.empty()) {
+        const std::shared_ptr<Folder> folder = waiting.back();
+        waiting.pop_back();
+        if (folder->entryId == entryId) return folder;
         waiting.insert(waiting.end(), folder->folders->all.begin(), folder->folders->all.end());
     }
     return nullptr;
@@ -311,7 +402,18 @@ void OutlookModel::DeleteItem(const std::shared_ptr<Item>& item) {
     Changed();
 }
 
+void OutlookModel::ChangeInStore(const std::shared_ptr<Item>& item, TextView field,
+                                 TextView value) {
+    if (item->IsHeld()) {
+        item->storedMeanwhile.emplace_back(field, value);
+    } else {
+        item->SetField(field, value);
+    }
+}
+
 const std::shared_ptr<Folder>& OutlookModel::DefaultFolder(std::int32_t number) const {
+    if (number == DeletedFolder) return deleted;
+    if (number == PublicFoldersFolder && publicFolders) return publicFolders;
     const auto found = std::find_if(folders.begin(), folders.end(),
                                     [&](const auto& folder) { return folder->number == number; });
     return found == folders.end() ? folders[0] : *found;
@@ -322,6 +424,11 @@ bool OutlookModel::Does(Documented behaviour) const {
     if (version < row.first || version > row.last) return false;
     const auto found = switched.find(behaviour);
     return found == switched.end() ? row.usual : found->second;
+}
+
+void OutlookModel::AskUser(bool trusted) {
+    if (Does(Documented::SecurityQuestion) || (!trusted && Does(Documented::UntrustedObjects)))
+        ++questions;
 }
 
 void OutlookModel::FailMember(TextView className, TextView member, std::int32_t error) {

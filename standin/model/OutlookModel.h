@@ -12,6 +12,7 @@
 #include "model/Application.h"
 #include "model/Documented.h"
 #include "model/Ribbon.h"
+#include "model/Stores.h"
 #include "model/Windows.h"
 
 namespace tellwick::standin {
@@ -29,6 +30,8 @@ public:
     OutlookModel& operator=(const OutlookModel&) = delete;
 
     ObjectPtr Application();
+    // The same as other programs find it running; it is not trusted.
+    ObjectPtr RunningApplication();
     // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
     std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {},
                                        TextView guid = {});
@@ -56,6 +59,10 @@ public:
     // Changes the selection, then SelectionChange.
     void Select(const std::shared_ptr<Explorer>& explorer,
                 std::vector<std::shared_ptr<Item>> items);
+    // Selects the line of a conversation, whose mails these are; below 2010 that is a group's line,
+    // which gives nothing.
+    void SelectConversation(const std::shared_ptr<Explorer>& explorer,
+                            std::vector<std::shared_ptr<Item>> mails);
     void SwitchFolder(const std::shared_ptr<Explorer>& explorer,
                       const std::shared_ptr<Folder>& folder);
     // Null while there is none. The active one is the one last in front; one that has not been
@@ -75,8 +82,9 @@ public:
     bool PressReply(const std::shared_ptr<Item>& item);
     // Clicks a button as a user does; false when that control cannot be clicked.
     bool ClickButton(const std::shared_ptr<CommandBarControl>& control);
-    // Closes every window, calls shutDownAddIns, raises Quit. Opening an explorer afterwards is a
-    // new start of the same Outlook, which has forgotten the temporary controls.
+    // Closes every window, calls shutDownAddIns unless the end is a quiet one, raises Quit. Opening
+    // an explorer afterwards is a new start of the same Outlook, which has forgotten the temporary
+    // controls.
     void Quit();
 
     // Puts an item with these fields into the default folder of its kind. Any of the four item
@@ -86,12 +94,20 @@ public:
     void SaveItem(const std::shared_ptr<Item>& item);
     void MoveItem(const std::shared_ptr<Item>& item, const std::shared_ptr<Folder>& folder);
     void DeleteItem(const std::shared_ptr<Item>& item);
+    // As another program or a server changes it.
+    void ChangeInStore(const std::shared_ptr<Item>& item, TextView field, TextView value);
     // An inbox for every number that is not the contacts' or the calendar's.
     const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
 
     // Whether this Outlook does what the row says: in its versions, as usual or as switched.
     bool Does(Documented behaviour) const;
     void Switch(Documented behaviour, bool on) { switched[behaviour] = on; }
+
+    // A guarded member is used from outside, through a trusted handle or another.
+    void AskUser(bool trusted);
+    int questions = 0;  // that the user was asked
+    // OnStartupComplete has been, or comes next.
+    bool startupComplete = false;
 
     // Lets every use of the member fail with the error; 0 ends that. Class as in TypeName.
     void FailMember(TextView className, TextView member, std::int32_t error);
@@ -137,15 +153,39 @@ public:
     std::shared_ptr<NameSpace> session;
     // The date, see Value. Every creation moves it on by a second.
     double now = 46000.5;
+    // What the user's clock is ahead of the universal time, in days.
+    double timeZone = 0;
     // A date in a filter, as the user writes dates; "46000 17:05" unless it is set otherwise.
     std::function<std::optional<double>(TextView)> readDate;
     Text NewEntryId();
     // In any folder; null when there is none.
     std::shared_ptr<Item> FindItem(TextView entryId) const;
+    std::shared_ptr<Folder> FindFolder(TextView entryId) const;
     std::uint32_t lastEntry = 0;
 
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones
     std::vector<std::shared_ptr<Folder>> stores;   // the roots; the default ones lie in the first
+    const std::shared_ptr<Folder> deleted;         // for what was deleted from the first store
+    std::shared_ptr<Folder> publicFolders;         // of the public store, see AddPublicStore
+    std::shared_ptr<NavigationGroups> navigation;  // what the pane shows of contacts
+
+    std::shared_ptr<Folder> AddStore(TextView name);
+    // The store of an organisation's public folders; what is in it lies in publicFolders.
+    void AddPublicStore();
+    // Shows a folder of somebody's own store in the navigation pane.
+    std::shared_ptr<Folder> ShareFolder(TextView owner);
+    // By a folder of it.
+    std::shared_ptr<Store> StoreOf(const Folder& folder);
+
+    // A call from outside reaches the folder's store: a slow one takes its time, a closed one is
+    // opened, for which the user may be asked for a password.
+    void Touch(const Folder& folder);
+    std::function<void(double milliseconds)> pass;  // lets the time pass
+    int passwordsAsked = 0;
+    // An Exchange server ends the session of a program that has too many folders open.
+    void FolderOpened();
+    void FolderLetGo() { --foldersOpen; }
+    bool sessionEnded = false;
 
     Ribbons ribbons{*this};
 
@@ -154,6 +194,7 @@ public:
     std::vector<std::weak_ptr<Sink>> sinks;
 
 private:
+    std::vector<std::shared_ptr<Folder>> Roots() const;
     std::shared_ptr<CommandBars> NewBars(const std::shared_ptr<Window>& window);
     template <class Type>
     void CloseWindow(WindowCollection<Type>& windows, const std::shared_ptr<Type>& window);
@@ -163,6 +204,7 @@ private:
     std::shared_ptr<CommandBars> remembered;     // of the explorer closed last
     std::map<std::pair<Text, Text>, std::int32_t> failures;
     std::map<Documented, bool> switched;
+    int foldersOpen = 0;
 };
 
 // What every object of Outlook's own has, by the number of its class.

@@ -19,6 +19,7 @@
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
+//   slow-store NAME MILLISECONDS     what every call into the store takes from now on; 0 ends that
 //   naive-contacts                   reads these one by one through COM; answers milliseconds
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
@@ -124,6 +125,7 @@ private:
     Text AddList(const Words&);
     Text SetItem(const Words&);
     Text ManyContacts(const Words&);
+    Text SlowStore(const Words&);
     Text NaiveContacts(const Words&);
     Text UntilFile(const Words&);
     Text TypeKeys(const Words&);

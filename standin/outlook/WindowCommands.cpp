@@ -132,6 +132,14 @@ Text Commands::ManyContacts(const Words& words) {
     return {};
 }
 
+Text Commands::SlowStore(const Words& words) {
+    const auto found =
+        std::ranges::find(outlook.stores, words[0], [](const auto& root) { return root->name; });
+    Require(found != outlook.stores.end(), "no such store");
+    (*found)->store->milliseconds = double(LeadingNumber(words[1]));
+    return {};
+}
+
 Text Commands::AddMail(const Words& words) {
     return AddItem(MailClass, words);
 }

@@ -31,7 +31,7 @@
 //   end shutdown MILLISECONDS
 //
 // The exit code is 0 when nothing was left, 1 when something was, 2 for a wrong option.
-// Outlook 2016 ends fast: its add-ins hear Quit, but neither OnBeginShutdown nor OnDisconnection.
+// From Outlook 2010 on add-ins hear Quit, but neither OnBeginShutdown nor OnDisconnection.
 
 #include <windows.h>
 
@@ -250,6 +250,7 @@ int Run(const Options& options) {
     SYSTEMTIME now;
     GetLocalTime(&now);
     SystemTimeToVariantTime(&now, &outlook.now);
+    outlook.pass = [](double milliseconds) { Sleep(DWORD(milliseconds)); };
     outlook.readDate = [](TextView text) -> std::optional<double> {
         double date = 0;
         if (FAILED(VarDateFromStr(const_cast<wchar_t*>(Wide(Text(text))), LOCALE_USER_DEFAULT, 0,

@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "platform/Object.h"
+#include "recipients/AddressBook.h"
+#include "recipients/TimedCalls.h"
 
 namespace tellwick {
 
-class ContactReader {
+class FolderReader {
 public:
     // Its values stay where Outlook gave them, until the next reading.
     struct Row {
@@ -20,35 +22,50 @@ public:
 
         const Value& operator[](std::size_t column) const { return first[column * step]; }
     };
+    enum class Order { Any, NewestFirst };
 
-    // Columns are names of properties.
-    ContactReader(PendingError& errors, ObjectPtr folder, std::vector<TextView> columns);
+    // Columns are names of properties, and `count` is how many items there are. Dates that a table
+    // gives are universal, those of items local. Newest first are items only, not tables. The
+    // folder is opened at the first reading.
+    FolderReader(TimedCalls& calls, ObjectPtr nameSpace, const KeptFolder& folder,
+                 std::uint32_t count, std::vector<TextView> columns, Order order);
 
     // The next rows, none when all were read. False when Outlook fails.
     bool ReadSome();
     const std::vector<Row>& Rows() const { return rows; }
     bool AtEnd() const { return atEnd; }
+    // After a failure: begins anew, in the next way. False when there is none.
+    bool TryNextWay();
 
     // The item itself; empty when Outlook does not give it.
-    ObjectPtr Open(const ObjectPtr& nameSpace, const Row& row);
+    ObjectPtr Open(const Text& entryId, std::int32_t index);
 
 private:
+    enum class Way { Arrays, Rows, Items };
+
+    bool OpenFolder();
     bool OpenTable();
-    bool ReadTable();
+    bool OpenItems();
+    bool ReadArray();
+    bool ReadRow();
     bool ReadItem();
 
-    PendingError& errors;
-    ObjectPtr folder;
+    TimedCalls& calls;
+    ObjectPtr nameSpace;
+    Text id, storeId;
     std::vector<TextView> columns;
+    Order order;
+    Way way;
+    ObjectPtr folder;
     ObjectPtr table;  // from Outlook 2007 on
     ObjectPtr items;  // without a table: told which columns are wanted
     ObjectPtr whole;  // the items as they are
-    std::int32_t count = 0;
+    std::int32_t count;
     std::int32_t next = 1;
     bool atEnd = false;
     std::vector<Row> rows;
     GridPtr grid;               // with the rows' values
-    std::vector<Value> values;  // of the only row, without a table
+    std::vector<Value> values;  // of the only row, without an array
 };
 
 }  // namespace tellwick

@@ -1,0 +1,51 @@
+// What changed in a contact folder since it was last read: its items are compared by their dates.
+// Knows nothing of Outlook.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "recipients/AddressBook.h"
+
+namespace tellwick {
+
+class FolderChanges {
+public:
+    // `ofFolder` are the folder's items by their places in the items kept, which must outlive this.
+    FolderChanges(const std::vector<KeptItem>& items, std::span<const std::uint32_t> ofFolder);
+
+    // The kept item with these dates, each only once; none when it is new or modified.
+    std::optional<std::uint32_t> Take(double created, double modified);
+    // The kept items that were not taken: they are gone, or modified.
+    std::size_t CountLeft() const { return left.size(); }
+
+    // Dates are local in some ways of reading: where the clock was set to another time zone they
+    // all move by whole quarter hours, each by what its season has. Takes, for each of the items
+    // that were not found, the kept one that it is, and gives the new dates' owners; nothing unless
+    // most of what is left moved so.
+    struct Moved {
+        std::size_t index;  // of the dates
+        std::uint32_t item;
+    };
+    std::vector<Moved> TakeMoved(std::span<const KeptItem> dates);
+
+    // How many items were kept, and the latest modification among them.
+    std::size_t Count() const { return count; }
+    double Newest() const { return newest; }
+    // Whether some of them could not be read wholly.
+    bool Incomplete() const { return incomplete; }
+    // Whether any that is left was modified at that time or later.
+    bool LeftSince(double modified) const;
+
+private:
+    const std::vector<KeptItem>& items;
+    std::unordered_multimap<std::uint64_t, std::uint32_t> left;  // by a key of their dates
+    std::size_t count;
+    double newest = 0;
+    bool incomplete = false;
+};
+
+}  // namespace tellwick
