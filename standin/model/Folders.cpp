@@ -174,9 +174,9 @@ std::shared_ptr<Items> Items::Restricted(TextView text) const {
     auto restricted = std::make_shared<Items>(outlook);
     restricted->folder = folder;
     for (const auto& item : all) {
-        const bool meets = byDate
-                               ? Holds(AsReal(Cell(*item, filter.field)), filter.comparison, *date)
-                               : EqualFolded(AsText(Cell(*item, filter.field)), filter.value);
+        const bool meets =
+            byDate ? Holds(AsReal(Cell(*item, filter.field)), filter.comparison, date.value_or(0))
+                   : EqualFolded(AsText(Cell(*item, filter.field)), filter.value);
         if (meets) restricted->all.push_back(item);
     }
     return restricted;
