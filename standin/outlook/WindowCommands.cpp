@@ -198,7 +198,10 @@ Text Commands::Reply(const Words& words) {
 Text Commands::ReplySelected(const Words& words) {
     const auto explorer = ExplorerAt(words);
     if (outlook.FrontWindow() != explorer) outlook.Activate(explorer);
-    if (!explorer->conversations.empty()) return ReplyTo(explorer->conversations[0]->mails.back());
+    if (!explorer->conversations.empty()) {
+        const auto& mails = explorer->conversations[0]->mails;
+        return ReplyTo(*std::ranges::max_element(mails, {}, &Item::created));
+    }
     Require(explorer->selection.size() == 1, "not one item is selected");
     return ReplyTo(explorer->selection[0]);
 }

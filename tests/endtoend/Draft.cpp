@@ -16,7 +16,7 @@ TEST_CASE("what was typed when Outlook was killed stands in the next form") {
         TerminateProcess(outlook.Process(), 1);
         WaitForSingleObject(outlook.Process(), 5000);
     }
-    CHECK(machine.Setting(L"SMS", L"LastText").empty());
+    CHECK(machine.Setting(L"SMS", L"LastText") == L"(none)");
     StandIn outlook(16, L"--empty");
     const Form form = Form::Open(outlook);
     CHECK(TextOf(form.to) == L"0171 2345678");
