@@ -13,6 +13,8 @@ trap unexpected ERR
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 tools=$root/tools
 build=$root/build
+# Umlauts are typed and read whatever the caller's environment says, or where it says nothing.
+export LC_ALL=C.UTF-8
 # Outside the checkout, so that every clone of one user shares it.
 wine32Root=${XDG_CACHE_HOME:-$HOME/.cache}/tellwick/wine32-root
 

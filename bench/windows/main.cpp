@@ -1,20 +1,10 @@
 // Measurements over the real file system; the registry stays the one in memory.
-#include <cstdlib>
-
 #include "Measures.h"
 #include "platform/MemoryPlatform.h"
-#include "windows/SystemPorts.h"
 #include "windows/WindowsFileSystem.h"
+#include "windows/WindowsLocale.h"
 
 using namespace tellwick;
-
-namespace tellwick::windows {
-
-void ReportException() noexcept {
-    std::abort();
-}
-
-}  // namespace tellwick::windows
 
 int main() {
     test::MemoryPlatform memory;

@@ -9,6 +9,10 @@
 
 namespace tellwick {
 
+namespace {
+constexpr std::int32_t FirstWithExplorerRibbon = 14;  // Outlook 2010
+}
+
 Connect::Connect(Program& program) : program(program) {}
 
 OutlookAddIn& Connect::AddIn() {
@@ -29,7 +33,12 @@ void Connect::Start(const ObjectPtr& application, const ObjectPtr& addInInstance
     // A count that cannot be read is no reason to stay away.
     const std::int32_t explorers = outlookApplication.Explorers().Count();
     const std::int32_t inspectors = outlookApplication.Inspectors().Count();
-    if (!errors && explorers == 0 && inspectors == 0) return;
+    withoutWindow = !errors && explorers == 0 && inspectors == 0;
+    if (withoutWindow) {
+        // The ribbon of a window that comes later is all that there will be.
+        program.processValues.outlookVersion = outlookApplication.MajorVersion();
+        return;
+    }
 
     program.processValues.applicationTitle = ComponentTitle;
     const Text progId = AsText(Get(errors, addInInstance, u"ProgId"));
@@ -44,9 +53,20 @@ Text Connect::GetCustomUI(TextView ribbonId) {
         // Held here: Outlook may disconnect from within.
         if (const std::shared_ptr<OutlookAddIn> addIn = outlookAddIn) {
             xml = addIn->GetCustomUI(ribbonId);
+        } else if (withoutWindow &&
+                   program.processValues.outlookVersion >= FirstWithExplorerRibbon) {
+            program.inifilesLite.GetIniFile();
+            xml = program.ribbon.GetCustomUI(ribbonId, program.processValues.outlookVersion,
+                                             Ribbon::Connection::WithoutWindow);
         }
     });
     return xml;
+}
+
+void Connect::AddinInstance_OnStartupComplete() {
+    program.debug.Guarded([this] {
+        if (const std::shared_ptr<OutlookAddIn> addIn = outlookAddIn) addIn->CompleteStartup();
+    });
 }
 
 void Connect::AddinInstance_OnBeginShutdown() {
@@ -61,14 +81,13 @@ void Connect::AddinInstance_OnDisconnection([[maybe_unused]] std::int32_t remove
 }
 
 void Connect::ReleaseAddIn() {
+    withoutWindow = false;
     program.debug.Guarded([this] {
         AddIn();
         // Held here: what is released may call back.
         const std::shared_ptr<OutlookAddIn> addIn = std::exchange(outlookAddIn, nullptr);
         addIn->Release(nullptr);
     });
-    // Settings that could not be written when the forms closed get a last try.
-    program.debug.Guarded([this] { program.iniFile.Flush(); });
 }
 
 }  // namespace tellwick

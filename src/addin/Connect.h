@@ -18,14 +18,15 @@ public:
     // Does nothing while Outlook has no window at all; otherwise brings the add-in to life.
     void AddinInstance_OnConnection(const ObjectPtr& application, std::int32_t connectMode,
                                     const ObjectPtr& addInInstance);
-    void AddinInstance_OnStartupComplete() {}
+    void AddinInstance_OnStartupComplete();
     void AddinInstance_OnAddInsUpdate() {}
     void AddinInstance_OnBeginShutdown();
     void AddinInstance_OnDisconnection(std::int32_t removeMode);
     void AddinInstance_Terminate() {}
 
     // The ribbon's XML for a kind of window; empty where the add-in has nothing, and while it is
-    // not connected.
+    // not connected. A connection without a window gives it, too, from Outlook 2010 on: its buttons
+    // work by the window that each click brings.
     Text GetCustomUI(TextView ribbonId);
 
 private:
@@ -36,6 +37,7 @@ private:
     Program& program;
     // Created by whichever handler needs it first.
     std::shared_ptr<OutlookAddIn> outlookAddIn;
+    bool withoutWindow = false;  // connected while Outlook had none
 };
 
 }  // namespace tellwick

@@ -8,24 +8,30 @@
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
 #include "recipients/Addresses.h"
+#include "recipients/RecipientLookup.h"
 #include "settings/Debug.h"
+#include "settings/IniFile.h"
 #include "settings/RegEdit.h"
 
 namespace tellwick {
 
 namespace {
 
-constexpr std::int32_t FirstWithoutOwnQuit = 10;  // Outlook 2002
+constexpr std::int32_t FirstWithoutOwnQuit = 10;     // Outlook 2002
+constexpr std::int32_t FirstReadyAtConnection = 10;  // with its command bars
 
 }  // namespace
 
-OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit,
-                           Addresses& addresses, Forms& forms, SmsReply& smsReply, Ribbon& ribbon,
-                           ProcessValues& processValues, ExplorerFactory createExplorer)
+OutlookAddIn::OutlookAddIn(PendingError& errors, Debug& debug, RegEdit& regEdit, IniFile& iniFile,
+                           Addresses& addresses, RecipientLookup& recipientLookup, Forms& forms,
+                           SmsReply& smsReply, Ribbon& ribbon, ProcessValues& processValues,
+                           ExplorerFactory createExplorer)
     : errors(errors),
       debug(debug),
       regEdit(regEdit),
+      iniFile(iniFile),
       addresses(addresses),
+      recipientLookup(recipientLookup),
       forms(forms),
       smsReply(smsReply),
       ribbon(ribbon),
@@ -50,7 +56,7 @@ Text OutlookAddIn::TagText() const {
 
 void OutlookAddIn::Initialise(const ObjectPtr& application, TextView progId) {
     const outlook::Application outlookApplication(errors, application);
-    processValues.outlookVersion = LeadingNumber32(outlookApplication.Version().substr(0, 2));
+    processValues.outlookVersion = outlookApplication.MajorVersion();
 
     golApp.Set(errors, application, outlook::ApplicationEvents,
                OnEvent(outlook::event::ApplicationQuit, &OutlookAddIn::golApp_Quit));
@@ -74,11 +80,18 @@ void OutlookAddIn::Initialise(const ObjectPtr& application, TextView progId) {
     }
 }
 
+void OutlookAddIn::CompleteStartup() {
+    if (processValues.outlookVersion >= FirstReadyAtConnection || !golApp || explorers.empty())
+        return;
+    const std::shared_ptr<cOlExplorer> first = explorers.front();
+    first->CompleteMenus();
+}
+
 Text OutlookAddIn::GetCustomUI(TextView ribbonId) {
     if (!golApp) return {};
     // Held here: the calls into Outlook may bring events that change the array.
     const Wrappers wrapped = explorers;
-    Text xml = ribbon.GetCustomUI(ribbonId, processValues.outlookVersion);
+    Text xml = ribbon.GetCustomUI(ribbonId, processValues.outlookVersion, Ribbon::Connection::Live);
     if (ribbon.InExplorers()) {
         for (const std::shared_ptr<cOlExplorer>& wrapper : wrapped) wrapper->GiveWay();
     }
@@ -101,8 +114,18 @@ void OutlookAddIn::colExpl_NewExplorer(const ObjectPtr& explorer) {
 void OutlookAddIn::colInsp_NewInspector(const ObjectPtr& inspector) {
     objInsp.Set(errors, inspector, outlook::InspectorEvents,
                 OnEvent(outlook::event::InspectorClose, &OutlookAddIn::objInsp_Close));
-    smsReply.Follow(objMailItem, outlook::Inspector(errors, objInsp.Reference()).CurrentItem(),
-                    SmsReply::Place::Inspector);
+    const bool follows =
+        smsReply.Follow(objMailItem, outlook::Inspector(errors, objInsp.Reference()).CurrentItem(),
+                        SmsReply::Place::Inspector);
+    if (!follows) return;
+    mailInsp.Set(errors, inspector, outlook::InspectorEvents,
+                 OnEvent(outlook::event::InspectorClose, &OutlookAddIn::mailInsp_Close));
+}
+
+// An item that is held is not read anew from the store.
+void OutlookAddIn::mailInsp_Close(const ObjectPtr&) {
+    objMailItem.Clear();
+    mailInsp.Clear();
 }
 
 void OutlookAddIn::objInsp_Close(const ObjectPtr&) {
@@ -111,6 +134,7 @@ void OutlookAddIn::objInsp_Close(const ObjectPtr&) {
         !outlook::Application(errors, golApp.Reference()).ActiveExplorer()) {
         Release(nullptr);
     }
+    objInsp.Clear();
 }
 
 void OutlookAddIn::golApp_Quit(const ObjectPtr&) {
@@ -135,6 +159,7 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
         }
     });
     ribbon.Release();
+    recipientLookup.Stop();
     // Outlook 2000 has its clean-up for Quit here. It must not lead back into the release.
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
     addresses.Release();
@@ -149,7 +174,9 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
     colExpl.Clear();
     golApp.Clear();
     objMailItem.Clear();
+    mailInsp.Clear();
     regEdit.WriteValue(Hive::CurrentUser, RootKey, u"OlAddInActive", u"");
+    debug.Guarded([this] { iniFile.Flush(); });
 }
 
 }  // namespace tellwick

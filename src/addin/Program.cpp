@@ -28,7 +28,9 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       prefixes(debug, inifilesLite, language),
       addresses(services, {errors, platform.automation, prefixes, platform.locale, platform.clock},
                 platform.fileSystem, platform.timers, platform.messageLoop),
-      contacts(errors, platform.automation, prefixes, addresses),
+      contacts(errors, platform.automation, prefixes),
+      recipientLookup(errors, debug, platform.automation, processValues, contacts, addresses,
+                      platform.clock, platform.timers, platform.messageLoop),
       process(debug, platform.programs),
       tellwick(debug, regEdit, process, questionBox, platform.programs, platform.messageLoop),
       smsQueue(regEdit, files, platform.fileSystem, platform.locks),
@@ -41,37 +43,42 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       textTemplates(services, formSmsSendView.ComboBoxTextbausteine(),
                     [this](TextView text) { messageText.Insert(text); }),
       lostCharacters(services, messageText, platform.locale),
+      draft(services, platform.fileSystem, platform.locale, platform.timers,
+            [this, &formSmsSendView] {
+                return Draft::Contents{formSmsSendView.TextTo().GetText(), messageText.MeantText()};
+            }),
       submission(services, formSmsSend, formSmsSendView, recipientField, messageText,
-                 lostCharacters, platform.messageLoop, smsQueue, tellwick),
+                 lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientField),
       formOptions(services, formOptionsView, forms, prefixes, platform.locale,
                   [this] {
+                      prefixes.Forget();
                       formSmsSend.ApplySettings();
                       addresses.ApplySettings();
                   }),
       formSmsPreview(services, formSmsPreviewView, forms, messageText, airCountLine,
                      platform.locale),
       formSmsSend(services, formSmsSendView, forms,
-                  {submission, messageText, recipientField, textTemplates}, airCountLine,
-                  formSmsPreview, formSmsSelectAddress, formOptions, helpViewer),
+                  {submission, messageText, recipientField, textTemplates}, draft, airCountLine,
+                  recipientLookup, formSmsPreview, formSmsSelectAddress, formOptions, helpViewer),
       formT1(debug, forms, platform.timers),
-      smsReply(errors, debug, platform.automation, platform.messageLoop, contacts, formSmsSend,
+      smsReply(errors, debug, processValues, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
-      ribbon(errors, debug, language, platform.bitmaps, contacts, smsReply, formSmsSend),
-      olButtons(regEdit, platform.bitmaps),
-      automation(platform.automation) {}
+      ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, formSmsSend),
+      olButtons(regEdit, platform.bitmaps) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     const auto openSms = [this](const ObjectPtr& application) {
-        formSmsSend.Open(contacts.SelectedRecipients(application));
+        formSmsSend.Open(recipientLookup.LookInSelection(application));
     };
     const auto createExplorer = [this, openSms] {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
-                                             automation, processValues, ribbon, openSms);
+                                             processValues, ribbon, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, addresses, forms, smsReply,
-                                          ribbon, processValues, createExplorer);
+    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses,
+                                          recipientLookup, forms, smsReply, ribbon, processValues,
+                                          createExplorer);
 }
 
 }  // namespace tellwick

@@ -5,10 +5,10 @@
 
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
-#include "addin/ProcessValues.h"
 #include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
+#include "compose/Draft.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
@@ -21,10 +21,12 @@
 #include "compose/Tellwick.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
+#include "platform/ProcessValues.h"
 #include "recipients/Addresses.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientLookup.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
@@ -53,6 +55,7 @@ public:
     std::shared_ptr<OutlookAddIn> CreateOutlookAddIn();
 
     PendingError& errors;
+    ProcessValues processValues;
     RegEdit regEdit;
     Debug debug;
     Paths paths;
@@ -67,6 +70,7 @@ public:
     Prefixes prefixes;
     Addresses addresses;
     Contacts contacts;
+    RecipientLookup recipientLookup;
     Process process;
     Tellwick tellwick;
     SmsQueue smsQueue;
@@ -76,6 +80,7 @@ public:
     AirCountLine airCountLine;
     TextTemplates textTemplates;
     LostCharacters lostCharacters;
+    Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;
@@ -85,10 +90,6 @@ public:
     SmsReply smsReply;
     Ribbon ribbon;
     OlButtons olButtons;
-    ProcessValues processValues;
-
-private:
-    Automation& automation;
 };
 
 }  // namespace tellwick

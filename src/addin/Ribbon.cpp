@@ -9,7 +9,7 @@
 #include "platform/Bitmaps.h"
 #include "platform/Outlook.h"
 #include "platform/Product.h"
-#include "recipients/Contacts.h"
+#include "recipients/RecipientLookup.h"
 #include "settings/Debug.h"
 #include "settings/LanguageTexts.h"
 
@@ -93,16 +93,16 @@ std::span<const Ribbon::Callback> Ribbon::Callbacks() {
 }
 
 Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
-               Contacts& contacts, SmsReply& smsReply, FormSmsSend& formSmsSend)
+               RecipientLookup& recipientLookup, SmsReply& smsReply, FormSmsSend& formSmsSend)
     : errors(errors),
       debug(debug),
       language(language),
       bitmaps(bitmaps),
-      contacts(contacts),
+      recipientLookup(recipientLookup),
       smsReply(smsReply),
       formSmsSend(formSmsSend) {}
 
-Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion) {
+Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connection connection) {
     Procedure procedure{debug, u"GetCustomUI"};
     const bool isExplorer = ribbonId == u"Microsoft.Outlook.Explorer";
     Text tabs;
@@ -119,16 +119,17 @@ Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion) {
     } else {
         return {};
     }
-    Text xml = Text(
-                   u"<customUI onLoad=\"Ribbon_onLoad\""
-                   u" xmlns=\"http://schemas.microsoft.com/office/")
+    const bool live = connection == Connection::Live;
+    Text xml = Text(u"<customUI")
+                   .append(live ? u" onLoad=\"Ribbon_onLoad\"" : u"")
+                   .append(u" xmlns=\"http://schemas.microsoft.com/office/")
                    .append(outlookVersion < FirstWithContextMenus ? u"2006/01" : u"2009/07")
                    .append(u"/customui\"><ribbon><tabs>")
                    .append(tabs)
                    .append(u"</tabs></ribbon>")
                    .append(menus)
                    .append(u"</customUI>");
-    inExplorers = inExplorers || isExplorer;
+    inExplorers = inExplorers || (live && isExplorer);
     return xml;
 }
 
@@ -192,13 +193,13 @@ Value Ribbon::Ribbon_getSmallImage(const ObjectPtr&) {
 }
 
 Value Ribbon::RibbonSMSNew_Click(const ObjectPtr& control) {
-    const Text recipients = contacts.SelectedRecipients(
+    const Text recipients = recipientLookup.LookInSelection(
         outlook::Explorer(errors, ContextOf(control)).Parent().Reference());
     formSmsSend.Open(recipients);
     return {};
 }
 
-// Nothing of Outlook's is held any more when the form opens, which may ask the user something
+// What is not needed any more is not held when the form opens, which may ask the user something
 // first.
 Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
     ObjectPtr mail = outlook::Inspector(errors, ContextOf(control)).CurrentItem().Reference();
@@ -206,7 +207,7 @@ Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
         mail.reset();
         smsReply.Open(*parts, SmsReply::Place::Inspector);
     } else {
-        const Text recipient = contacts.RecipientOf(mail);
+        const Text recipient = recipientLookup.LookInItem(mail);
         mail.reset();
         formSmsSend.Open(recipient);
     }
@@ -215,10 +216,10 @@ Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
 
 Value Ribbon::RibbonSMSContact_Click(const ObjectPtr& control) {
     ObjectPtr context = ContextOf(control);
-    const Text recipients =
-        TypeName(context) == u"Inspector"
-            ? contacts.RecipientOf(outlook::Inspector(errors, context).CurrentItem().Reference())
-            : contacts.RecipientsIn(context);
+    const Text recipients = TypeName(context) == u"Inspector"
+                                ? recipientLookup.LookInItem(
+                                      outlook::Inspector(errors, context).CurrentItem().Reference())
+                                : recipientLookup.LookInItems(context);
     context.reset();
     formSmsSend.Open(recipients);
     return {};

@@ -11,20 +11,22 @@
 namespace tellwick {
 
 class Bitmaps;
-class Contacts;
 class Debug;
 class FormSmsSend;
 class LanguageTexts;
+class RecipientLookup;
 class SmsReply;
 
 class Ribbon {
 public:
     Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
-           Contacts& contacts, SmsReply& smsReply, FormSmsSend& formSmsSend);
+           RecipientLookup& recipientLookup, SmsReply& smsReply, FormSmsSend& formSmsSend);
 
     // The XML for a kind of window ("Microsoft.Outlook.Explorer"), in the namespace that the major
-    // version of Outlook knows; empty for a kind that the add-in has nothing for.
-    Text GetCustomUI(TextView ribbonId, std::int32_t outlookVersion);
+    // version of Outlook knows; empty for a kind that the add-in has nothing for. Of a connection
+    // without a window Office hands nothing over to be held: its end may come without a word.
+    enum class Connection { Live, WithoutWindow };
+    Text GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connection connection);
 
     // Whether the XML for explorers has been asked for: they then have no use for command bars.
     bool InExplorers() const { return inExplorers; }
@@ -69,7 +71,7 @@ private:
     Debug& debug;
     LanguageTexts& language;
     Bitmaps& bitmaps;
-    Contacts& contacts;
+    RecipientLookup& recipientLookup;
     SmsReply& smsReply;
     FormSmsSend& formSmsSend;
 };

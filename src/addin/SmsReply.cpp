@@ -12,23 +12,25 @@ namespace tellwick {
 
 namespace {
 constexpr std::uint32_t FormLoading = 50;  // milliseconds that a new form is given
-}
+// Outlook 2007: few machines have Redemption any more, and the program is trusted.
+constexpr std::int32_t FirstReadDirectly = 12;
+}  // namespace
 
-SmsReply::SmsReply(PendingError& errors, Debug& debug, Automation& automation,
+SmsReply::SmsReply(PendingError& errors, Debug& debug, const ProcessValues& processValues,
                    MessageLoop& messageLoop, Contacts& contacts, FormSmsSend& formSmsSend,
                    RecipientField& recipientField, MessageText& messageText)
     : errors(errors),
       debug(debug),
-      automation(automation),
+      processValues(processValues),
       messageLoop(messageLoop),
       contacts(contacts),
       formSmsSend(formSmsSend),
       recipientField(recipientField),
       messageText(messageText) {}
 
-void SmsReply::Follow(SunkObject& objMailItem, const outlook::Item& item, Place place) {
-    if (item.Class() != outlook::MailClass) return;
-    objMailItem.Set(
+bool SmsReply::Follow(SunkObject& objMailItem, const outlook::Item& item, Place place) {
+    if (item.Class() != outlook::MailClass) return false;
+    return objMailItem.Set(
         errors, item.Reference(), outlook::ItemEvents,
         [this, held = item.Reference(), place](std::int32_t event, std::vector<Value>& arguments) {
             // The item may be let go while its reply is written.
@@ -62,18 +64,24 @@ bool SmsReply::IsSms(const ObjectPtr& mailItem) {
     return marked && !errors;
 }
 
-// The sender and the body, read through Redemption, since Outlook would ask the user before it
-// hands them out; else what stands before and behind the first colon of the host's own reply.
+// The sender and the body, read through Redemption where Outlook would ask the user before it hands
+// them out; else what stands before and behind the first colon of the host's own reply.
 std::optional<SmsReply::Parts> SmsReply::Separate(const ObjectPtr& mailItem,
                                                   const ResponseSource& response) {
-    const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
-    Put(errors, safeItem, u"Item", mailItem);
-    Text text = AsText(Get(errors, safeItem, u"SentOnBehalfOfName"));
+    ObjectPtr source = contacts.SafeMail(mailItem);
+    Text text = AsText(Get(errors, source, u"SentOnBehalfOfName"));
+    if (text.empty() && processValues.outlookVersion >= FirstReadDirectly) {
+        source = mailItem;
+        text = AsText(Get(errors, source, u"SentOnBehalfOfName"));
+    }
     std::size_t separator = text.size();
     if (!text.empty()) {
-        text += u' ' + AsText(Get(errors, safeItem, u"Body"));
+        text += u' ' + AsText(Get(errors, source, u"Body"));
     } else {
-        text = AsText(Get(errors, response(), DefaultMember));
+        errors.Clear();
+        const ObjectPtr reply = response();
+        text = AsText(Get(errors, reply, DefaultMember));
+        if (errors) text = AsText(Get(errors, reply, u"Subject"));
         separator = text.find(u':');
         if (separator == Text::npos) return std::nullopt;
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Outlook.h"
+#include "platform/ProcessValues.h"
 
 namespace tellwick {
 
@@ -21,13 +22,13 @@ public:
     // Where the item is shown that is replied to.
     enum class Place { Explorer, Inspector };
 
-    SmsReply(PendingError& errors, Debug& debug, Automation& automation, MessageLoop& messageLoop,
-             Contacts& contacts, FormSmsSend& formSmsSend, RecipientField& recipientField,
-             MessageText& messageText);
+    SmsReply(PendingError& errors, Debug& debug, const ProcessValues& processValues,
+             MessageLoop& messageLoop, Contacts& contacts, FormSmsSend& formSmsSend,
+             RecipientField& recipientField, MessageText& messageText);
 
     // Holds the item with its events, marked as SMS or not, when it is a mail; leaves what is held
-    // as it was when it is not.
-    void Follow(SunkObject& objMailItem, const outlook::Item& item, Place place);
+    // as it was, and gives false, when it is not.
+    bool Follow(SunkObject& objMailItem, const outlook::Item& item, Place place);
 
     struct Parts {
         Text recipient;
@@ -50,7 +51,7 @@ private:
 
     PendingError& errors;
     Debug& debug;
-    Automation& automation;
+    const ProcessValues& processValues;
     MessageLoop& messageLoop;
     Contacts& contacts;
     FormSmsSend& formSmsSend;

@@ -6,6 +6,7 @@
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
+#include "recipients/Conversation.h"
 #include "settings/Debug.h"
 #include "settings/LanguageTexts.h"
 
@@ -32,15 +33,13 @@ Text ButtonCaption(LanguageTexts& language) {
 
 cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language,
                          OlButtons& olButtons, FormT1& formT1, SmsReply& smsReply,
-                         Automation& automation, const ProcessValues& processValues, Ribbon& ribbon,
-                         SmsOpener openSms)
+                         const ProcessValues& processValues, Ribbon& ribbon, SmsOpener openSms)
     : errors(errors),
       debug(debug),
       language(language),
       olButtons(olButtons),
       formT1(formT1),
       smsReply(smsReply),
-      automation(automation),
       processValues(processValues),
       ribbon(ribbon),
       openSms(std::move(openSms)) {}
@@ -92,7 +91,15 @@ void cOlExplorer::objExplorer_SelectionChange() {
     const auto selection = outlook::Explorer(errors, objExplorer.Reference()).Selection();
     if (selection.Count() != 0) {
         smsReply.Follow(objMailItem, selection.Item(1), SmsReply::Place::Explorer);
+    } else if (processValues.outlookVersion >= FirstWithConversations) {
+        for (const outlook::Item& mail : NewestOfConversations(errors, selection, 1)) {
+            smsReply.Follow(objMailItem, mail, SmsReply::Place::Explorer);
+        }
     }
+}
+
+void cOlExplorer::CompleteMenus() {
+    if (bOpen && !ButtonSMSNew) SetMenus(nullptr);
 }
 
 void cOlExplorer::SetMenus(const ObjectPtr& target) {
@@ -211,7 +218,7 @@ void cOlExplorer::Click(std::vector<Value>& arguments) {
 void cOlExplorer::NewSMS() {
     Procedure procedure{debug, u"NewSMS"};
     openSms(objExplorer ? outlook::Explorer(errors, objExplorer.Reference()).Parent().Reference()
-                        : automation.Running(u"Outlook.Application"));
+                        : nullptr);
 }
 
 }  // namespace tellwick

@@ -6,9 +6,9 @@
 
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
-#include "addin/ProcessValues.h"
 #include "addin/SmsReply.h"
 #include "platform/Object.h"
+#include "platform/ProcessValues.h"
 
 namespace tellwick {
 
@@ -16,14 +16,15 @@ class Debug;
 class LanguageTexts;
 class Ribbon;
 
-// Opens the SMS form for what is selected in the given Outlook application.
+// Opens the SMS form for what is selected in the given Outlook application, or in the running one
+// when none is given.
 using SmsOpener = std::function<void(const ObjectPtr& application)>;
 
 class cOlExplorer : public MenuRequester, public std::enable_shared_from_this<cOlExplorer> {
 public:
     cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language, OlButtons& olButtons,
-                FormT1& formT1, SmsReply& smsReply, Automation& automation,
-                const ProcessValues& processValues, Ribbon& ribbon, SmsOpener openSms);
+                FormT1& formT1, SmsReply& smsReply, const ProcessValues& processValues,
+                Ribbon& ribbon, SmsOpener openSms);
 
     // True from the initialisation until the window's Close.
     bool bOpen = false;
@@ -38,6 +39,8 @@ public:
     // application given, or, given nothing, to the active one of this window's application.
     void SetMenus(const ObjectPtr& target);
     void SetMenus() override { SetMenus(nullptr); }
+    // The same where the window was not ready for its button at the connection.
+    void CompleteMenus();
 
     // Takes both controls away wherever they stand.
     void GiveWay();
@@ -79,7 +82,6 @@ private:
     OlButtons& olButtons;
     FormT1& formT1;
     SmsReply& smsReply;
-    Automation& automation;
     const ProcessValues& processValues;
     Ribbon& ribbon;
     SmsOpener openSms;

@@ -114,6 +114,8 @@ void FormSmsSelectAddress::Unload() {
     }
     view.Unload();
     forms.Remove(*this);
+    // What was rewritten and is not taken over needs no hint.
+    prefixes.TakeRewritten();
     shown.clear();
     sorted.clear();
 }
@@ -268,7 +270,7 @@ void FormSmsSelectAddress::ButtonAdd_Click() {
         if (index >= shown.size()) continue;
         const AddressRow row = addresses.List().Row(shown[index]);
         for (const Text& part : Split(row.number, u";")) {
-            Text number = prefixes.GetNumber(u"(" + part + u")");
+            Text number = prefixes.NationalNumber(part);
             const bool isNew = std::none_of(
                 chosen.begin(), chosen.end(),
                 [&](const Recipient& recipient) { return recipient.number == number; });

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "compose/AirCountLine.h"
+#include "compose/Draft.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
@@ -11,6 +12,7 @@
 #include "compose/Submission.h"
 #include "platform/Keys.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientLookup.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/HelpViewer.h"
@@ -33,19 +35,23 @@ Text FromSetting(TextView text) {
 }  // namespace
 
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                         const FormSmsSendParts& parts, AirCountLine& airCountLine,
-                         FormSmsPreview& formSmsPreview, FormSmsSelectAddress& formSmsSelectAddress,
-                         FormOptions& formOptions, HelpViewer& helpViewer)
+                         const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,
+                         RecipientLookup& recipientLookup, FormSmsPreview& formSmsPreview,
+                         FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
+                         HelpViewer& helpViewer)
     : Services(services),
       view(view),
       forms(forms),
       parts(parts),
+      draft(draft),
       airCountLine(airCountLine),
+      recipientLookup(recipientLookup),
       formSmsPreview(formSmsPreview),
       formSmsSelectAddress(formSmsSelectAddress),
       formOptions(formOptions),
       helpViewer(helpViewer) {
     view.SetHandlers(*this, parts);
+    recipientLookup.SetListener([this](TextView found) { RecipientLookup_Found(found); });
 }
 
 FormSmsSend::~FormSmsSend() {
@@ -60,28 +66,69 @@ void FormSmsSend::Open(TextView recipients) {
     }
     Form_Initialize_();
     if (wasOpen) {
+        remembered = false;
         parts.recipientField.Add(recipients);
+        AwaitRecipients();
         view.Show();
         return;
     }
-    if (!recipients.empty()) {
+    remembered = recipients.empty() && !restored;
+    if (!recipients.empty() && restored) {
+        parts.recipientField.Add(recipients);
+    } else if (!recipients.empty()) {
         parts.recipientField.SetText(recipients);
         parts.recipientField.ShowPrefixHint();
     }
+    SayRestored();
+    draft.Begin();
+    AwaitRecipients();
     view.Show();
     // What is to be written next has the focus.
-    if (view.TextTo().GetText().empty()) {
+    if (view.TextTo().GetText().empty() && !awaited) {
         view.TextTo().SetFocus();
     } else {
         view.Message().SetFocus();
     }
 }
 
+// Nobody is to send to the last recipient while the one that was meant is looked for.
+void FormSmsSend::AwaitRecipients() {
+    awaited.reset();
+    StatusBar& statusBar = view.StatusBar1();
+    if (recipientLookup.Cut()) {
+        statusBar.SetText(ReplaceAll(language.TextOrBuiltIn(Name, u"SelectionCut"), u"%n",
+                                     NumberText(RecipientLookup::MostItems)));
+    }
+    if (!recipientLookup.Looking()) return;
+    Text before = view.TextTo().GetText();
+    if (remembered) parts.recipientField.SetText({});
+    awaited = {std::move(before), view.TextTo().GetText()};
+    if (!recipientLookup.Cut()) statusBar.SetText(language.TextOrBuiltIn(Name, u"LookingFor"));
+}
+
+void FormSmsSend::RecipientLookup_Found(TextView found) {
+    if (!awaited) return;
+    if (!view.Loaded() || view.TextTo().GetText() != awaited->now) {
+        awaited.reset();
+        recipientLookup.Stop();
+        return;
+    }
+    if (!found.empty()) {
+        remembered = false;
+        parts.recipientField.Add(found);
+        awaited->now = view.TextTo().GetText();
+    }
+    if (recipientLookup.Looking()) return;
+    const Text before = std::exchange(awaited, {})->before;
+    if (remembered) parts.recipientField.SetText(before);
+    if (!recipientLookup.Cut()) parts.recipientField.ShowPrefixHint();
+}
+
 void FormSmsSend::Form_Load() {
     Procedure procedure{debug, u"_Load"};
     forms.Add(*this);
     activationMarker.clear();
-    initialised = false;
+    initialised = restored = false;
     expanded = false;
     const auto position = [this](TextView key) {
         return inifilesLite.GetIniSettingNum(u"Positions", key);
@@ -152,13 +199,24 @@ void FormSmsSend::ReadSettings() {
 }
 
 void FormSmsSend::RestoreTexts() {
-    parts.recipientField.SetText(inifilesLite.GetIniSetting(u"SMS", u"LastNumber"));
-    const Text text = FromSetting(inifilesLite.GetIniSetting(u"SMS", u"LastText"));
+    Draft::Contents last{inifilesLite.GetIniSetting(u"SMS", u"LastNumber"),
+                         FromSetting(inifilesLite.GetIniSetting(u"SMS", u"LastText"))};
+    if (std::optional<Draft::Contents> typed = draft.Find()) {
+        last = std::move(*typed);
+        restored = true;
+    }
+    parts.recipientField.SetText(last.recipients);
+    const Text& text = last.text;
     view.Message().SetText(text);
     // An empty box that stays empty raises no change, but has to be counted all the same.
     parts.messageText.Message_Change();
     textAttachment = FromSetting(inifilesLite.GetIniSetting(u"SMS", u"LastTextattachment"));
     if (!EndsWith(text, textAttachment)) textAttachment.clear();
+    SayRestored();
+}
+
+void FormSmsSend::SayRestored() {
+    if (restored) view.StatusBar1().SetText(language.TextOrBuiltIn(Name, u"DraftRestored"));
 }
 
 void FormSmsSend::Form_Activate() {
@@ -193,8 +251,14 @@ void FormSmsSend::FillBoxExpires() {
     for (std::size_t unit = 0; unit < std::size(Units); ++unit) {
         const Text& number = numbers[unit + 1];
         if (number.empty()) continue;
-        const TextView word = number == u"1" ? Units[unit].one : Units[unit].several;
-        box.Add(number + u" " + language.TextOrBuiltIn(Name, word));
+        const bool isOne = number == u"1";
+        Text word = isOne ? language.GetLanguageString(Name, Units[unit].one) : Text();
+        // A language file that knows the plural only is no reason to speak another language.
+        if (word.empty()) word = language.GetLanguageString(Name, Units[unit].several);
+        if (word.empty()) {
+            word = language.TextOrBuiltIn(Name, isOne ? Units[unit].one : Units[unit].several);
+        }
+        box.Add(number + u" " + word);
     }
     box.SetSelectedIndex(0);
 }
@@ -204,7 +268,12 @@ void FormSmsSend::Form_Resize() {
     view.Resize(expanded);
 }
 
+void FormSmsSend::Form_Deactivate() {
+    draft.Keep();
+}
+
 void FormSmsSend::Contents_Change() {
+    draft.Changed();
     airCountLine.Update();
     formSmsPreview.Refresh();
 }
@@ -277,7 +346,17 @@ void FormSmsSend::ButtonOK_Click() {
 void FormSmsSend::Unload() {
     if (!view.Loaded()) return;
     parts.messageText.ShowText();
+    recipientLookup.Stop();
+    if (const auto waiting = std::exchange(awaited, {}); waiting && remembered) {
+        if (view.TextTo().GetText() == waiting->now) parts.recipientField.SetText(waiting->before);
+    }
     Form_Unload();
+    // Settings that wait to be written are gone with Outlook.
+    if (inifilesLite.Flush()) {
+        draft.End();
+    } else {
+        draft.Keep();
+    }
     view.Unload();
     forms.Remove(*this);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "compose/SmsSettings.h"
 #include "platform/Forms.h"
@@ -11,6 +12,7 @@
 namespace tellwick {
 
 class AirCountLine;
+class Draft;
 enum class BarButton;
 class FormOptions;
 class FormSmsPreview;
@@ -19,6 +21,7 @@ class FormSmsSendView;
 class HelpViewer;
 class MessageText;
 class RecipientField;
+class RecipientLookup;
 class Submission;
 class TextTemplates;
 
@@ -37,18 +40,21 @@ public:
     static constexpr TextView Name = u"FormSmsSend";
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
-                const FormSmsSendParts& parts, AirCountLine& airCountLine,
-                FormSmsPreview& formSmsPreview, FormSmsSelectAddress& formSmsSelectAddress,
-                FormOptions& formOptions, HelpViewer& helpViewer);
+                const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,
+                RecipientLookup& recipientLookup, FormSmsPreview& formSmsPreview,
+                FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
+                HelpViewer& helpViewer);
     ~FormSmsSend() override;
 
     // Shows the form, initialised anew. The recipients, unless empty, take the place of the
     // remembered ones; in a form that is open already they join those in the field, and nothing
-    // that stands in it changes.
+    // that stands in it changes. Those that are still looked up follow when they are found, unless
+    // the user has changed the field meanwhile.
     void Open(TextView recipients);
 
-    // Resets the form's state, reads its settings and lists, and restores the last texts. Lists and
-    // texts of a form that was initialised since it was loaded stay as they are.
+    // Resets the form's state, reads its settings and lists, and restores the last texts, or those
+    // of a form that an Outlook before did not come to close. Lists and texts of a form that was
+    // initialised since it was loaded stay as they are.
     void Form_Initialize_();
 
     // Takes over settings that were changed while the form is open.
@@ -64,6 +70,8 @@ public:
 
     // The window was activated, or is about to be submitted without having been.
     void Form_Activate();
+    // The user goes on elsewhere, or the system ends.
+    void Form_Deactivate();
     // The user closed the window by its frame.
     void Form_Close() { Unload(); }
     void Form_Resize();
@@ -93,18 +101,30 @@ private:
     void SetMessageFont();
     void ReadSettings();
     void RestoreTexts();
+    void SayRestored();
+    void AwaitRecipients();
+    void RecipientLookup_Found(TextView found);
     void ExpandIt();
 
     bool initialised = false;  // since the form was loaded
+    bool restored = false;     // what was typed into a form that was never closed
+    bool remembered = false;   // the recipients are those of the last form
     bool expanded = false;
     Text activationMarker;  // empty until the activation step has run
     Text textAttachment;    // appended to the last text, for as long as it ends with it
     SmsSettings settings;
+    // While recipients are looked up: what stood in the field and what stands there now.
+    struct Awaited {
+        Text before, now;
+    };
+    std::optional<Awaited> awaited;
 
     FormSmsSendView& view;
     Forms& forms;
     FormSmsSendParts parts;
+    Draft& draft;
     AirCountLine& airCountLine;
+    RecipientLookup& recipientLookup;
     FormSmsPreview& formSmsPreview;
     FormSmsSelectAddress& formSmsSelectAddress;
     FormOptions& formOptions;

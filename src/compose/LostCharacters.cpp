@@ -52,9 +52,13 @@ bool LostCharacters::Settle(Text& text) {
         const Answer answer = questionBox.MsgBoxChoice(AskLost, box::IconExclamation, u"%c",
                                                        Named(through.lost), choices);
         if (answer != Answer::Yes || !replaceable) return answer == Answer::No;
+        if (!messageText.Exchange(replaced)) {
+            questionBox.MsgBoxEx(language.TextOrBuiltIn(Messages, u"ReplacedTooLong"),
+                                 box::IconInformation);
+            return false;
+        }
         // What has no look-alike is asked for anew.
-        messageText.Exchange(replaced);
-        text = replaced;
+        text = messageText.GetText();
     }
 }
 

@@ -14,8 +14,8 @@ public:
     LostCharacters(const Services& services, MessageText& messageText, Locale& locale);
 
     // Whether the text goes into the queue: when nothing of it gets lost, or the user sends it as
-    // it is or has the lost characters replaced. Those are then replaced in `text`, and in the
-    // form where that has room.
+    // it is or has the lost characters replaced. Those are then replaced in `text` and in the form;
+    // where that has no room for them the user is told, and nothing goes.
     bool Settle(Text& text);
 
 private:

@@ -205,6 +205,10 @@ Text MessageText::GetText() const {
     return view.Message().GetText();
 }
 
+Text MessageText::MeantText() const {
+    return hexFlag ? FromDigits(GetText()) : GetText();
+}
+
 bool MessageText::Exchange(TextView text) {
     if (hexFlag || std::int32_t(text.size()) > MostParts * PartLimit()) return false;
     TextBox& box = view.Message();

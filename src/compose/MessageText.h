@@ -45,6 +45,8 @@ public:
     void Replace(TextView text);
 
     Text GetText() const;
+    // The same as text, where the box shows the digits of one.
+    Text MeantText() const;
     bool ShowsDigits() const { return hexFlag; }
     // Puts a text in place of the whole, the caret staying about where it is. One undo of the
     // user's takes back this and the exchanges right before it. False, and nothing happens, when

@@ -1,5 +1,6 @@
 #include "compose/Submission.h"
 
+#include "compose/Draft.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
 #include "compose/LostCharacters.h"
@@ -23,14 +24,15 @@ constexpr std::int32_t TextMissing = 4;
 
 Submission::Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
                        RecipientField& recipientField, MessageText& messageText,
-                       LostCharacters& lostCharacters, MessageLoop& messageLoop, SmsQueue& queue,
-                       Tellwick& tellwick)
+                       LostCharacters& lostCharacters, Draft& draft, MessageLoop& messageLoop,
+                       SmsQueue& queue, Tellwick& tellwick)
     : Services(services),
       form(form),
       view(view),
       recipientField(recipientField),
       messageText(messageText),
       lostCharacters(lostCharacters),
+      draft(draft),
       messageLoop(messageLoop),
       queue(queue),
       tellwick(tellwick) {}
@@ -46,16 +48,25 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
     }
     if (!number.empty()) recipientField.SetText(number);
     if (!text.empty()) view.Message().SetText(text);
-    if (fromKey) RemoveKeyLineBreak();
-
+    if (fromKey) {
+        const int before = begun;
+        const bool loaded = view.Loaded();
+        RemoveKeyLineBreak();
+        if (begun != before || view.Loaded() != loaded) {
+            debug.DebugTrace(u"ButtonSend_Click", trace::Exit);
+            return begun != before && lastQueued;
+        }
+    }
     const Text recipient = view.TextTo().GetText();
     if (form.Settings().storeNumbers) recipientField.AddNumberToList(recipient);
     recipientField.SetText(recipient);
     busy = true;
+    ++begun;
     closeRequested = false;
-    view.ListBoxNumbers().SetVisible(false);
+    recipientField.StopSearch();
 
     const Outcome outcome = QueueMessage(recipient, !text.empty() && !sendNow);
+    lastQueued = outcome == Outcome::Queued;
     // After a refusal the form is still busy, so that this only asks for the form to be closed.
     form.ButtonOK_Click();
     // Who went back to the text sends it later.
@@ -94,6 +105,8 @@ Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty
         return Outcome::Withdrawn;
     }
     queue.AddEntry(recipient, message);
+    // An Outlook that ends while the sender is waited for must not offer it again.
+    draft.End();
     // Busy until the sender application has been told: a click that comes meanwhile must not
     // queue a second entry.
     tellwick.StartSenderApplication(false);

@@ -9,6 +9,7 @@
 
 namespace tellwick {
 
+class Draft;
 class FormSmsSend;
 class FormSmsSendView;
 class LostCharacters;
@@ -22,14 +23,15 @@ class Submission : private Services {
 public:
     Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
                RecipientField& recipientField, MessageText& messageText,
-               LostCharacters& lostCharacters, MessageLoop& messageLoop, SmsQueue& queue,
-               Tellwick& tellwick);
+               LostCharacters& lostCharacters, Draft& draft, MessageLoop& messageLoop,
+               SmsQueue& queue, Tellwick& tellwick);
 
     // Queues what the form holds and sees to the sender application; the form closes. A `number`
     // or `text` that is not empty replaces the form's own first. False when it was refused because
     // recipient or text is missing, or the user went back to a text that would not get through
     // whole; the user knows and the form stays. A call that comes while one runs only asks for the
-    // form to be closed, and returns true.
+    // form to be closed, and returns true. What another call settled, or who closed the form, while
+    // the messages behind a key ran, is not done again.
     bool ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, TextView text);
 
     // Both queue the text; they differ only in what they take for an empty one.
@@ -50,6 +52,8 @@ private:
     void MsgBox(std::int32_t number);
 
     bool busy = false;
+    int begun = 0;  // submissions, since the program started
+    bool lastQueued = false;
     bool closeRequested = false;
 
     FormSmsSend& form;
@@ -57,6 +61,7 @@ private:
     RecipientField& recipientField;
     MessageText& messageText;
     LostCharacters& lostCharacters;
+    Draft& draft;
     MessageLoop& messageLoop;
     SmsQueue& queue;
     Tellwick& tellwick;

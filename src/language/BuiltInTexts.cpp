@@ -30,6 +30,9 @@ constexpr BuiltInTextEntry texts[] = {
      u"Einige Zeichen gehen auf dem Weg zum Sender verloren. Sie kämen als „?“ oder als ein "
      u"ähnliches Zeichen an:\r\r%c"},
     {u"Messages", u"ReplaceLost", u"&Ersetzen"},
+    {u"Messages", u"ReplacedTooLong",
+     u"Mit den Ersatzzeichen wird der Text zu lang. Bitte kürzen Sie ihn. Es wurde nichts "
+     u"gesendet."},
     {u"Messages", u"SendLost", u"&Trotzdem senden"},
     {u"Messages", u"BackToText", u"&Zurück zum Text"},
     {u"Messages", u"DoNotAskAgain", u"Nicht mehr &nachfragen"},
@@ -121,6 +124,11 @@ constexpr BuiltInTextEntry texts[] = {
      u"einzutragen."},
     {u"FormSmsSend", u"Reading", u"Lese Kontakte: %f"},
     {u"FormSmsSend", u"NotRead", u"Nicht lesbar: %f"},
+    {u"FormSmsSend", u"LookingFor", u"Empfänger wird gesucht ..."},
+    {u"FormSmsSend", u"SelectionCut",
+     u"Zu viele Elemente ausgewählt: nur die ersten %n wurden genommen."},
+    {u"FormSmsSend", u"DraftRestored",
+     u"Wiederhergestellt: diese SMS war noch offen, als Outlook endete."},
     {u"FormSmsSend", u"AirFree", u"%n frei"},
     {u"FormSmsSend", u"AirLost", u"verloren: %n"},
     {u"FormSmsSend", u"StatusBar1.ToolTip", u"Vorschau: so kommt die SMS an (Strg+P)"},

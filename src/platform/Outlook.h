@@ -150,6 +150,8 @@ public:
     using View::View;
     Text Name() const { return AsText(Get(u"Name")); }
     Text Version() const { return AsText(Get(u"Version")); }
+    // The number before the first dot: 9 for Outlook 2000.
+    std::int32_t MajorVersion() const { return LeadingNumber32(Version().substr(0, 2)); }
     outlook::Explorers Explorers() const { return As<outlook::Explorers>(Get(u"Explorers")); }
     outlook::Inspectors Inspectors() const { return As<outlook::Inspectors>(Get(u"Inspectors")); }
     Explorer ActiveExplorer() const { return As<Explorer>(Call(u"ActiveExplorer")); }

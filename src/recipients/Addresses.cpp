@@ -29,6 +29,16 @@ Addresses::Addresses(const Services& services, const ContactHarvest::Surrounding
       timers(timers),
       messageLoop(messageLoop) {}
 
+void Addresses::SetApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = false;
+}
+
+void Addresses::LendApplication(const ObjectPtr& newApplication) {
+    application = newApplication;
+    lent = true;
+}
+
 void Addresses::Release() {
     Stop();
     application.reset();
@@ -61,19 +71,10 @@ void Addresses::Refresh() {
     timer->Start(Interval, [this] { Tick(); });
 }
 
-const AddressList& Addresses::Complete() {
-    if (book.list.Size() == 0 && !harvested) {
-        Refresh();
-        // The files need not be looked at for changes to be of use, nor be written now.
-        while (Reading() && book.list.Size() == 0 && !working && DoSlice(Slice)) {
-        }
-    }
-    return book.list;
-}
-
 void Addresses::Stop() {
     stopped = true;
     timer.reset();
+    if (std::exchange(lent, false)) application.reset();
     if (working) return;  // the slice that runs ends it
     stage = Stage::Idle;
     reader.reset();
@@ -93,6 +94,8 @@ const Text& Addresses::FolderBeingRead() const {
 }
 
 void Addresses::Tick() {
+    // Somebody waits, who is to wait no longer than he has to.
+    if (messageLoop.InDoEvents()) return;
     Procedure procedure{debug, u"TimerAddresses_Timer"};
     if (working) return;  // Outlook runs its message loop within a slice
     const double end = surroundings.clock.Milliseconds() + WithoutPause;

@@ -29,7 +29,10 @@ public:
 
     // Outlook, as it handed itself over: objects reached otherwise make newer versions ask the
     // user.
-    void SetApplication(const ObjectPtr& newApplication) { application = newApplication; }
+    void SetApplication(const ObjectPtr& newApplication);
+    bool HasApplication() const { return application != nullptr; }
+    // The same until the reading stops, where a connection has handed none over.
+    void LendApplication(const ObjectPtr& newApplication);
     // Lets Outlook go; the list stays.
     void Release();
 
@@ -51,8 +54,8 @@ public:
     // The same, once for each time that the user comes to need the list.
     void RefreshOnce();
     void NeededAnew() { looked = false; }
-    // The list, read to the end when nothing at all is known yet.
-    const AddressList& Complete();
+    // Whether somebody is known, or it is known that nobody is there.
+    bool Known() const { return book.list.Size() != 0 || harvested; }
     // Ends the reading; what is known stays. The next Refresh begins anew.
     void Stop();
 
@@ -84,6 +87,7 @@ private:
     MessageLoop& messageLoop;
     std::unique_ptr<Timer> timer;  // while something is read or written
     ObjectPtr application;
+    bool lent = false;  // the application
     std::vector<Listener> listeners;
     std::vector<Text> recent;
     AddressBook book;

@@ -1,31 +1,27 @@
-// Outlook's contacts as recipients.
+// Outlook's contacts and mails as far as they tell recipients.
 #pragma once
-
-#include <vector>
 
 #include "platform/Object.h"
 
 namespace tellwick {
 
-class Addresses;
 class Prefixes;
 
-// Every call into Outlook may fail; what it would have given is then left out.
+// Every call into Outlook may fail; what it would have given is then empty.
 class Contacts {
 public:
-    Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes,
-             Addresses& addresses);
+    Contacts(PendingError& errors, Automation& automation, Prefixes& prefixes);
 
-    // The numbers of what is selected in the application's active window, each once, separated by
-    // ";". Takes the running Outlook when no application is given.
-    Text SelectedRecipients(const ObjectPtr& application);
+    // A contact's number as the user's settings have it dialled: the mobile one, else the one at
+    // home; empty when there is none.
+    Text NumberOfContact(const ObjectPtr& contact);
 
-    // The same of a collection of items, such as a selection.
-    Text RecipientsIn(const ObjectPtr& items);
+    // A number as the user's settings have it dialled.
+    Text Dialable(TextView number);
 
-    // The number of one item: a contact's, or that of the sender of a mail; empty when there is
-    // none.
-    Text RecipientOf(const ObjectPtr& item);
+    // A mail's sender and body for whoever reads them without a question to the user: Redemption's
+    // view of it; empty where that is not installed.
+    ObjectPtr SafeMail(const ObjectPtr& mail);
 
     // The reply that Outlook prepares for a mail, not shown.
     ObjectPtr ReplyOf(const ObjectPtr& mail);
@@ -34,16 +30,11 @@ public:
     bool AsksForReply() const { return asksForReply; }
 
 private:
-    Text Dialable(TextView number);
-    Text NumberForMail(const ObjectPtr& mail);
-    Text NumberOfPersonIn(TextView text);
-
     bool asksForReply = false;
 
     PendingError& errors;
     Automation& automation;
     Prefixes& prefixes;
-    Addresses& addresses;
 };
 
 }  // namespace tellwick

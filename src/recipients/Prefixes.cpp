@@ -116,8 +116,12 @@ Text Prefixes::GetNumber(TextView entry) {
     const FrequentProcedure procedure{debug, u"GetNumber"};
     std::size_t start = entry.size();
     while (start > 0 && IsNumberEnd(entry[start - 1])) --start;
+    return NationalNumber(entry.substr(start));
+}
+
+Text Prefixes::NationalNumber(TextView written) {
     LoadPrefixes();
-    const Text number = ConvertPhoneNumber(entry.substr(start));
+    const Text number = ConvertPhoneNumber(written);
     for (const Text& prefix : Remove0Prefixes) {
         if (!StartsWith(number, prefix)) continue;
         rewritten = rewritten || prefix == u"+";

@@ -31,12 +31,18 @@ public:
     // and in national form where its country prefix is one of those to be replaced.
     Text GetNumber(TextView entry);
 
-    // Whether GetNumber has rewritten a number since the last call because the settings name no
-    // prefix: every number that begins with "+" is then written nationally.
+    // A whole number, normalised, and in national form likewise.
+    Text NationalNumber(TextView number);
+
+    // Whether one of the two has rewritten a number since the last call because the settings name
+    // no prefix: every number that begins with "+" is then written nationally.
     bool TakeRewritten() { return std::exchange(rewritten, false); }
 
     // Whether the settings, as last loaded, name no prefix.
     bool NamesNone() const { return Remove0Prefixes.size() == 1 && Remove0Prefixes[0] == u"+"; }
+
+    // The settings name others now: the list of those to be replaced is loaded anew.
+    void Forget() { Remove0Prefixes.clear(); }
 
     // Loads both tables where that is due.
     void LoadPrefixes();

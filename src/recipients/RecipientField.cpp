@@ -131,9 +131,17 @@ void RecipientField::AddNumberToList(TextView number) {
 
 void RecipientField::Save() {
     for (std::int32_t index = 0; index <= NumberListBound; ++index) {
-        inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1),
-                                   NumberList[std::size_t(index)]);
+        const Text& number = NumberList[std::size_t(index)];
+        // Most of a long list is cells without a number, and nothing to be taken away for them.
+        if (number.empty() && inifilesLite.GetIniSetting(ListSection, NumberKey(index + 1)).empty())
+            continue;
+        inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1), number);
     }
+}
+
+void RecipientField::StopSearch() {
+    searching = false;
+    listBoxNumbers.SetVisible(false);
 }
 
 void RecipientField::StopReading() {
@@ -145,6 +153,8 @@ void RecipientField::SetText(TextView text) {
     const Meanwhile set(setting, true);
     textTo.Select(0, std::int32_t(textTo.GetText().size()));
     textTo.ReplaceSelection(text);
+    // A user who is in the field goes on behind it, any other sees its beginning.
+    if (!textTo.HasFocus()) textTo.Select(0, 0);
     fieldText = text;
 }
 

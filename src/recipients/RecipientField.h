@@ -41,6 +41,8 @@ public:
 
     // The form goes: Outlook's contacts are read no further.
     void StopReading();
+    // The match list goes, and does not come back before the user types again.
+    void StopSearch();
 
     // Sets the field's text without looking for matches; the user can undo it.
     void SetText(TextView text);

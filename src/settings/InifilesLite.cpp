@@ -255,6 +255,10 @@ Text InifilesLite::WalkModels(const Text& section, TextView key, std::int16_t fl
     return {};
 }
 
+bool InifilesLite::Flush() {
+    return iniFile.Flush();
+}
+
 SettingsBatch::SettingsBatch(InifilesLite& inifilesLite) : inifilesLite(inifilesLite) {
     ++inifilesLite.batches;
 }
@@ -262,7 +266,7 @@ SettingsBatch::SettingsBatch(InifilesLite& inifilesLite) : inifilesLite(inifiles
 SettingsBatch::~SettingsBatch() {
     // What cannot be written now stays in memory until the next write.
     if (--inifilesLite.batches == 0) {
-        inifilesLite.debug.Guarded([this] { inifilesLite.iniFile.Flush(); });
+        inifilesLite.debug.Guarded([this] { inifilesLite.Flush(); });
     }
 }
 

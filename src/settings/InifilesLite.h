@@ -58,6 +58,9 @@ public:
     bool SetIniSettingWithTest(TextView section, TextView key, TextView value,
                                std::int16_t flags = 0);
 
+    // Writes what could not be written before; false when something still waits.
+    bool Flush();
+
     // A phone model's setting, with the inheritance of "SameAs".
     Text GetMobileSetting(TextView section, TextView key, TextView defaultValue, bool userFileFirst,
                           std::int16_t flags, bool ignoreUserFile);

@@ -205,6 +205,8 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             // A click into the match list is not a leaving of the field.
             if (GetFocus() != controls.listBoxNumbers.Window())
                 parts->recipientField.TextTo_LostFocus();
+            // The system leaves the field scrolled to where it was written last.
+            controls.textTo.Select(0, 0);
             break;
         default:
             break;
@@ -215,6 +217,7 @@ void FormSmsSendWindow::ListBoxNumbersCommand(WORD notification) {
     if (notification == LBN_SELCHANGE) {
         parts->recipientField.ListBoxNumbers_Click();
         controls.textTo.SetFocus();
+        controls.textTo.Select(std::int32_t(controls.textTo.GetText().size()), 0);
     } else if (notification == LBN_KILLFOCUS && !controls.textTo.HasFocus()) {
         parts->recipientField.TextTo_LostFocus();
     }

@@ -48,6 +48,7 @@ private:
     SIZE LeastClient() const override;
     SIZE UsualClient() const override;
     void OnActivate() override { form->Form_Activate(); }
+    void OnDeactivate() override { form->Form_Deactivate(); }
     void OnClose() override { form->Form_Close(); }
     void OnSize() override { form->Form_Resize(); }
     void OnResolution() override;

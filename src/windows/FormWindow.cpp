@@ -18,10 +18,6 @@ constexpr int ProgramIcon = 1;  // the resource
 constexpr const wchar_t* FormClass = L"TellwickForm";
 constexpr UINT ResolutionChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers used
 
-// The forms whose windows exist, and the hook that serves them. Outlook's thread only.
-std::vector<FormWindow*> openForms;
-HHOOK hook = nullptr;
-
 bool RegisterFormClass() {
     WNDCLASSEXW form{};
     form.cbSize = sizeof form;
@@ -70,24 +66,13 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
                              nullptr, (owner ? Dialog : WS_OVERLAPPEDWINDOW) | WS_CLIPCHILDREN,
                              around.left, around.top, 0, 0, owner, nullptr, Library(), nullptr);
     if (!window) return false;
-    lifetime = std::make_unique<Lifetime>();
     font = std::make_unique<MessageFont>(ResolutionOf(window));
     LoadIcons();
-    controls = plan;
-    for (std::size_t index = 0; index < controls.size(); ++index) {
-        const ControlPlan& part = controls[index];
-        // A label that is never seen goes with the control behind it.
-        const bool label = part.shown == ControlPlan::Never;
-        if (controls[index + label].shown == ControlPlan::Later) {
-            part.control->AttachLater([this, index] { MakeLater(index); });
-        } else {
-            MakeControl(part);
-        }
-    }
+    controls.Make(window, plan, *font);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedure));
-    openForms.push_back(this);
-    if (!hook) hook = SetWindowsHookExW(WH_GETMESSAGE, &MessageHook, nullptr, GetCurrentThreadId());
+    open =
+        std::make_unique<OpenForm>(window, [this](MSG& message) { return HandleInput(message); });
     return true;
 }
 
@@ -96,8 +81,8 @@ void FormWindow::Destroy() {
     const HWND gone = std::exchange(window, nullptr);
     SetWindowLongPtrW(gone, GWLP_USERDATA, 0);
     SetWindowLongPtrW(gone, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
-    for (const ControlPlan& part : controls) part.control->Detach();
-    lastFocus = defaultButton = caller = toolTips = nullptr;
+    controls.Detach();
+    lastFocus = defaultButton = caller = nullptr;
     // Before the window goes: the system then activates its owner, not another program's window.
     if (const HWND owner = GetWindow(gone, GW_OWNER)) {
         EnableWindow(owner, TRUE);
@@ -106,40 +91,7 @@ void FormWindow::Destroy() {
     // Taking it apart can wait for the message loop's next turn, and nobody has to wait for it.
     ShowWindow(gone, SW_HIDE);
     if (!PostMessageW(gone, WM_CLOSE, 0, 0)) DestroyWindow(gone);
-    std::erase(openForms, this);
-    if (openForms.empty() && hook) UnhookWindowsHookEx(std::exchange(hook, nullptr));
-    lifetime.reset();
-}
-
-void FormWindow::MakeControl(const ControlPlan& part) {
-    const DWORD visible = part.shown == ControlPlan::Always ? WS_VISIBLE : 0;
-    const HWND control = CreateWindowExW(part.extendedStyle, part.windowClass, nullptr,
-                                         WS_CHILD | visible | part.style, 0, 0, 0, 0, window,
-                                         nullptr, Library(), nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
-    part.control->Attach(control, toolTips);
-}
-
-// Its label comes first; both take the places in the tabulator key's order that they would have had
-// from the start.
-void FormWindow::MakeLater(std::size_t index) {
-    if (index > 0 && controls[index - 1].shown == ControlPlan::Never)
-        controls[index - 1].control->Need();
-    const VisualStyles styles;
-    MakeControl(controls[index]);
-    HWND before = HWND_TOP;
-    for (std::size_t earlier = 0; earlier < index; ++earlier) {
-        if (const HWND made = controls[earlier].control->Window()) before = made;
-    }
-    SetWindowPos(controls[index].control->Window(), before, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
-
-void FormWindow::MakeToolTips() {
-    const VisualStyles styles;
-    toolTips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0,
-                               0, 0, 0, window, nullptr, Library(), nullptr);
-    for (const ControlPlan& part : controls) part.control->AttachToolTips(toolTips);
+    open.reset();
 }
 
 void FormWindow::LoadIcons() {
@@ -164,20 +116,6 @@ void FormWindow::ShowWindowed() {
     SetForegroundWindow(front);
 }
 
-FormPlace FormWindow::WindowPlace() const {
-    WINDOWPLACEMENT placement{};
-    placement.length = sizeof placement;
-    if (!window || !GetWindowPlacement(window, &placement)) return {};
-    RECT place = placement.rcNormalPosition;
-    // The normal position counts from the work area, windows are placed by the screen.
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    OffsetRect(&place, monitor.rcWork.left - monitor.rcMonitor.left,
-               monitor.rcWork.top - monitor.rcMonitor.top);
-    return {place.left, place.top, place.right - place.left, place.bottom - place.top};
-}
-
 void FormWindow::SetWindowPlace(const FormPlace& place, bool newPositioned) {
     wanted = place;
     positioned = newPositioned;
@@ -190,63 +128,19 @@ SIZE FormWindow::UsualClient() const {
 
 void FormWindow::PlaceFirst() {
     const int resolution = font->Resolution();
-    MoveToFirstPlace();
+    const auto move = [this] {
+        MoveToFirstPlace(window, caller, wanted, positioned, LeastClient(), UsualClient());
+    };
+    move();
     // On its way to a monitor of another resolution the system has scaled it.
-    if (font->Resolution() != resolution) MoveToFirstPlace();
-}
-
-void FormWindow::MoveToFirstPlace() {
-    const SIZE least = SizeAround(window, LeastClient());
-    const SIZE usual = SizeAround(window, UsualClient());
-    LONG width = std::max(wanted.width > 0 ? LONG(wanted.width) : usual.cx, least.cx);
-    LONG height = std::max(wanted.height > 0 ? LONG(wanted.height) : usual.cy, least.cy);
-    const RECT place{wanted.left, wanted.top, wanted.left + width, wanted.top + height};
-    HMONITOR screen = positioned ? MonitorFromRect(&place, MONITOR_DEFAULTTONULL) : nullptr;
-    const bool restored = screen != nullptr;
-    if (!restored) screen = MonitorFromWindow(caller, MONITOR_DEFAULTTOPRIMARY);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(screen, &monitor);
-    const RECT& area = monitor.rcWork;
-    width = std::min(width, area.right - area.left);
-    height = std::min(height, area.bottom - area.top);
-    RECT around = area;
-    if (caller && !IsIconic(caller)) GetWindowRect(caller, &around);
-    const LONG left = restored ? place.left : (around.left + around.right - width) / 2;
-    const LONG top = restored ? place.top : (around.top + around.bottom - height) / 2;
-    SetWindowPos(window, nullptr, std::clamp(left, area.left, area.right - width),
-                 std::clamp(top, area.top, area.bottom - height), width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-int FormWindow::Grow(int height) {
-    if (!window || IsZoomed(window) || IsIconic(window)) return 0;
-    RECT place;
-    GetWindowRect(window, &place);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& area = monitor.rcWork;
-    const LONG before = place.bottom - place.top;
-    const LONG after = height > 0
-                           ? std::max(before, std::min(before + height, area.bottom - area.top))
-                           : before + height;
-    const LONG top =
-        height > 0 ? std::max(area.top, std::min(place.top, area.bottom - after)) : place.top;
-    SetWindowPos(window, nullptr, place.left, top, place.right - place.left, after,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    return int(after - before);
+    if (font->Resolution() != resolution) move();
 }
 
 void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
     // The controls let the old font go first.
     const std::unique_ptr<MessageFont> old =
         std::exchange(font, std::make_unique<MessageFont>(resolution));
-    for (const ControlPlan& part : controls) {
-        if (!part.control->Window()) continue;
-        SendMessageW(part.control->Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()),
-                     FALSE);
-    }
+    controls.SetFont(*font);
     LoadIcons();
     OnResolution();
     const SIZE least = SizeAround(window, LeastClient());
@@ -255,6 +149,8 @@ void FormWindow::ChangeResolution(int resolution, const RECT& suggested) {
                  std::max(suggested.bottom - suggested.top, least.cy),
                  SWP_NOZORDER | SWP_NOACTIVATE);
     OnSize();
+    // Labels kept what was drawn in the old size.
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void FormWindow::SetWindowCaption(TextView caption) {
@@ -262,7 +158,7 @@ void FormWindow::SetWindowCaption(TextView caption) {
 }
 
 void FormWindow::VisitControls(const std::function<void(TextView, Control&)>& visit) {
-    for (const ControlPlan& part : controls) visit(part.name, *part.control);
+    controls.Visit(visit);
 }
 
 void FormWindow::SetDefaultButton(const WindowControl& button) {
@@ -288,11 +184,15 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             if (LOWORD(first) == WA_INACTIVE) {
                 lastFocus = IsChild(own, GetFocus()) ? GetFocus() : lastFocus;
+                OnDeactivate();
             } else {
                 ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
                 OnActivate();
             }
             return 0;
+        case WM_QUERYENDSESSION:
+            OnDeactivate();
+            return TRUE;
         case WM_SETFOCUS:
             ::SetFocus(lastFocus ? lastFocus : GetNextDlgTabItem(own, nullptr, FALSE));
             return 0;
@@ -340,31 +240,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     }
 }
 
-LRESULT CALLBACK FormWindow::MessageHook(int code, WPARAM removal, LPARAM parameter) {
-    const Lifetime running;
-    try {
-        auto& message = *reinterpret_cast<MSG*>(parameter);
-        if (code >= 0 && removal == PM_REMOVE) {
-            for (FormWindow* form : std::vector<FormWindow*>(openForms)) {
-                const HWND window = form->window;
-                if (!window || (message.hwnd != window && !IsChild(window, message.hwnd))) continue;
-                // The host's loop does not know this window and must not see its keys.
-                if (form->HandleInput(message)) message.message = WM_NULL;
-                break;
-            }
-        }
-    } catch (...) {
-        ReportException();
-    }
-    return CallNextHookEx(hook, code, removal, parameter);
-}
-
 bool FormWindow::HandleInput(MSG& message) {
-    // Cheaper than to have the tool tips listen at every control.
-    if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
-        if (!toolTips) MakeToolTips();
-        SendMessageW(toolTips, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
-    }
+    if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST)
+        controls.RelayMouse(message);
     if (message.message == WM_LBUTTONDBLCLK) return OnDoubleClick(message.hwnd);
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     if (message.message == WM_KEYDOWN) {
@@ -378,18 +256,6 @@ bool FormWindow::HandleInput(MSG& message) {
     if (message.message == WM_CHAR && OnCharacter(char16_t(message.wParam))) return true;
     DispatchDialogMessage(window, message);
     return true;
-}
-
-Placement::Placement() : positions(BeginDeferWindowPos(40)) {}
-
-Placement::~Placement() {
-    if (positions) EndDeferWindowPos(positions);
-}
-
-void Placement::Move(const WindowControl& control, int x, int y, int width, int height) {
-    if (!positions || !control.Window()) return;
-    positions = DeferWindowPos(positions, control.Window(), nullptr, x, y, std::max(width, 0),
-                               std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace tellwick::windows

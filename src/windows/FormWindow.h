@@ -6,25 +6,14 @@
 #include <vector>
 
 #include "windows/Com.h"
-#include "windows/Lifetime.h"
+#include "windows/FormControls.h"
+#include "windows/FormPlacement.h"
 #include "windows/MessageFont.h"
-#include "windows/WindowControls.h"
+#include "windows/OpenForm.h"
 
 #include "platform/Forms.h"
 
 namespace tellwick::windows {
-
-// What a control of a form is made of. Its caption comes from the language.
-struct ControlPlan {
-    TextView name;
-    WindowControl* control;
-    const wchar_t* windowClass;
-    DWORD style;
-    DWORD extendedStyle;
-    // One that is shown later has no window until it is needed. One that is never shown names the
-    // control behind it, and comes with it.
-    enum { Always, Later, Never } shown = Always;
-};
 
 class FormWindow {
 public:
@@ -47,11 +36,11 @@ protected:
     // The first time at its place: the wanted one where a screen still is there, else over the
     // window it was called from; never below its least size.
     void ShowWindowed();
-    FormPlace WindowPlace() const;
+    FormPlace WindowPlace() const { return PlaceOf(window); }
     // Wanted at the first showing.
     void SetWindowPlace(const FormPlace& place, bool positioned);
     // Makes the window higher, as far as the screen has room, or lower; how much it became.
-    int Grow(int height);
+    int Grow(int height) { return GrowWindow(window, height); }
     void SetWindowCaption(TextView caption);
     void VisitControls(const std::function<void(TextView, Control&)>& visit);
     const MessageFont& Font() const { return *font; }
@@ -68,6 +57,8 @@ protected:
 
     // Handlers of the derived window. Keys come before any control sees them; true uses them up.
     virtual void OnActivate() {}
+    // Also when the system is about to end.
+    virtual void OnDeactivate() {}
     virtual void OnClose() = 0;
     virtual void OnSize() = 0;
     // The resolution has changed: Font() is the new one, OnSize follows.
@@ -82,31 +73,25 @@ protected:
 
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);
-    static LRESULT CALLBACK MessageHook(int code, WPARAM removal, LPARAM message);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
     bool HandleInput(MSG& message);
     void PlaceFirst();
-    void MoveToFirstPlace();
     void LoadIcons();
-    void MakeControl(const ControlPlan& part);
-    void MakeLater(std::size_t index);
-    void MakeToolTips();
     void ChangeResolution(int resolution, const RECT& suggested);
 
     HWND window = nullptr;
     HWND lastFocus = nullptr;
     HWND caller = nullptr;
     HWND defaultButton = nullptr;
-    HWND toolTips = nullptr;  // made when the mouse first moves over the form
-    IconHandle smallIcon;     // kept for the next time that the form opens
+    IconHandle smallIcon;  // kept for the next time that the form opens
     IconHandle bigIcon;
     int iconResolution = 0;
     FormPlace wanted;
     bool positioned = false;
     bool placed = false;
-    std::vector<ControlPlan> controls;
+    FormControls controls;
     std::unique_ptr<MessageFont> font;
-    std::unique_ptr<Lifetime> lifetime;  // while the window exists
+    std::unique_ptr<OpenForm> open;  // while the window exists
 };
 
 // A form's view over its window: what all of them have in common. View is the port of one of them.
@@ -124,20 +109,6 @@ public:
     void ForEachControl(const std::function<void(TextView, Control&)>& visit) override {
         VisitControls(visit);
     }
-};
-
-// Moves controls together, so that the window is painted once.
-class Placement {
-public:
-    Placement();
-    Placement(const Placement&) = delete;
-    Placement& operator=(const Placement&) = delete;
-    ~Placement();
-    // Sizes below 0 count as 0.
-    void Move(const WindowControl& control, int x, int y, int width, int height);
-
-private:
-    HDWP positions;
 };
 
 }  // namespace tellwick::windows

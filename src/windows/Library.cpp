@@ -12,10 +12,16 @@
 #include "windows/FormSmsSendWindow.h"
 #include "windows/Lifetime.h"
 #include "windows/Server.h"
-#include "windows/SystemPorts.h"
 #include "windows/WindowsBitmaps.h"
+#include "windows/WindowsClock.h"
 #include "windows/WindowsDialogs.h"
 #include "windows/WindowsFileSystem.h"
+#include "windows/WindowsLocale.h"
+#include "windows/WindowsLocks.h"
+#include "windows/WindowsMessageLoop.h"
+#include "windows/WindowsPrograms.h"
+#include "windows/WindowsRegistry.h"
+#include "windows/WindowsTimers.h"
 
 namespace tellwick::windows {
 

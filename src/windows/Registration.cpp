@@ -1,6 +1,6 @@
 #include "platform/Product.h"
 #include "windows/Server.h"
-#include "windows/SystemPorts.h"
+#include "windows/WindowsRegistry.h"
 
 namespace tellwick::windows {
 

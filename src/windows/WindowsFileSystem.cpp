@@ -1,6 +1,6 @@
 #include "windows/WindowsFileSystem.h"
 
-#include "windows/SystemPorts.h"
+#include "windows/WindowsLocale.h"
 
 namespace tellwick::windows {
 

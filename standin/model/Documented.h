@@ -11,6 +11,13 @@
 namespace tellwick::standin {
 
 enum class Documented {
+    ConversationLines,
+    RibbonAskedLate,
+    BarsAfterStartup,
+    QuietEnd,
+    SecurityQuestion,
+    UntrustedObjects,
+    HeldItem,
     NoDefaultMember,
 
     // Contacts and folders.

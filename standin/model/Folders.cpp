@@ -290,8 +290,10 @@ const MemberTable& Recipient::Table() const {
     static const MemberTable table =
         OutlookMembers<Recipient>(4)
             .Property(u"Name", [](Recipient& self) { return self.person.name; })
+            .Guarded()
             .Default(u"Name")
-            .Property(u"Address", [](Recipient& self) { return self.person.address; });
+            .Property(u"Address", [](Recipient& self) { return self.person.address; })
+            .Guarded();
     return table;
 }
 

@@ -56,15 +56,25 @@ void AddDates(Members<Item>& members) {
                   [](Item& self) { return self.modified + self.outlook.timeZone; });
 }
 
+// What the user is asked for before it is handed out.
+bool IsGuarded(TextView field) {
+    constexpr TextView Fields[] = {u"Body", u"SenderName",    u"SentOnBehalfOfName",
+                                   u"To",   u"Email1Address", u"CC"};
+    return std::ranges::find(Fields, field) != std::end(Fields);
+}
+
 void AddPeople(Members<Item>& members) {
     members.Property(u"MemberCount", [](Item& self) { return std::int32_t(self.people.size()); })
-        .Method(u"GetMember", {u"Index"}, [](Item& self, const Arguments& arguments) -> Value {
-            const auto index = std::size_t(AsNumber(arguments[0]));
-            if (index < 1 || index > self.people.size()) {
-                return self.Fail(error::SubscriptOutOfRange);
-            }
-            return std::make_shared<Recipient>(self.outlook, self.people[index - 1])->Handle();
-        });
+        .Method(
+            u"GetMember", {u"Index"},
+            [](Item& self, const Arguments& arguments) -> Value {
+                const auto index = std::size_t(AsNumber(arguments[0]));
+                if (index < 1 || index > self.people.size()) {
+                    return self.Fail(error::SubscriptOutOfRange);
+                }
+                return std::make_shared<Recipient>(self.outlook, self.people[index - 1])->Handle();
+            })
+        .Guarded();
 }
 
 Members<Item> ItemMembers(std::int32_t itemClass) {
@@ -75,6 +85,7 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
         members.Property(
             name, [name](Item& self) { return self.Field(name); },
             [name](Item& self, const Value& value) { PutField(self, name, value); });
+        if (IsGuarded(name)) members.Guarded();
     }
     members.Property(u"Parent", [](Item& self) { return HandleOf(self.folder.lock()); })
         .Property(u"UserProperties", [](Item& self) { return self.Properties()->Handle(); })
@@ -89,15 +100,17 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
                     return Value();
                 })
         .Method(u"Save", {},
-                [](Item& self, const Arguments&) {
+                [](Item& self, const Arguments&) -> Value {
+                    if (!self.storedMeanwhile.empty()) return self.Fail(error::Automation);
                     self.outlook.SaveItem(Self(self));
-                    return Value();
+                    return {};
                 })
         .Method(u"Delete", {}, [](Item& self, const Arguments&) {
             self.outlook.DeleteItem(Self(self));
             return Value();
         });
     if (itemClass == MailClass) {
+        members.Property(u"ReceivedTime", [](Item& self) { return self.created; });
         // A handler that cancels takes the reply away from the caller, too.
         members.Method(u"Reply", {}, [](Item& self, const Arguments&) {
             const OutlookModel::Answer answer = self.outlook.PrepareReply(Self(self));
@@ -248,6 +261,11 @@ const MemberTable& Item::Table() const {
 
 const EventInterface* Item::Events() const {
     return &ItemEvents;
+}
+
+void Item::OnHeld() {
+    for (const auto& [name, value] : storedMeanwhile) SetField(name, value);
+    storedMeanwhile.clear();
 }
 
 Text Item::Field(TextView name) const {

@@ -46,6 +46,7 @@ public:
     const MemberTable& Table() const override;
     const EventInterface* Events() const override;
     bool IsGone() const override { return deleted; }
+    void OnHeld() override;
     std::shared_ptr<Folder> Within() override { return folder.lock(); }
 
     Text Field(TextView name) const;
@@ -67,6 +68,8 @@ public:
     double modified = 0;
     std::weak_ptr<Folder> folder;
     bool deleted = false;
+    // Fields that the store has got while somebody held the item.
+    std::vector<std::pair<Text, Text>> storedMeanwhile;
 
 private:
     std::vector<std::pair<TextView, Text>> fields;  // by the names of FieldNames

@@ -100,11 +100,12 @@ Member& MemberTable::Insert(Member member) {
     return members.back();
 }
 
-ObjectPtr ModelObject::Handle() {
-    ObjectPtr held = handle.lock();
+ObjectPtr ModelObject::Handle(bool trusted) {
+    ObjectPtr held = handles[trusted].lock();
     if (!held) {
-        held = std::make_shared<Reference>(outlook, shared_from_this());
-        handle = held;
+        if (!IsHeld()) OnHeld();
+        held = std::make_shared<Reference>(outlook, shared_from_this(), trusted);
+        handles[trusted] = held;
     }
     return held;
 }
@@ -138,9 +139,10 @@ void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,
     }
 }
 
-Reference::Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object)
+Reference::Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object, bool trusted)
     : errors(outlook.errors),
       object(std::move(object)),
+      trusted(trusted),
       isFolder(dynamic_cast<Folder*>(this->object.get()) != nullptr) {
     outlook.references.insert(this);
     if (isFolder) outlook.FolderOpened();
@@ -167,11 +169,9 @@ const Member* Reference::FindMember(TextView name) {
         return nullptr;
     }
     const Member* member = object->Table().Find(name);
-    if (name.empty() && object->ClassName() == u"MailItem" &&
-        object->outlook.Does(Documented::NoDefaultMember)) {
-        member = nullptr;
-    }
-    if (!member || member->firstVersion > object->outlook.version) {
+    const bool withoutDefault = name.empty() && object->ClassName() == u"MailItem" &&
+                                object->outlook.Does(Documented::NoDefaultMember);
+    if (!member || withoutDefault || member->firstVersion > object->outlook.version) {
         object->Fail(error::NoSuchMember);
         return nullptr;
     }
@@ -200,6 +200,7 @@ Value Reference::Call(TextView name, const std::vector<Value>& arguments,
     const Member* member = FindMember(name);
     if (!member) return {};
     const std::shared_ptr<ModelObject> target = object;
+    if (member->guarded) target->outlook.AskUser(trusted);
     if (arguments.size() > member->arguments.size()) {
         return target->Fail(error::WrongNumberOfArguments);
     }
@@ -212,7 +213,10 @@ Value Reference::Call(TextView name, const std::vector<Value>& arguments,
         if (at == member->arguments.end()) return target->Fail(error::NamedArgumentNotFound);
         all[std::size_t(at - member->arguments.begin())] = argument.value;
     }
-    return member->get(*target, all);
+    const bool trustedHere = trusted;  // the member's code may let go of this handle
+    Value result = member->get(*target, all);
+    const std::shared_ptr<ModelObject> given = trustedHere ? nullptr : TargetOf(AsObject(result));
+    return given ? given->Handle(false) : result;
 }
 
 Text Reference::TypeName() {

@@ -36,6 +36,7 @@ struct Member {
     std::function<Value(ModelObject&, const Arguments&)> get;
     std::function<void(ModelObject&, const Value&)> put;  // empty: read only
     std::int32_t firstVersion = 0;                        // of Outlook, that has this member
+    bool guarded = false;                                 // by the security question
 };
 
 // Automation's conversions between plain values; false when there is none.
@@ -113,6 +114,10 @@ public:
         members.back().firstVersion = version;
         return *this;
     }
+    Members& Guarded() {
+        members.back().guarded = true;
+        return *this;
+    }
     // What a collection has whose elements are the object's `all`: Count, and Item by an index from
     // 1 or, if there is `byName`, by a text.
     using Finder = std::function<Value(Type&, const Text&)>;
@@ -155,8 +160,12 @@ public:
     // The folder that the object is or lies in: its store may be slow, or has to be opened first.
     virtual std::shared_ptr<Folder> Within() { return nullptr; }
 
-    // The object as outside code holds it: one and the same as long as somebody holds it.
-    ObjectPtr Handle();
+    // The object as outside code holds it: one and the same as long as somebody holds it. What is
+    // reached through an untrusted handle is untrusted, too.
+    ObjectPtr Handle(bool trusted = true);
+    bool IsHeld() const { return !handles[0].expired() || !handles[1].expired(); }
+    // Outside code takes hold of it, and held it not before.
+    virtual void OnHeld() {}
 
     // Notes the error; the value is empty.
     Value Fail(std::int32_t number) const;
@@ -174,7 +183,7 @@ public:
     OutlookModel& outlook;
 
 private:
-    std::weak_ptr<Object> handle;
+    std::weak_ptr<Object> handles[2];  // the untrusted one, and the trusted
     std::vector<std::weak_ptr<Sink>> sinks;
 };
 
@@ -188,7 +197,7 @@ void RaiseTo(const std::vector<std::weak_ptr<Sink>>& sinks, std::int32_t event,
 // A model object in outside hands. When the model has gone, every use fails.
 class Reference : public Object, public std::enable_shared_from_this<Reference> {
 public:
-    Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object);
+    Reference(OutlookModel& outlook, std::shared_ptr<ModelObject> object, bool trusted);
     ~Reference() override;
     Value Get(TextView member, const std::vector<Value>& arguments) override;
     void Put(TextView member, const Value& value) override;
@@ -206,6 +215,7 @@ private:
 
     PendingError& errors;
     std::shared_ptr<ModelObject> object;
+    const bool trusted;
     const bool isFolder;
 };
 

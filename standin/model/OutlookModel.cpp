@@ -67,6 +67,10 @@ ObjectPtr OutlookModel::Application() {
     return application->Handle();
 }
 
+ObjectPtr OutlookModel::RunningApplication() {
+    return application->Handle(false);
+}
+
 std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView description,
                                                  TextView guid) {
     auto addIn = std::make_shared<ComAddIn>(*this);
@@ -204,6 +208,17 @@ void OutlookModel::Select(const std::shared_ptr<Explorer>& explorer,
                           std::vector<std::shared_ptr<Item>> items) {
     if (!explorer || explorer->closed) return;
     explorer->selection = std::move(items);
+    explorer->conversations.clear();
+    Changed();
+    explorer->Raise(event::ExplorerSelectionChange);
+}
+
+void OutlookModel::SelectConversation(const std::shared_ptr<Explorer>& explorer,
+                                      std::vector<std::shared_ptr<Item>> mails) {
+    if (!explorer || explorer->closed) return;
+    explorer->selection.clear();
+    explorer->conversations.assign(1,
+                                   std::make_shared<ConversationHeader>(*this, std::move(mails)));
     Changed();
     explorer->Raise(event::ExplorerSelectionChange);
 }
@@ -219,6 +234,7 @@ void OutlookModel::SwitchFolder(const std::shared_ptr<Explorer>& explorer,
 }
 
 std::shared_ptr<Explorer> OutlookModel::ActiveExplorer() const {
+    if (!startupComplete && Does(Documented::BarsAfterStartup)) return nullptr;
     return TopOf<Explorer>(stack);
 }
 
@@ -258,7 +274,7 @@ bool OutlookModel::ClickButton(const std::shared_ptr<CommandBarControl>& control
 void OutlookModel::Quit() {
     while (!inspectors->all.empty()) CloseInspector(inspectors->all.back());
     while (!explorers->all.empty()) CloseExplorer(explorers->all.back());
-    if (shutDownAddIns) shutDownAddIns();
+    if (shutDownAddIns && !Does(Documented::QuietEnd)) shutDownAddIns();
     application->Raise(event::ApplicationQuit);
 }
 
@@ -386,6 +402,15 @@ void OutlookModel::DeleteItem(const std::shared_ptr<Item>& item) {
     Changed();
 }
 
+void OutlookModel::ChangeInStore(const std::shared_ptr<Item>& item, TextView field,
+                                 TextView value) {
+    if (item->IsHeld()) {
+        item->storedMeanwhile.emplace_back(field, value);
+    } else {
+        item->SetField(field, value);
+    }
+}
+
 const std::shared_ptr<Folder>& OutlookModel::DefaultFolder(std::int32_t number) const {
     if (number == DeletedFolder) return deleted;
     if (number == PublicFoldersFolder && publicFolders) return publicFolders;
@@ -399,6 +424,11 @@ bool OutlookModel::Does(Documented behaviour) const {
     if (version < row.first || version > row.last) return false;
     const auto found = switched.find(behaviour);
     return found == switched.end() ? row.usual : found->second;
+}
+
+void OutlookModel::AskUser(bool trusted) {
+    if (Does(Documented::SecurityQuestion) || (!trusted && Does(Documented::UntrustedObjects)))
+        ++questions;
 }
 
 void OutlookModel::FailMember(TextView className, TextView member, std::int32_t error) {

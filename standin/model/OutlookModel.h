@@ -30,6 +30,8 @@ public:
     OutlookModel& operator=(const OutlookModel&) = delete;
 
     ObjectPtr Application();
+    // The same as other programs find it running; it is not trusted.
+    ObjectPtr RunningApplication();
     // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
     std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {},
                                        TextView guid = {});
@@ -57,6 +59,10 @@ public:
     // Changes the selection, then SelectionChange.
     void Select(const std::shared_ptr<Explorer>& explorer,
                 std::vector<std::shared_ptr<Item>> items);
+    // Selects the line of a conversation, whose mails these are; below 2010 that is a group's line,
+    // which gives nothing.
+    void SelectConversation(const std::shared_ptr<Explorer>& explorer,
+                            std::vector<std::shared_ptr<Item>> mails);
     void SwitchFolder(const std::shared_ptr<Explorer>& explorer,
                       const std::shared_ptr<Folder>& folder);
     // Null while there is none. The active one is the one last in front; one that has not been
@@ -76,8 +82,9 @@ public:
     bool PressReply(const std::shared_ptr<Item>& item);
     // Clicks a button as a user does; false when that control cannot be clicked.
     bool ClickButton(const std::shared_ptr<CommandBarControl>& control);
-    // Closes every window, calls shutDownAddIns, raises Quit. Opening an explorer afterwards is a
-    // new start of the same Outlook, which has forgotten the temporary controls.
+    // Closes every window, calls shutDownAddIns unless the end is a quiet one, raises Quit. Opening
+    // an explorer afterwards is a new start of the same Outlook, which has forgotten the temporary
+    // controls.
     void Quit();
 
     // Puts an item with these fields into the default folder of its kind. Any of the four item
@@ -87,12 +94,20 @@ public:
     void SaveItem(const std::shared_ptr<Item>& item);
     void MoveItem(const std::shared_ptr<Item>& item, const std::shared_ptr<Folder>& folder);
     void DeleteItem(const std::shared_ptr<Item>& item);
+    // As another program or a server changes it.
+    void ChangeInStore(const std::shared_ptr<Item>& item, TextView field, TextView value);
     // An inbox for every number that is not the contacts' or the calendar's.
     const std::shared_ptr<Folder>& DefaultFolder(std::int32_t number) const;
 
     // Whether this Outlook does what the row says: in its versions, as usual or as switched.
     bool Does(Documented behaviour) const;
     void Switch(Documented behaviour, bool on) { switched[behaviour] = on; }
+
+    // A guarded member is used from outside, through a trusted handle or another.
+    void AskUser(bool trusted);
+    int questions = 0;  // that the user was asked
+    // OnStartupComplete has been, or comes next.
+    bool startupComplete = false;
 
     // Lets every use of the member fail with the error; 0 ends that. Class as in TypeName.
     void FailMember(TextView className, TextView member, std::int32_t error);

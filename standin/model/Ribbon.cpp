@@ -38,7 +38,8 @@ TextView TabOf(const Window& window) {
 }
 
 TextView MenuFor(const Explorer& explorer) {
-    if (explorer.selection.size() > 1) return u"ContextMenuMultipleItems";
+    if (explorer.selection.size() > 1 || !explorer.conversations.empty())
+        return u"ContextMenuMultipleItems";
     if (explorer.selection.empty()) return {};
     switch (explorer.selection[0]->itemClass) {
         case MailClass:
@@ -209,9 +210,7 @@ std::vector<Ribbons::Entry> Ribbons::Entries(const std::shared_ptr<Window>& wind
 
 std::vector<Ribbons::Entry> Ribbons::MenuEntries(const std::shared_ptr<Explorer>& explorer) {
     if (outlook.version < FirstWithExplorerRibbon) return {};
-    const auto selection = std::make_shared<Selection>(outlook);
-    selection->all = explorer->selection;
-    return EntriesAt(ExplorerRibbon, MenuFor(*explorer), selection);
+    return EntriesAt(ExplorerRibbon, MenuFor(*explorer), std::make_shared<Selection>(*explorer));
 }
 
 }  // namespace tellwick::standin

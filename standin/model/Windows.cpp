@@ -17,7 +17,14 @@ Members<Type> WindowMembers(std::int32_t objectClass) {
     Members<Type> members = OutlookMembers<Type>(objectClass);
     members.Property(u"Parent", [](Type& self) { return self.outlook.Application(); })
         .Property(u"Caption", [](Type& self) { return self.Caption(); })
-        .Property(u"CommandBars", [](Type& self) { return self.commandBars->Handle(); })
+        .Property(u"CommandBars",
+                  [](Type& self) -> Value {
+                      if (!self.outlook.startupComplete &&
+                          self.outlook.Does(Documented::BarsAfterStartup)) {
+                          return self.Fail(error::Automation);
+                      }
+                      return self.commandBars->Handle();
+                  })
         .Method(u"Activate", {},
                 [](Type& self, const Arguments&) {
                     self.outlook.Activate(Self(self));
@@ -65,11 +72,7 @@ const MemberTable& Explorer::Table() const {
                     }
                 })
             .Property(u"Selection",
-                      [](Explorer& self) {
-                          auto selection = std::make_shared<Selection>(self.outlook);
-                          selection->all = self.selection;
-                          return selection->Handle();
-                      })
+                      [](Explorer& self) { return std::make_shared<Selection>(self)->Handle(); })
             .Method(u"Close", {},
                     [](Explorer& self, const Arguments&) {
                         self.outlook.CloseExplorer(Self(self));
@@ -156,8 +159,42 @@ const EventInterface* WindowCollection<Inspector>::Events() const {
     return &InspectorsEvents;
 }
 
+const MemberTable& ConversationHeader::Table() const {
+    static const MemberTable table = OutlookMembers<ConversationHeader>(182).Method(
+        u"GetItems", {}, [](ConversationHeader& self, const Arguments&) {
+            return std::make_shared<SimpleItems>(self.outlook, self.mails)->Handle();
+        });
+    return table;
+}
+
+const MemberTable& SimpleItems::Table() const {
+    static const MemberTable table = CollectionMembers<SimpleItems>(179);
+    return table;
+}
+
+Selection::Selection(const Explorer& explorer)
+    : ModelObject(explorer.outlook),
+      all(explorer.selection.begin(), explorer.selection.end()),
+      conversations(explorer.conversations) {}
+
 const MemberTable& Selection::Table() const {
-    static const MemberTable table = CollectionMembers<Selection>(74);
+    constexpr std::int32_t ConversationHeaders = 1;
+    static const MemberTable table = [] {
+        auto members = OutlookMembers<Selection>(74);
+        members.Property(u"Parent", [](Selection& self) { return self.outlook.Application(); })
+            .Collection()
+            .Method(u"GetSelection", {u"SelectionContents"},
+                    [](Selection& self, const Arguments& arguments) -> Value {
+                        std::int32_t contents = 0;
+                        if (!Convert(arguments[0], contents) || contents != ConversationHeaders)
+                            return self.Fail(error::InvalidCall);
+                        const auto headers = std::make_shared<Selection>(self.outlook);
+                        headers->all.assign(self.conversations.begin(), self.conversations.end());
+                        return headers->Handle();
+                    })
+            .From(14);
+        return members;
+    }();
     return table;
 }
 

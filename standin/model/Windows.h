@@ -22,6 +22,28 @@ public:
     bool closed = false;
 };
 
+// The line of a conversation in a folder's list.
+class ConversationHeader : public ModelObject {
+public:
+    ConversationHeader(OutlookModel& outlook, std::vector<std::shared_ptr<Item>> mails)
+        : ModelObject(outlook), mails(std::move(mails)) {}
+    TextView ClassName() const override { return u"ConversationHeader"; }
+    const MemberTable& Table() const override;
+
+    const std::vector<std::shared_ptr<Item>> mails;
+};
+
+// The items of a conversation.
+class SimpleItems : public ModelObject {
+public:
+    SimpleItems(OutlookModel& outlook, std::vector<std::shared_ptr<Item>> items)
+        : ModelObject(outlook), all(std::move(items)) {}
+    TextView ClassName() const override { return u"SimpleItems"; }
+    const MemberTable& Table() const override;
+
+    const std::vector<std::shared_ptr<Item>> all;
+};
+
 // A main window: a folder's list of items.
 class Explorer : public Window {
 public:
@@ -39,6 +61,7 @@ public:
 
     std::shared_ptr<Folder> folder;
     std::vector<std::shared_ptr<Item>> selection;
+    std::vector<std::shared_ptr<ConversationHeader>> conversations;  // that are selected
 };
 
 // A window that shows one item.
@@ -69,10 +92,12 @@ public:
 class Selection : public ModelObject {
 public:
     using ModelObject::ModelObject;
+    explicit Selection(const Explorer& explorer);
     TextView ClassName() const override { return u"Selection"; }
     const MemberTable& Table() const override;
 
-    std::vector<std::shared_ptr<Item>> all;
+    std::vector<std::shared_ptr<ModelObject>> all;
+    std::vector<std::shared_ptr<ConversationHeader>> conversations;
 };
 
 }  // namespace tellwick::standin

@@ -2,19 +2,10 @@
 
 namespace tellwick::standin {
 
-namespace {
-
-// Ends without telling its add-ins more than Quit.
-constexpr std::int32_t FirstToEndFast = 16;
-
-}  // namespace
-
 Session::Session(OutlookModel& outlook, AddInLoader& loader, Desk& desk, Dispatcher& dispatcher,
                  bool stay)
     : outlook(outlook), loader(loader), desk(desk), dispatcher(dispatcher), stay(stay) {
-    outlook.shutDownAddIns = [this] {
-        if (this->outlook.version < FirstToEndFast) this->loader.ShutDown();
-    };
+    outlook.shutDownAddIns = [this] { this->loader.ShutDown(); };
     outlook.connectAddIn = [this](const auto& addIn, bool connect) {
         return connect ? this->loader.Connect(addIn, AddInLoader::AfterStartup)
                        : this->loader.Disconnect(addIn, AddInLoader::UserClosed);
@@ -32,6 +23,7 @@ void Session::Start(bool window, bool late) {
     }
     outlook.Activate(first);
     desk.Synchronise();
+    outlook.startupComplete = true;
     loader.StartupComplete();
 }
 

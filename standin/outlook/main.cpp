@@ -29,7 +29,7 @@
 //   end shutdown MILLISECONDS
 //
 // The exit code is 0 when nothing was left, 1 when something was, 2 for a wrong option.
-// Outlook 2016 ends fast: its add-ins hear Quit, but neither OnBeginShutdown nor OnDisconnection.
+// From Outlook 2010 on add-ins hear Quit, but neither OnBeginShutdown nor OnDisconnection.
 
 #include <windows.h>
 

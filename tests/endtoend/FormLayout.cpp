@@ -67,6 +67,16 @@ void Push(const Form& form, BarButton button) {
     SendMessageW(form.window, WM_COMMAND, button, reinterpret_cast<LPARAM>(bar));
 }
 
+// Every field of one line that holds a text shows where it begins.
+void CheckBeginnings(HWND window) {
+    for (const HWND field : Descendants(window)) {
+        const bool lines = GetWindowLongW(field, GWL_STYLE) & ES_MULTILINE;
+        if (ClassOf(field) != L"Edit" || lines || TextOf(field).empty()) continue;
+        CAPTURE(TextOf(field));
+        CHECK(short(LOWORD(SendMessageW(field, EM_POSFROMCHAR, 0, 0))) >= 0);
+    }
+}
+
 // What programs started from now on take for the system's resolution.
 class Resolution {
 public:
@@ -129,4 +139,63 @@ TEST_CASE("on a monitor of another resolution the form is laid out anew") {
     CHECK(TextOf(form.message) == L"bleibt");
     outlook.Command("resolution 96");
     CheckLayout(outlook);
+}
+
+TEST_CASE("a field shows the beginning of what it was filled with, at every size and resolution") {
+    const std::string many = "+491701234567;+491701234568;+491701234569;+491701234570;01712345678";
+    Machine machine;
+    WriteBytes(machine.SettingsFile(),
+               "[SMS]\r\nLastNumber=" + many + "\r\n[SMSNumberList]\r\nNumber1=" + many +
+                   "\r\n[Texte]\r\nText0=" + many + many + "\r\n[Prefixes]\r\nRemove0InPrefixes=" +
+                   std::string(40, '9') + " " + many + "\r\n");
+    StandIn outlook(11);
+    const auto check = [&](const Form& form, const std::wstring& text) {
+        CHECK(TextOf(form.to) == text);
+        const auto look = [&] {
+            CheckBeginnings(form.window);
+            for (const char* change : {"shrink-forms", "resolution 192", "resolution 96"}) {
+                CAPTURE(change);
+                outlook.Command(change);
+                CheckBeginnings(form.window);
+            }
+        };
+        look();
+        Push(form, Template);
+        Press(VK_DOWN);
+        look();
+        Push(form, Template);
+        look();
+    };
+    const auto close = [](const Form& form) {
+        PostMessageW(form.window, WM_CLOSE, 0, 0);
+        REQUIRE(WaitUntilGone(form.window));
+    };
+    const std::wstring all(many.begin(), many.end());
+    outlook.Command("select 1");
+    Form form = Form::Open(outlook);
+    check(form, all);
+    Form::Fill(form.to, L"x");
+    Press(VK_DOWN);  // the list's first entry
+    CHECK(WaitUntil([&] { return TextOf(form.to) == all; }));
+    CheckBeginnings(form.window);
+    Form::Fill(form.to, all + all);
+    Click(form.message);
+    CHECK(WaitUntil([&] { return Focus() == form.message; }));
+    CheckBeginnings(form.window);
+    close(form);
+    for (const auto& [folder, item] : {std::pair("inbox", 1), {"contacts", 1}}) {
+        outlook.Command(std::string("folder 1 ") + folder);
+        outlook.Command("select 1 " + std::to_string(item));
+        form = Form::Open(outlook);
+        check(form, L"01712345678");
+        close(form);
+    }
+    outlook.Command("folder 1 inbox");
+    outlook.Command("select 1 2");
+    CHECK(outlook.Command("reply-selected 1") == "cancelled");
+    form = Form::Opened();
+    check(form, L"+491701234567");
+    Push(form, Options);
+    REQUIRE(WaitUntil([&] { return !IsWindowEnabled(form.window); }));
+    CheckBeginnings(GetLastActivePopup(form.window));
 }

@@ -278,36 +278,6 @@ private:
     Faults& faults;
 };
 
-class MemoryMessageLoop : public MessageLoop {
-public:
-    explicit MemoryMessageLoop(Faults& faults) : faults(faults) {}
-    void DoEvents() override {
-        if (onDoEvents) onDoEvents();
-    }
-    bool Waiting() override { return waiting; }
-    void Sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
-    bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
-              std::uint64_t second) override {
-        if (faults.Hit()) return false;
-        posted.push_back({window, message, first, second});
-        return true;
-    }
-
-    struct Posted {
-        std::uint64_t window;
-        std::uint32_t message;
-        std::uint64_t first, second;
-        bool operator==(const Posted&) const = default;
-    };
-    std::function<void()> onDoEvents;
-    bool waiting = true;
-    std::uint32_t slept = 0;  // milliseconds
-    std::vector<Posted> posted;
-
-private:
-    Faults& faults;
-};
-
 // Answers come from the queue; with none left, a box is answered with its first button.
 class MemoryDialogs : public Dialogs {
 public:
@@ -505,30 +475,84 @@ private:
 // Ticks by hand.
 class MemoryTimers : public Timers {
 public:
-    std::unique_ptr<Timer> Create() override { return std::make_unique<MemoryTimer>(timers); }
+    explicit MemoryTimers(MemoryClock& clock) : clock(clock) {}
+    std::unique_ptr<Timer> Create() override { return std::make_unique<MemoryTimer>(*this); }
+    // Lets every timer that is due tick once.
+    void RunDue() {
+        Tick([this](const MemoryTimer& timer) { return timer.due <= clock.milliseconds; });
+    }
     // Lets every running timer tick once; the number of those that did.
     int Tick() {
-        int ticked = 0;
-        for (MemoryTimer* timer : std::vector<MemoryTimer*>(timers)) {
-            if (std::find(timers.begin(), timers.end(), timer) == timers.end()) continue;
-            if (const auto tick = timer->tick) {
-                tick();
-                ++ticked;
-            }
-        }
-        return ticked;
+        return Tick([](const auto&) { return true; });
     }
 
 private:
     struct MemoryTimer : Timer {
-        explicit MemoryTimer(std::vector<MemoryTimer*>& all) : all(all) { all.push_back(this); }
-        ~MemoryTimer() override { std::erase(all, this); }
-        void Start(std::uint32_t, std::function<void()> newTick) override { tick = newTick; }
+        explicit MemoryTimer(MemoryTimers& owner) : owner(owner) { owner.timers.push_back(this); }
+        ~MemoryTimer() override { std::erase(owner.timers, this); }
+        void Start(std::uint32_t milliseconds, std::function<void()> newTick) override {
+            tick = newTick;
+            interval = milliseconds;
+            due = owner.clock.milliseconds + interval;
+        }
         void Stop() override { tick = nullptr; }
-        std::vector<MemoryTimer*>& all;
+        MemoryTimers& owner;
         std::function<void()> tick;
+        double interval = 0, due = 0;
     };
+    template <class Wanted>
+    int Tick(const Wanted& wanted) {
+        int ticked = 0;
+        for (MemoryTimer* timer : std::vector<MemoryTimer*>(timers)) {
+            if (std::find(timers.begin(), timers.end(), timer) == timers.end()) continue;
+            const auto tick = timer->tick;
+            if (!tick || !wanted(*timer)) continue;
+            timer->due = clock.milliseconds + timer->interval;
+            tick();
+            ++ticked;
+        }
+        return ticked;
+    }
+    MemoryClock& clock;
     std::vector<MemoryTimer*> timers;
+};
+
+// Events run when they are waited for; time passes while somebody sleeps.
+class MemoryMessageLoop : public MessageLoop {
+public:
+    MemoryMessageLoop(Faults& faults, MemoryClock& clock, MemoryTimers& timers)
+        : faults(faults), clock(clock), timers(timers) {}
+    bool Waiting() override { return waiting; }
+    void Sleep(std::uint32_t milliseconds) override {
+        slept += milliseconds;
+        clock.milliseconds += milliseconds;
+    }
+    bool Post(std::uint64_t window, std::uint32_t message, std::uint64_t first,
+              std::uint64_t second) override {
+        if (faults.Hit()) return false;
+        posted.push_back({window, message, first, second});
+        return true;
+    }
+
+    struct Posted {
+        std::uint64_t window;
+        std::uint32_t message;
+        std::uint64_t first, second;
+        bool operator==(const Posted&) const = default;
+    };
+    std::function<void()> onDoEvents;
+    bool waiting = true;
+    std::uint32_t slept = 0;  // milliseconds
+    std::vector<Posted> posted;
+
+private:
+    void RunPending() override {
+        if (onDoEvents) onDoEvents();
+        timers.RunDue();
+    }
+    Faults& faults;
+    MemoryClock& clock;
+    MemoryTimers& timers;
 };
 
 // Everybody gets every lock.
@@ -556,13 +580,13 @@ struct MemoryPlatform {
     MemoryRegistry registry{faults};
     MemoryFileSystem fileSystem{errors, faults};
     MemoryPrograms programs{errors, faults};
-    MemoryMessageLoop messageLoop{faults};
     MemoryDialogs dialogs;
     MemoryClock clock;
     MemoryLocale locale;
     MemoryAutomation automation{errors, faults};
     MemoryBitmaps bitmaps{errors, faults};
-    MemoryTimers timers;
+    MemoryTimers timers{clock};
+    MemoryMessageLoop messageLoop{faults, clock, timers};
     MemoryLocks locks{faults};
 
     Platform Ports() {

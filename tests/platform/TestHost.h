@@ -40,15 +40,20 @@ struct Host : TestProgram {
     explicit Host(std::int32_t version = 11, bool window = true)
         : outlook(platform.errors, version) {
         if (window) first = outlook.CreateExplorer();
-        platform.automation.running[u"Outlook.Application"] = outlook.Application();
+        platform.automation.running[u"Outlook.Application"] = outlook.RunningApplication();
     }
-    ~Host() { platform.automation.running.clear(); }
+    ~Host() {
+        CHECK(outlook.questions == 0);
+        platform.automation.running.clear();
+    }
 
     // With the ribbon the host asks for it, as a real one does that has it.
     void Connect(bool withRibbon = false) {
         connect.AddinInstance_OnConnection(outlook.Application(), 1, addIn->Handle());
         if (withRibbon) outlook.ribbons.Add(u"Tellwick", ribbon);
         if (first) outlook.Activate(first);
+        outlook.startupComplete = true;
+        connect.AddinInstance_OnStartupComplete();
     }
     // Puts the stand-in for the outside library in place, as on a machine that has it.
     void InstallRedemption() {
@@ -62,6 +67,11 @@ struct Host : TestProgram {
             outlook.AddItem(outlook::MailClass, {{u"SentOnBehalfOfName", sender}, {u"Body", body}});
         sms->SetUserProperty(u"IsSMS", true);
         return sms;
+    }
+    // Lets all work that goes on by itself come to its end.
+    void Settle() {
+        for (int rounds = 0; rounds < 1000 && platform.timers.Tick() != 0; ++rounds) {
+        }
     }
     void Disconnect() {
         connect.AddinInstance_OnBeginShutdown();

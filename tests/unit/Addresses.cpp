@@ -366,6 +366,7 @@ TEST_CASE("nothing that Outlook asks the user about is touched where it would as
         CHECK(people.Read().size() == Everybody.size() - (version < 11));
         CHECK(people.failed == NoFailures);
         CHECK(guarded == (version >= 11));
+        CHECK(people.outlook.questions == 0);
     }
 }
 
@@ -427,7 +428,7 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
     int ticks = 0;
     Text folders;
     while (ticks < 100 && !Contains(folders, u"Kontakte 1")) {
-        REQUIRE(people.platform.timers.Tick() == 1);
+        REQUIRE(people.platform.timers.Tick() != 0);
         folders += people.view.StatusBar1().GetText();
         ++ticks;
     }

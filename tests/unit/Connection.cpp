@@ -65,6 +65,15 @@ TEST_CASE("the first window gets button and entry at once, and a click on them o
     }
 }
 
+TEST_CASE("an Outlook 2000 whose bars come later gets its button once they are there") {
+    Host host(9);
+    host.outlook.Switch(standin::Documented::BarsAfterStartup, true);
+    host.Connect();
+    CHECK(Host::Button(host.first));
+    CHECK(host.first->NewMenuEntry(u"SMS"));
+    CHECK(host.Captions(u"Standard").size() == Host(9).Captions(u"Standard").size() + 1);
+}
+
 TEST_CASE("the user's placement decides bar, position, style and group") {
     struct Case {
         TextView bar, position, style, separator;

@@ -181,6 +181,8 @@ TEST_CASE("every call into the host fails once") {
             CAPTURE(version);
             CAPTURE(failAt);
             CAPTURE(std::string(failed.begin(), failed.end()));
+            // Without events a quiet end leaves only that of the process.
+            if (version == 16 && failed == u"Application.Advise") session.Disconnect();
             session.CheckNothingHeld();
             session.CheckNothingLost();
             ++sessions;

@@ -46,17 +46,21 @@ TEST_CASE("a reply to an SMS fills the form, any other is left to Outlook") {
         {"marked by a number", -1, u"123", u"x", u"", true, true, u"123", u"x"},
         {"no sender, colon", true, u"", u"x", u"0171: Hi: you ", true, true, u"RE",
          u"0171: Hi: you"},
-        {"no outside library", true, u"+49170", u"x", u"Hi", false, true, u"RE", u"Hi"},
+        {"no outside library", true, u"+49170", u"x", u"Hi", false, true, u"", u""},
         {"marked as no SMS", false, u"+49170", u"x", u"", true, false, u"", u""},
         {"not marked", Value(), u"+49170", u"x", u"", true, false, u"", u""},
         {"marked with nothing", Text(), u"+49170", u"x", u"", true, false, u"", u""}};
-    for (const std::int32_t version : {9, 11}) {
-        for (const Case& c : cases) {
+    for (const std::int32_t version : {9, 11, 12, 16}) {
+        for (Case c : cases) {
+            // Outlook 2007 and later ask nobody, and are asked directly.
+            if (!c.redemption) c.recipient = version < 12 ? u"RE" : c.sender;
+            if (!c.redemption) c.message = version < 12 ? c.subject : c.body;
             for (const bool inInspector : {false, true}) {
                 CAPTURE(version);
                 CAPTURE(c.name);
                 CAPTURE(inInspector);
                 ReplyHost host(version, c.redemption);
+                host.outlook.Switch(standin::Documented::NoDefaultMember, inInspector);
                 const auto item = host.AddSms(c.sender, c.body);
                 item->SetField(u"Subject", c.subject);
                 item->Properties()->all.clear();
@@ -80,6 +84,7 @@ TEST_CASE("without a colon in the host's reply the item gets Outlook's own reply
     const auto item = host.AddSms(u"", u"x");
     host.outlook.Select(host.first, {item});
     host.outlook.FailMember(u"MailItem", u"", error::Automation);
+    host.outlook.FailMember(u"MailItem", u"Subject", error::Automation);
     CHECK(host.outlook.PressReply(item));
     CHECK_FALSE(host.view.Loaded());
 }
@@ -102,10 +107,31 @@ TEST_CASE("the item followed is the first selected one, when that is a mail") {
     CHECK(followed() == 0);
     CHECK(host.outlook.PressReply(sms));
     // A window for another kind of item leaves the mail of the one before followed.
-    host.outlook.OpenInspector(other);
-    host.outlook.OpenInspector(contact);
+    const auto window = host.outlook.OpenInspector(other);
+    const auto later = host.outlook.OpenInspector(contact);
     CHECK(followed() == 1);
     CHECK_FALSE(host.outlook.PressReply(other));
+    // With its own window it goes.
+    host.outlook.CloseInspector(later);
+    CHECK(followed() == 1);
+    host.outlook.CloseInspector(window);
+    CHECK(followed() == 0);
+    CHECK_FALSE(Contains(host.Held(), u"Inspector "));
+}
+
+TEST_CASE("of a conversation that is selected the newest mail counts") {
+    for (const bool newestFirst : {false, true}) {
+        ReplyHost host(16, false);
+        const auto older = host.AddSms(u"+4917123456", u"older");
+        const auto newest = host.AddSms(u"+4917234567", u"newest");
+        host.outlook.SelectConversation(
+            host.first, newestFirst ? std::vector{newest, older} : std::vector{older, newest});
+        host.outlook.ClickButton(Host::Button(host.first));
+        CHECK(host.view.TextTo().GetText() == u"04917234567");
+        CHECK(host.outlook.PressReply(older));
+        CHECK_FALSE(host.outlook.PressReply(newest));
+        CHECK(host.view.Message().GetText() == u"newest");
+    }
 }
 
 TEST_CASE("a field that does not keep the recipient gets it by way of the list") {
@@ -208,30 +234,36 @@ TEST_CASE("recipients of what is selected") {
         {"part of a longer word", true, {mail(u"", u"Eva Maierhofer, Geneva Maier")}, u""},
         {"namesakes, one with a mobile", true, {mail(u"", u"Jo")}, u"0178"},
         {"nobody known", true, {mail(u"Nobody", u"nothing")}, u""},
-        {"no outside library", false, {mail(u"+43664123456", u"Eva Maier")}, u""}};
-    for (const Case& c : cases) {
-        CAPTURE(c.name);
-        ReplyHost host(11, c.redemption);
-        host.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+1");
-        for (const Selected& known :
-             {contact(u"Eva Maier", u"+43 664 1", u""), contact(u"Ole Berg", u"", u"030"),
-              contact(u"Ole Bergmann", u"0177", u""), contact(u"Jo", u"", u"0179"),
-              contact(u"Jo", u"0178", u"")}) {
-            const auto item = host.outlook.AddItem(known.itemClass);
-            for (const auto& [field, value] : known.fields) item->SetField(field, value);
-        }
-        std::vector<std::shared_ptr<standin::Item>> items;
-        for (const Selected& selected : c.selected) {
-            items.push_back(host.outlook.AddItem(selected.itemClass));
-            for (const auto& [field, value] : selected.fields) {
-                items.back()->SetField(field, value);
+        {"no outside library", false, {mail(u"+43664123456", u"")}, u"+43664123456"},
+        {"nor a number", false, {mail(u"", u"Eva Maier")}, u"+436641"}};
+    for (const Case& c : cases)
+        for (const std::int32_t version : {10, 11}) {
+            CAPTURE(c.name);
+            CAPTURE(version);
+            ReplyHost host(version, c.redemption);
+            host.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+1");
+            for (const Selected& known :
+                 {contact(u"Eva Maier", u"+43 664 1", u""), contact(u"Ole Berg", u"", u"030"),
+                  contact(u"Ole Bergmann", u"0177", u""), contact(u"Jo", u"", u"0179"),
+                  contact(u"Jo", u"0178", u"")}) {
+                const auto item = host.outlook.AddItem(known.itemClass);
+                for (const auto& [field, value] : known.fields) item->SetField(field, value);
             }
-            // Its reply is asked for without being taken for the user's.
-            items.back()->SetUserProperty(u"IsSMS", true);
+            std::vector<std::shared_ptr<standin::Item>> items;
+            for (const Selected& selected : c.selected) {
+                items.push_back(host.outlook.AddItem(selected.itemClass));
+                for (const auto& [field, value] : selected.fields) {
+                    items.back()->SetField(field, value);
+                }
+                // Its reply is asked for without being taken for the user's.
+                items.back()->SetUserProperty(u"IsSMS", true);
+            }
+            host.outlook.Select(host.first, items);
+            host.outlook.ClickButton(Host::Button(host.first));
+            host.Settle();
+            // Where Outlook would ask the user it is not asked.
+            CHECK(host.view.TextTo().GetText() ==
+                  (c.redemption || version >= 11 ? c.recipients : u""));
+            CHECK(host.view.Message().GetText().empty());
         }
-        host.outlook.Select(host.first, items);
-        host.outlook.ClickButton(Host::Button(host.first));
-        CHECK(host.view.TextTo().GetText() == c.recipients);
-        CHECK(host.view.Message().GetText().empty());
-    }
 }

@@ -48,6 +48,7 @@ struct RibbonHost : Host {
         REQUIRE(entries.size() == 1);
         entries[0].click();
         CHECK(view.Loaded());
+        Settle();
         CHECK(HeldOf(u"IRibbonControl") == 0);
         CHECK(HeldOf(u"Selection") == 0);
         const Text recipients = view.TextTo().GetText();
@@ -159,19 +160,20 @@ TEST_CASE("a click opens the form with those it is about") {
     // The item in the window counts, not the one selected behind it.
     host.outlook.Select(host.first, {host.jo});
     CHECK(host.RecipientsOfClick(host.Of(host.mail)) == u"01711");
+    host.outlook.SelectConversation(host.first, {host.mail, host.sms});
+    CHECK(host.RecipientsOfClick(ribbons.MenuEntries(host.first)) == u"01711");
 }
 
 TEST_CASE("replying by the ribbon takes an SMS for what it is, with and without Redemption") {
     for (const bool redemption : {true, false}) {
         CAPTURE(redemption);
         RibbonHost host;
-        host.sms->SetField(u"Subject", u"0171: Bin da");
         if (!redemption) host.platform.automation.factories.clear();
         // An item window opened later must not matter.
         const auto entries = host.Of(host.sms);
         host.Of(host.eva);
-        CHECK(host.RecipientsOfClick(entries) == (redemption ? u"+491701234567" : u"RE"));
-        CHECK(host.message == (redemption ? u"Hallo" : u"0171: Bin da"));
+        CHECK(host.RecipientsOfClick(entries) == u"+491701234567");
+        CHECK(host.message == u"Hallo");
         CHECK(host.outlook.inspectors->all.size() == 2);  // and no reply of Outlook's own
     }
 }
@@ -195,9 +197,29 @@ TEST_CASE("Office's ribbons are held from loading to the end, even one within a 
         CHECK(host.outlook.LiveSubscriptions().empty());
         CHECK(host.Held().empty());
     }
-    // Without a window at the start the add-in stays away, and so does its ribbon.
-    RibbonHost host(16, false);
-    CHECK(host.outlook.ribbons.Entries(host.outlook.OpenExplorer()).empty());
+}
+
+TEST_CASE("of a connection without a window nothing lives but the ribbon of later windows") {
+    for (const std::int32_t version : {12, 14, 16}) {
+        CAPTURE(version);
+        RibbonHost host(version, false);
+        host.platform.automation.running.clear();
+        CHECK(host.outlook.LiveSubscriptions().empty());
+        host.first = host.outlook.OpenExplorer();
+        host.platform.timers.Tick();
+        CHECK_FALSE(Host::Button(host.first));
+        const Entries inMail = host.Of(host.sms);
+        REQUIRE(inMail.empty() == (version < 14));
+        if (inMail.empty()) continue;
+        CHECK(host.RecipientsOfClick(inMail) == u"+491701234567");
+        host.outlook.Select(host.first, {host.eva, host.mail});
+        CHECK(host.RecipientsOfClick(host.outlook.ribbons.Entries(host.first)) == u"01711");
+        CHECK(host.RecipientsOfClick(host.Menu({host.jo})) == u"0302");
+        // The end comes without a word: nothing is held that would be in its way.
+        CHECK(host.Held().empty());
+        host.Disconnect();
+        CHECK(host.connect.GetCustomUI(u"Microsoft.Outlook.Explorer").empty());
+    }
 }
 
 TEST_CASE("on a monitor of another resolution the pictures are made anew") {

@@ -14,24 +14,17 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "compose/SmsQueue.h"
 #include "platform/MemoryPlatform.h"
 #include "platform/Modules.h"
-#include "windows/SystemPorts.h"
 #include "windows/WindowsFileSystem.h"
+#include "windows/WindowsLocale.h"
+#include "windows/WindowsLocks.h"
+#include "windows/WindowsRegistry.h"
 
 using namespace tellwick;
-
-namespace tellwick::windows {
-
-void ReportException() noexcept {
-    std::abort();
-}
-
-}  // namespace tellwick::windows
 
 namespace {
 

@@ -1,0 +1,207 @@
+#include "recipients/RecipientLookup.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Clock.h"
+#include "platform/Meanwhile.h"
+#include "platform/MessageLoop.h"
+#include "platform/OutlookEvents.h"
+#include "recipients/Addresses.h"
+#include "recipients/Contacts.h"
+#include "recipients/Conversation.h"
+#include "recipients/NumberInText.h"
+#include "recipients/PersonInText.h"
+#include "settings/Debug.h"
+
+namespace tellwick {
+
+namespace {
+
+// Outlook 2003: from then on what comes from the application that a connection hands over is
+// trusted.
+constexpr std::int32_t FirstTrusting = 11;
+constexpr std::int32_t MostConversations = 20;
+// Milliseconds.
+constexpr double Slice = 5;
+constexpr std::uint32_t Interval = 20;
+
+}  // namespace
+
+RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
+                                 const ProcessValues& processValues, Contacts& contacts,
+                                 Addresses& addresses, Clock& clock, Timers& timers,
+                                 MessageLoop& messageLoop)
+    : errors(errors),
+      debug(debug),
+      automation(automation),
+      processValues(processValues),
+      contacts(contacts),
+      addresses(addresses),
+      clock(clock),
+      timers(timers),
+      messageLoop(messageLoop) {}
+
+Text RecipientLookup::LookInSelection(const ObjectPtr& outlookApplication) {
+    const ObjectPtr application =
+        outlookApplication ? outlookApplication : automation.Running(u"Outlook.Application");
+    LendApplicationOf(outlookApplication);
+    return Begin(outlook::Application(errors, application).ActiveExplorer().Selection().Reference(),
+                 outlookApplication ? Origin::Connection : Origin::RunningObject);
+}
+
+Text RecipientLookup::LookInItems(const ObjectPtr& collection) {
+    LendApplicationOf(collection);
+    return Begin(collection, Origin::Connection);
+}
+
+Text RecipientLookup::LookInItem(const ObjectPtr& item) {
+    LendApplicationOf(item);
+    return Begin(item, Origin::Connection, true);
+}
+
+// A connection without a window handed no application over that contacts could be read from.
+void RecipientLookup::LendApplicationOf(const ObjectPtr& object) {
+    if (!object || addresses.HasApplication()) return;
+    addresses.LendApplication(AsObject(Get(errors, object, u"Application")));
+}
+
+Text RecipientLookup::Begin(const ObjectPtr& collection, Origin newOrigin, bool isSingle) {
+    Stop();
+    if (!collection) return {};
+    items = collection;
+    origin = newOrigin;
+    single = isSingle;
+    const std::int32_t all = single ? 1 : outlook::Selection(errors, items).Count();
+    count = std::min(all, MostItems);
+    cut = count < all;
+    if (all == 0 && processValues.outlookVersion >= FirstWithConversations) {
+        following =
+            NewestOfConversations(errors, outlook::Selection(errors, items), MostConversations);
+    }
+    looking = true;
+    const double end = clock.Milliseconds() + Slice;
+    {
+        const Meanwhile slicing(working, true);
+        // Outlook may take its time to prepare a reply: the form is not to wait for that.
+        while (looking && step == Step::Item && clock.Milliseconds() < end && DoStep()) {
+        }
+    }
+    if (looking) {
+        timer = timers.Create();
+        timer->Start(Interval, [this] { Tick(); });
+    }
+    return std::exchange(found, {});
+}
+
+void RecipientLookup::Stop() {
+    End();
+    taken.clear();
+    found.clear();
+    cut = false;
+}
+
+void RecipientLookup::End() {
+    looking = false;
+    timer.reset();
+    items.reset();
+    following.clear();
+    mail.reset();
+    safeMail.reset();
+    body.clear();
+    next = 1;
+    count = 0;
+    step = Step::Item;
+}
+
+void RecipientLookup::Tick() {
+    if (working || messageLoop.InDoEvents()) return;
+    Procedure procedure{debug, u"TimerRecipients_Timer"};
+    const double end = clock.Milliseconds() + Slice;
+    {
+        const Meanwhile slicing(working, true);
+        while (looking && DoStep() && clock.Milliseconds() < end) {
+        }
+    }
+    if (listener) listener(std::exchange(found, {}));
+}
+
+bool RecipientLookup::DoStep() {
+    switch (step) {
+        case Step::Item:
+            LookAtNext();
+            return looking;
+        case Step::Reply:
+            ReadReply();
+            return looking;
+        case Step::Person:
+            return FindPerson();
+    }
+    return false;
+}
+
+void RecipientLookup::LookAtNext() {
+    if (next > count && following.empty()) {
+        End();
+        return;
+    }
+    outlook::Item item(errors, nullptr);
+    if (next <= count) {
+        item = single ? outlook::Item(errors, items) : outlook::Selection(errors, items).Item(next);
+        ++next;
+    } else {
+        item = following.front();
+        following.erase(following.begin());
+    }
+    const std::int32_t itemClass = item.Class();
+    if (itemClass == outlook::ContactClass) Found(contacts.NumberOfContact(item.Reference()));
+    if (itemClass == outlook::MailClass) LookAtMail(item.Reference());
+}
+
+// The sender's own number, as messages from a telephone have it. Without Redemption only where
+// Outlook does not ask the user before it hands out sender and body.
+void RecipientLookup::LookAtMail(const ObjectPtr& item) {
+    const bool trusted =
+        origin == Origin::Connection && processValues.outlookVersion >= FirstTrusting;
+    safeMail = contacts.SafeMail(item);
+    if (!safeMail && !trusted) return;
+    const Text own =
+        NumberInText(AsText(Get(errors, safeMail ? safeMail : item, u"SentOnBehalfOfName")));
+    if (!own.empty()) {
+        Found(contacts.Dialable(own));
+        return;
+    }
+    if (!looking) return;  // Outlook may have ended meanwhile
+    mail = item;
+    step = Step::Reply;
+}
+
+// Else that of the first contact whom a reply to the mail names.
+void RecipientLookup::ReadReply() {
+    const ObjectPtr reply = contacts.ReplyOf(std::exchange(mail, nullptr));
+    if (!looking) return;
+    if (safeMail) safeMail->Put(u"Item", reply);
+    body = AsText(Get(errors, safeMail ? safeMail : reply, u"Body"));
+    safeMail.reset();
+    step = Step::Person;
+}
+
+bool RecipientLookup::FindPerson() {
+    if (!addresses.Known()) {
+        addresses.Refresh();
+        if (!addresses.Known() && addresses.Reading()) return false;
+    }
+    const Text number = NumberOfPersonIn(addresses.List(), std::exchange(body, {}));
+    if (!number.empty()) Found(contacts.Dialable(number));
+    step = Step::Item;
+    return true;
+}
+
+void RecipientLookup::Found(const Text& number) {
+    if (number.empty() || std::ranges::find(taken, number) != taken.end()) return;
+    if (!found.empty()) found += u';';
+    found += number;
+    taken.push_back(number);
+}
+
+}  // namespace tellwick

@@ -1,0 +1,98 @@
+// Looks up who the recipients are of what is selected in Outlook: what is at hand at once, the rest
+// in slices, so that nobody waits for it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/Outlook.h"
+#include "platform/ProcessValues.h"
+#include "platform/Timer.h"
+
+namespace tellwick {
+
+class Addresses;
+class Automation;
+class Clock;
+class Contacts;
+class Debug;
+class MessageLoop;
+
+class RecipientLookup {
+public:
+    // So many items of a selection become recipients.
+    static constexpr std::int32_t MostItems = 200;
+    // Hears new recipients, separated by ";", and with an empty text that the looking goes on or
+    // has ended.
+    using Listener = std::function<void(TextView found)>;
+
+    RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
+                    const ProcessValues& processValues, Contacts& contacts, Addresses& addresses,
+                    Clock& clock, Timers& timers, MessageLoop& messageLoop);
+
+    void SetListener(Listener newListener) { listener = std::move(newListener); }
+
+    // Each begins anew, and gives the recipients that are known at once, separated by ";", each
+    // once; the listener hears the others. Of what is selected in the application's active window,
+    // or in that of the running Outlook when none is given:
+    Text LookInSelection(const ObjectPtr& application);
+    // Of a collection of items, such as a selection:
+    Text LookInItems(const ObjectPtr& items);
+    // Of one item:
+    Text LookInItem(const ObjectPtr& item);
+
+    bool Looking() const { return looking; }
+    // Whether more was selected than became recipients.
+    bool Cut() const { return cut; }
+    // Lets everything of Outlook's go.
+    void Stop();
+
+private:
+    // Whether Outlook trusts the program with what it reaches from there.
+    enum class Origin { Connection, RunningObject };
+    enum class Step { Item, Reply, Person };
+
+    Text Begin(const ObjectPtr& collection, Origin newOrigin, bool single = false);
+    // One step; false when there is nothing left, or it has to be waited.
+    bool DoStep();
+    void LookAtNext();
+    void LookAtMail(const ObjectPtr& item);
+    void ReadReply();
+    bool FindPerson();
+    void Found(const Text& number);
+    void End();
+    void Tick();
+    void LendApplicationOf(const ObjectPtr& object);
+
+    ObjectPtr items;                       // a collection, or one item
+    std::vector<outlook::Item> following;  // behind those
+    bool single = false;
+    std::int32_t next = 1;
+    std::int32_t count = 0;
+    Origin origin = Origin::Connection;
+    Step step = Step::Item;
+    ObjectPtr mail;  // whose reply is to be read
+    ObjectPtr safeMail;
+    Text body;                // of the reply
+    std::vector<Text> taken;  // each recipient once
+    Text found;               // and not told yet
+    bool looking = false;
+    bool cut = false;
+    bool working = false;  // a slice runs: Outlook may call in between
+    Listener listener;
+    std::unique_ptr<Timer> timer;
+
+    PendingError& errors;
+    Debug& debug;
+    Automation& automation;
+    const ProcessValues& processValues;
+    Contacts& contacts;
+    Addresses& addresses;
+    Clock& clock;
+    Timers& timers;
+    MessageLoop& messageLoop;
+};
+
+}  // namespace tellwick
