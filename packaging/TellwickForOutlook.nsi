@@ -48,6 +48,8 @@ Var RemoveSettings
 Var SettingsBox
 Var InUse        ; "yes" where a program has one of the libraries loaded
 Var Status
+Var Status32
+Var FinishNote   ; what the user should know at the end
 Var Failed
 Var Aside
 
@@ -59,7 +61,8 @@ Var Aside
 !define MUI_WELCOMEPAGE_TEXT "$(WelcomeText)"
 !define MUI_DIRECTORYPAGE_TEXT_TOP "$(FolderText)"
 !define MUI_FINISHPAGE_TITLE "$(FinishTitle)"
-!define MUI_FINISHPAGE_TEXT "$(FinishText)"
+!define MUI_FINISHPAGE_TEXT "$(FinishText)$FinishNote"
+!define MUI_FINISHPAGE_TEXT_LARGE
 !insertmacro MUI_PAGE_WELCOME
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
@@ -384,16 +387,32 @@ Section
         RMDir "$0"
     ${EndIf}
 
+    ; One part may not be for this machine, as the 64-bit one on ARM64: the other is there all the
+    ; same.
     Push '/s "$INSTDIR\${LIBRARY32}"'
     Call Run32
+    StrCpy $Status32 $Status
     ${If} ${RunningX64}
-    ${AndIf} $Status = 0
         Push '/s "$INSTDIR\${LIBRARY64}"'
         Call Run64
     ${EndIf}
-    ${If} $Status <> 0
+    ${If} $Status32 <> 0
+    ${AndIf} $Status <> 0
         Push "$(NotRegisteredText)"
         Call Fail
+    ${EndIf}
+    StrCpy $0 ""
+    ${If} $Status32 <> 0
+        StrCpy $0 "32"
+    ${ElseIf} $Status <> 0
+        StrCpy $0 "64"
+    ${EndIf}
+    ${If} $0 != ""
+        StrCpy $FinishNote "$\r$\n$\r$\n$(OnePartText)"
+    ${EndIf}
+    ReadRegDWORD $0 HKCU "Software\Microsoft\Office\16.0\Outlook\Preferences" "UseNewOutlook"
+    ${If} $0 = 1
+        StrCpy $FinishNote "$FinishNote$\r$\n$\r$\n$(NewOutlookText)"
     ${EndIf}
     ${If} $Prefix != ""
         Push '/s /n "/i:prefix=$Prefix" "$INSTDIR\${LIBRARY32}"'

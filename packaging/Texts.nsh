@@ -6,8 +6,8 @@
 !macroend
 
 !insertmacro Text WelcomeText \
-    "This sets up ${NAME}, with which you write SMS in Microsoft Outlook.$\r$\n$\r$\nYou need no administrator rights. The add-in goes into the folder of Tellwick, which sends your SMS.$\r$\n$\r$\nClose Outlook before you go on." \
-    "Hiermit wird ${NAME} eingerichtet, mit dem Sie in Microsoft Outlook SMS schreiben.$\r$\n$\r$\nAdministratorrechte sind nicht nötig. Das Add-In kommt in den Ordner von Tellwick, das Ihre SMS sendet.$\r$\n$\r$\nBeenden Sie Outlook, bevor Sie fortfahren."
+    "This sets up ${NAME}, with which you write SMS in classic Microsoft Outlook.$\r$\n$\r$\nYou need no administrator rights. The add-in goes into the folder of Tellwick, which sends your SMS.$\r$\n$\r$\nClose Outlook before you go on." \
+    "Hiermit wird ${NAME} eingerichtet, mit dem Sie im klassischen Microsoft Outlook SMS schreiben.$\r$\n$\r$\nAdministratorrechte sind nicht nötig. Das Add-In kommt in den Ordner von Tellwick, das Ihre SMS sendet.$\r$\n$\r$\nBeenden Sie Outlook, bevor Sie fortfahren."
 !insertmacro Text FolderText \
     "Choose the folder that Tellwick.exe is in. The add-in looks for Tellwick there." \
     "Wählen Sie den Ordner, in dem Tellwick.exe liegt. Das Add-In sucht Tellwick dort."
@@ -41,6 +41,12 @@
 !insertmacro Text FinishText \
     "Start Outlook and click $\"New SMS$\": on the Home tab, or on the toolbar of Outlook 2007 and earlier." \
     "Starten Sie Outlook, und klicken Sie auf „Neue SMS“: auf der Registerkarte „Start“ oder, bis Outlook 2007, in der Symbolleiste."
+!insertmacro Text NewOutlookText \
+    "You use the new Outlook, which has no room for add-ins like this one. To write SMS, switch back to classic Outlook: the switch $\"New Outlook$\" is at the top right of its window." \
+    "Sie verwenden das neue Outlook, das keine Add-Ins wie dieses kennt. Um SMS zu schreiben, wechseln Sie zurück zum klassischen Outlook: Der Schalter „Neues Outlook“ steht rechts oben im Fenster."
+!insertmacro Text OnePartText \
+    "The part for $0-bit Outlook could not be registered on this computer." \
+    "Der Teil für $0-Bit-Outlook konnte auf diesem Computer nicht angemeldet werden."
 !insertmacro Text RemoveTitle "Remove ${NAME}" "${NAME} entfernen"
 !insertmacro Text RemoveSubtitle \
     "The add-in is taken out of Outlook." "Das Add-In wird aus Outlook entfernt."

@@ -16,11 +16,16 @@ constexpr std::int32_t UsageBoth = 3;
 constexpr std::int32_t StyleIconAndCaption = 3;
 constexpr std::int32_t MaskOffset = 100;       // a face's mask is the bitmap 100 behind it
 constexpr std::int32_t FirstWithPicture = 11;  // Outlook 2003 takes Picture and Mask
+constexpr std::int32_t FirstToKeepClipboard = 12;
+constexpr int MostPastes = 5;
+constexpr std::uint32_t PastePause = 20;  // milliseconds
 constexpr TextView ControlTag = u"101";
 
 }  // namespace
 
-OlButtons::OlButtons(RegEdit& regEdit, Bitmaps& bitmaps) : regEdit(regEdit), bitmaps(bitmaps) {}
+OlButtons::OlButtons(PendingError& errors, RegEdit& regEdit, Bitmaps& bitmaps,
+                     MessageLoop& messageLoop)
+    : errors(errors), regEdit(regEdit), bitmaps(bitmaps), messageLoop(messageLoop) {}
 
 Text OlButtons::ActionText(TextView progId) {
     return Text(u"<!").append(progId).append(u">");
@@ -94,10 +99,18 @@ CommandBarControl OlButtons::AddMenuItem(const CommandBarControl& parent, TextVi
 
 void OlButtons::SetFace(const CommandBarControl& control, std::int32_t picture,
                         SystemColour lightGrey) {
-    bitmaps.ClearClipboard();
-    if (LeadingNumber(control.Application().Version()) < FirstWithPicture) {
+    const std::int32_t version = LeadingNumber32(control.Application().Version());
+    // What newer ones have on the clipboard is the user's.
+    if (version < FirstToKeepClipboard) bitmaps.ClearClipboard();
+    if (version < FirstWithPicture) {
         bitmaps.PutOnClipboard(BitmapToPicture(bitmaps.CreateMapped(picture, lightGrey)));
-        control.PasteFace();
+        // A viewer of the clipboard may have it open after the change, so that Outlook cannot.
+        for (int attempt = 1; attempt <= MostPastes; ++attempt) {
+            errors.Clear();
+            control.PasteFace();
+            if (!errors) break;
+            messageLoop.Sleep(PastePause);
+        }
     } else {
         control.SetPicture(BitmapToPicture(bitmaps.Load(picture)));
         control.SetMask(BitmapToPicture(bitmaps.Load(picture + MaskOffset)));

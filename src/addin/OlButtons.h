@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/Bitmaps.h"
+#include "platform/MessageLoop.h"
 #include "platform/Outlook.h"
 
 namespace tellwick {
@@ -20,7 +21,7 @@ struct ButtonDefaults {
 
 class OlButtons {
 public:
-    OlButtons(RegEdit& regEdit, Bitmaps& bitmaps);
+    OlButtons(PendingError& errors, RegEdit& regEdit, Bitmaps& bitmaps, MessageLoop& messageLoop);
 
     // The action text by which the add-in knows its own controls.
     static Text ActionText(TextView progId);
@@ -50,8 +51,10 @@ private:
     void SetFace(const outlook::CommandBarControl& control, std::int32_t picture,
                  SystemColour lightGrey);
 
+    PendingError& errors;
     RegEdit& regEdit;
     Bitmaps& bitmaps;
+    MessageLoop& messageLoop;
 };
 
 }  // namespace tellwick

@@ -66,7 +66,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       smsReply(errors, debug, processValues, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
       ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, formSmsSend),
-      olButtons(regEdit, platform.bitmaps) {}
+      olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     const auto openSms = [this](const ObjectPtr& application) {

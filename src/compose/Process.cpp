@@ -32,19 +32,22 @@ bool Process::GetProcList(std::vector<ProcessRecord>& list, bool forceSnapshot) 
     Procedure procedure{debug, u"GetProcList"};
     list.clear();
     if (platformId == 0) platformId = programs.PlatformId();
-    if (platformId == ConsumerLine || forceSnapshot) {
+    bool byNames = platformId == ConsumerLine || forceSnapshot;
+    if (!byNames && platformId != NtLine) return false;
+    if (!byNames) {
+        for (const std::uint32_t identifier : programs.ProcessIdentifiers(FirstIdentifiers)) {
+            const Text path = programs.FirstModulePath(identifier);
+            // One of another bitness, or with more rights, does not tell it.
+            if (path.empty()) byNames = true;
+            list.push_back({WithoutFolder(path)});
+        }
+    }
+    if (byNames) {
         for (const Text& name : programs.SnapshotNames()) {
             list.push_back({WithoutFolder(WithoutBrackets(CutAtNul(name)))});
         }
-        return true;
     }
-    if (platformId == NtLine) {
-        for (const std::uint32_t identifier : programs.ProcessIdentifiers(FirstIdentifiers)) {
-            list.push_back({WithoutFolder(programs.FirstModulePath(identifier))});
-        }
-        return true;
-    }
-    return false;
+    return true;
 }
 
 bool Process::CheckIfRunning(TextView name, bool refresh, bool forceSnapshot) {

@@ -20,7 +20,8 @@ public:
     Process(Debug& debug, Programs& programs);
 
     // Rebuilds the list, by a snapshot on the consumer line of Windows or when forced, else by
-    // the process-status functions. False, with an empty list, on a system that has neither.
+    // the process-status functions, and by the snapshot as well where these do not tell every path.
+    // False, with an empty list, on a system that has neither.
     bool GetProcList(std::vector<ProcessRecord>& list, bool forceSnapshot);
 
     // True when a process runs whose executable has this file name, letter case ignored. Uses the

@@ -44,7 +44,8 @@ bool Documents::ExecApp(TextView document, [[maybe_unused]] std::int32_t flag) {
             return true;
         }
     }
-    return programs.Start({}, u"cmd /c start \"\" " + quoted, WindowStyle::MinimisedWithFocus);
+    return programs.Start(programs.WindowsFolder().append(u"System32\\cmd.exe"),
+                          u"cmd /c start \"\" " + quoted, WindowStyle::MinimisedWithFocus);
 }
 
 Text Documents::GetApplForExt(TextView extension) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "windows/EventSink.h"
+#include "windows/MonitorAwareness.h"
 #include "windows/Values.h"
 
 namespace tellwick::windows {
@@ -25,6 +26,10 @@ class AutomationObject : public Object {
 public:
     AutomationObject(PendingError& errors, ComPtr<IDispatch> dispatch)
         : errors(errors), dispatch(std::move(dispatch)) {}
+    ~AutomationObject() override {
+        const OutlooksContext context;
+        dispatch = {};
+    }
 
     Value Get(TextView member, const std::vector<Value>& arguments) override {
         return Invoke(member, DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments, {});
@@ -36,6 +41,7 @@ public:
     }
 
     void Put(TextView member, const Value& value) override {
+        const OutlooksContext context;
         std::vector<DISPID> identifiers;
         if (!Identify(member, {}, identifiers)) return;
         Variant argument;
@@ -57,6 +63,7 @@ public:
     }
 
     Text TypeName() override {
+        const OutlooksContext context;
         ComPtr<ITypeInfo> type;
         bool isInterface = false;
         if (const auto provider =
@@ -105,6 +112,7 @@ private:
 
     Value Invoke(TextView member, WORD kind, const std::vector<Value>& arguments,
                  const std::vector<NamedValue>& named) {
+        const OutlooksContext context;
         std::vector<DISPID> identifiers;
         if (!Identify(member, named, identifiers)) return {};
         // Named arguments come first, in the order of their identifiers; the others follow in
@@ -293,6 +301,7 @@ void ToVariant(const Value& value, VARIANT& variant) {
 }
 
 ObjectPtr WindowsAutomation::Create(TextView programmaticIdentifier) {
+    const OutlooksContext context;
     CLSID identifier;
     ComPtr<IDispatch> object;
     HRESULT result = CLSIDFromProgID(Wide(Text(programmaticIdentifier)), &identifier);
@@ -305,6 +314,7 @@ ObjectPtr WindowsAutomation::Create(TextView programmaticIdentifier) {
 }
 
 ObjectPtr WindowsAutomation::Running(TextView programmaticIdentifier) {
+    const OutlooksContext context;
     CLSID identifier;
     ComPtr<IUnknown> running;
     ComPtr<IDispatch> object;

@@ -132,12 +132,4 @@ using IconHandle = std::unique_ptr<HICON__, IconDestroyer>;
 // A picture of the library's own icons at a size in pixels; null when there is none.
 IconHandle LoadLibraryIcon(int resource, int size);
 
-// A function of a system library that not every system has; null when it is missing.
-template <class Function>
-Function SystemFunction(const wchar_t* library, const char* name) {
-    const HMODULE module = LoadLibraryW(library);
-    if (!module) return nullptr;
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
 }  // namespace tellwick::windows

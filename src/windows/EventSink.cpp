@@ -50,6 +50,7 @@ public:
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters,
                                      VARIANT*, EXCEPINFO*, UINT*) override {
+        const MonitorAware aware;
         try {
             // Both live until the handler is done, whatever it gives up.
             const auto self = ComPtr<EventSink>::Share(this);
@@ -90,6 +91,7 @@ public:
     Advice(ComPtr<IConnectionPoint> point, ComPtr<EventSink> sink, DWORD cookie)
         : point(std::move(point)), sink(std::move(sink)), cookie(cookie) {}
     ~Advice() override {
+        const OutlooksContext context;
         sink->Silence();
         point->Unadvise(cookie);
     }
@@ -104,6 +106,7 @@ private:
 
 SubscriptionPtr AdviseEvents(PendingError& errors, IDispatch* source, const EventInterface& events,
                              EventHandler handler) {
+    const OutlooksContext context;
     IID identifier;
     HRESULT result = IIDFromString(Wide(Text(events.identifier)), &identifier);
     ComPtr<IConnectionPointContainer> container;

@@ -53,7 +53,8 @@ HWND FormWindow::ActiveWindow() {
 bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
     if (window) return true;
     const VisualStyles styles;
-    INITCOMMONCONTROLSEX common{sizeof common, ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
+    INITCOMMONCONTROLSEX common{sizeof common,
+                                ICC_BAR_CLASSES | ICC_PROGRESS_CLASS | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&common);
     if (!RegisterFormClass()) return false;
     placed = false;
@@ -169,6 +170,7 @@ void FormWindow::SetDefaultButton(const WindowControl& button) {
 LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM first,
                                              LPARAM second) {
     const Lifetime running;
+    const MonitorAware aware(MonitorAware::Window);
     auto* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     try {
         if (form) return form->Handle(message, first, second);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "windows/SystemFunction.h"
+
 namespace tellwick::windows {
 
 namespace {

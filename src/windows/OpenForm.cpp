@@ -29,6 +29,7 @@ OpenForm::~OpenForm() {
 LRESULT CALLBACK OpenForm::MessageHook(int code, WPARAM removal, LPARAM parameter) {
     const Lifetime running;
     try {
+        const MonitorAware aware(MonitorAware::Loop);
         auto& message = *reinterpret_cast<MSG*>(parameter);
         if (code >= 0 && removal == PM_REMOVE) {
             for (const OpenForm* form : openForms) {

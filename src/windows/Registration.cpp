@@ -1,4 +1,5 @@
 #include "platform/Product.h"
+#include "windows/ModulePath.h"
 #include "windows/Server.h"
 #include "windows/WindowsRegistry.h"
 
@@ -17,11 +18,6 @@ Text ClassKey() {
     return Text(Classes).append(u"CLSID\\").append(ConnectClassText);
 }
 
-Text LibraryPath() {
-    wchar_t path[MAX_PATH];
-    return FromWide(path, GetModuleFileNameW(Library(), path, MAX_PATH));
-}
-
 }  // namespace
 
 bool Register() {
@@ -34,7 +30,7 @@ bool Register() {
     return write(progId, {}, ApplicationName) && write(progId + u"\\CLSID", {}, ConnectClassText) &&
            write(ClassKey(), {}, ApplicationName) &&
            write(ClassKey() + u"\\ProgID", {}, ProgrammaticIdentifier) &&
-           write(ClassKey() + u"\\InprocServer32", {}, LibraryPath()) &&
+           write(ClassKey() + u"\\InprocServer32", {}, ModulePath(Library())) &&
            write(ClassKey() + u"\\InprocServer32", u"ThreadingModel", u"Apartment") &&
            write(addIn, u"FriendlyName", ApplicationName) &&
            write(addIn, u"Description", Description) &&

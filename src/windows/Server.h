@@ -4,6 +4,7 @@
 #include <new>
 
 #include "windows/Com.h"
+#include "windows/MonitorAwareness.h"
 
 namespace tellwick {
 class Program;
@@ -28,6 +29,7 @@ void ReportException() noexcept;
 // Runs an entry point; what it throws stays inside.
 template <class Action>
 HRESULT Guarded(const Action& action) {
+    const MonitorAware aware;
     try {
         action();
         return S_OK;

@@ -1,6 +1,8 @@
 #include "windows/VisualStyles.h"
 
+#include "windows/ModulePath.h"
 #include "windows/Server.h"
+#include "windows/SystemFunction.h"
 
 namespace tellwick::windows {
 
@@ -34,12 +36,11 @@ public:
     LibraryContext() : release(SystemFunction<ReleaseContext>(L"kernel32.dll", "ReleaseActCtx")) {
         const auto create = SystemFunction<CreateContext>(L"kernel32.dll", "CreateActCtxW");
         if (!create) return;
-        wchar_t path[MAX_PATH];
-        GetModuleFileNameW(Library(), path, MAX_PATH);
+        const Text path = ModulePath(Library());
         ContextRequest request{};
         request.size = sizeof request;
         request.flags = ResourceNameValid | ModuleValid;
-        request.source = path;
+        request.source = Wide(path);
         request.resourceName = MAKEINTRESOURCEW(LibraryManifest);
         request.module = Library();
         handle = create(&request);

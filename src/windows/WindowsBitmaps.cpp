@@ -31,10 +31,19 @@ private:
     HGDIOBJ previous;
 };
 
-// The clipboard, open from construction to destruction if it could be opened.
+// A viewer of the clipboard has it open just after a change.
+constexpr int MostAttempts = 10;
+constexpr DWORD AttemptPause = 10;  // milliseconds
+
+// The clipboard, open for a window from construction to destruction if it could be opened.
 class OpenClipboardScope {
 public:
-    OpenClipboardScope() : open(OpenClipboard(nullptr) != 0) {}
+    explicit OpenClipboardScope(HWND window) : open(window && OpenClipboard(window)) {
+        for (int attempt = 1; window && !open && attempt < MostAttempts; ++attempt) {
+            Sleep(AttemptPause);
+            open = OpenClipboard(window) != 0;
+        }
+    }
     OpenClipboardScope(const OpenClipboardScope&) = delete;
     OpenClipboardScope& operator=(const OpenClipboardScope&) = delete;
     ~OpenClipboardScope() {
@@ -47,6 +56,19 @@ private:
 };
 
 }  // namespace
+
+WindowsBitmaps::~WindowsBitmaps() {
+    if (clipboardWindow) DestroyWindow(clipboardWindow);
+}
+
+// What is emptied for no window takes nothing afterwards.
+HWND WindowsBitmaps::ClipboardWindow() {
+    if (!clipboardWindow) {
+        clipboardWindow = CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                          nullptr, library, nullptr);
+    }
+    return clipboardWindow;
+}
 
 BitmapHandle WindowsBitmaps::Load(std::int32_t resource) {
     const HANDLE bitmap =
@@ -119,7 +141,7 @@ ObjectPtr WindowsBitmaps::MakePicture(HBITMAP bitmap) {
 void WindowsBitmaps::ClearClipboard() {
     // To open it costs more than to look.
     if (CountClipboardFormats() == 0) return;
-    const OpenClipboardScope clipboard;
+    const OpenClipboardScope clipboard(ClipboardWindow());
     if (!clipboard || !EmptyClipboard()) {
         NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
     }
@@ -138,8 +160,9 @@ void WindowsBitmaps::PutOnClipboard(const ObjectPtr& picture) {
     // A copy of the screen's kind, which is what the clipboard hands on everywhere.
     const auto copy =
         CopyImage(reinterpret_cast<HBITMAP>(ULONG_PTR(handle)), IMAGE_BITMAP, 0, 0, 0);
-    const OpenClipboardScope clipboard;
-    if (!clipboard || !SetClipboardData(CF_BITMAP, copy)) {
+    const OpenClipboardScope clipboard(ClipboardWindow());
+    const bool own = clipboard && (GetClipboardOwner() == clipboardWindow || EmptyClipboard());
+    if (!own || !SetClipboardData(CF_BITMAP, copy)) {
         DeleteObject(copy);
         NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
     }

@@ -9,6 +9,9 @@ namespace tellwick::windows {
 class WindowsBitmaps : public Bitmaps {
 public:
     WindowsBitmaps(PendingError& errors, HMODULE library) : errors(errors), library(library) {}
+    WindowsBitmaps(const WindowsBitmaps&) = delete;
+    WindowsBitmaps& operator=(const WindowsBitmaps&) = delete;
+    ~WindowsBitmaps() override;
     BitmapHandle CreateMapped(std::int32_t resource, SystemColour lightGrey) override;
     BitmapHandle Load(std::int32_t resource) override;
     ObjectPtr CreatePicture(BitmapHandle bitmap) override;
@@ -19,9 +22,11 @@ public:
 
 private:
     ObjectPtr MakePicture(HBITMAP bitmap);
+    HWND ClipboardWindow();
 
     PendingError& errors;
     HMODULE library;
+    HWND clipboardWindow = nullptr;  // made when the clipboard is first opened
 };
 
 }  // namespace tellwick::windows

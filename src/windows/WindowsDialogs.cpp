@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "windows/FormWindow.h"
@@ -84,27 +85,28 @@ private:
             extendedStyle, windowClass, Wide(content), WS_CHILD | WS_VISIBLE | style, place.left,
             place.top, place.right - place.left, place.bottom - place.top, dialog,
             reinterpret_cast<HMENU>(INT_PTR(identifier)), Library(), nullptr);
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
         return control;
     }
 
     void Build(HWND dialog) {
-        const FontMetrics& metrics = font.Metrics();
+        font.emplace(ResolutionOf(dialog));
+        const FontMetrics& metrics = font->Metrics();
         const int margin = metrics.Horizontal(8);
         const int gap = metrics.Vertical(7);
         const int buttonHeight = metrics.Vertical(14);
         const int iconSize = icon ? GetSystemMetrics(SM_CXICON) : 0;
         const int textLeft = margin + (icon ? iconSize + margin : 0);
-        const SIZE textSize = font.Measure(text, metrics.Horizontal(220));
+        const SIZE textSize = font->Measure(text, metrics.Horizontal(220));
 
         int buttonWidth = metrics.Horizontal(50);
         for (const Choice& button : buttons) {
-            buttonWidth = std::max(buttonWidth, int(font.Measure(button.caption).cx) + 2 * margin);
+            buttonWidth = std::max(buttonWidth, int(font->Measure(button.caption).cx) + 2 * margin);
         }
         const int rowWidth = int(buttons.size()) * (buttonWidth + margin) - margin;
         const int extraWidth =
             extra.windowClass
-                ? std::max(int(font.Measure(extra.content).cx) + metrics.Horizontal(14),
+                ? std::max(int(font->Measure(extra.content).cx) + metrics.Horizontal(14),
                            metrics.Horizontal(200))
                 : 0;
         const int contentWidth =
@@ -159,6 +161,7 @@ private:
 
     static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM second) {
         const Lifetime running;
+        const MonitorAware aware(MonitorAware::Window);
         try {
             if (message == WM_INITDIALOG) {
                 SetWindowLongPtrW(dialog, DWLP_USER, second);
@@ -192,7 +195,7 @@ private:
     HWND extraWindow = nullptr;
     std::vector<Choice> buttons;
     Answer escapeAnswer = Answer::None;
-    MessageFont font{ResolutionOf(FormWindow::ActiveWindow())};
+    std::optional<MessageFont> font;  // of the monitor that the dialog is on
 };
 
 }  // namespace

@@ -213,7 +213,18 @@ Text WindowsFileSystem::ParentFolderName(TextView path) {
 Text WindowsFileSystem::TempFolder() {
     char buffer[511];
     const DWORD length = GetTempPathA(sizeof buffer, buffer);
-    return length < sizeof buffer ? Text(CutAtNul(FromAnsi({buffer, length}))) : Text();
+    const Text folder =
+        length < sizeof buffer ? Text(CutAtNul(FromAnsi({buffer, length}))) : Text();
+    // A folder that the code page has no name for, as below a user's with other letters, has a
+    // short name that it has.
+    constexpr DWORD LongestFolder = 511;
+    wchar_t wide[LongestFolder], shortName[LongestFolder];
+    const DWORD wideLength = GetTempPathW(LongestFolder, wide);
+    if (wideLength >= LongestFolder || FromWide(wide, wideLength) == folder) return folder;
+    const DWORD shortLength = GetShortPathNameW(wide, shortName, LongestFolder);
+    if (shortLength == 0 || shortLength >= LongestFolder) return folder;
+    const Text other = FromWide(shortName, shortLength);
+    return FromAnsi(ToAnsi(other)) == other ? other : folder;
 }
 
 Text WindowsFileSystem::CreateTempFile(TextView folder, TextView prefix) {

@@ -1,12 +1,17 @@
 #include "windows/WindowsMessageLoop.h"
 
+
 #include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "windows/MonitorAwareness.h"
+
 namespace tellwick::windows {
 
 void WindowsMessageLoop::RunPending() {
+    // Outlook's timers are among them.
+    const OutlooksContext context;
     std::vector<std::pair<HWND, WPARAM>> ticked;
     bool again = false;
     MSG message;

@@ -4,6 +4,8 @@
 #include <shellapi.h>
 #include <tlhelp32.h>
 
+#include "windows/ModulePath.h"
+#include "windows/SystemFunction.h"
 #include "windows/WindowsLocale.h"
 
 // The byte versions are meant: the wide ones came later.
@@ -13,10 +15,14 @@
 
 namespace tellwick::windows {
 
+namespace {
+
+constexpr std::size_t LongestPath = 0x8000;
+
+}  // namespace
+
 Text WindowsPrograms::LibraryFolder() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(library, path, MAX_PATH);
-    const Text file = FromWide(path, length);
+    const Text file = ModulePath(library);
     return file.substr(0, file.rfind(u'\\') + 1);
 }
 
@@ -93,7 +99,7 @@ Text WindowsPrograms::FirstModulePath(std::uint32_t process) {
     HMODULE handles[2] = {};
     DWORD needed = 0;
     if (!opened || !modules(opened.get(), handles, sizeof handles, &needed)) return {};
-    char path[MAX_PATH];
+    char path[LongestPath];
     const DWORD length = moduleName(opened.get(), handles[0], path, sizeof path);
     return FromAnsi({path, length});
 }

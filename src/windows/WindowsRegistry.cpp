@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "windows/Com.h"
-#include "windows/WindowsLocale.h"
 
 namespace tellwick::windows {
 
@@ -15,18 +14,18 @@ HKEY Root(Hive hive) {
 
 RegistryKey CreateKey(Hive hive, TextView key) {
     HKEY opened = nullptr;
-    RegCreateKeyA(Root(hive), ToAnsi(key).c_str(), &opened);
+    RegCreateKeyW(Root(hive), Wide(Text(key)), &opened);
     return RegistryKey(opened);
 }
 
 RegistryKey OpenKey(Hive hive, TextView key) {
     HKEY opened = nullptr;
-    RegOpenKeyA(Root(hive), ToAnsi(key).c_str(), &opened);
+    RegOpenKeyW(Root(hive), Wide(Text(key)), &opened);
     return RegistryKey(opened);
 }
 
 bool SetValue(const RegistryKey& key, TextView name, DWORD type, const void* data, DWORD size) {
-    return key && RegSetValueExA(key.get(), ToAnsi(name).c_str(), 0, type,
+    return key && RegSetValueExW(key.get(), Wide(Text(name)), 0, type,
                                  static_cast<const BYTE*>(data), size) == ERROR_SUCCESS;
 }
 
@@ -34,28 +33,31 @@ bool SetValue(const RegistryKey& key, TextView name, DWORD type, const void* dat
 std::optional<Text> ReadTyped(Hive hive, TextView key, TextView name, DWORD& type) {
     const RegistryKey opened = OpenKey(hive, key);
     if (!opened) return {};
-    const std::string valueName = ToAnsi(name);
-    std::string data(256, '\0');
-    auto size = DWORD(data.size());
-    LSTATUS status = RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, &type,
-                                      reinterpret_cast<BYTE*>(data.data()), &size);
+    const Text valueName(name);
+    Text data(128, u'\0');
+    DWORD size = 0;
+    LSTATUS status = ERROR_SUCCESS;
+    const auto query = [&] {
+        size = DWORD(data.size() * sizeof(char16_t));
+        status = RegQueryValueExW(opened.get(), Wide(valueName), nullptr, &type,
+                                  reinterpret_cast<BYTE*>(data.data()), &size);
+    };
+    query();
     // Another program may make the value longer between two calls.
     while (status == ERROR_MORE_DATA) {
-        data.resize(size + 1);
-        size = DWORD(data.size());
-        status = RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, &type,
-                                  reinterpret_cast<BYTE*>(data.data()), &size);
+        data.resize(size / sizeof(char16_t) + 1);
+        query();
     }
     if (status != ERROR_SUCCESS) return {};
-    data.resize(size);
     if (type == REG_DWORD && size == sizeof(DWORD)) {
         DWORD number;
         std::memcpy(&number, data.data(), sizeof number);
         return NumberText(number);
     }
     if (type != REG_SZ && type != REG_EXPAND_SZ) return {};
-    if (!data.empty() && data.back() == '\0') data.pop_back();
-    return FromAnsi(data);
+    data.resize(size / sizeof(char16_t));
+    if (!data.empty() && data.back() == u'\0') data.pop_back();
+    return data;
 }
 
 }  // namespace
@@ -81,8 +83,9 @@ std::optional<Text> WindowsRegistry::ReadExpanded(Hive hive, TextView key, TextV
 }
 
 bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
-    const std::string data = ToAnsi(value);
-    return SetValue(CreateKey(hive, key), name, REG_SZ, data.c_str(), DWORD(data.size() + 1));
+    const Text data(value);
+    return SetValue(CreateKey(hive, key), name, REG_SZ, data.c_str(),
+                    DWORD((data.size() + 1) * sizeof(char16_t)));
 }
 
 bool WindowsRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) {
@@ -92,12 +95,12 @@ bool WindowsRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::u
 
 bool WindowsRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
     const RegistryKey opened = OpenKey(hive, key);
-    return opened && RegDeleteValueA(opened.get(), ToAnsi(name).c_str()) == ERROR_SUCCESS;
+    return opened && RegDeleteValueW(opened.get(), Wide(Text(name))) == ERROR_SUCCESS;
 }
 
 bool WindowsRegistry::DeleteKey(Hive hive, TextView key, TextView subkey) {
     const RegistryKey opened = OpenKey(hive, key);
-    return opened && RegDeleteKeyA(opened.get(), ToAnsi(subkey).c_str()) == ERROR_SUCCESS;
+    return opened && RegDeleteKeyW(opened.get(), Wide(Text(subkey))) == ERROR_SUCCESS;
 }
 
 }  // namespace tellwick::windows

@@ -5,6 +5,8 @@
 
 namespace tellwick::windows {
 
+// Texts are wide in it: what the code page has is the same to programs that read bytes, and a path
+// that it has not is still found.
 class WindowsRegistry : public Registry {
 public:
     std::optional<Text> Read(Hive hive, TextView key, TextView name) override;

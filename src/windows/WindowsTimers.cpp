@@ -35,6 +35,7 @@ public:
 
 private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR identifier, DWORD) {
+        const MonitorAware aware(MonitorAware::Loop);
         try {
             for (const auto& [running, timer] : runningTimers) {
                 if (running != identifier) continue;

@@ -60,6 +60,19 @@ constexpr auto Rows = std::to_array<DocumentedRow>({
      u"the items of one folder cannot be counted"},
     {Documented::FoldersLimited, u"folders-limited", Oldest, Newest, true, DocumentedRow::InModel,
      u"too many open folders end the session"},
+    {Documented::SystemDpiCalls, u"system-dpi-calls", 16, Newest, true, DocumentedRow::OnDesktop,
+     u"the loop follows monitors, and add-ins are called with the thread in the system's context"},
+    {Documented::OwnedClipboard, u"owned-clipboard", Oldest, Newest, true, DocumentedRow::OnDesktop,
+     u"a clipboard that was emptied for no window takes nothing"},
+    {Documented::BusyClipboard, u"busy-clipboard", Oldest, Newest, false, DocumentedRow::OnDesktop,
+     u"a viewer of the clipboard has it open just after a change"},
+    {Documented::NoRedemption, u"no-redemption", 12, Newest, true, DocumentedRow::OnDesktop,
+     u"few machines have the library that reads mails without a question"},
+    {Documented::ForeignUser, u"foreign-user", Oldest, Newest, false, DocumentedRow::OnDesktop,
+     u"the user's name, and so the temporary folder, has letters outside the code page"},
+    {Documented::UnreadableProcess, u"unreadable-process", Oldest, Newest, false,
+     DocumentedRow::OnDesktop,
+     u"the sender runs with more rights: it is in the list of processes, and its path is not told"},
 });
 
 }  // namespace

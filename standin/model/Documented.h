@@ -37,6 +37,12 @@ enum class Documented {
     OtherCalendar,
     CountFails,
     FoldersLimited,
+    SystemDpiCalls,
+    OwnedClipboard,
+    BusyClipboard,
+    NoRedemption,
+    ForeignUser,
+    UnreadableProcess,
 };
 
 struct DocumentedRow {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "outlook/DpiContexts.h"
 #include "outlook/RibbonAddIn.h"
 
 namespace tellwick::standin {
@@ -167,6 +168,7 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
         const auto ribbon = RibbonAddInOf(objects, created.Get());
         connected.push_back({addIn, events, ribbon});
         CustomArray custom;
+        const AddInCall call(u"OnConnection");
         events->OnConnection(application.Get(), mode, instance.Get(), custom.Address());
         if (ribbon) outlook.ribbons.Add(addIn->description, ribbon);
     }
@@ -181,7 +183,10 @@ bool AddInLoader::Disconnect(const std::shared_ptr<ComAddIn>& addIn, DisconnectM
     const Connected one = *found;
     connected.erase(found);
     CustomArray custom;
-    one.events->OnDisconnection(mode, custom.Address());
+    {
+        const AddInCall call(u"OnDisconnection");
+        one.events->OnDisconnection(mode, custom.Address());
+    }
     outlook.ribbons.Remove(one.ribbon);
     addIn->connected = false;
     addIn->object.reset();
@@ -191,14 +196,20 @@ bool AddInLoader::Disconnect(const std::shared_ptr<ComAddIn>& addIn, DisconnectM
 void AddInLoader::StartupComplete() {
     const std::vector<Connected> all = connected;
     CustomArray custom;
-    for (const Connected& one : all) one.events->OnStartupComplete(custom.Address());
+    for (const Connected& one : all) {
+        const AddInCall call(u"OnStartupComplete");
+        one.events->OnStartupComplete(custom.Address());
+    }
 }
 
 void AddInLoader::ShutDown() {
     const Stopwatch stopwatch(shutdownTime);
     const std::vector<Connected> all = connected;
     CustomArray custom;
-    for (const Connected& one : all) one.events->OnBeginShutdown(custom.Address());
+    for (const Connected& one : all) {
+        const AddInCall call(u"OnBeginShutdown");
+        one.events->OnBeginShutdown(custom.Address());
+    }
     for (const Connected& one : all) Disconnect(one.addIn, HostShutdown);
 }
 

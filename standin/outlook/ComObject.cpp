@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "outlook/ConnectionPoint.h"
+#include "outlook/DpiContexts.h"
 #include "outlook/Enumerator.h"
 #include "outlook/TypeInfo.h"
 
@@ -89,6 +90,7 @@ HRESULT ComObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISP
 
 HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                           VARIANT* result, EXCEPINFO* exception, UINT*) {
+    const void* const caller = __builtin_return_address(0);
     const ComPtr<ComObject> self(this);
     return Guarded([&]() -> HRESULT {
         if (result) VariantInit(result);
@@ -109,6 +111,7 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
                                    ? &members[std::size_t(index)]
                                    : nullptr;
         if (!member) return DISP_E_MEMBERNOTFOUND;
+        CheckContext(handle->TypeName() + u"." + Text(member->name), caller);
 
         const ErrorScope scope(objects.outlook.errors);
         const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;

@@ -1,5 +1,7 @@
 #include "outlook/ConnectionPoint.h"
 
+#include "outlook/DpiContexts.h"
+
 namespace tellwick::standin {
 
 void InvokeSink(ComObjects& objects, const ComPtr<IDispatch>& sink, std::int32_t event,
@@ -22,8 +24,11 @@ void InvokeSink(ComObjects& objects, const ComPtr<IDispatch>& sink, std::int32_t
     Variant result;
     EXCEPINFO exception{};
     UINT wrongArgument = 0;
-    sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result,
-                 &exception, &wrongArgument);
+    {
+        const AddInCall call(u"event " + NumberText(event));
+        sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result,
+                     &exception, &wrongArgument);
+    }
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrHelpFile);

@@ -1,5 +1,7 @@
 #include "outlook/RibbonAddIn.h"
 
+#include "outlook/DpiContexts.h"
+
 namespace tellwick::standin {
 
 // Office's interface, a dual one. Not in the nameless namespace: the compiler would know of no
@@ -22,7 +24,10 @@ public:
     Text GetCustomUI(TextView ribbonId) override {
         const BSTR asked = NewBstr(ribbonId);
         BSTR answer = nullptr;
-        source->GetCustomUI(asked, &answer);
+        {
+            const AddInCall call(u"GetCustomUI");
+            source->GetCustomUI(asked, &answer);
+        }
         const Text xml = FromBstr(answer);
         SysFreeString(asked);
         SysFreeString(answer);
@@ -34,6 +39,7 @@ public:
         objects.ToVariant(argument, passed);
         DISPPARAMS parameters{&passed, nullptr, 1, 0};
         Variant result;
+        const AddInCall call(callback);
         const HRESULT called =
             callbacks->Invoke(IdentifierOf(callback), IID_NULL, LOCALE_USER_DEFAULT,
                               DISPATCH_METHOD, &parameters, &result, nullptr, nullptr);

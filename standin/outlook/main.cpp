@@ -2,7 +2,7 @@
 //
 //   OutlookStandIn [--version 9|10|11|12|14|16] [--no-window] [--commands] [--script FILE] [--late]
 //                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
-//                  [--ansi-loop] [--stay]
+//                  [--ansi-loop] [--stay] [--switch NAME[=off]]...
 //
 //   --version        plays Outlook 2000, 2002, 2003 (the default), 2007, 2010
 //                    or 2016; from 2010 on with a ribbon, in 2007 in the windows of items only
@@ -11,18 +11,20 @@
 //   --script FILE    takes commands from a file; Outlook stays open behind its end
 //   --late           connects no add-in until the command load-addin
 //   --fail           the member fails with that error from the start
-//   --no-redemption  "Redemption.SafeMailItem" is missing
+//   --no-redemption  "Redemption.SafeMailItem" is missing, as it is from Outlook 2007 on
 //   --no-events      the application object has no events
 //   --ansi-loop      takes its messages by the system's ANSI functions, as old Outlooks do
 //   --empty          starts without the sample items
 //   --stay           the process is there before Outlook starts, by the command start, and after
 //                    its end, for another start
+//   --switch         switches a documented behaviour on, or off: see model/Documented.cpp
 //
 // Ends when its last window closes, by Exit, Application.Quit or a command. Then it prints what
 // the add-ins left behind, one line each, "end" in front:
 //
 //   end referenced CLASS COUNT       a COM object still held
 //   end advised CLASS COUNT          an event handler never unadvised
+//   end context WHAT                 the add-in had changed the thread's DPI context
 //   end library loaded               the add-in's library did not unload
 //   end library unloaded
 //   end OnConnection MILLISECONDS
@@ -52,9 +54,11 @@
 #include "outlook/CommandText.h"
 #include "outlook/Desk.h"
 #include "outlook/Dispatcher.h"
+#include "outlook/DpiContexts.h"
 #include "outlook/Face.h"
 #include "outlook/Registration.h"
 #include "outlook/SampleItems.h"
+#include "outlook/Surroundings.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -86,6 +90,7 @@ struct Options {
     bool samples = true;
     bool ansiLoop = false;
     bool stay = false;
+    std::vector<std::pair<Documented, bool>> switches;
 };
 
 std::optional<Options> ReadOptions() {
@@ -117,6 +122,14 @@ std::optional<Options> ReadOptions() {
                                             value.substr(dot + 1, equals - dot - 1),
                                             std::int32_t(std::wcstoul(number, nullptr, 0))});
             }
+            ++index;
+        } else if (word == u"--switch") {
+            const std::size_t equals = value.find(u'=');
+            const auto rows = DocumentedRows();
+            const auto row =
+                std::ranges::find(rows, TextView(value).substr(0, equals), &DocumentedRow::name);
+            valid = row != rows.end() && (equals == Text::npos || value.substr(equals) == u"=off");
+            if (valid) options.switches.emplace_back(row->behaviour, equals == Text::npos);
             ++index;
         } else if (word == u"--no-window") {
             options.window = false;
@@ -193,6 +206,7 @@ bool Report(const ComObjects& objects, const OutlookModel& outlook, AddInLoader&
     for (const auto& [source, count] : sources) {
         PrintLine(u"end advised " + source + u" " + NumberText(count));
     }
+    for (const Text& what : ContextFaults()) PrintLine(u"end context " + what);
     bool unloaded = true;
     if (loader.Loaded()) {
         unloaded = loader.UnloadLibraries();
@@ -200,12 +214,19 @@ bool Report(const ComObjects& objects, const OutlookModel& outlook, AddInLoader&
         PrintTime(u"OnConnection", loader.connectionTime);
         PrintTime(u"shutdown", loader.shutdownTime);
     }
-    return referenced.empty() && advised.empty() && unloaded;
+    return referenced.empty() && advised.empty() && ContextFaults().empty() && unloaded;
 }
 
 int Run(const Options& options) {
     PendingError errors;
     OutlookModel outlook(errors, options.version);
+    for (const auto& [behaviour, on] : options.switches) outlook.Switch(behaviour, on);
+    if (options.version >= RowOf(Documented::SystemDpiCalls).first)
+        FollowMonitors(outlook.Does(Documented::SystemDpiCalls));
+    if (outlook.Does(Documented::ForeignUser)) BecomeForeignUser();
+    if (outlook.Does(Documented::UnreadableProcess)) LockProcesses(L"Tellwick.exe");
+    std::optional<ClipboardViewer> viewer;
+    if (outlook.Does(Documented::BusyClipboard)) viewer.emplace();
     ComObjects objects(outlook);
     AddInLoader loader(outlook, objects);
     Dispatcher dispatcher;
@@ -214,7 +235,10 @@ int Run(const Options& options) {
     Commands commands(outlook, objects, loader, desk, dispatcher, session);
 
     outlook.applicationHasEvents = options.events;
-    outlook.pasteFace = PasteBitmap;
+    outlook.pasteFace = [&] {
+        const bool taken = GetClipboardOwner() || !outlook.Does(Documented::OwnedClipboard);
+        return taken ? PasteBitmap() : 0;
+    };
     if (ReportsAddInErrors(options.version)) {
         outlook.ribbons.showError = [](const Text& what) {
             MessageBoxW(nullptr, Wide(what), L"Microsoft Outlook", MB_OK | MB_ICONERROR);
@@ -246,7 +270,7 @@ int Run(const Options& options) {
             return [&, itemClass] { return objects.Wrap(outlook.CreateSafeItem(itemClass)); };
         };
         std::optional<RegisteredClass> safeMailItem, safeDistList;
-        if (options.redemption) {
+        if (options.redemption && !outlook.Does(Documented::NoRedemption)) {
             safeMailItem.emplace(SafeMailItemProgId, SafeMailItemClass, false,
                                  safeItem(tellwick::outlook::MailClass));
             safeDistList.emplace(SafeDistListProgId, SafeDistListClass, false,

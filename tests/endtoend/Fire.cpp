@@ -185,3 +185,13 @@ TEST_CASE("a file is wholly old or wholly new, at whatever byte its writer dies"
     CHECK(withNew > 0);
     for (const wchar_t* rest : {L".new", L".old"}) CHECK(!FileExists(file + rest));
 }
+
+TEST_CASE("a library of the system's is never taken from the current folder") {
+    const Machine machine;
+    REQUIRE(CopyFileW((BuildFolder() + L"TellwickOutlookAddIn.dll").c_str(),
+                      (machine.ProgramFolder() + L"newer.dll").c_str(), FALSE));
+    SetCurrentDirectoryW(machine.ProgramFolder().c_str());
+    CHECK(Run(FireCommand(L"library psapi.dll EnumProcesses")));
+    CHECK_FALSE(Run(FireCommand(L"library newer.dll DllCanUnloadNow")));
+    SetCurrentDirectoryW(BuildFolder().c_str());
+}

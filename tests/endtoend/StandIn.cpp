@@ -123,6 +123,7 @@ void CheckClean(const StandIn::End& end) {
     CHECK(end.report.find("end library unloaded") != std::string::npos);
     CHECK(end.report.find("end referenced") == std::string::npos);
     CHECK(end.report.find("end advised") == std::string::npos);
+    CHECK(end.report.find("end context") == std::string::npos);
 }
 
 }  // namespace tellwick::endtoend

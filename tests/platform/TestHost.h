@@ -39,6 +39,7 @@ struct HostRibbon : standin::RibbonAddIn {
 struct Host : TestProgram {
     explicit Host(std::int32_t version = 11, bool window = true)
         : outlook(platform.errors, version) {
+        outlook.pasteFace = [] { return std::uintptr_t(1); };
         if (window) first = outlook.CreateExplorer();
         platform.automation.running[u"Outlook.Application"] = outlook.RunningApplication();
     }

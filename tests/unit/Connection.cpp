@@ -23,9 +23,10 @@ TEST_CASE("Outlook without any window: nothing is touched, and shutting down is 
 }
 
 TEST_CASE("the first window gets button and entry at once, and a click on them opens the form") {
-    for (const std::int32_t version : {9, 10, 11, 16}) {
+    for (const std::int32_t version : {9, 10, 11, 12, 16}) {
         CAPTURE(version);
         Host host(version);
+        host.platform.bitmaps.clipboard = 7;
         host.Connect();
         CHECK(host.program.processValues.outlookVersion == version);
         const auto button = Host::Button(host.first);
@@ -44,7 +45,7 @@ TEST_CASE("the first window gets button and entry at once, and a click on them o
         REQUIRE(entry);
         CHECK(entry->onAction == button->onAction);
         CHECK(entry->temporary);
-        CHECK(host.platform.bitmaps.clipboard == (version >= 11 ? 0u : 3101u));
+        CHECK(host.platform.bitmaps.clipboard == (version >= 12 ? 7u : version == 11 ? 0u : 3101u));
         if (version >= 11) {
             CHECK(MemoryBitmaps::BitmapOf(button->picture) == 1101);
             CHECK(MemoryBitmaps::BitmapOf(button->mask) == 1201);

@@ -137,5 +137,8 @@ TEST_CASE("documents and addresses are opened as well as the machine can") {
           TwoTexts{u"C:\\a.doc", u"cmd /c start \"\" \"C:\\a.doc\""}}) {
         CHECK(m.documents.ExecApp(document, -1));
         CHECK(m.platform.programs.started.back().commandLine == commandLine);
+        // Named by its folder, so that none beside the document is taken.
+        CHECK(m.platform.programs.started.back().application ==
+              (StartsWith(commandLine, u"cmd ") ? u"C:\\Windows\\System32\\cmd.exe" : u""));
     }
 }

@@ -161,6 +161,9 @@ TEST_CASE("the sender application is switched on, started and told") {
         }
         test.platform.programs.snapshot = {Text(u"[C:\\x\\Tellwick.exe]\0rest", 24)};
         CHECK(test.program.process.CheckIfRunning(u"Tellwick.exe", true, true));
+        // Of another bitness, or with more rights: no path, but a name.
+        test.platform.programs.paths = {u"C:\\other.exe", u""};
+        CHECK(test.program.process.CheckIfRunning(u"Tellwick.exe", true, false));
     }
     SUBCASE("switched off: asked, and told whatever the answer") {
         test.platform.programs.paths = {u"C:\\Tellwick.exe"};

@@ -6,6 +6,8 @@
 //   fire swap FILE STEP                          replaces the file by its letters in upper case,
 //                                                but dies before that step; a step is a call that
 //                                                changes files, or one byte of what is written
+//   fire library NAME FUNCTION                   looks a function of a system library up; the exit
+//                                                code is 0 when there is one
 //
 // The settings modes look each time whether the value they wrote last is still there, and print
 // "KEY=VALUE" with the last value of each key, and "lost=N".
@@ -19,6 +21,7 @@
 #include "compose/SmsQueue.h"
 #include "platform/MemoryPlatform.h"
 #include "platform/Modules.h"
+#include "windows/SystemFunction.h"
 #include "windows/WindowsFileSystem.h"
 #include "windows/WindowsLocale.h"
 #include "windows/WindowsLocks.h"
@@ -188,6 +191,10 @@ int wmain(int count, wchar_t** words) {
         SenderSettings(word(2), windows::ToAnsi(word(3)), DWORD(number(4)));
     } else if (mode == u"swap") {
         return SwapUntil(machine, word(2), number(3));
+    } else if (mode == u"library") {
+        const auto function = windows::SystemFunction<FARPROC>(windows::Wide(word(2)),
+                                                               windows::ToAnsi(word(3)).c_str());
+        return function ? 0 : 4;
     } else {
         return 2;
     }

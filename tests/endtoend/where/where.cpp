@@ -1,5 +1,6 @@
 // where TITLE CONTROL: prints the middle of a control on the screen, "x y", for a script that moves
-// a real mouse there. The control is named by its text, its window class or "#" and its number.
+// a real mouse there. The control is named by its text, its window class, "#" and its number, or
+// "~" and a part of its text.
 #include <cstdio>
 
 #include "endtoend/Desktop.h"
@@ -17,6 +18,10 @@ int wmain(int count, wchar_t** arguments) {
             control = name[0] == L'#' ? GetDlgItem(window, _wtoi(name.c_str() + 1))
                                       : FindByText(window, name);
             if (!control) control = FindByClass(window, arguments[2]);
+            for (const HWND child : Descendants(window)) {
+                if (name[0] == L'~' && TextOf(child).find(name.substr(1)) != std::wstring::npos)
+                    control = child;
+            }
             return control != nullptr && IsWindowVisible(control);
         },
         20000);

@@ -1,0 +1,50 @@
+#include "windows/MonitorAwareness.h"
+
+#include "windows/SystemFunction.h"
+
+namespace tellwick::windows {
+
+namespace {
+
+// Handles that stand for contexts, newer than the headers used. The second kind also scales frames
+// and standard dialogs, from Windows 10 1703 on.
+const auto PerMonitor = reinterpret_cast<HANDLE>(INT_PTR(-3));
+const auto PerMonitorSecond = reinterpret_cast<HANDLE>(INT_PTR(-4));
+
+HANDLE outlooks = nullptr;  // Outlook's context while the add-in runs in another one
+HANDLE loops = nullptr;     // the one that Outlook's message loop had last
+
+// The context before; null where there are none.
+HANDLE SetContext(HANDLE context) {
+    static const auto set =
+        SystemFunction<HANDLE(WINAPI*)(HANDLE)>(L"user32.dll", "SetThreadDpiAwarenessContext");
+    return set && context ? set(context) : nullptr;
+}
+
+HANDLE SetPerMonitor() {
+    const HANDLE before = SetContext(PerMonitorSecond);
+    return before ? before : SetContext(PerMonitor);
+}
+
+}  // namespace
+
+MonitorAware::MonitorAware(Entry entry) : before(SetPerMonitor()), outermost(!outlooks) {
+    if (!outermost) return;
+    if (entry == Loop) loops = before;
+    outlooks = entry == Window ? loops : before;
+}
+
+MonitorAware::~MonitorAware() {
+    if (outermost) outlooks = nullptr;
+    SetContext(before);
+}
+
+OutlooksContext::OutlooksContext()
+    : outlooksBefore(std::exchange(outlooks, nullptr)), before(SetContext(outlooksBefore)) {}
+
+OutlooksContext::~OutlooksContext() {
+    SetContext(before);
+    outlooks = outlooksBefore;
+}
+
+}  // namespace tellwick::windows
