@@ -56,13 +56,19 @@ public:
     // The first row whose number is the same to dial, with or without its prefix.
     std::optional<std::size_t> RowOfNumber(TextView number) const;
 
+    // The row of the person whom a text names first, letter case ignored; of several names that
+    // begin there the longest, of equal ones the first. A name counts where it stands by itself,
+    // not within a word; the names by which contacts are filed, and distribution lists, do not
+    // count.
+    std::optional<std::size_t> RowNamedFirstIn(TextView text) const;
+
     // The numbers that come first among the matches, as the user sent to them.
     void SetRecent(const std::vector<Text>& numbers);
 
     // Indexes of the entries that begin with the search text, or hold it followed by a blank or by
     // "(", letter case ignored: first those of recent numbers, then those that begin so, then the
-    // others, each in alphabetical order. A number comes once. The search text has no blank at its
-    // ends; an empty one matches nothing.
+    // others, each in alphabetical order. A number comes once for each person. The search text has
+    // no blank at its ends; an empty one matches nothing.
     std::vector<std::uint32_t> Matches(TextView search) const;
 
 private:
@@ -75,7 +81,7 @@ private:
     struct StoredRow {
         Span name, fileAs, company, number;
         std::uint32_t item;
-        std::uint32_t numberId;  // the same for equal numbers
+        std::uint32_t numberId;  // the same for equal numbers of people of one name
         std::uint16_t folder;
         NumberKind kind;
     };
@@ -95,6 +101,7 @@ private:
 
     TextView At(const Span& span) const { return {texts.data() + span.at, span.length}; }
     bool Continues(std::size_t entry, std::size_t from, TextView folded) const;
+    std::optional<std::size_t> RowNamedAtStart(TextView folded, bool& promising) const;
     void MatchAll(TextView folded, Marks& begins, Marks& others) const;
 
     Text texts;

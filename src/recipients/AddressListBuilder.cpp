@@ -75,7 +75,10 @@ void AddressListBuilder::Add(const AddressRow& row) {
         if (isNew) company->second = Store(row.company);
         stored.company = company->second;
     }
-    stored.numberId = numbers.NumberOf(HashOf(row.number));
+    // Two people may share a number; a person's is offered once.
+    folded.clear();
+    for (const char16_t unit : row.name) folded += LowerCase(unit);
+    stored.numberId = numbers.NumberOf(HashOf(folded.append(1, u'\0').append(row.number)));
     list.numberIds = numbers.Count();
     stored.number = Store(row.number);
     stored.item = row.item;

@@ -11,7 +11,6 @@
 #include "recipients/Contacts.h"
 #include "recipients/Conversation.h"
 #include "recipients/NumberInText.h"
-#include "recipients/PersonInText.h"
 #include "settings/Debug.h"
 
 namespace tellwick {
@@ -191,8 +190,9 @@ bool RecipientLookup::FindPerson() {
         addresses.Refresh();
         if (!addresses.Known() && addresses.Reading()) return false;
     }
-    const Text number = NumberOfPersonIn(addresses.List(), std::exchange(body, {}));
-    if (!number.empty()) Found(contacts.Dialable(number));
+    const AddressList& list = addresses.List();
+    if (const auto row = list.RowNamedFirstIn(std::exchange(body, {})))
+        Found(contacts.Dialable(list.Row(*row).number));
     step = Step::Item;
     return true;
 }

@@ -11,6 +11,7 @@
 #include "platform/OutlookEvents.h"
 #include "platform/TestProgram.h"
 #include "recipients/Addresses.h"
+#include "recipients/NumberInText.h"
 
 using namespace tellwick;
 using namespace tellwick::test;
@@ -474,10 +475,12 @@ TEST_CASE("the address list finds what a plain search finds, recent numbers firs
                      0,
                      std::uint32_t(index)});
     }
+    for (const TextView known : {u"q", u"Jo", u"Jo Q", u"(Haus)", u""})
+        builder.Add({known, {}, {}, u"110", NumberKind::Home, 0, 400});
     while (builder.DoSome(37)) {
     }
     AddressList list = builder.Take();
-    REQUIRE(list.Size() == 600);
+    REQUIRE(list.Size() == 605);
     list.SetRecent({u"01000007", u"+491000011", u"110"});
     const auto rank = [&](std::size_t entry, TextView search) {
         const Text text = LowerCase(list.EntryText(entry));
@@ -485,6 +488,10 @@ TEST_CASE("the address list finds what a plain search finds, recent numbers firs
         return number == u"+491000007" || number == u"+491000011" ? 0
                : StartsWith(text, search)                         ? 1
                                                                   : 2;
+    };
+    const auto personAndNumber = [&](std::uint32_t entry) {
+        const AddressRow row = list.Row(list.EntryAt(entry).row);
+        return Text(row.name).append(row.number);
     };
     for (const TextView search :
          {u"n", u"x", u"na", u"name1", u"x,", u"\u00E4na", u"(y)a", u"\u00E4na name10 x",
@@ -499,7 +506,7 @@ TEST_CASE("the address list finds what a plain search finds, recent numbers firs
                     !Contains(text, Text(search) + u"("))
                     continue;
                 if (rank(entry, search) == wanted &&
-                    numbers.insert(Text(list.Row(list.EntryAt(entry).row).number)).second)
+                    numbers.insert(LowerCase(personAndNumber(entry))).second)
                     expected.push_back(entry);
             }
         }
@@ -507,6 +514,43 @@ TEST_CASE("the address list finds what a plain search finds, recent numbers firs
     }
     for (std::size_t entry = 1; entry < list.Size(); ++entry)
         CHECK(!LessFolded(list.EntryName(entry), list.EntryName(entry - 1)));
+
+    // Whom a text names first, by a plain search: where, and how long; the first of equal ones.
+    const auto plainlyNamed = [&](TextView text) {
+        std::optional<std::size_t> named;
+        std::size_t first = text.size(), longest = 0;
+        for (std::size_t index = 0; index < list.Size(); ++index) {
+            const AddressRow row = list.Row(list.EntryAt(index).row);
+            const Text wanted = LowerCase(row.name);
+            if (list.EntryAt(index).byFileAs || wanted.empty()) continue;
+            for (std::size_t at = 0; (at = text.find(wanted, at)) != Text::npos; ++at) {
+                const std::size_t end = at + wanted.size();
+                if ((at > 0 && IsWordUnit(text[at - 1])) ||
+                    (end < text.size() && IsWordUnit(text[end])))
+                    continue;
+                if (at < first || (at == first && wanted.size() > longest)) {
+                    first = at;
+                    longest = wanted.size();
+                    named = list.EntryAt(index).row;
+                }
+                break;
+            }
+        }
+        return named;
+    };
+    const TextView pieces[] = {u"q",     u"jo",       u"jo q", u"(haus)", u"nname399 x",       u"x",
+                               u"name7", u"\u00E4na", u"(y)a", u"nname3", u"\u00E4na name70 x"};
+    std::uint32_t chance = 1;
+    for (int round = 0; round < 400; ++round) {
+        Text text;
+        for (int piece = 0; piece < 3 + round % 5; ++piece) {
+            chance = chance * 1664525 + 1013904223;
+            text.append(pieces[(chance >> 16) % std::size(pieces)]);
+            if ((chance >> 28) != 0) text += u" ,.-("[(chance >> 8) % 5];
+        }
+        CAPTURE(std::string(text.begin(), text.end()));
+        CHECK(list.RowNamedFirstIn(text) == plainlyNamed(text));
+    }
 }
 
 TEST_CASE("typing shows the matches, and the one chosen takes the place of what was typed") {
