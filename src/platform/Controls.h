@@ -67,6 +67,8 @@ class ListBox : public virtual ItemList {
 public:
     // In place of those that are there, drawn once; none is selected.
     virtual void SetItems(const std::vector<Text>& items) = 0;
+    // Behind those that are there, drawn once.
+    virtual void AddItems(const std::vector<Text>& items) = 0;
 };
 
 // A text of which some parts are marked; start and length in UTF-16 code units, ascending.

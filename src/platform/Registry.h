@@ -27,7 +27,8 @@ public:
     // decimal. Empty optional when key or value is missing, cannot be read, or has another type.
     virtual std::optional<Text> Read(Hive hive, TextView key, TextView name) = 0;
 
-    // The same, with the environment variables in a value of type ExpandString replaced.
+    // A string whatever letters it has, with the environment variables in one of type ExpandString
+    // replaced; empty for what is no string.
     virtual std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) = 0;
 
     // Creates the key with its missing levels, then writes. False when either fails.

@@ -22,7 +22,7 @@ constexpr std::int32_t FirstUnread = 50;  // so many keys less one are ever read
 constexpr std::int32_t AskClear = 52;
 constexpr std::uint32_t AskClearStyle = QuestionBox::AffirmativeIsOne | box::YesNo;
 constexpr std::int32_t LongestList = 10000;  // whatever the setting says
-constexpr std::size_t MostRowsFilled = 200;  // nobody scrolls through more matches
+constexpr std::size_t RowsAtOnce = 200;      // of the match list, filled when they come near
 constexpr std::size_t MostRowsShown = 10;
 
 Text NumberKey(std::int32_t position) {
@@ -221,7 +221,7 @@ Text RecipientField::SearchText() const {
 
 void RecipientField::ShowMatches() {
     const AddressList& list = addresses.List();
-    const std::vector<std::uint32_t> matches = list.Matches(SearchText());
+    matches = list.Matches(SearchText());
     if (matches.empty()) {
         CloseMatches();
         searching = true;  // what is still being read may match
@@ -230,22 +230,30 @@ void RecipientField::ShowMatches() {
     // A row that the arrow keys chose stays chosen while it matches.
     const std::int32_t chosen = listBoxNumbers.SelectedIndex();
     const Text chosenEntry = chosen < 0 ? Text() : listBoxNumbers.Item(chosen);
-    std::int32_t chosenNow = -1;
-    std::vector<Text> entries;
-    for (std::size_t row = 0; row < matches.size(); ++row) {
-        if (row >= MostRowsFilled && (chosen < 0 || chosenNow >= 0)) break;
-        Text entry = list.EntryText(matches[row]);
-        const bool isChosen = chosen >= 0 && entry == chosenEntry;
-        if (row >= MostRowsFilled && !isChosen) continue;
-        if (isChosen) chosenNow = std::int32_t(entries.size());
-        entries.push_back(std::move(entry));
-    }
-    listBoxNumbers.SetItems(entries);
+    std::size_t chosenNow = chosen < 0 ? matches.size() : 0;
+    while (chosenNow < matches.size() && list.EntryText(matches[chosenNow]) != chosenEntry)
+        ++chosenNow;
+    listBoxNumbers.SetItems({});
+    FillMatches(chosenNow < matches.size() ? chosenNow + RowsAtOnce : RowsAtOnce);
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
-    if (chosenNow >= 0) listBoxNumbers.SetSelectedIndex(chosenNow);
+    if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
     listBoxNumbers.SetVisible(true);
     statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Matches"), u"%n",
                                   NumberText(std::int64_t(matches.size()))));
+}
+
+void RecipientField::FillMatches(std::size_t rows) {
+    std::vector<Text> entries;
+    for (auto row = std::size_t(listBoxNumbers.Count()); row < std::min(rows, matches.size());
+         ++row)
+        entries.push_back(addresses.List().EntryText(matches[row]));
+    if (!entries.empty()) listBoxNumbers.AddItems(entries);
+}
+
+void RecipientField::ListBoxNumbers_Scroll(std::int32_t lastRow) {
+    if (!listBoxNumbers.Visible()) return;
+    if (std::size_t(lastRow) + MostRowsShown >= std::size_t(listBoxNumbers.Count()))
+        FillMatches(std::size_t(lastRow) + RowsAtOnce);
 }
 
 // Outlook's contacts are being read, or were.
@@ -273,8 +281,9 @@ void RecipientField::Addresses_Change(bool listChanged) {
 bool RecipientField::TextTo_KeyDown(std::int32_t keyCode, [[maybe_unused]] std::int32_t shift) {
     const std::int32_t step = keyCode == key::Up ? -1 : keyCode == key::Down ? 1 : 0;
     if (step == 0 || !listBoxNumbers.Visible()) return false;
-    listBoxNumbers.SetSelectedIndex(
-        std::clamp(listBoxNumbers.SelectedIndex() + step, 0, listBoxNumbers.Count() - 1));
+    const std::int32_t row = std::max(listBoxNumbers.SelectedIndex() + step, 0);
+    ListBoxNumbers_Scroll(row);
+    listBoxNumbers.SetSelectedIndex(std::min(row, listBoxNumbers.Count() - 1));
     return true;
 }
 
@@ -311,6 +320,7 @@ void RecipientField::CloseMatches() {
         listBoxNumbers.SetVisible(false);
         listBoxNumbers.Clear();
     }
+    matches.clear();
     ShowPrefixHint();
 }
 

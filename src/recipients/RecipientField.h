@@ -72,6 +72,8 @@ public:
     bool TextTo_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void TextTo_LostFocus() { CloseMatches(); }
     void ListBoxNumbers_Click();
+    // Rows down to this one are to be seen: those behind it are filled in time.
+    void ListBoxNumbers_Scroll(std::int32_t lastRow);
 
     // Replaces the search text by the number of the chosen match, if one is, and closes the list.
     // Takes the first match when none is chosen and that is asked for.
@@ -84,6 +86,7 @@ private:
     void TellRecent();
     Text SearchText() const;
     void ShowMatches();
+    void FillMatches(std::size_t rows);
     void Addresses_Change(bool listChanged);
     // The number, or numbers of a distribution list, of an entry as they are put into the field.
     Text NumbersOf(TextView entry);
@@ -94,7 +97,8 @@ private:
     bool prefixHint = false;
     bool setting = false;  // the program, not the user, changes the field
 
-    bool searching = false;  // the user has typed, and chosen nothing yet
+    bool searching = false;              // the user has typed, and chosen nothing yet
+    std::vector<std::uint32_t> matches;  // entries of the address list, shown or still to be
     bool progressShown = false;
 
     Prefixes& prefixes;

@@ -17,7 +17,7 @@ Paths::Paths(RegEdit& regEdit, Programs& programs) : regEdit(regEdit), programs(
 
 void Paths::PathsInit() {
     const auto shellFolder = [this](TextView name) {
-        return WithBackslash(regEdit.ReadValue(
+        return WithBackslash(regEdit.ReadExpandedValue(
             Hive::CurrentUser,
             u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders", name));
     };

@@ -15,8 +15,8 @@ public:
     // The value as text (numbers in decimal); empty when key or value is missing or unreadable.
     Text ReadValue(Hive hive, TextView key, TextView name);
 
-    // The same, with the environment variables of an expandable string replaced: for the places of
-    // programs.
+    // The same for the places of programs and folders, of which every letter counts: with the
+    // environment variables of an expandable string replaced.
     Text ReadExpandedValue(Hive hive, TextView key, TextView name);
 
     // Writes text as a string (type String), or the integer part of its leading number (type

@@ -13,6 +13,7 @@ namespace tellwick::windows {
 namespace {
 
 constexpr WPARAM LongestText = 0x7FFFFFFE;
+constexpr WORD ListDrawn = 0x7F00;  // a notification of our own
 
 // Of the button bar's buttons in the language file.
 constexpr TextView BarButtonNames[FormSmsSendControls::BarButtons] = {
@@ -147,6 +148,12 @@ LRESULT FormSmsSendWindow::OnNotify(const NMHDR& notification) {
     return 0;
 }
 
+// However the user scrolls, the list is drawn. It is filled by the message loop, not within.
+void FormSmsSendWindow::OnListDrawn(HWND list) {
+    if (list == controls.listBoxNumbers.Window() && controls.listBoxNumbers.Visible())
+        PostMessageW(FormWindow::Window(), WM_COMMAND, MAKEWPARAM(0, ListDrawn), LPARAM(list));
+}
+
 bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {
     if (form->Form_KeyDown(keyCode, shift)) return true;
     if (!Loaded()) return true;
@@ -218,6 +225,9 @@ void FormSmsSendWindow::ListBoxNumbersCommand(WORD notification) {
         parts->recipientField.ListBoxNumbers_Click();
         controls.textTo.SetFocus();
         controls.textTo.Select(std::int32_t(controls.textTo.GetText().size()), 0);
+    } else if (notification == ListDrawn) {
+        const WindowListBox& list = controls.listBoxNumbers;
+        parts->recipientField.ListBoxNumbers_Scroll(list.LastVisibleIndex());
     } else if (notification == LBN_KILLFOCUS && !controls.textTo.HasFocus()) {
         parts->recipientField.TextTo_LostFocus();
     }

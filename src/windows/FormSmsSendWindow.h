@@ -57,6 +57,7 @@ private:
     bool OnDoubleClick(HWND target) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
     LRESULT OnNotify(const NMHDR& notification) override;
+    void OnListDrawn(HWND list) override;
     void TextToCommand(WORD notification);
     void ListBoxNumbersCommand(WORD notification);
     void ClickButton(HWND control);

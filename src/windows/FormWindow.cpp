@@ -233,6 +233,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             if (next && !IsPushButton(next)) FocusControl(next);
             return 0;
         }
+        case WM_CTLCOLORLISTBOX:
+            OnListDrawn(reinterpret_cast<HWND>(second));
+            return DefWindowProcW(own, message, first, second);
         case WM_NOTIFY:
             if (const LRESULT answer = OnNotify(*reinterpret_cast<const NMHDR*>(second)))
                 return answer;

@@ -70,6 +70,8 @@ protected:
     virtual void OnCommand(HWND control, WORD notification, WORD identifier) = 0;
     // The answer goes back to the control.
     virtual LRESULT OnNotify(const NMHDR&) { return 0; }
+    // A list is about to be drawn: its rows must stay as they are until OnListDrawn's return.
+    virtual void OnListDrawn(HWND) {}
 
 private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);

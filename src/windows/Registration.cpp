@@ -23,7 +23,7 @@ Text ClassKey() {
 bool Register() {
     WindowsRegistry registry;
     const auto write = [&](const Text& key, TextView name, TextView value) {
-        return registry.WriteString(Hive::CurrentUser, key, name, value);
+        return registry.WriteWide(Hive::CurrentUser, key, name, value);
     };
     const Text progId = Text(Classes).append(ProgrammaticIdentifier);
     const Text addIn = Text(AddIns).append(ProgrammaticIdentifier);

@@ -187,9 +187,22 @@ void WindowListBox::SetItems(const std::vector<Text>& items) {
     if (!items.empty()) Need();
     Send(WM_SETREDRAW, FALSE);
     Clear();
+    AddItems(items);
+}
+
+void WindowListBox::AddItems(const std::vector<Text>& items) {
+    Send(WM_SETREDRAW, FALSE);
     for (const Text& item : items) Add(item);
     Send(WM_SETREDRAW, TRUE);
     if (Window()) InvalidateRect(Window(), nullptr, TRUE);
+}
+
+std::int32_t WindowListBox::LastVisibleIndex() const {
+    if (!Window()) return -1;
+    RECT client{};
+    GetClientRect(Window(), &client);
+    const LRESULT height = std::max<LRESULT>(Send(LB_GETITEMHEIGHT), 1);
+    return std::int32_t(Send(LB_GETTOPINDEX) + client.bottom / height);
 }
 
 std::int32_t WindowListBox::SelectedIndex() const {

@@ -99,10 +99,13 @@ public:
         if (Need()) SendText(LB_ADDSTRING, 0, item);
     }
     void SetItems(const std::vector<Text>& items) override;
+    void AddItems(const std::vector<Text>& items) override;
     std::int32_t Count() const override;
     Text Item(std::int32_t index) const override;
     std::int32_t SelectedIndex() const override;
     void SetSelectedIndex(std::int32_t index) override { Send(LB_SETCURSEL, WPARAM(index)); }
+    // Of the rows that are to be seen.
+    std::int32_t LastVisibleIndex() const;
 };
 
 class WindowComboBox : public ComboBox, public WindowTextBox {

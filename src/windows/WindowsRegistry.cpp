@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "windows/Com.h"
+#include "windows/WindowsLocale.h"
 
 namespace tellwick::windows {
 
@@ -14,66 +15,77 @@ HKEY Root(Hive hive) {
 
 RegistryKey CreateKey(Hive hive, TextView key) {
     HKEY opened = nullptr;
-    RegCreateKeyW(Root(hive), Wide(Text(key)), &opened);
+    RegCreateKeyA(Root(hive), ToAnsi(key).c_str(), &opened);
     return RegistryKey(opened);
 }
 
 RegistryKey OpenKey(Hive hive, TextView key) {
     HKEY opened = nullptr;
-    RegOpenKeyW(Root(hive), Wide(Text(key)), &opened);
+    RegOpenKeyA(Root(hive), ToAnsi(key).c_str(), &opened);
     return RegistryKey(opened);
 }
 
 bool SetValue(const RegistryKey& key, TextView name, DWORD type, const void* data, DWORD size) {
-    return key && RegSetValueExW(key.get(), Wide(Text(name)), 0, type,
+    return key && RegSetValueExA(key.get(), ToAnsi(name).c_str(), 0, type,
                                  static_cast<const BYTE*>(data), size) == ERROR_SUCCESS;
 }
 
-// The value as text, and its type.
-std::optional<Text> ReadTyped(Hive hive, TextView key, TextView name, DWORD& type) {
-    const RegistryKey opened = OpenKey(hive, key);
-    if (!opened) return {};
-    const Text valueName(name);
-    Text data(128, u'\0');
-    DWORD size = 0;
-    LSTATUS status = ERROR_SUCCESS;
-    const auto query = [&] {
-        size = DWORD(data.size() * sizeof(char16_t));
-        status = RegQueryValueExW(opened.get(), Wide(valueName), nullptr, &type,
-                                  reinterpret_cast<BYTE*>(data.data()), &size);
-    };
-    query();
-    // Another program may make the value longer between two calls.
-    while (status == ERROR_MORE_DATA) {
-        data.resize(size / sizeof(char16_t) + 1);
-        query();
+// The bytes of a value, and its type; `query` is one of the system's two functions. Another program
+// may make the value longer between two calls.
+template <class Unit, class Query>
+bool ReadBytes(const Query& query, std::basic_string<Unit>& data, DWORD& type) {
+    data.resize(128);
+    LSTATUS status = ERROR_MORE_DATA;
+    for (DWORD size = 0; status == ERROR_MORE_DATA;) {
+        if (size >= data.size() * sizeof(Unit)) data.resize(size / sizeof(Unit) + 1);
+        size = DWORD(data.size() * sizeof(Unit));
+        status = query(&type, reinterpret_cast<BYTE*>(data.data()), &size);
+        if (status == ERROR_SUCCESS) data.resize(size / sizeof(Unit));
     }
-    if (status != ERROR_SUCCESS) return {};
-    if (type == REG_DWORD && size == sizeof(DWORD)) {
-        DWORD number;
-        std::memcpy(&number, data.data(), sizeof number);
-        return NumberText(number);
-    }
-    if (type != REG_SZ && type != REG_EXPAND_SZ) return {};
-    data.resize(size / sizeof(char16_t));
-    if (!data.empty() && data.back() == u'\0') data.pop_back();
-    return data;
+    return status == ERROR_SUCCESS;
+}
+
+bool IsText(DWORD type) {
+    return type == REG_SZ || type == REG_EXPAND_SZ;
 }
 
 }  // namespace
 
 std::optional<Text> WindowsRegistry::Read(Hive hive, TextView key, TextView name) {
+    const RegistryKey opened = OpenKey(hive, key);
+    if (!opened) return {};
+    const std::string valueName = ToAnsi(name);
+    const auto query = [&](DWORD* type, BYTE* bytes, DWORD* size) {
+        return RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, type, bytes, size);
+    };
+    std::string data;
     DWORD type = 0;
-    return ReadTyped(hive, key, name, type);
+    if (!ReadBytes(query, data, type)) return {};
+    if (type == REG_DWORD && data.size() == sizeof(DWORD)) {
+        DWORD number;
+        std::memcpy(&number, data.data(), sizeof number);
+        return NumberText(number);
+    }
+    if (!IsText(type)) return {};
+    if (!data.empty() && data.back() == '\0') data.pop_back();
+    return FromAnsi(data);
 }
 
 std::optional<Text> WindowsRegistry::ReadExpanded(Hive hive, TextView key, TextView name) {
+    const RegistryKey opened = OpenKey(hive, key);
+    if (!opened) return {};
+    const Text valueName(name);
+    const auto query = [&](DWORD* type, BYTE* bytes, DWORD* size) {
+        return RegQueryValueExW(opened.get(), Wide(valueName), nullptr, type, bytes, size);
+    };
+    Text value;
     DWORD type = 0;
-    std::optional<Text> value = ReadTyped(hive, key, name, type);
-    if (!value || type != REG_EXPAND_SZ) return value;
-    const DWORD length = ExpandEnvironmentStringsW(Wide(*value), nullptr, 0);
+    if (!ReadBytes(query, value, type) || !IsText(type)) return {};
+    if (!value.empty() && value.back() == u'\0') value.pop_back();
+    if (type != REG_EXPAND_SZ) return value;
+    const DWORD length = ExpandEnvironmentStringsW(Wide(value), nullptr, 0);
     Text expanded(length, u'\0');
-    if (ExpandEnvironmentStringsW(Wide(*value), reinterpret_cast<wchar_t*>(expanded.data()),
+    if (ExpandEnvironmentStringsW(Wide(value), reinterpret_cast<wchar_t*>(expanded.data()),
                                   length) != length ||
         length == 0) {
         return value;
@@ -83,9 +95,16 @@ std::optional<Text> WindowsRegistry::ReadExpanded(Hive hive, TextView key, TextV
 }
 
 bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
+    const std::string data = ToAnsi(value);
+    return SetValue(CreateKey(hive, key), name, REG_SZ, data.c_str(), DWORD(data.size() + 1));
+}
+
+bool WindowsRegistry::WriteWide(Hive hive, TextView key, TextView name, TextView value) {
+    const RegistryKey opened = CreateKey(hive, key);
     const Text data(value);
-    return SetValue(CreateKey(hive, key), name, REG_SZ, data.c_str(),
-                    DWORD((data.size() + 1) * sizeof(char16_t)));
+    return opened && RegSetValueExW(opened.get(), Wide(Text(name)), 0, REG_SZ,
+                                    reinterpret_cast<const BYTE*>(data.c_str()),
+                                    DWORD((data.size() + 1) * sizeof(char16_t))) == ERROR_SUCCESS;
 }
 
 bool WindowsRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) {
@@ -95,12 +114,12 @@ bool WindowsRegistry::WriteNumber(Hive hive, TextView key, TextView name, std::u
 
 bool WindowsRegistry::DeleteValue(Hive hive, TextView key, TextView name) {
     const RegistryKey opened = OpenKey(hive, key);
-    return opened && RegDeleteValueW(opened.get(), Wide(Text(name))) == ERROR_SUCCESS;
+    return opened && RegDeleteValueA(opened.get(), ToAnsi(name).c_str()) == ERROR_SUCCESS;
 }
 
 bool WindowsRegistry::DeleteKey(Hive hive, TextView key, TextView subkey) {
     const RegistryKey opened = OpenKey(hive, key);
-    return opened && RegDeleteKeyW(opened.get(), Wide(Text(subkey))) == ERROR_SUCCESS;
+    return opened && RegDeleteKeyA(opened.get(), ToAnsi(subkey).c_str()) == ERROR_SUCCESS;
 }
 
 }  // namespace tellwick::windows

@@ -5,13 +5,15 @@
 
 namespace tellwick::windows {
 
-// Texts are wide in it: what the code page has is the same to programs that read bytes, and a path
-// that it has not is still found.
+// Texts are bytes of the code page, as other programs of the system exchange them; but the places
+// of programs and folders may have letters that it lacks, and are wide.
 class WindowsRegistry : public Registry {
 public:
     std::optional<Text> Read(Hive hive, TextView key, TextView name) override;
     std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) override;
     bool WriteString(Hive hive, TextView key, TextView name, TextView value) override;
+    // A text as it is, whatever the code page has.
+    static bool WriteWide(Hive hive, TextView key, TextView name, TextView value);
     bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) override;
     bool DeleteValue(Hive hive, TextView key, TextView name) override;
     bool DeleteKey(Hive hive, TextView key, TextView subkey) override;

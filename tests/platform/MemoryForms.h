@@ -105,6 +105,9 @@ public:
         items = newItems;
         selected = -1;
     }
+    void AddItems(const std::vector<Text>& more) override {
+        items.insert(items.end(), more.begin(), more.end());
+    }
 };
 
 class MemoryListView : public ListView, public MemoryControl {

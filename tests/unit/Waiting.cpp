@@ -1,6 +1,7 @@
 // What happens while the add-in lets messages run.
 #include <doctest.h>
 
+#include "model/ManyContacts.h"
 #include "platform/TestHost.h"
 
 using namespace tellwick;
@@ -48,4 +49,35 @@ TEST_CASE("what comes while somebody waits is done once, and nothing typed is lo
             CHECK(host.Setting(u"SMS", u"LastText") == u"typed");
             CHECK_FALSE(host.view.Loaded());
         }
+}
+
+TEST_CASE("nobody waits longer because contacts of a slow store are being read") {
+    for (const Wait wait : {ForKey, ForSender, ForReply}) {
+        CAPTURE(wait);
+        double taken[2] = {};
+        for (const bool reading : {false, true}) {
+            Host host(16);
+            host.platform.programs.paths = {u"C:\\Tellwick.exe"};
+            host.SetRegistry(RootKey, u"On", u"1");
+            host.SetRegistry(RootKey, u"hWnd", u"0");
+            host.Connect();
+            standin::AddManyContacts(host.outlook, 5000, 5);
+            host.outlook.stores[0]->store->milliseconds = 30;
+            double& now = host.platform.clock.milliseconds;
+            host.outlook.pass = [&](double milliseconds) { now += milliseconds; };
+            const auto sms = host.AddSms(u"+491701234567", u"question");
+            host.outlook.Select(host.first, {sms});
+            host.program.formSmsSend.Open(u"0171");
+            host.view.Message().SetText(u"typed");
+            if (reading) host.program.addresses.Refresh();
+            CHECK(host.program.addresses.Reading() == reading);
+            const double before = now;
+            if (wait == ForKey) host.program.formSmsSend.Form_KeyDown(key::Enter, key::Control);
+            if (wait == ForSender) host.program.submission.ButtonSend_Click();
+            if (wait == ForReply) host.outlook.PressReply(sms);
+            taken[reading] = now - before;
+        }
+        CHECK(taken[true] == taken[false]);
+        CHECK(taken[true] <= 2500);
+    }
 }
