@@ -1,6 +1,5 @@
 #include "windows/WindowsMessageLoop.h"
 
-
 #include <algorithm>
 #include <utility>
 #include <vector>
