@@ -24,29 +24,33 @@ public:
 
     // As the functions of the same name, which see.
     Value Get(const ObjectPtr& object, TextView member, const std::vector<Value>& arguments = {}) {
-        return slow ? Refused() : Time(tellwick::Get(errors, object, member, arguments));
+        Value value;
+        if (MayCall()) value = tellwick::Get(errors, object, member, arguments);
+        Look();
+        return value;
     }
     Value Call(const ObjectPtr& object, TextView member, const std::vector<Value>& arguments = {}) {
-        return slow ? Refused() : Time(tellwick::Call(errors, object, member, arguments));
+        Value value;
+        if (MayCall()) value = tellwick::Call(errors, object, member, arguments);
+        Look();
+        return value;
     }
     void Put(const ObjectPtr& object, TextView member, const Value& value) {
-        if (slow) return;
-        tellwick::Put(errors, object, member, value);
-        Time({});
+        if (MayCall()) tellwick::Put(errors, object, member, value);
+        Look();
     }
 
     PendingError& errors;
 
 private:
-    Value Time(Value value) {
+    bool MayCall() {
+        if (slow) errors.Note(error::Automation, u"The store is too slow");
+        return !slow;
+    }
+    void Look() {
         constexpr double Longest = 500;  // milliseconds
         const double now = clock.Milliseconds();
-        slow = now - std::exchange(last, now) > Longest;
-        return value;
-    }
-    Value Refused() {
-        errors.Note(error::Automation, u"The store is too slow");
-        return {};
+        if (now - std::exchange(last, now) > Longest) slow = true;
     }
 
     Clock& clock;

@@ -66,6 +66,8 @@ constexpr auto Rows = std::to_array<DocumentedRow>({
      u"a clipboard that was emptied for no window takes nothing"},
     {Documented::BusyClipboard, u"busy-clipboard", Oldest, Newest, false, DocumentedRow::OnDesktop,
      u"a viewer of the clipboard has it open just after a change"},
+    {Documented::NoRedemption, u"no-redemption", 12, Newest, true, DocumentedRow::OnDesktop,
+     u"few machines have the library that reads mails without a question"},
     {Documented::ForeignUser, u"foreign-user", Oldest, Newest, false, DocumentedRow::OnDesktop,
      u"the user's name, and so the temporary folder, has letters outside the code page"},
     {Documented::UnreadableProcess, u"unreadable-process", Oldest, Newest, false,

@@ -40,6 +40,7 @@ enum class Documented {
     SystemDpiCalls,
     OwnedClipboard,
     BusyClipboard,
+    NoRedemption,
     ForeignUser,
     UnreadableProcess,
 };

@@ -163,20 +163,21 @@ std::shared_ptr<Items> Items::Restricted(TextView text) const {
     const Filter filter = ReadFilter(text);
     const bool byDate = EqualFolded(filter.field, u"LastModificationTime") ||
                         EqualFolded(filter.field, u"CreationTime");
-    std::optional<double> date = byDate ? outlook.readDate(filter.value) : std::optional<double>();
+    const std::optional<double> read =
+        byDate ? outlook.readDate(filter.value) : std::optional<double>();
     // The text has the year of the user's calendar, which is read as one of the common calendar.
     constexpr double Buddhist = 543 * 365.2425;
-    if (date && outlook.Does(Documented::OtherCalendar)) *date += Buddhist;
-    if (filter.field.empty() || (byDate ? !date : filter.comparison != u"=")) {
+    const double date = read.value_or(0) + (outlook.Does(Documented::OtherCalendar) ? Buddhist : 0);
+    if (filter.field.empty() || (byDate ? !read : filter.comparison != u"=")) {
         Fail(error::InvalidCall);
         return nullptr;
     }
     auto restricted = std::make_shared<Items>(outlook);
     restricted->folder = folder;
     for (const auto& item : all) {
-        const bool meets =
-            byDate ? Holds(AsReal(Cell(*item, filter.field)), filter.comparison, date.value_or(0))
-                   : EqualFolded(AsText(Cell(*item, filter.field)), filter.value);
+        const bool meets = byDate
+                               ? Holds(AsReal(Cell(*item, filter.field)), filter.comparison, date)
+                               : EqualFolded(AsText(Cell(*item, filter.field)), filter.value);
         if (meets) restricted->all.push_back(item);
     }
     return restricted;

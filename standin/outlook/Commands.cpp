@@ -44,6 +44,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"add-list", {0, &Commands::AddList}},
         {u"set", {2, &Commands::SetItem}},
         {u"select", {1, &Commands::Select}},
+        {u"select-conversation", {2, &Commands::SelectConversation}},
         {u"folder", {2, &Commands::SwitchFolder}},
         {u"reply", {1, &Commands::Reply}},
         {u"reply-selected", {1, &Commands::ReplySelected}},

@@ -23,9 +23,10 @@
 //   naive-contacts                   reads these one by one through COM; answers milliseconds
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
-//   folder N inbox|calendar|contacts
-//   reply ITEM, reply-selected N, reply-inspector N
-//                                    presses Reply on the item, the one selected in explorer N,
+//   select-conversation N ITEM...    selects in explorer N the line of a conversation of these
+//   mails folder N inbox|calendar|contacts reply ITEM, reply-selected N, reply-inspector N
+//                                    presses Reply on the item, the one selected in explorer N or
+//                                    the last of the conversation that is,
 //                                    that of inspector N; answers "opened" when Outlook's own
 //                                    reply did, or "cancelled"
 // toolbars of explorer N
@@ -130,6 +131,7 @@ private:
     Text UntilFile(const Words&);
     Text TypeKeys(const Words&);
     Text Select(const Words&);
+    Text SelectConversation(const Words&);
     Text SwitchFolder(const Words&);
     Text Reply(const Words&);
     Text ReplySelected(const Words&);

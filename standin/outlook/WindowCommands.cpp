@@ -168,6 +168,14 @@ Text Commands::Select(const Words& words) {
     return {};
 }
 
+Text Commands::SelectConversation(const Words& words) {
+    std::vector<std::shared_ptr<Item>> mails;
+    for (std::size_t index = 1; index < words.size(); ++index)
+        mails.push_back(ItemAt(words[index]));
+    outlook.SelectConversation(ExplorerAt(words), std::move(mails));
+    return {};
+}
+
 Text Commands::SwitchFolder(const Words& words) {
     const auto& folders = outlook.folders;
     const auto found = std::find_if(folders.begin(), folders.end(), [&](const auto& folder) {
@@ -190,6 +198,10 @@ Text Commands::Reply(const Words& words) {
 Text Commands::ReplySelected(const Words& words) {
     const auto explorer = ExplorerAt(words);
     if (outlook.FrontWindow() != explorer) outlook.Activate(explorer);
+    if (!explorer->conversations.empty()) {
+        const auto& mails = explorer->conversations[0]->mails;
+        return ReplyTo(*std::ranges::max_element(mails, {}, &Item::created));
+    }
     Require(explorer->selection.size() == 1, "not one item is selected");
     return ReplyTo(explorer->selection[0]);
 }

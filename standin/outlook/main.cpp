@@ -11,7 +11,7 @@
 //   --script FILE    takes commands from a file; Outlook stays open behind its end
 //   --late           connects no add-in until the command load-addin
 //   --fail           the member fails with that error from the start
-//   --no-redemption  "Redemption.SafeMailItem" is missing
+//   --no-redemption  "Redemption.SafeMailItem" is missing, as it is from Outlook 2007 on
 //   --no-events      the application object has no events
 //   --ansi-loop      takes its messages by the system's ANSI functions, as old Outlooks do
 //   --empty          starts without the sample items
@@ -270,7 +270,7 @@ int Run(const Options& options) {
             return [&, itemClass] { return objects.Wrap(outlook.CreateSafeItem(itemClass)); };
         };
         std::optional<RegisteredClass> safeMailItem, safeDistList;
-        if (options.redemption) {
+        if (options.redemption && !outlook.Does(Documented::NoRedemption)) {
             safeMailItem.emplace(SafeMailItemProgId, SafeMailItemClass, false,
                                  safeItem(tellwick::outlook::MailClass));
             safeDistList.emplace(SafeDistListProgId, SafeDistListClass, false,

@@ -89,6 +89,13 @@ void ButtonHasItsPictureUnderAViewer(Machine& machine, StandIn& outlook, bool on
     ButtonHasItsPicture(machine, outlook, on);
 }
 
+void TellsAnSms(Machine&, StandIn& outlook, bool) {
+    outlook.Command("add-mail SentOnBehalfOfName=+491701234567 Body=Hallo IsSMS=true");
+    outlook.Command("select 1 1");
+    CHECK(outlook.Command("reply-selected 1") == "cancelled");
+    CHECK(TextOf(Form::Opened().to) == L"+491701234567");
+}
+
 void SendsFromAForeignFolder(Machine& machine, StandIn& outlook, bool) {
     REQUIRE(FindTopWindow(L"Tellwick"));
     // Kept in the queue, to be looked at.
@@ -116,6 +123,7 @@ const std::map<Documented, Proof>& Proofs() {
         {Documented::SystemDpiCalls, &EveryWindowFollowsItsMonitor},
         {Documented::OwnedClipboard, &ButtonHasItsPicture},
         {Documented::BusyClipboard, &ButtonHasItsPictureUnderAViewer},
+        {Documented::NoRedemption, &TellsAnSms},
         {Documented::ForeignUser, &SendsFromAForeignFolder},
         {Documented::UnreadableProcess, &KnowsTheSender},
     };

@@ -6,7 +6,7 @@
 using namespace tellwick::endtoend;
 
 TEST_CASE("a reply fills the form and can be undone, with and without the outside library") {
-    for (const int version : {9, 11, 16}) {
+    for (const int version : {9, 10, 11, 12, 14, 16}) {
         CAPTURE(version);
         const bool library = version != 11;
         Machine machine;
@@ -22,6 +22,13 @@ TEST_CASE("a reply fills the form and can be undone, with and without the outsid
         CHECK(WaitUntil([&] { return Focus() == form.message; }));
         Press('Z', {VK_CONTROL});
         CHECK(WaitUntil([&] { return TextOf(form.message) == L"unsent"; }));
+        if (version >= 14) {
+            outlook.Command("select-conversation 1 4 2");
+            CHECK(outlook.Command("reply-selected 1") == "cancelled");
+            CHECK(TextOf(form.to) == L"+436641112223");
+            Press('Z', {VK_CONTROL});
+            CHECK(WaitUntil([&] { return TextOf(form.message) == L"unsent"; }));
+        }
         // Any other mail gets Outlook's own reply.
         outlook.Command("select 1 1");
         CHECK(outlook.Command("reply-selected 1") == "opened");

@@ -96,6 +96,21 @@ TEST_CASE("ribbon and menus have the add-in's buttons instead of the bars, while
     }
 }
 
+TEST_CASE(
+    "an Outlook that was started without a window has the add-in on the ribbon of the first") {
+    for (const int version : {14, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version, L"--no-window");
+        outlook.Command("open-explorer");
+        outlook.Command(std::string("select 1 ") + Contact);
+        outlook.ClickButton(1, "Neue SMS");
+        CHECK(TakeRecipient() == L"01712345678");
+        CHECK_FALSE(outlook.HasBars("1"));
+        CheckClean(outlook.Quit());
+    }
+}
+
 TEST_CASE("at 200 % the pictures are twice the size") {
     WriteNumber(L"Control Panel\\Desktop", L"LogPixels", 192);
     {

@@ -366,6 +366,7 @@ TEST_CASE("nothing that Outlook asks the user about is touched where it would as
         CHECK(people.Read().size() == Everybody.size() - (version < 11));
         CHECK(people.failed == NoFailures);
         CHECK(guarded == (version >= 11));
+        CHECK(people.outlook.questions == 0);
     }
 }
 
