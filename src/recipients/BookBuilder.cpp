@@ -26,10 +26,12 @@ std::optional<std::size_t> BookBuilder::FolderBefore(const Text& id) const {
 }
 
 std::span<const std::uint32_t> BookBuilder::ItemsBefore(std::size_t folder) const {
-    const auto found = std::ranges::equal_range(itemsBefore, folder, {}, [&](std::uint32_t item) {
-        return std::size_t(before.items[item].folder);
-    });
-    return {found.begin(), found.end()};
+    const auto isBefore = [this](std::uint32_t item, std::size_t other) {
+        return before.items[item].folder < other;
+    };
+    const auto first = std::lower_bound(itemsBefore.begin(), itemsBefore.end(), folder, isBefore);
+    const auto last = std::lower_bound(first, itemsBefore.end(), folder + 1, isBefore);
+    return {first, last};
 }
 
 std::size_t BookBuilder::BeginFolder(KeptFolder folder) {

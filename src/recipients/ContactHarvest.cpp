@@ -16,11 +16,11 @@ constexpr double LatestArrival = 31;
 
 }  // namespace
 
-ContactHarvest::ContactHarvest(const Surroundings& surroundings, const Source& outlook,
+ContactHarvest::ContactHarvest(const Surroundings& surroundings, Source outlook,
                                const AddressBook& before)
     : calls(surroundings.errors, surroundings.clock),
       clock(surroundings.clock),
-      source(outlook),
+      source(std::move(outlook)),
       before(before),
       folders(calls, source.application, source.nameSpace, source.version),
       items(calls, surroundings.automation, surroundings.prefixes, source.version),

@@ -36,8 +36,7 @@ public:
     };
 
     // Compares with a book that must outlive this.
-    ContactHarvest(const Surroundings& surroundings, const Source& source,
-                   const AddressBook& before);
+    ContactHarvest(const Surroundings& surroundings, Source source, const AddressBook& before);
 
     // Goes on for about so many milliseconds; false when all is done. At least one step is done.
     bool DoSlice(double milliseconds);

@@ -13,8 +13,8 @@ std::uint64_t KeyOf(double created, double modified) {
 }
 
 // Seconds by which time zones differ, and the most by which any two do.
-constexpr std::int64_t ZoneStep = 15 * 60;
-constexpr std::int64_t FarthestZones = 26 * 60 * 60;
+constexpr std::int64_t ZoneStep = 900;
+constexpr std::int64_t FarthestZones = ZoneStep * 4 * 26;
 
 std::int64_t Seconds(double date) {
     return std::llround(date * 86400);

@@ -311,6 +311,7 @@ bool FailsToCount(standin::OutlookModel& outlook) {
 
 bool EndsSession(standin::OutlookModel& outlook) {
     std::vector<ObjectPtr> open;
+    open.reserve(501);
     for (int folder = 0; folder < 500; ++folder)
         open.push_back(ContactsOf(outlook)->Add(u"F", standin::ContactItem)->Handle());
     if (AsText(open[0]->Get(u"Name")) != u"F") return false;
