@@ -52,7 +52,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"bars", {1, &Commands::Bars}},
         {u"many-contacts", {2, &Commands::ManyContacts}},
         {u"slow-store", {2, &Commands::SlowStore}},
-        {u"naive-contacts", {0, &Commands::NaiveContacts}},
+        {u"array-contacts", {0, &Commands::ArrayContacts}},
         {u"until-file", {1, &Commands::UntilFile}},
         {u"type", {1, &Commands::TypeKeys}},
         {u"toolbar", {1, &Commands::Toolbar}},

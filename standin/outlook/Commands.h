@@ -20,7 +20,7 @@
 //                                    item become user properties ("true", "false" as truth)
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
 //   slow-store NAME MILLISECONDS     what every call into the store takes from now on; 0 ends that
-//   naive-contacts                   reads these one by one through COM; answers milliseconds
+//   array-contacts                   takes these out of tables through COM; answers milliseconds
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected
 //   select-conversation N ITEM...    selects in explorer N the line of a conversation of these
@@ -127,7 +127,7 @@ private:
     Text SetItem(const Words&);
     Text ManyContacts(const Words&);
     Text SlowStore(const Words&);
-    Text NaiveContacts(const Words&);
+    Text ArrayContacts(const Words&);
     Text UntilFile(const Words&);
     Text TypeKeys(const Words&);
     Text Select(const Words&);

@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "outlook/ArrayReading.h"
 #include "outlook/CommandText.h"
 #include "outlook/Commands.h"
-#include "outlook/NaiveReading.h"
 #include "outlook/Stopwatch.h"
 
 namespace tellwick::standin {
@@ -58,11 +58,11 @@ Text Commands::Time(const Words& words) {
            RealText(longest) + u" " + FromWide(title);
 }
 
-Text Commands::NaiveContacts(const Words&) {
+Text Commands::ArrayContacts(const Words&) {
     const ComPtr<IDispatch> application = objects.Wrap(outlook.Application());
     const Stopwatch watch;
-    const long count = ReadContactsNaively(*application.Get());
-    return RealText(watch.Elapsed()) + u" items " + NumberText(count);
+    const long count = ReadContactArrays(*application.Get());
+    return RealText(watch.Elapsed()) + u" arrays " + NumberText(count);
 }
 
 Text Commands::UntilFile(const Words& words) {

@@ -1,4 +1,4 @@
-#include "outlook/NaiveReading.h"
+#include "outlook/ArrayReading.h"
 
 #include <initializer_list>
 
@@ -29,6 +29,8 @@ public:
     ~Read() { VariantClear(&result); }
     IDispatch* Object() const { return result.vt == VT_DISPATCH ? result.pdispVal : nullptr; }
     long Number() const { return result.vt == VT_I4 ? result.lVal : 0; }
+    bool Truth() const { return result.vt == VT_BOOL && result.boolVal != VARIANT_FALSE; }
+    bool IsArray() const { return (result.vt & VT_ARRAY) != 0; }
 
 private:
     VARIANT result;
@@ -41,34 +43,46 @@ VARIANT Argument(long number) {
     return argument;
 }
 
+class TextArgument {
+public:
+    explicit TextArgument(const wchar_t* text) {
+        value.vt = VT_BSTR;
+        value.bstrVal = SysAllocString(text);
+    }
+    TextArgument(const TextArgument&) = delete;
+    TextArgument& operator=(const TextArgument&) = delete;
+    ~TextArgument() { VariantClear(&value); }
+    const VARIANT* Value() const { return &value; }
+
+private:
+    VARIANT value;
+};
+
 }  // namespace
 
-long ReadContactsNaively(IDispatch& application) {
+long ReadContactArrays(IDispatch& application) {
     long count = 0;
-    VARIANT mapi;
-    mapi.vt = VT_BSTR;
-    mapi.bstrVal = SysAllocString(L"MAPI");
-    const Read nameSpace(&application, L"GetNamespace", &mapi);
-    VariantClear(&mapi);
+    const Read nameSpace(&application, L"GetNamespace", TextArgument(L"MAPI").Value());
     constexpr long ContactsFolder = 10;
     const VARIANT wanted = Argument(ContactsFolder);
+    const VARIANT rows = Argument(64);
     const Read contacts(nameSpace.Object(), L"GetDefaultFolder", &wanted);
     const Read folders(contacts.Object(), L"Folders");
     for (long folder = 1; folder <= Read(folders.Object(), L"Count").Number(); ++folder) {
         const VARIANT place = Argument(folder);
         const Read of(folders.Object(), L"Item", &place);
-        const Read items(of.Object(), L"Items");
-        const long last = Read(items.Object(), L"Count").Number();
-        for (long index = 1; index <= last; ++index) {
-            const VARIANT at = Argument(index);
-            const Read item(items.Object(), L"Item", &at);
-            for (const wchar_t* property :
-                 {L"Class", L"CreationTime", L"LastModificationTime", L"FullName", L"FileAs",
-                  L"CompanyName", L"MobileTelephoneNumber", L"HomeTelephoneNumber",
-                  L"Home2TelephoneNumber", L"BusinessTelephoneNumber", L"Business2TelephoneNumber",
-                  L"CarTelephoneNumber", L"OtherTelephoneNumber", L"PrimaryTelephoneNumber"}) {
-                const Read value(item.Object(), property);
-            }
+        const Read table(of.Object(), L"GetTable");
+        const Read columns(table.Object(), L"Columns");
+        const Read removed(columns.Object(), L"RemoveAll");
+        for (const wchar_t* property :
+             {L"EntryID", L"CreationTime", L"LastModificationTime", L"MessageClass", L"FullName",
+              L"FileAs", L"CompanyName", L"MobileTelephoneNumber", L"HomeTelephoneNumber",
+              L"Home2TelephoneNumber", L"BusinessTelephoneNumber", L"Business2TelephoneNumber",
+              L"CarTelephoneNumber", L"OtherTelephoneNumber", L"PrimaryTelephoneNumber"}) {
+            const Read added(columns.Object(), L"Add", TextArgument(property).Value());
+        }
+        while (!Read(table.Object(), L"EndOfTable").Truth()) {
+            if (!Read(table.Object(), L"GetArray", &rows).IsArray()) break;
             ++count;
         }
     }
