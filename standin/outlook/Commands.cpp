@@ -51,6 +51,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"reply-inspector", {1, &Commands::ReplyInspector}},
         {u"bars", {1, &Commands::Bars}},
         {u"many-contacts", {2, &Commands::ManyContacts}},
+        {u"long-mail", {1, &Commands::LongMail}},
         {u"slow-store", {2, &Commands::SlowStore}},
         {u"array-contacts", {0, &Commands::ArrayContacts}},
         {u"until-file", {1, &Commands::UntilFile}},

@@ -18,6 +18,7 @@
 //   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
 //                                    answers the item's number; names that are no field of the
 //                                    item become user properties ("true", "false" as truth)
+//   long-mail KILOBYTES              adds a mail whose long body names nobody; answers its number
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
 //   slow-store NAME MILLISECONDS     what every call into the store takes from now on; 0 ends that
 //   array-contacts                   takes these out of tables through COM; answers milliseconds
@@ -126,6 +127,7 @@ private:
     Text AddList(const Words&);
     Text SetItem(const Words&);
     Text ManyContacts(const Words&);
+    Text LongMail(const Words&);
     Text SlowStore(const Words&);
     Text ArrayContacts(const Words&);
     Text UntilFile(const Words&);

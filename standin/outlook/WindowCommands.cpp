@@ -132,6 +132,15 @@ Text Commands::ManyContacts(const Words& words) {
     return {};
 }
 
+Text Commands::LongMail(const Words& words) {
+    constexpr TextView Line = u"the minutes are in the folder of the team\r\n";
+    Text body;
+    while (std::int32_t(body.size() / 1024) < LeadingNumber32(words[0])) body += Line;
+    const auto mail = outlook.AddItem(MailClass, {{u"SenderName", u"Jo"}, {u"Body", body}});
+    Number();
+    return NumberOf(items, mail);
+}
+
 Text Commands::SlowStore(const Words& words) {
     const auto found =
         std::ranges::find(outlook.stores, words[0], [](const auto& root) { return root->name; });
