@@ -8,6 +8,7 @@
 #include "addin/Ribbon.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
+#include "compose/AwaitedRecipients.h"
 #include "compose/Draft.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
@@ -78,6 +79,7 @@ public:
     MessageText messageText;
     RecipientField recipientField;
     AirCountLine airCountLine;
+    AwaitedRecipients awaitedRecipients;
     TextTemplates textTemplates;
     LostCharacters lostCharacters;
     Draft draft;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "compose/AirCountLine.h"
+#include "compose/AwaitedRecipients.h"
 #include "compose/Draft.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
@@ -12,7 +13,6 @@
 #include "compose/Submission.h"
 #include "platform/Keys.h"
 #include "recipients/RecipientField.h"
-#include "recipients/RecipientLookup.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/HelpViewer.h"
@@ -36,7 +36,7 @@ Text FromSetting(TextView text) {
 
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                          const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,
-                         RecipientLookup& recipientLookup, FormSmsPreview& formSmsPreview,
+                         AwaitedRecipients& awaitedRecipients, FormSmsPreview& formSmsPreview,
                          FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
                          HelpViewer& helpViewer)
     : Services(services),
@@ -45,13 +45,12 @@ FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms&
       parts(parts),
       draft(draft),
       airCountLine(airCountLine),
-      recipientLookup(recipientLookup),
+      awaitedRecipients(awaitedRecipients),
       formSmsPreview(formSmsPreview),
       formSmsSelectAddress(formSmsSelectAddress),
       formOptions(formOptions),
       helpViewer(helpViewer) {
     view.SetHandlers(*this, parts);
-    recipientLookup.SetListener([this](TextView found) { RecipientLookup_Found(found); });
 }
 
 FormSmsSend::~FormSmsSend() {
@@ -66,13 +65,11 @@ void FormSmsSend::Open(TextView recipients) {
     }
     Form_Initialize_();
     if (wasOpen) {
-        remembered = false;
         parts.recipientField.Add(recipients);
-        AwaitRecipients();
+        awaitedRecipients.Begin(false);
         view.Show();
         return;
     }
-    remembered = recipients.empty() && !restored;
     if (!recipients.empty() && restored) {
         parts.recipientField.Add(recipients);
     } else if (!recipients.empty()) {
@@ -81,47 +78,14 @@ void FormSmsSend::Open(TextView recipients) {
     }
     SayRestored();
     draft.Begin();
-    AwaitRecipients();
+    awaitedRecipients.Begin(recipients.empty() && !restored);
     view.Show();
     // What is to be written next has the focus.
-    if (view.TextTo().GetText().empty() && !awaited) {
+    if (view.TextTo().GetText().empty() && !awaitedRecipients.Waiting()) {
         view.TextTo().SetFocus();
     } else {
         view.Message().SetFocus();
     }
-}
-
-// Nobody is to send to the last recipient while the one that was meant is looked for.
-void FormSmsSend::AwaitRecipients() {
-    awaited.reset();
-    StatusBar& statusBar = view.StatusBar1();
-    if (recipientLookup.Cut()) {
-        statusBar.SetText(ReplaceAll(language.TextOrBuiltIn(Name, u"SelectionCut"), u"%n",
-                                     NumberText(RecipientLookup::MostItems)));
-    }
-    if (!recipientLookup.Looking()) return;
-    Text before = view.TextTo().GetText();
-    if (remembered) parts.recipientField.SetText({});
-    awaited = {std::move(before), view.TextTo().GetText()};
-    if (!recipientLookup.Cut()) statusBar.SetText(language.TextOrBuiltIn(Name, u"LookingFor"));
-}
-
-void FormSmsSend::RecipientLookup_Found(TextView found) {
-    if (!awaited) return;
-    if (!view.Loaded() || view.TextTo().GetText() != awaited->now) {
-        awaited.reset();
-        recipientLookup.Stop();
-        return;
-    }
-    if (!found.empty()) {
-        remembered = false;
-        parts.recipientField.Add(found);
-        awaited->now = view.TextTo().GetText();
-    }
-    if (recipientLookup.Looking()) return;
-    const Text before = std::exchange(awaited, {})->before;
-    if (remembered) parts.recipientField.SetText(before);
-    if (!recipientLookup.Cut()) parts.recipientField.ShowPrefixHint();
 }
 
 void FormSmsSend::Form_Load() {
@@ -346,10 +310,7 @@ void FormSmsSend::ButtonOK_Click() {
 void FormSmsSend::Unload() {
     if (!view.Loaded()) return;
     parts.messageText.ShowText();
-    recipientLookup.Stop();
-    if (const auto waiting = std::exchange(awaited, {}); waiting && remembered) {
-        if (view.TextTo().GetText() == waiting->now) parts.recipientField.SetText(waiting->before);
-    }
+    awaitedRecipients.End();
     Form_Unload();
     // Settings that wait to be written are gone with Outlook.
     if (inifilesLite.Flush()) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "compose/SmsSettings.h"
 #include "platform/Forms.h"
@@ -12,6 +11,7 @@
 namespace tellwick {
 
 class AirCountLine;
+class AwaitedRecipients;
 class Draft;
 enum class BarButton;
 class FormOptions;
@@ -21,7 +21,6 @@ class FormSmsSendView;
 class HelpViewer;
 class MessageText;
 class RecipientField;
-class RecipientLookup;
 class Submission;
 class TextTemplates;
 
@@ -41,7 +40,7 @@ public:
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                 const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,
-                RecipientLookup& recipientLookup, FormSmsPreview& formSmsPreview,
+                AwaitedRecipients& awaitedRecipients, FormSmsPreview& formSmsPreview,
                 FormSmsSelectAddress& formSmsSelectAddress, FormOptions& formOptions,
                 HelpViewer& helpViewer);
     ~FormSmsSend() override;
@@ -102,29 +101,21 @@ private:
     void ReadSettings();
     void RestoreTexts();
     void SayRestored();
-    void AwaitRecipients();
-    void RecipientLookup_Found(TextView found);
     void ExpandIt();
 
     bool initialised = false;  // since the form was loaded
     bool restored = false;     // what was typed into a form that was never closed
-    bool remembered = false;   // the recipients are those of the last form
     bool expanded = false;
     Text activationMarker;  // empty until the activation step has run
     Text textAttachment;    // appended to the last text, for as long as it ends with it
     SmsSettings settings;
-    // While recipients are looked up: what stood in the field and what stands there now.
-    struct Awaited {
-        Text before, now;
-    };
-    std::optional<Awaited> awaited;
 
     FormSmsSendView& view;
     Forms& forms;
     FormSmsSendParts parts;
     Draft& draft;
     AirCountLine& airCountLine;
-    RecipientLookup& recipientLookup;
+    AwaitedRecipients& awaitedRecipients;
     FormSmsPreview& formSmsPreview;
     FormSmsSelectAddress& formSmsSelectAddress;
     FormOptions& formOptions;
