@@ -179,20 +179,6 @@ TEST_CASE("disconnection leaves no reference, no sink and no button, in every ve
     }
 }
 
-TEST_CASE("the last inspector's close with no explorer releases everything") {
-    Host host;
-    host.Connect();
-    const auto mail = host.outlook.AddItem(outlook::MailClass);
-    const auto one = host.outlook.OpenInspector(mail);
-    const auto two = host.outlook.OpenInspector(host.outlook.AddItem(outlook::ContactClass));
-    host.outlook.CloseExplorer(host.first);
-    host.outlook.CloseInspector(two);
-    CHECK(host.WritesOfActiveFlag() == 0);
-    host.outlook.OpenInspector(mail);
-    host.outlook.CloseInspector(one);
-    CHECK(host.WritesOfActiveFlag() <= 1);
-}
-
 TEST_CASE("whatever member of Outlook fails, the steps behind it still run") {
     struct Case {
         TextView className, member;

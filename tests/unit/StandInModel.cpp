@@ -30,10 +30,6 @@ struct Host {
                                   log += name + u":" + HexText(std::uint32_t(event)) + u" ";
                               });
     }
-    ObjectPtr StandardControls(const std::shared_ptr<Explorer>& explorer) {
-        const ObjectPtr bars = Child(explorer->Handle(), u"CommandBars");
-        return Child(Child(bars, u"Item", {Text(u"Standard")}), u"Controls");
-    }
 
     PendingError errors;
     OutlookModel outlook;
@@ -113,47 +109,6 @@ TEST_CASE("a new explorer counts before it is active, a closing window until it 
     host.outlook.CloseExplorer(first);
     CHECK(AsObject(application->Call(u"ActiveExplorer")) == nullptr);
     CHECK(host.TakeError() == 0);
-}
-
-TEST_CASE("controls take named arguments, and the temporary ones are forgotten at exit") {
-    Host host;
-    const auto explorer = host.outlook.OpenExplorer();
-    const ObjectPtr controls = host.StandardControls(explorer);
-    const std::int32_t builtIn = AsNumber(controls->Get(u"Count"));
-
-    const ObjectPtr temporary =
-        AsObject(controls->Call(u"Add", {}, {{u"Type", 1}, {u"Before", 2}, {u"Temporary", true}}));
-    REQUIRE(temporary);
-    CHECK(temporary->TypeName() == u"CommandBarButton");
-    CHECK(host.Child(controls, u"Item", {2}) == temporary);
-    temporary->Put(u"Caption", Text(u"Short-lived"));
-    temporary->Put(u"Style", 99);
-    CHECK(host.TakeError() == standin::error::InvalidCall);
-    temporary->Put(u"Visible", Text(u"x"));
-    CHECK(host.TakeError() == standin::error::TypeMismatch);
-    controls->Call(u"Add", {}, {{u"Colour", 1}});
-    CHECK(host.TakeError() == standin::error::NamedArgumentNotFound);
-    controls->Call(u"Add", {}, {{u"Before", builtIn + 5}});
-    CHECK(host.TakeError() == standin::error::InvalidCall);
-
-    const ObjectPtr lasting = AsObject(controls->Call(u"Add", {}, {}));
-    lasting->Put(u"Caption", Text(u"Lasting"));
-    const ObjectPtr menu = host.Child(host.Child(controls, u"Item", {1}), u"Controls");
-    AsObject(menu->Call(u"Add", {}, {{u"Temporary", true}}))->Put(u"Caption", Text(u"Entry"));
-    CHECK(explorer->NewMenuEntry(u"Entry"));
-
-    host.outlook.Quit();
-    lasting->Get(u"Caption");
-    CHECK(host.TakeError() == 440);
-    const auto next = host.outlook.OpenExplorer();
-    CHECK(next->ToolbarControl(u"Lasting"));
-    CHECK_FALSE(next->ToolbarControl(u"Short-lived"));
-    CHECK_FALSE(next->NewMenuEntry(u"Entry"));
-
-    const ObjectPtr again = next->ToolbarControl(u"Lasting")->Handle();
-    CHECK_FALSE(AsBoolean(again->Get(u"BuiltIn")));
-    again->Call(u"Delete");
-    CHECK_FALSE(next->ToolbarControl(u"Lasting"));
 }
 
 TEST_CASE("a click reaches the sinks of every button with the same tag, and only those") {
