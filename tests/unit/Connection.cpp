@@ -179,6 +179,28 @@ TEST_CASE("disconnection leaves no reference, no sink and no button, in every ve
     }
 }
 
+TEST_CASE(
+    "settings that could not be written get a last try, also at an end that only Quit tells") {
+    for (const bool byQuit : {false, true}) {
+        CAPTURE(byQuit);
+        Host host(16);
+        host.Connect();
+        host.outlook.ClickButton(Host::Button(host.first));
+        host.view.Message().SetText(u"wartet");
+        auto& file = host.platform.fileSystem.files[host.program.inifilesLite.CurrentFile()];
+        file.readOnly = true;
+        host.program.formSmsSend.Unload();
+        CHECK(file.contents.find("wartet") == std::string::npos);
+        file.readOnly = false;
+        if (byQuit) {
+            host.outlook.Quit();
+        } else {
+            host.Disconnect();
+        }
+        CHECK(file.contents.find("LastText=wartet") != std::string::npos);
+    }
+}
+
 TEST_CASE("whatever member of Outlook fails, the steps behind it still run") {
     struct Case {
         TextView className, member;

@@ -97,8 +97,9 @@ TEST_CASE("what cannot be saved stays a draft, what cannot be read is none") {
     form.program.formSmsSend.Form_Deactivate();
     CHECK(form.Kept());
     form.view.Message().SetText(u"y");
-    form.platform.fileSystem.files[form.program.inifilesLite.BaseFile()].readOnly = true;
+    form.platform.fileSystem.files[form.program.inifilesLite.CurrentFile()].readOnly = true;
     form.program.formSmsSend.Unload();
+    CHECK(form.Kept());
     CHECK(Typing(form).Shown() == u"1|y");
     for (const char* damaged :
          {"", "Tellwick draft 1\r\n1\r\n", "Tellwick draft 2\r\n1\r\nx\r\n"}) {
