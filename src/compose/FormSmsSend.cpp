@@ -77,8 +77,8 @@ void FormSmsSend::Open(TextView recipients) {
         parts.recipientField.ShowPrefixHint();
     }
     SayRestored();
-    draft.Begin();
     awaitedRecipients.Begin(recipients.empty() && !restored);
+    draft.Begin();
     view.Show();
     // What is to be written next has the focus.
     if (view.TextTo().GetText().empty() && !awaitedRecipients.Waiting()) {

@@ -70,7 +70,7 @@ protected:
     virtual void OnCommand(HWND control, WORD notification, WORD identifier) = 0;
     // The answer goes back to the control.
     virtual LRESULT OnNotify(const NMHDR&) { return 0; }
-    // A list is about to be drawn: its rows must stay as they are until OnListDrawn's return.
+    // A list is being drawn: its rows must not be changed now.
     virtual void OnListDrawn(HWND) {}
 
 private:
