@@ -58,6 +58,8 @@ void Addresses::RefreshOnce() {
 }
 
 void Addresses::Refresh() {
+    // The slice that was to end the reading has not come to its end yet.
+    anew = working && stopped;
     if (stage != Stage::Idle || working) return;
     stopped = false;
     if (cacheRead || !Caches()) {
@@ -75,9 +77,13 @@ void Addresses::Refresh() {
 
 void Addresses::Stop() {
     stopped = true;
+    anew = false;
     timer.reset();
     if (std::exchange(lent, false)) application.reset();
-    if (working) return;  // the slice that runs ends it
+    if (!working) Drop();  // else the slice that runs does it
+}
+
+void Addresses::Drop() {
     stage = Stage::Idle;
     reader.reset();
     harvest.reset();
@@ -114,18 +120,24 @@ bool Addresses::DoSlice(double milliseconds) {
     if (working) return true;
     const double end = surroundings.clock.Milliseconds() + milliseconds;
     bool more = true;
-    {
+    try {
         const Meanwhile slicing(working, true);
         do {
             more = DoStage(end - surroundings.clock.Milliseconds());
         } while (more && !stopped && surroundings.clock.Milliseconds() < end);
+    } catch (...) {
+        // A step half done is not done again, and again, by a timer that goes on.
+        Stop();
+        throw;
     }
     if (stopped) {
-        Stop();
+        Drop();
         more = false;
     }
     Tell(false);
-    return more;
+    if (!std::exchange(anew, false)) return more;
+    Refresh();
+    return stage != Stage::Idle;
 }
 
 bool Addresses::DoStage(double milliseconds) {

@@ -74,6 +74,7 @@ private:
     // Goes on for so many milliseconds; false when all is done.
     bool DoSlice(double milliseconds);
     bool DoStage(double milliseconds);
+    void Drop();
     void BeginHarvest();
     void BeginWriting();
     void TakeBook(AddressBook newBook);
@@ -101,6 +102,7 @@ private:
     bool looked = false;
     bool working = false;  // a slice runs: Outlook may call in between
     bool stopped = false;  // and wants no further one
+    bool anew = false;     // but the reading begun once more
 };
 
 }  // namespace tellwick

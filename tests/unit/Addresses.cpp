@@ -506,6 +506,41 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
     CHECK(people.outlook.StillReferenced().empty());
 }
 
+TEST_CASE("a slice that fails ends the reading, one that ends it lets it begin anew") {
+    People people;
+    Addresses& addresses = people.program.addresses;
+    addresses.SetApplication(people.outlook.Application());
+    int uses = 0;
+    std::function<void()> within;
+    people.outlook.failUse = [&](TextView, TextView) {
+        if (++uses == 20) within();
+        return false;
+    };
+    SUBCASE("fails") {
+        within = [] { throw std::bad_alloc(); };
+        people.platform.clock.step = 5;
+        addresses.Refresh();
+        const auto ticks = [&] {
+            for (int tick = 0; tick < 50; ++tick) people.platform.timers.Tick();
+        };
+        CHECK_THROWS_AS(ticks(), std::bad_alloc);
+        CHECK_FALSE(addresses.Reading());
+        CHECK(people.platform.timers.Tick() == 0);
+        addresses.Refresh();
+    }
+    SUBCASE("is ended, and wanted again") {
+        within = [&] {
+            addresses.Stop();
+            addresses.Refresh();
+        };
+        addresses.Refresh();
+    }
+    for (int tick = 0; people.platform.timers.Tick() > 0; ++tick) REQUIRE(tick < 1000);
+    CHECK(uses >= 20);
+    CHECK(addresses.List().Size() == Everybody.size());
+    addresses.Release();
+}
+
 TEST_CASE("the address list finds what a plain search finds, recent numbers first, each once") {
     MemoryPlatform platform;
     AddressListBuilder builder(platform.locale), more(platform.locale);
