@@ -65,7 +65,14 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
     closeRequested = false;
     recipientField.StopSearch();
 
-    const Outcome outcome = QueueMessage(recipient, !text.empty() && !sendNow);
+    Outcome outcome = Outcome::Refused;
+    try {
+        outcome = QueueMessage(recipient, !text.empty() && !sendNow);
+    } catch (...) {
+        // Nothing is queued: the next click tries it again.
+        Reset();
+        throw;
+    }
     lastQueued = outcome == Outcome::Queued;
     // After a refusal the form is still busy, so that this only asks for the form to be closed.
     form.ButtonOK_Click();
@@ -105,11 +112,13 @@ Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty
         return Outcome::Withdrawn;
     }
     queue.AddEntry(recipient, message);
-    // An Outlook that ends while the sender is waited for must not offer it again.
-    draft.End();
-    // Busy until the sender application has been told: a click that comes meanwhile must not
-    // queue a second entry.
-    tellwick.StartSenderApplication(false);
+    // It is queued, whatever fails from here on. Busy until the sender application has been told: a
+    // click that comes meanwhile must not queue a second entry.
+    debug.Guarded([this] {
+        // An Outlook that ends while the sender is waited for must not offer it again.
+        draft.End();
+        tellwick.StartSenderApplication(false);
+    });
     busy = false;
     return Outcome::Queued;
 }

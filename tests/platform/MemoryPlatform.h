@@ -164,6 +164,7 @@ public:
     }
     Text TempFolder() override { return faults.Hit() ? u"" : u"C:\\Temp\\"; }
     Text CreateTempFile(TextView folder, TextView prefix) override {
+        if (onCreateTempFile) onCreateTempFile();
         if (Fails(error::PathFileAccess)) return {};
         const Text path =
             Text(folder).append(prefix) + HexText(std::uint32_t(++tempFiles)) + u".tmp";
@@ -194,7 +195,8 @@ public:
     int reads = 0;
     int writes = 0;
     std::vector<Text> profileCalls;  // path, section and key of every profile call
-    std::function<void()> onSwap;    // before the file is looked at: another program's turn
+    std::function<void()> onCreateTempFile;
+    std::function<void()> onSwap;  // before the file is looked at: another program's turn
 
 private:
     static Text WithoutSlash(TextView folder) {

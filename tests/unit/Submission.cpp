@@ -55,6 +55,26 @@ TEST_CASE("a submission writes file, entry and counter and tells the sender") {
     }
 }
 
+TEST_CASE("what fails leaves a form that can still send, and sends once") {
+    OpenForm form;
+    form.Fill(u"1", u"x");
+    SUBCASE("before it is queued") {
+        form.platform.fileSystem.onCreateTempFile = [] { throw std::bad_alloc(); };
+        CHECK_THROWS_AS(form.Send(), std::bad_alloc);
+        CHECK(form.Registry(Queue, u"1").empty());
+        form.platform.fileSystem.onCreateTempFile = nullptr;
+        CHECK(form.Send());
+    }
+    SUBCASE("while the sender is started") {
+        form.SetRegistry(RootKey, u"hWnd", u"");
+        form.platform.messageLoop.onDoEvents = [] { throw std::bad_alloc(); };
+        CHECK(form.Send());
+    }
+    CHECK(form.QueuedFile(u"1") == "1\tx");
+    CHECK(form.Registry(Queue, u"2").empty());
+    CHECK_FALSE(form.view.Loaded());
+}
+
 TEST_CASE("an empty recipient or text is refused, and the form stays busy") {
     OpenForm form;
     using Case = std::tuple<TextView, TextView, TextView>;
