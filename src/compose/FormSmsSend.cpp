@@ -58,18 +58,28 @@ FormSmsSend::~FormSmsSend() {
 }
 
 void FormSmsSend::Open(TextView recipients) {
-    const bool wasOpen = view.Loaded();
-    if (!wasOpen) {
-        if (!view.Load()) return;
-        Form_Load();
-    }
-    Form_Initialize_();
-    if (wasOpen) {
+    if (view.Loaded()) {
+        Form_Initialize_();
         parts.recipientField.Add(recipients);
         awaitedRecipients.Begin(false);
         view.Show();
         return;
     }
+    if (!view.Load()) return;
+    try {
+        OpenAnew(recipients);
+    } catch (...) {
+        // The next time it opens as it should, and not as far as it came now.
+        view.Unload();
+        forms.Remove(*this);
+        awaitedRecipients.End();
+        throw;
+    }
+}
+
+void FormSmsSend::OpenAnew(TextView recipients) {
+    Form_Load();
+    Form_Initialize_();
     if (!recipients.empty() && restored) {
         parts.recipientField.Add(recipients);
     } else if (!recipients.empty()) {

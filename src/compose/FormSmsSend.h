@@ -91,6 +91,7 @@ public:
     void ButtonOptions_Click();
 
 private:
+    void OpenAnew(TextView recipients);
     void Form_Load();
     void Form_SetLanguage();
     void LoadBackGround();

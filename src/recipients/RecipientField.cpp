@@ -76,6 +76,7 @@ void RecipientField::GetListNumbers() {
     Procedure procedure{debug, u"GetListNumbers"};
     prefixHint = false;  // of the form before
     NumberList.clear();
+    NumberListBound = -1;
     for (std::int32_t position = 1; position < FirstUnread; ++position) {
         Text number = inifilesLite.GetIniSetting(ListSection, NumberKey(position));
         if (number.empty()) break;
@@ -113,17 +114,19 @@ void RecipientField::AddNumberToList(TextView number) {
     Procedure procedure{debug, u"AddNumberToList"};
     // A number that is there already keeps its place.
     if (std::find(NumberList.begin(), NumberList.end(), number) != NumberList.end()) return;
-    if (NumberList.empty() || !NumberList.back().empty()) ++NumberListBound;
-    NumberList.resize(std::size_t(NumberListBound) + 1);
-    std::move_backward(NumberList.begin(), NumberList.end() - 1, NumberList.end());
+    // What needs memory comes first, so that the list is never left with less than it had.
+    Text first(number);
     // The list is padded to one cell more than intended, and grows by one with every further
     // number once that is full; deliberate.
     const std::int32_t intended = std::min(NumUsedNumber, LongestList);
-    if (intended >= NumberListBound) {
-        NumberListBound = intended;
-        NumberList.resize(std::size_t(NumberListBound) + 1);
-    }
-    NumberList[0] = number;
+    const bool grows = NumberList.empty() || !NumberList.back().empty();
+    const std::int32_t moved = NumberListBound + (grows ? 1 : 0);
+    const std::int32_t bound = std::max(moved, intended);
+    NumberList.resize(std::size_t(bound) + 1);
+    NumberListBound = bound;
+    std::move_backward(NumberList.begin(), NumberList.begin() + moved,
+                       NumberList.begin() + moved + 1);
+    NumberList[0] = std::move(first);
     // The last cell is not shown, and the item that clears the list is missing here; deliberate.
     Refill(std::size_t(NumberListBound));
     TellRecent();

@@ -178,10 +178,14 @@ class MemoryFormView : public View {
 public:
     bool Load() override {
         SetLoaded(true);
+        seen = false;
         return true;
     }
     bool Loaded() const override { return loaded; }
-    void Show() override { ++shown; }
+    void Show() override {
+        ++shown;
+        seen = true;
+    }
     void Unload() override { SetLoaded(false); }
     FormPlace Place() const override { return place; }
     void SetPlace(const FormPlace& newPlace, bool newPositioned) override {
@@ -194,6 +198,7 @@ public:
     }
 
     int shown = 0;
+    bool seen = false;  // since it was loaded
     FormPlace place{10, 20, 400, 300};
     bool positioned = false;
     Text caption;

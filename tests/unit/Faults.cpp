@@ -15,12 +15,19 @@ using namespace tellwick::test;
 
 namespace {
 
-// The program's allocations are counted while this is above 0; the one it reaches 0 with fails.
+// The program's allocations are counted while this is above 0; the one it reaches 0 with fails,
+// for good also those behind it.
 long allocationsLeft = 0;
+bool forGood = false;
+long allocationsFailed = 0;
 bool inProgram = false;
 
 void* Allocate(std::size_t size) {
-    if (inProgram && allocationsLeft > 0 && --allocationsLeft == 0) throw std::bad_alloc();
+    if (inProgram && allocationsLeft > 0 && --allocationsLeft == 0) {
+        allocationsLeft = forGood ? 1 : 0;
+        ++allocationsFailed;
+        throw std::bad_alloc();
+    }
     if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
     throw std::bad_alloc();
 }
@@ -144,11 +151,13 @@ private:
         try {
             action();
         } catch (const std::bad_alloc&) {
-            CHECK(allocationsLeft == 0);
+            CHECK(allocationsFailed > 0);
         }
     }
     void Type(TextView recipient, TextView text) {
         if (view.Loaded()) {
+            // Not left halfway, where nobody sees it.
+            CHECK(view.seen);
             view.TextTo().SetText(recipient);
             view.Message().SetText(text);
             typed.emplace_back(std::string(text.begin(), text.end()), text);
@@ -210,20 +219,28 @@ TEST_CASE("every call into the system fails once") {
     MESSAGE("calls into the system failed one by one: ", sessions);
 }
 
-TEST_CASE("every allocation fails once") {
-    long sessions = 0;
-    bool failed = true;
-    for (long failAt = 1; failed; ++failAt) {
-        Session session(16, false);
-        allocationsLeft = failAt;
-        session.Run();
-        failed = std::exchange(allocationsLeft, 0) == 0;
-        CAPTURE(failAt);
-        session.CheckNothingHeld();
-        session.CheckNothingLost();
-        sessions += failed;
+TEST_CASE("every allocation fails once, and from there on for good") {
+    for (const bool each : {false, true}) {
+        const Meanwhile lasting(forGood, each);
+        long sessions = 0;
+        // What fails for good fails alike at the next few.
+        const long step = forGood ? 5 : 1;
+        for (long failAt = 1, failed = 1; failed > 0; failAt += step) {
+            Session session(16, false);
+            allocationsFailed = 0;
+            allocationsLeft = failAt;
+            session.Run();
+            allocationsLeft = 0;
+            failed = allocationsFailed;
+            CAPTURE(forGood);
+            CAPTURE(failAt);
+            session.CheckNothingHeld();
+            session.CheckNothingLost();
+            sessions += failed > 0;
+        }
+        MESSAGE("allocations failed one by one: ", sessions,
+                std::string(forGood ? ", for good" : ""));
     }
-    MESSAGE("allocations failed one by one: ", sessions);
 }
 
 TEST_CASE("what a handler throws reaches the trace and not the host") {
