@@ -51,7 +51,11 @@ Value Call(PendingError& errors, const ObjectPtr& object, TextView member,
 Text AsText(const Value& value) {
     if (const auto* text = std::get_if<Text>(&value)) return *text;
     if (const auto* number = std::get_if<std::int32_t>(&value)) return NumberText(*number);
-    if (const auto* number = std::get_if<double>(&value)) return NumberText(std::int64_t(*number));
+    if (const auto* number = std::get_if<double>(&value)) {
+        // Neither what is no number nor what no integer holds.
+        constexpr double Most = 9e18;
+        return *number > -Most && *number < Most ? NumberText(std::int64_t(*number)) : Text();
+    }
     if (const auto* truth = std::get_if<bool>(&value)) return *truth ? u"True" : u"False";
     return {};
 }

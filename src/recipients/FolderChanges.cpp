@@ -21,7 +21,8 @@ constexpr std::int64_t ZoneStep = 900;
 constexpr std::int64_t FarthestZones = ZoneStep * 4 * 26;
 
 std::int64_t Seconds(double date) {
-    return std::llround(date * 86400);
+    constexpr double Farthest = 1e7;  // days; Outlook's dates end in the year 4501
+    return date > -Farthest && date < Farthest ? std::llround(date * 86400) : 0;
 }
 
 // Equal for dates that lie whole steps apart.
