@@ -82,7 +82,10 @@ public:
         Variant xml;
         xml.vt = VT_BSTR;
         const HRESULT called = GetCustomUI(ribbonId.bstrVal, &xml.bstrVal);
-        if (result) std::swap(*static_cast<VARIANT*>(&xml), *result);
+        if (!result) return called;
+        // What the caller has there may be anything.
+        VariantInit(result);
+        std::swap(*static_cast<VARIANT*>(&xml), *result);
         return called;
     }
 
@@ -146,12 +149,14 @@ public:
         for (DISPID member = 0; member < DISPID(std::size(Members)); ++member) {
             if (lstrcmpiW(names[0], Members[member]) == 0) identifiers[0] = member + 1;
         }
-        const auto callbacks = Ribbon::CallbackNames();
-        for (std::size_t callback = 0; callback < callbacks.size(); ++callback) {
-            if (lstrcmpiW(names[0], Wide(Text(callbacks[callback]))) == 0) {
-                identifiers[0] = FirstCallback + DISPID(callback);
+        const HRESULT looked = Guarded([&] {
+            const auto callbacks = Ribbon::CallbackNames();
+            for (std::size_t callback = 0; callback < callbacks.size(); ++callback) {
+                if (lstrcmpiW(names[0], Wide(Text(callbacks[callback]))) == 0)
+                    identifiers[0] = FirstCallback + DISPID(callback);
             }
-        }
+        });
+        if (FAILED(looked)) return looked;
         return count == 1 && identifiers[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters,
@@ -260,12 +265,13 @@ public:
         return FAILED(made) ? made : result;
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-        if (lock) {
-            locks.emplace_back();
-        } else if (!locks.empty()) {
-            locks.pop_back();
-        }
-        return S_OK;
+        return Guarded([&] {
+            if (lock) {
+                locks.emplace_back();
+            } else if (!locks.empty()) {
+                locks.pop_back();
+            }
+        });
     }
 
 private:

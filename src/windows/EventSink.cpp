@@ -88,18 +88,24 @@ private:
 
 class Advice : public Subscription {
 public:
-    Advice(ComPtr<IConnectionPoint> point, ComPtr<EventSink> sink, DWORD cookie)
-        : point(std::move(point)), sink(std::move(sink)), cookie(cookie) {}
+    Advice(ComPtr<IConnectionPoint> point, ComPtr<EventSink> sink)
+        : point(std::move(point)), sink(std::move(sink)) {}
     ~Advice() override {
         const OutlooksContext context;
         sink->Silence();
-        point->Unadvise(cookie);
+        if (advised) point->Unadvise(cookie);
+    }
+    HRESULT Advise() {
+        const HRESULT result = point->Advise(sink.Get(), &cookie);
+        advised = SUCCEEDED(result);
+        return result;
     }
 
 private:
     ComPtr<IConnectionPoint> point;
     ComPtr<EventSink> sink;
-    DWORD cookie;
+    DWORD cookie = 0;
+    bool advised = false;
 };
 
 }  // namespace
@@ -116,14 +122,15 @@ SubscriptionPtr AdviseEvents(PendingError& errors, IDispatch* source, const Even
     }
     ComPtr<IConnectionPoint> point;
     if (SUCCEEDED(result)) result = container->FindConnectionPoint(identifier, point.Out());
+    // All that can fail for want of memory comes before the source has it.
     auto sink = ComPtr<EventSink>::Take(new EventSink(errors, identifier, std::move(handler)));
-    DWORD cookie = 0;
-    if (SUCCEEDED(result)) result = point->Advise(sink.Get(), &cookie);
+    auto advice = std::make_unique<Advice>(std::move(point), std::move(sink));
+    if (SUCCEEDED(result)) result = advice->Advise();
     if (FAILED(result)) {
         NoteFailure(errors, result);
         return nullptr;
     }
-    return std::make_unique<Advice>(std::move(point), std::move(sink), cookie);
+    return advice;
 }
 
 }  // namespace tellwick::windows

@@ -27,6 +27,8 @@ public:
     void Make(HWND newWindow, const std::vector<ControlPlan>& newPlan, const MessageFont& newFont);
     // The window goes.
     void Detach();
+    // The controls have gone.
+    void Forget() { plan.clear(); }
     void SetFont(const MessageFont& newFont);
     // The mouse has done something in the window: there must be tool tips from now on.
     void RelayMouse(const MSG& message);

@@ -41,6 +41,8 @@ BOOL CALLBACK DestroyForm(HWND window, LPARAM) {
 }  // namespace
 
 FormWindow::~FormWindow() {
+    // The controls were the derived window's, and are gone.
+    controls.Forget();
     Destroy();
     // The library goes: what the message loop had no turn for goes before.
     EnumThreadWindows(GetCurrentThreadId(), &DestroyForm, 0);
@@ -67,6 +69,17 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
                              nullptr, (owner ? Dialog : WS_OVERLAPPEDWINDOW) | WS_CLIPCHILDREN,
                              around.left, around.top, 0, 0, owner, nullptr, Library(), nullptr);
     if (!window) return false;
+    try {
+        Furnish(plan);
+    } catch (...) {
+        // Half of a window would be there for good.
+        Destroy();
+        throw;
+    }
+    return true;
+}
+
+void FormWindow::Furnish(const std::vector<ControlPlan>& plan) {
     font = std::make_unique<MessageFont>(ResolutionOf(window));
     LoadIcons();
     controls.Make(window, plan, *font);
@@ -74,7 +87,6 @@ bool FormWindow::Create(const std::vector<ControlPlan>& plan, HWND owner) {
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedure));
     open =
         std::make_unique<OpenForm>(window, [this](MSG& message) { return HandleInput(message); });
-    return true;
 }
 
 void FormWindow::Destroy() {

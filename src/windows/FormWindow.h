@@ -77,6 +77,7 @@ private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
     bool HandleInput(MSG& message);
+    void Furnish(const std::vector<ControlPlan>& plan);
     void PlaceFirst();
     void LoadIcons();
     void ChangeResolution(int resolution, const RECT& suggested);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/Meanwhile.h"
+
 namespace tellwick::windows {
 
 namespace {
@@ -128,10 +130,11 @@ void WindowTextBox::Changed() {
 
 void WindowTextBox::SetText(TextView text) {
     if (!Window() || WindowText() == text) return;
-    setting = true;
-    SetWindowTextTo(text);
-    Select(0, 0);
-    setting = false;
+    {
+        const Meanwhile quietly(setting, true);
+        SetWindowTextTo(text);
+        Select(0, 0);
+    }
     Changed();
 }
 
