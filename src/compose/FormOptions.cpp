@@ -20,10 +20,6 @@ constexpr std::int64_t MostNumbers = 10000;
 constexpr std::int32_t UsualSizes[] = {8,  9,  10, 11, 12, 14, 16, 18,
                                        20, 22, 24, 26, 28, 36, 48, 72};  // points
 
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
-
 // What is no digit is left out; nothing left stands for the default.
 Text CleanNumber(TextView typed) {
     Text digits;

@@ -23,11 +23,6 @@ constexpr TextView NestedPrefix = u"SETTINGS\\";
 constexpr TextView NotSetHere = u"-x-";
 constexpr int MaxModelReads = 5;
 
-Text WithBackslash(Text folder) {
-    if (!folder.empty() && folder.back() != u'\\') folder += u'\\';
-    return folder;
-}
-
 TextView WithoutTrailingBackslash(TextView section) {
     return section.ends_with(u'\\') ? section.substr(0, section.size() - 1) : section;
 }
@@ -37,6 +32,14 @@ Text RegistryKey(TextView root, TextView section) {
 }
 
 }  // namespace
+
+Text ToSetting(TextView text) {
+    return ReplaceAll(ReplaceAll(text, u"\r", u"\\13"), u"\n", u"\\10");
+}
+
+Text FromSetting(TextView value) {
+    return ReplaceAll(ReplaceAll(value, u"\\13", u"\r"), u"\\10", u"\n");
+}
 
 InifilesLite::InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Files& files,
                            Paths& paths, LanguageTexts& language, QuestionBox& questionBox,

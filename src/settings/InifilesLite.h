@@ -16,6 +16,11 @@ class Paths;
 class QuestionBox;
 class RegEdit;
 
+// A text of several lines as the value of a setting, which is one line, and back: its line breaks
+// become "\13" and "\10".
+Text ToSetting(TextView text);
+Text FromSetting(TextView value);
+
 class InifilesLite {
 public:
     InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Files& files, Paths& paths,
