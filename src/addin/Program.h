@@ -35,7 +35,9 @@
 #include "settings/HelpViewer.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
+#include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
+#include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 
@@ -57,6 +59,7 @@ public:
 
     PendingError& errors;
     ProcessValues processValues;
+    MessageBoxes messageBoxes;
     RegEdit regEdit;
     Debug debug;
     Paths paths;
@@ -65,6 +68,7 @@ public:
     IniFile iniFile;
     InifilesLite inifilesLite;
     Language language;
+    PhoneModels phoneModels;
     const Services services;
     Documents documents;
     HelpViewer helpViewer;

@@ -19,9 +19,6 @@ namespace {
 constexpr std::int32_t InRegistry = 2;
 constexpr std::int32_t InApplicationData = 0;
 constexpr TextView SiblingFileName = u"corvane.ini";
-constexpr TextView NestedPrefix = u"SETTINGS\\";
-constexpr TextView NotSetHere = u"-x-";
-constexpr int MaxModelReads = 5;
 
 TextView WithoutTrailingBackslash(TextView section) {
     return section.ends_with(u'\\') ? section.substr(0, section.size() - 1) : section;
@@ -83,6 +80,7 @@ Text InifilesLite::LocateFile(std::int32_t kind) {
     baseFile = folder;
     baseFile.append(EndsWith(LowerCase(folder), ownFolder) ? u"settings.ini" : SiblingFileName);
     currentFile = baseFile;
+    iniFile.SetMaxSize(LeadingNumber32(GetBaseIniSetting(u"Files", u"MaxSize")));
 
     Text profile = GetIniSetting(u"Settings", u"CurProfile", {}, true);
     if (profile.empty()) profile = GetIniSetting(u"Settings", u"LastProfile", {}, true);
@@ -211,51 +209,6 @@ bool InifilesLite::SetIniSetting(TextView section, TextView key, std::int32_t va
 bool InifilesLite::SetIniSettingWithTest(TextView section, TextView key, TextView value,
                                          std::int16_t) {
     return Write(baseFile, section, key, value);
-}
-
-Text InifilesLite::GetMobileSetting(TextView section, TextView key, TextView defaultValue,
-                                    bool userFileFirst, std::int16_t flags, bool ignoreUserFile) {
-    // "Settings" alone is meant to stand for "Mobiles", too, but never does; deliberate.
-    const bool nested =
-        StartsWithFolded(section, NestedPrefix) && section.size() > NestedPrefix.size();
-    const Text model(nested ? section.substr(NestedPrefix.size()) : section);
-    const auto readUserFile = [&] {
-        return iniFile.ReadFromIniFile(userModelFile, model, key, {}, flags);
-    };
-    Text value;
-    modelInherited = false;
-    if (userFileFirst && !ignoreUserFile) value = readUserFile();
-    if (value.empty()) value = WalkModels(model, key, flags);
-    if (value.empty() && !userFileFirst && !ignoreUserFile) value = readUserFile();
-    if (value.empty()) value = defaultValue;
-    return value == u"-" ? Text() : value;
-}
-
-// The key's value in the model's section or the first one it is the same as; "" when none has it.
-Text InifilesLite::WalkModels(const Text& section, TextView key, std::int16_t flags) {
-    const TextView marker = Contains(section, u"\\") ? NotSetHere : TextView();
-    Text model = section;
-    for (int read = 1; read <= MaxModelReads; ++read) {
-        const Text value = iniFile.ReadFromIniFile(defaultsFile, model, key, marker, flags);
-        if (value != NotSetHere) return value;
-        if (read == MaxModelReads) break;
-        if (read == 1 && section == lastModelSection && !lastSameAs.empty()) {
-            model = lastSameAs;
-        } else {
-            Text target = iniFile.ReadFromIniFile(defaultsFile, model, u"SameAs", {}, flags);
-            if (target.empty()) {
-                target = iniFile.ReadFromIniFile(userModelFile, model, u"SameAs", {}, flags);
-            }
-            if (target.empty()) return {};
-            if (read == 1) {
-                lastModelSection = section;
-                lastSameAs = target;
-            }
-            model = target;
-        }
-        modelInherited = true;
-    }
-    return {};
 }
 
 bool InifilesLite::Flush() {

@@ -23,6 +23,9 @@ Text FromSetting(TextView value);
 
 class InifilesLite {
 public:
+    // A section below that of the program's settings is named so, followed by its own name.
+    static constexpr TextView NestedPrefix = u"SETTINGS\\";
+
     InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Files& files, Paths& paths,
                  LanguageTexts& language, QuestionBox& questionBox, FileSystem& fileSystem);
 
@@ -66,16 +69,12 @@ public:
     // Writes what could not be written before; false when something still waits.
     bool Flush();
 
-    // A phone model's setting, with the inheritance of "SameAs".
-    Text GetMobileSetting(TextView section, TextView key, TextView defaultValue, bool userFileFirst,
-                          std::int16_t flags, bool ignoreUserFile);
-    // Whether the last phone-model read followed at least one "SameAs".
-    bool ModelInherited() const { return modelInherited; }
-
     // Full paths; empty before GetIniFile has run. ConfigFile stays empty when there is none.
     const Text& BaseFile() const { return baseFile; }
     const Text& CurrentFile() const { return currentFile; }
     const Text& ConfigFile() const { return configFile; }
+    // Of the phone models.
+    const Text& DefaultsFile() const { return defaultsFile; }
 
 private:
     friend class SettingsBatch;
@@ -85,7 +84,6 @@ private:
     Text Read(const Text& file, TextView section, TextView key, TextView defaultValue,
               bool registryFallback, std::int16_t flags);
     bool Write(const Text& file, TextView section, TextView key, TextView value);
-    Text WalkModels(const Text& section, TextView key, std::int16_t flags);
 
     // Where settings live: 2 the registry, 0 INI files in the user's application-data folder,
     // anything else INI files in the program folder.
@@ -94,13 +92,9 @@ private:
     Text currentFile;  // the profile file, or the base file
     Text defaultsFile;
     Text configFile;
-    Text userModelFile;      // the user's own phone models; no part of the program names one
     Text iniFolderOverride;  // settings folder chosen by the user
     bool profileWarned = false;
     bool located = false;
-    Text lastModelSection;  // first section and first target of the last walk through models
-    Text lastSameAs;
-    bool modelInherited = false;
     int batches = 0;
 
     Debug& debug;

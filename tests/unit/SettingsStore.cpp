@@ -236,9 +236,9 @@ TEST_CASE("phone models inherit by SameAs") {
     for (const Case& c : cases) {
         for (const bool userFileFirst : {false, true}) {
             CAPTURE(c.section);
-            CHECK(m.inifilesLite.GetMobileSetting(c.section, c.key, u"default", userFileFirst, 0,
+            CHECK(m.phoneModels.GetMobileSetting(c.section, c.key, u"default", userFileFirst, 0,
                                                   false) == c.value);
-            CHECK(m.inifilesLite.ModelInherited() == c.inherited);
+            CHECK(m.phoneModels.ModelInherited() == c.inherited);
         }
     }
 }
