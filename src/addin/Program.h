@@ -31,6 +31,7 @@
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
+#include "settings/ErrorBoxes.h"
 #include "settings/Files.h"
 #include "settings/HelpViewer.h"
 #include "settings/IniFile.h"
@@ -40,6 +41,7 @@
 #include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
+#include "settings/TraceSwitch.h"
 
 namespace tellwick {
 
@@ -60,15 +62,17 @@ public:
     PendingError& errors;
     ProcessValues processValues;
     MessageBoxes messageBoxes;
-    RegEdit regEdit;
+    ErrorBoxes errorBoxes;
     Debug debug;
+    RegEdit regEdit;
     Paths paths;
-    QuestionBox questionBox;
     Files files;
     IniFile iniFile;
     InifilesLite inifilesLite;
-    Language language;
     PhoneModels phoneModels;
+    Language language;
+    QuestionBox questionBox;
+    TraceSwitch traceSwitch;
     const Services services;
     Documents documents;
     HelpViewer helpViewer;

@@ -8,6 +8,7 @@
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
 #include "settings/QuestionBox.h"
+#include "settings/TraceSwitch.h"
 
 namespace tellwick {
 
@@ -44,12 +45,14 @@ Text Chosen(const ItemList& box) {
 }  // namespace
 
 FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms& forms,
-                         Prefixes& prefixes, Locale& locale, std::function<void()> applied)
+                         Prefixes& prefixes, Locale& locale, TraceSwitch& traceSwitch,
+                         std::function<void()> applied)
     : Services(services),
       view(view),
       forms(forms),
       prefixes(prefixes),
       locale(locale),
+      traceSwitch(traceSwitch),
       applied(std::move(applied)) {
     view.SetEvents(*this);
 }
@@ -109,7 +112,7 @@ void FormOptions::Form_Load() {
 
     view.CheckForgetAnswers().SetChecked(false);
     view.CheckForgetAnswers().SetEnabled(questionBox.AnswersRemembered());
-    traceShown = debug.SwitchedOn();
+    traceShown = traceSwitch.SwitchedOn();
     view.CheckTrace().SetChecked(traceShown);
     shown = Entered();
 }
@@ -208,7 +211,7 @@ void FormOptions::ButtonOK_Click() {
         }
         if (view.CheckForgetAnswers().Checked()) questionBox.ForgetAnswers();
         const bool trace = view.CheckTrace().Checked();
-        if (trace != traceShown) debug.SwitchOn(trace);
+        if (trace != traceShown) traceSwitch.SwitchOn(trace);
     }
     Unload();
     applied();

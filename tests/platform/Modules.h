@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
+#include "settings/ErrorBoxes.h"
 #include "settings/Files.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
@@ -13,6 +14,7 @@
 #include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
+#include "settings/TraceSwitch.h"
 
 namespace tellwick::test {
 
@@ -21,18 +23,21 @@ struct Modules {
 
     Platform ports;
     MessageBoxes messageBoxes{ports.dialogs};
+    ErrorBoxes errorBoxes{messageBoxes};
+    Debug debug{ports.errors,     ports.registry, errorBoxes,
+                ports.fileSystem, ports.clock,    ports.locale};
     RegEdit regEdit{ports.registry, debug};
-    Debug debug{ports.errors, regEdit,          inifilesLite,   paths,       language,
-                questionBox,  ports.fileSystem, ports.programs, ports.clock, ports.locale};
     Paths paths{regEdit, ports.programs};
-    QuestionBox questionBox{debug, language, inifilesLite, ports.dialogs};
     Files files{ports.errors, debug, messageBoxes, ports.fileSystem, ports.locale};
     IniFile iniFile{debug, files, ports.fileSystem, ports.locks, ports.locale};
     InifilesLite inifilesLite{debug, regEdit,  iniFile,     files,
                               paths, language, questionBox, ports.fileSystem};
+    PhoneModels phoneModels{iniFile, inifilesLite};
     Language language{debug, regEdit,      iniFile,          inifilesLite,
                       paths, messageBoxes, ports.fileSystem, ports.locale};
-    PhoneModels phoneModels{iniFile, inifilesLite};
+    QuestionBox questionBox{debug, language, inifilesLite, ports.dialogs};
+    TraceSwitch traceSwitch{debug,       regEdit,          inifilesLite,   paths,       language,
+                            questionBox, ports.fileSystem, ports.programs, ports.locale};
     Documents documents{debug, regEdit, ports.programs};
 };
 
