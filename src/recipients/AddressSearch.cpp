@@ -36,8 +36,10 @@ bool StartsAt(TextView text, std::size_t at, TextView word) {
 // Where a word of the text begins so; npos when none does.
 std::size_t FindStart(TextView text, TextView word, std::size_t from = 0) {
     for (std::size_t at = from; at < text.size(); ++at) {
-        const bool begins = IsWordUnit(text[at]) && (at == 0 || !IsWordUnit(text[at - 1]));
-        if ((begins || at == 0) && StartsAt(text, at, word)) return at;
+        // The first unit mostly decides.
+        if (!Same(text[at], word[0])) continue;
+        const bool begins = at == 0 || (IsWordUnit(text[at]) && !IsWordUnit(text[at - 1]));
+        if (begins && StartsAt(text, at, word)) return at;
     }
     return TextView::npos;
 }
