@@ -5,8 +5,6 @@
 
 namespace tellwick {
 
-// Modules that need each other in a circle are handed references to ones that are made later; they
-// only keep them.
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormSmsSelectAddressView& formSmsSelectAddressView,
                  FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView)
@@ -19,14 +17,15 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       paths(regEdit, platform.programs),
       files(errors, debug, messageBoxes, platform.fileSystem, platform.locale),
       iniFile(debug, files, platform.fileSystem, platform.locks, platform.locale),
-      inifilesLite(debug, regEdit, iniFile, files, paths, language, questionBox,
-                   platform.fileSystem),
+      inifilesLite(debug, regEdit, iniFile),
       phoneModels(iniFile, inifilesLite),
       language(debug, regEdit, iniFile, inifilesLite, paths, messageBoxes, platform.fileSystem,
                platform.locale),
       questionBox(debug, language, inifilesLite, platform.dialogs),
       traceSwitch(debug, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
                   platform.programs, platform.locale),
+      settingsLocator(debug, regEdit, inifilesLite, files, paths, language, questionBox,
+                      platform.fileSystem),
       services{debug, inifilesLite, language, questionBox},
       documents(debug, regEdit, platform.programs),
       helpViewer(services, documents, platform.fileSystem, platform.programs),
@@ -53,6 +52,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
             [this, &formSmsSendView] {
                 return Draft::Contents{formSmsSendView.TextTo().GetText(), messageText.MeantText()};
             }),
+      // The form is made after its parts; what they are handed of it they only keep.
       submission(services, formSmsSend, formSmsSendView, recipientField, messageText,
                  lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,

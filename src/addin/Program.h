@@ -41,6 +41,7 @@
 #include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
+#include "settings/SettingsLocator.h"
 #include "settings/TraceSwitch.h"
 
 namespace tellwick {
@@ -73,6 +74,7 @@ public:
     Language language;
     QuestionBox questionBox;
     TraceSwitch traceSwitch;
+    SettingsLocator settingsLocator;
     const Services services;
     Documents documents;
     HelpViewer helpViewer;

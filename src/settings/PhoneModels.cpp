@@ -39,14 +39,14 @@ Text PhoneModels::WalkModels(const Text& section, TextView key, std::int16_t fla
     Text model = section;
     for (int read = 1; read <= MaxModelReads; ++read) {
         const Text value =
-            iniFile.ReadFromIniFile(inifilesLite.DefaultsFile(), model, key, marker, flags);
+            iniFile.ReadFromIniFile(inifilesLite.Places().defaultsFile, model, key, marker, flags);
         if (value != NotSetHere) return value;
         if (read == MaxModelReads) break;
         if (read == 1 && section == lastModelSection && !lastSameAs.empty()) {
             model = lastSameAs;
         } else {
-            Text target =
-                iniFile.ReadFromIniFile(inifilesLite.DefaultsFile(), model, u"SameAs", {}, flags);
+            Text target = iniFile.ReadFromIniFile(inifilesLite.Places().defaultsFile, model,
+                                                  u"SameAs", {}, flags);
             if (target.empty()) {
                 target = iniFile.ReadFromIniFile(userModelFile, model, u"SameAs", {}, flags);
             }

@@ -14,6 +14,7 @@
 #include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
+#include "settings/SettingsLocator.h"
 #include "settings/TraceSwitch.h"
 
 namespace tellwick::test {
@@ -30,14 +31,15 @@ struct Modules {
     Paths paths{regEdit, ports.programs};
     Files files{ports.errors, debug, messageBoxes, ports.fileSystem, ports.locale};
     IniFile iniFile{debug, files, ports.fileSystem, ports.locks, ports.locale};
-    InifilesLite inifilesLite{debug, regEdit,  iniFile,     files,
-                              paths, language, questionBox, ports.fileSystem};
+    InifilesLite inifilesLite{debug, regEdit, iniFile};
     PhoneModels phoneModels{iniFile, inifilesLite};
     Language language{debug, regEdit,      iniFile,          inifilesLite,
                       paths, messageBoxes, ports.fileSystem, ports.locale};
     QuestionBox questionBox{debug, language, inifilesLite, ports.dialogs};
     TraceSwitch traceSwitch{debug,       regEdit,          inifilesLite,   paths,       language,
                             questionBox, ports.fileSystem, ports.programs, ports.locale};
+    SettingsLocator settingsLocator{debug, regEdit,  inifilesLite, files,
+                                    paths, language, questionBox,  ports.fileSystem};
     Documents documents{debug, regEdit, ports.programs};
 };
 

@@ -95,7 +95,7 @@ TEST_CASE("a folder that cannot be written is asked for until one can, or none i
         CHECK(m.Registry(RootKey, u"IniFiles") == u"(missing)");
     }
     SUBCASE("given up") {
-        CHECK(m.inifilesLite.GetIniFilename_(2) == u"");
+        CHECK(m.settingsLocator.GetIniFilename_(2) == u"");
         CHECK(m.Registry(RootKey, u"IniFiles") == u"x");
     }
 }
