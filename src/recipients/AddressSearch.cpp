@@ -22,7 +22,7 @@ constexpr char16_t FirstPlain = 0xE0;
 // Whether a text's unit is the typed one; one typed without accent stands for those with it.
 bool Same(char16_t unit, char16_t typed) {
     const char16_t folded = LowerCase(unit);
-    return folded == typed || (typed < 0x80 && WithoutAccent(folded) == typed);
+    return folded == typed || (unit >= 0x80 && typed < 0x80 && WithoutAccent(folded) == typed);
 }
 
 bool StartsAt(TextView text, std::size_t at, TextView word) {
@@ -65,7 +65,7 @@ char16_t WithoutAccent(char16_t folded) {
     return Plain[index];
 }
 
-AddressSearch::AddressSearch(TextView search) {
+AddressSearch::AddressSearch(TextView search, const std::vector<Text>& folderNames) {
     Text digits;
     const auto endNumber = [&] {
         const std::size_t significant = digits.find_first_not_of(u'0');
@@ -84,19 +84,25 @@ AddressSearch::AddressSearch(TextView search) {
         words.push_back(LowerCase(word));
     }
     endNumber();
+    for (const Text& word : words) {
+        std::vector<bool>& inFolder = inFolders.emplace_back();
+        for (const Text& name : folderNames)
+            inFolder.push_back(FindStart(name, word) != TextView::npos);
+    }
 }
 
-bool AddressSearch::Matches(const AddressRow& row, TextView folderName) const {
-    const auto isThere = [&](const Text& word) {
-        for (const TextView text : {row.name, row.fileAs, row.company, folderName}) {
-            if (FindStart(text, word) != TextView::npos) return true;
-        }
-        return false;
-    };
-    return std::all_of(words.begin(), words.end(), isThere) &&
-           std::all_of(numbers.begin(), numbers.end(), [&](const Text& digits) {
-               return FindDigits(row.number, digits).length > 0;
-           });
+bool AddressSearch::Matches(const AddressRow& row) const {
+    for (std::size_t word = 0; word < words.size(); ++word) {
+        const auto hasIt = [&](TextView text) {
+            return FindStart(text, words[word]) != TextView::npos;
+        };
+        const bool inFolder = row.folder < inFolders[word].size() && inFolders[word][row.folder];
+        if (!inFolder && !hasIt(row.name) && !hasIt(row.fileAs) && !hasIt(row.company))
+            return false;
+    }
+    return std::all_of(numbers.begin(), numbers.end(), [&](const Text& digits) {
+        return FindDigits(row.number, digits).length > 0;
+    });
 }
 
 MarkedText AddressSearch::MarkWords(TextView text) const {
