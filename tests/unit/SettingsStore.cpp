@@ -237,7 +237,7 @@ TEST_CASE("phone models inherit by SameAs") {
         for (const bool userFileFirst : {false, true}) {
             CAPTURE(c.section);
             CHECK(m.phoneModels.GetMobileSetting(c.section, c.key, u"default", userFileFirst, 0,
-                                                  false) == c.value);
+                                                 false) == c.value);
             CHECK(m.phoneModels.ModelInherited() == c.inherited);
         }
     }
