@@ -5,23 +5,27 @@
 
 namespace tellwick {
 
-// Modules that need each other in a circle are handed references to ones that are made later; they
-// only keep them.
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormSmsSelectAddressView& formSmsSelectAddressView,
                  FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView)
     : errors(platform.errors),
+      messageBoxes(platform.dialogs),
+      errorBoxes(messageBoxes),
+      debug(errors, platform.registry, errorBoxes, platform.fileSystem, platform.clock,
+            platform.locale),
       regEdit(platform.registry, debug),
-      debug(errors, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
-            platform.programs, platform.clock, platform.locale),
       paths(regEdit, platform.programs),
-      questionBox(debug, language, inifilesLite, platform.dialogs),
-      files(errors, debug, questionBox, platform.fileSystem, platform.locale),
-      iniFile(debug, inifilesLite, files, platform.fileSystem, platform.locks, platform.locale),
-      inifilesLite(debug, regEdit, iniFile, files, paths, language, questionBox,
-                   platform.fileSystem),
-      language(debug, regEdit, iniFile, inifilesLite, paths, questionBox, platform.fileSystem,
+      files(errors, debug, messageBoxes, platform.fileSystem, platform.locale),
+      iniFile(debug, files, platform.fileSystem, platform.locks, platform.locale),
+      inifilesLite(debug, regEdit, iniFile),
+      phoneModels(iniFile, inifilesLite),
+      language(debug, regEdit, iniFile, inifilesLite, paths, messageBoxes, platform.fileSystem,
                platform.locale),
+      questionBox(debug, language, inifilesLite, platform.dialogs),
+      traceSwitch(debug, regEdit, inifilesLite, paths, language, questionBox, platform.fileSystem,
+                  platform.programs, platform.locale),
+      settingsLocator(debug, regEdit, inifilesLite, files, paths, language, questionBox,
+                      platform.fileSystem),
       services{debug, inifilesLite, language, questionBox},
       documents(debug, regEdit, platform.programs),
       helpViewer(services, documents, platform.fileSystem, platform.programs),
@@ -48,11 +52,12 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
             [this, &formSmsSendView] {
                 return Draft::Contents{formSmsSendView.TextTo().GetText(), messageText.MeantText()};
             }),
+      // The form is made after its parts; what they are handed of it they only keep.
       submission(services, formSmsSend, formSmsSendView, recipientField, messageText,
                  lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientField),
-      formOptions(services, formOptionsView, forms, prefixes, platform.locale,
+      formOptions(services, formOptionsView, forms, prefixes, platform.locale, traceSwitch,
                   [this] {
                       prefixes.Forget();
                       formSmsSend.ApplySettings();

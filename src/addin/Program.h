@@ -31,13 +31,18 @@
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
+#include "settings/ErrorBoxes.h"
 #include "settings/Files.h"
 #include "settings/HelpViewer.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
+#include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
+#include "settings/PhoneModels.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
+#include "settings/SettingsLocator.h"
+#include "settings/TraceSwitch.h"
 
 namespace tellwick {
 
@@ -57,14 +62,19 @@ public:
 
     PendingError& errors;
     ProcessValues processValues;
-    RegEdit regEdit;
+    MessageBoxes messageBoxes;
+    ErrorBoxes errorBoxes;
     Debug debug;
+    RegEdit regEdit;
     Paths paths;
-    QuestionBox questionBox;
     Files files;
     IniFile iniFile;
     InifilesLite inifilesLite;
+    PhoneModels phoneModels;
     Language language;
+    QuestionBox questionBox;
+    TraceSwitch traceSwitch;
+    SettingsLocator settingsLocator;
     const Services services;
     Documents documents;
     HelpViewer helpViewer;

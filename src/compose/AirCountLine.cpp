@@ -11,7 +11,6 @@ namespace tellwick {
 
 namespace {
 
-constexpr TextView FormSection = u"FormSmsSend";
 constexpr TextView Separator = u" · ";
 
 TextView EncodingName(AirEncoding encoding) {
@@ -60,7 +59,7 @@ Text AirCountLine::Describe(const AirCount& count, std::size_t lost) const {
 }
 
 Text AirCountLine::Number(TextView key, std::int64_t number) const {
-    return ReplaceAll(language.TextOrBuiltIn(FormSection, key), u"%n", NumberText(number));
+    return ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, key), u"%n", NumberText(number));
 }
 
 }  // namespace tellwick

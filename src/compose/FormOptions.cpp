@@ -8,6 +8,7 @@
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
 #include "settings/QuestionBox.h"
+#include "settings/TraceSwitch.h"
 
 namespace tellwick {
 
@@ -19,10 +20,6 @@ constexpr TextView CountryPrefixes = u"Remove0InPrefixes";
 constexpr std::int64_t MostNumbers = 10000;
 constexpr std::int32_t UsualSizes[] = {8,  9,  10, 11, 12, 14, 16, 18,
                                        20, 22, 24, 26, 28, 36, 48, 72};  // points
-
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
 
 // What is no digit is left out; nothing left stands for the default.
 Text CleanNumber(TextView typed) {
@@ -48,12 +45,14 @@ Text Chosen(const ItemList& box) {
 }  // namespace
 
 FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms& forms,
-                         Prefixes& prefixes, Locale& locale, std::function<void()> applied)
+                         Prefixes& prefixes, Locale& locale, TraceSwitch& traceSwitch,
+                         std::function<void()> applied)
     : Services(services),
       view(view),
       forms(forms),
       prefixes(prefixes),
       locale(locale),
+      traceSwitch(traceSwitch),
       applied(std::move(applied)) {
     view.SetEvents(*this);
 }
@@ -113,7 +112,7 @@ void FormOptions::Form_Load() {
 
     view.CheckForgetAnswers().SetChecked(false);
     view.CheckForgetAnswers().SetEnabled(questionBox.AnswersRemembered());
-    traceShown = debug.SwitchedOn();
+    traceShown = traceSwitch.SwitchedOn();
     view.CheckTrace().SetChecked(traceShown);
     shown = Entered();
 }
@@ -212,7 +211,7 @@ void FormOptions::ButtonOK_Click() {
         }
         if (view.CheckForgetAnswers().Checked()) questionBox.ForgetAnswers();
         const bool trace = view.CheckTrace().Checked();
-        if (trace != traceShown) debug.SwitchOn(trace);
+        if (trace != traceShown) traceSwitch.SwitchOn(trace);
     }
     Unload();
     applied();

@@ -12,6 +12,7 @@
 namespace tellwick {
 
 class Prefixes;
+class TraceSwitch;
 
 class FormOptions : public Form, public FormOptionsEvents, private Services {
 public:
@@ -19,7 +20,7 @@ public:
 
     // `applied` is called once the user's changes are written.
     FormOptions(const Services& services, FormOptionsView& view, Forms& forms, Prefixes& prefixes,
-                Locale& locale, std::function<void()> applied);
+                Locale& locale, TraceSwitch& traceSwitch, std::function<void()> applied);
     ~FormOptions() override;
 
     // Opens the window, or brings the open one to the front, with the focus in a field.
@@ -59,6 +60,7 @@ private:
     Forms& forms;
     Prefixes& prefixes;
     Locale& locale;
+    TraceSwitch& traceSwitch;
     std::function<void()> applied;
 };
 

@@ -21,19 +21,6 @@
 
 namespace tellwick {
 
-namespace {
-
-// One line for the settings file: line breaks written as "\13" and "\10".
-Text ToSetting(TextView text) {
-    return ReplaceAll(ReplaceAll(text, u"\r", u"\\13"), u"\n", u"\\10");
-}
-
-Text FromSetting(TextView text) {
-    return ReplaceAll(ReplaceAll(text, u"\\13", u"\r"), u"\\10", u"\n");
-}
-
-}  // namespace
-
 FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                          const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,
                          AwaitedRecipients& awaitedRecipients, FormSmsPreview& formSmsPreview,

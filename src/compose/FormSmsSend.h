@@ -6,6 +6,7 @@
 
 #include "compose/SmsSettings.h"
 #include "platform/Forms.h"
+#include "settings/LanguageTexts.h"
 #include "settings/Services.h"
 
 namespace tellwick {
@@ -36,7 +37,7 @@ struct FormSmsSendParts {
 class FormSmsSend : public Form, private Services {
 public:
     // Of the form in the language file.
-    static constexpr TextView Name = u"FormSmsSend";
+    static constexpr TextView Name = FormSmsSendTexts;
 
     FormSmsSend(const Services& services, FormSmsSendView& view, Forms& forms,
                 const FormSmsSendParts& parts, Draft& draft, AirCountLine& airCountLine,

@@ -12,7 +12,6 @@ namespace tellwick {
 
 namespace {
 
-constexpr TextView FormSection = u"FormSmsSend";
 constexpr char16_t Delete = 127;
 constexpr std::int32_t SingleLimit = 160;
 constexpr std::int32_t PartSize = 153;
@@ -57,7 +56,7 @@ MessageText::MessageText(const Services& services, FormSmsSendView& view, Locale
     : Services(services), view(view), locale(locale) {}
 
 Text MessageText::FormText(TextView key) {
-    return language.TextOrBuiltIn(FormSection, key);
+    return language.TextOrBuiltIn(FormSmsSendTexts, key);
 }
 
 void MessageText::Reset() {
@@ -89,7 +88,7 @@ void MessageText::Message_Change() {
     const std::int32_t counted = ownLength + extraLength;
     // Looked up and not shown, on purpose.
     if (counted > SingleLimit && previousLength <= SingleLimit) {
-        language.GetLanguageString(FormSection, u"MsgBox12");
+        language.GetLanguageString(FormSmsSendTexts, u"MsgBox12");
     }
     const std::int32_t limit = PartLimit();
     if (counted > limit) view.CheckLong().SetEnabled(true);

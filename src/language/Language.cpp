@@ -9,8 +9,8 @@
 #include "settings/Debug.h"
 #include "settings/IniFile.h"
 #include "settings/InifilesLite.h"
+#include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
-#include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 
 namespace tellwick {
@@ -55,13 +55,13 @@ Text WithoutEnding(TextView file) {
 }  // namespace
 
 Language::Language(Debug& debug, RegEdit& regEdit, IniFile& iniFile, InifilesLite& inifilesLite,
-                   Paths& paths, QuestionBox& questionBox, FileSystem& fileSystem, Locale& locale)
+                   Paths& paths, MessageBoxes& messageBoxes, FileSystem& fileSystem, Locale& locale)
     : debug(debug),
       regEdit(regEdit),
       iniFile(iniFile),
       inifilesLite(inifilesLite),
       paths(paths),
-      questionBox(questionBox),
+      messageBoxes(messageBoxes),
       fileSystem(fileSystem),
       locale(locale) {}
 
@@ -139,8 +139,8 @@ void Language::LoadLanguageFile() {
     NameManualAndHelp(WithoutEnding(name));
     if (languageText.empty() &&
         !inifilesLite.GetIniSettingBool(u"Settings", u"NoLanguageFileMessage")) {
-        questionBox.MsgBoxEx(u"The language file '" + name + u"' seems to be empty!",
-                             box::IconExclamation);
+        messageBoxes.MsgBoxEx(u"The language file '" + name + u"' seems to be empty!",
+                              box::IconExclamation);
     }
     ReadLoadedTexts(folder);
     loading.Done();
@@ -222,7 +222,7 @@ Text Language::GetLanguageString(TextView section, TextView key, bool warn) {
     const Text bracketed = section.starts_with(u'[') ? Text(section) : u"[" + Text(section) + u"]";
     const Text value = Lookup(bracketed, key);
     if (warn && value.empty() && !languageText.empty()) {
-        questionBox.MsgBoxEx(
+        messageBoxes.MsgBoxEx(
             u"Missing '" + Text(key) + u"' in " + bracketed + u" in the language file!",
             box::IconExclamation);
     }

@@ -21,13 +21,13 @@ class Debug;
 class IniFile;
 class InifilesLite;
 class Paths;
-class QuestionBox;
+class MessageBoxes;
 class RegEdit;
 
 class Language : public LanguageTexts {
 public:
     Language(Debug& debug, RegEdit& regEdit, IniFile& iniFile, InifilesLite& inifilesLite,
-             Paths& paths, QuestionBox& questionBox, FileSystem& fileSystem, Locale& locale);
+             Paths& paths, MessageBoxes& messageBoxes, FileSystem& fileSystem, Locale& locale);
 
     Text GetLanguageString(TextView section, TextView key, bool warn = false) override;
     Text TextOrBuiltIn(TextView section, TextView key) override;
@@ -74,7 +74,7 @@ private:
     IniFile& iniFile;
     InifilesLite& inifilesLite;
     Paths& paths;
-    QuestionBox& questionBox;
+    MessageBoxes& messageBoxes;
     FileSystem& fileSystem;
     Locale& locale;
 };

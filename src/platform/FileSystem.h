@@ -37,10 +37,10 @@ public:
     virtual bool Write(TextView path, std::string_view contents, WriteMode mode) = 0;
 
     // Replaces the contents `before`, empty or missing ones when that is empty, so that no reader
-    // sees half of the new ones and a failure in the middle leaves the old file: writes a file
-    // beside it and swaps the two. Changed, with nothing replaced, when another program has
-    // written something else there meanwhile. A read-only file, or a folder of that name, is not
-    // replaced: Failed, with 70 or 75 noted.
+    // sees half of the new ones and a failure in the middle leaves the old file: makes a file
+    // beside it, under a name that nobody has, and swaps the two. Changed, with nothing replaced,
+    // when another program has written something else there meanwhile. Of a read-only file, or a
+    // folder of that name, nothing is replaced: Failed, with 70 or 75 noted.
     virtual SwapResult Swap(TextView path, std::string_view before, std::string_view contents) = 0;
 
     // Puts a file in the place of another, which may be missing. False, with 53, 70 or 75 noted,

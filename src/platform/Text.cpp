@@ -142,6 +142,12 @@ Text Trimmed(TextView text) {
     return Text(text.substr(first, text.find_last_not_of(u' ') - first + 1));
 }
 
+Text WithBackslash(TextView folder) {
+    Text ended(folder);
+    if (!ended.empty() && ended.back() != u'\\') ended += u'\\';
+    return ended;
+}
+
 TextView CutAtNul(TextView text) {
     return text.substr(0, text.find(u'\0'));
 }

@@ -27,6 +27,10 @@ inline char16_t LowerCase(char16_t unit) {
 }
 Text LowerCase(TextView text);
 
+inline bool IsDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
 // Equal without regard to letter case (by LowerCase).
 bool EqualFolded(TextView left, TextView right);
 
@@ -52,6 +56,9 @@ void OneLine(TextView text, Text& line);
 
 // Without leading and trailing blanks (code 32 only).
 Text Trimmed(TextView text);
+
+// A folder with a "\" at its end; the empty text stays as it is.
+Text WithBackslash(TextView folder);
 
 // Cut before the first NUL character; whole when there is none.
 TextView CutAtNul(TextView text);

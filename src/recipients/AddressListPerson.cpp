@@ -5,6 +5,7 @@
 #include "recipients/AddressBuckets.h"
 #include "recipients/AddressList.h"
 #include "recipients/NumberInText.h"
+#include "recipients/RunningHash.h"
 
 namespace tellwick {
 
@@ -53,11 +54,7 @@ private:
 // Beginnings of texts that no entry looks like. Words come again and again.
 class Barren {
 public:
-    static std::uint64_t KeyOf(TextView text) {
-        std::uint64_t key = 0xCBF29CE484222325;
-        for (const char16_t unit : text.substr(0, Decided + 1)) key = (key ^ unit) * 0x100000001B3;
-        return key;
-    }
+    static std::uint64_t KeyOf(TextView text) { return HashOfUnits(text.substr(0, Decided + 1)); }
     bool Has(std::uint64_t key) const { return keys[key % keys.size()] == key; }
     void Add(std::uint64_t key) { keys[key % keys.size()] = key; }
 

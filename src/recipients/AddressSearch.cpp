@@ -19,10 +19,6 @@ constexpr TextView Plain =
 
 constexpr char16_t FirstPlain = 0xE0;
 
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
-
 // Whether a text's unit is the typed one; one typed without accent stands for those with it.
 bool Same(char16_t unit, char16_t typed) {
     const char16_t folded = LowerCase(unit);

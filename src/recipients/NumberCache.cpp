@@ -12,16 +12,18 @@ namespace {
 constexpr TextView NumbersFile = u"numbers.txt";
 constexpr TextView DetailsFile = u"numbers2.txt";
 constexpr TextView NewEnding = u".new";
-constexpr std::string_view Title = "Tellwick numbers 2";
+constexpr std::string_view Title = "Tellwick numbers 3";
 constexpr std::string_view EndOfLine = "\r\n";
 constexpr std::string_view Separator = "  (";
 constexpr std::size_t LinesAStep = 1000;
 constexpr std::size_t BytesAStep = 1 << 18;
 constexpr std::uint32_t None = 0xFFFFFFFF;
 
-std::uint64_t HashOf(std::string_view bytes) {
+// Of bytes in two pieces.
+std::uint64_t HashOf(std::string_view bytes, std::string_view more = {}) {
     RunningHash hash;
     hash.Add(bytes);
+    hash.Add(more);
     return hash.Value();
 }
 
@@ -45,7 +47,6 @@ NumberCacheReader::NumberCacheReader(FileSystem& fileSystem, Locale& locale, con
         step = Step::Damaged;
         return;
     }
-    // Counted by the hash, so they can be relied on.
     builder.Reserve(entries);
     rows.reserve(entries);
     pending.reserve(entries);
@@ -58,7 +59,7 @@ NumberCacheReader::NumberCacheReader(FileSystem& fileSystem, Locale& locale, con
 std::string_view NumberCacheReader::NextLine(std::string_view& left) {
     const std::size_t end = left.find(EndOfLine);
     if (end == std::string_view::npos) {
-        left = {};
+        step = Step::Damaged;
         return {};
     }
     const std::string_view line = left.substr(0, end);
@@ -81,12 +82,17 @@ bool NumberCacheReader::ReadField(Number& number, int base) {
     return error == std::errc() && end == field.data() + field.size();
 }
 
+// Title, hash of the lines behind the head and of the head's own rest, which is the hash of the
+// other file and the counts. A count that no file of this size can have would take memory for
+// nothing.
 bool NumberCacheReader::ReadHead() {
     fields = NextLine(detailsLeft);
-    std::uint64_t numbersHash = 0, detailsHash = 0;
-    return Field() == Title && ReadField(numbersHash, 16) && numbersHash == HashOf(numbers) &&
-           ReadField(detailsHash, 16) && detailsHash == HashOf(detailsLeft) && ReadField(folders) &&
-           ReadField(items) && ReadField(entries);
+    const std::size_t most = detailsLeft.size() / EndOfLine.size();
+    std::uint64_t hash = 0, numbersHash = 0;
+    return Field() == Title && ReadField(hash, 16) && hash == HashOf(detailsLeft, fields) &&
+           ReadField(numbersHash, 16) && numbersHash == HashOf(numbers) && ReadField(folders) &&
+           ReadField(items) && ReadField(entries) && folders <= most && items <= most &&
+           entries <= most;
 }
 
 bool NumberCacheReader::ReadFolder() {
@@ -174,7 +180,9 @@ bool NumberCacheReader::DoStep() {
         case Step::Items:
             return each(items, Step::Entries, [&](std::size_t) { return ReadItem(); });
         case Step::Entries:
-            return each(entries, Step::Pending, [&](std::size_t) { return ReadEntry(); });
+            return each(entries,
+                        numbersLeft.empty() && detailsLeft.empty() ? Step::Pending : Step::Damaged,
+                        [&](std::size_t) { return ReadEntry(); });
         case Step::Pending:
             return each(lines.size(), Step::Rows,
                         [&](std::size_t index) { return ReadPending(index); });
@@ -333,15 +341,19 @@ void NumberCacheWriter::AppendEntry(std::size_t index) {
 }
 
 std::string NumberCacheWriter::Head() const {
-    std::string head(Title);
-    for (const std::uint64_t hash : {numbersHash.Value(), detailsHash.Value()}) {
-        head += '\t';
-        AppendNumber(head, hash, 16);
-    }
+    std::string rest;
+    AppendNumber(rest, numbersHash.Value(), 16);
     for (const std::size_t count : {book.folders.size(), book.items.size(), book.list.Size()}) {
-        head += '\t';
-        AppendNumber(head, count);
+        rest += '\t';
+        AppendNumber(rest, count);
     }
+    RunningHash hash = detailsHash;
+    hash.Add(rest);
+    std::string head(Title);
+    head += '\t';
+    AppendNumber(head, hash.Value(), 16);
+    head += '\t';
+    head.append(rest);
     return head.append(EndOfLine);
 }
 

@@ -11,10 +11,6 @@ constexpr TextView InsideNumber = u"0123456789 ()/-.\u00A0";
 constexpr std::ptrdiff_t LeastDigits = 6;
 constexpr std::ptrdiff_t LeastDigitsAlone = 3;
 
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
-
 // Letters, digits, and what holds an address together.
 bool IsJoined(char16_t unit) {
     return IsWordUnit(unit) || unit == u'@' || unit == u'_';

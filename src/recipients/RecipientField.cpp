@@ -16,7 +16,6 @@ namespace tellwick {
 
 namespace {
 
-constexpr TextView FormSection = u"FormSmsSend";
 constexpr TextView ListSection = u"SMSNumberList";
 constexpr std::int32_t FirstUnread = 50;  // so many keys less one are ever read
 constexpr std::int32_t AskClear = 52;
@@ -85,7 +84,7 @@ void RecipientField::GetListNumbers() {
     if (NumberList.empty()) NumberList.emplace_back();
     NumberListBound = std::int32_t(NumberList.size()) - 1;
     Refill(NumberList.size());
-    if (textTo.Count() >= 1) textTo.Add(language.TextOrBuiltIn(FormSection, u"ListClear"));
+    if (textTo.Count() >= 1) textTo.Add(language.TextOrBuiltIn(FormSmsSendTexts, u"ListClear"));
     if (textTo.Count() >= 2) textTo.SetSelectedIndex(0);
     TellRecent();
     addresses.NeededAnew();
@@ -183,12 +182,13 @@ void RecipientField::Add(TextView recipients) {
 
 void RecipientField::ShowPrefixHint() {
     prefixHint = prefixes.TakeRewritten() || prefixHint;
-    statusBar1.SetText(prefixHint ? language.TextOrBuiltIn(FormSection, u"PrefixHint") : Text());
+    statusBar1.SetText(prefixHint ? language.TextOrBuiltIn(FormSmsSendTexts, u"PrefixHint")
+                                  : Text());
 }
 
 void RecipientField::TextTo_Click() {
     Procedure procedure{debug, u"TextTo_Click"};
-    if (textTo.GetText() != language.TextOrBuiltIn(FormSection, u"ListClear")) {
+    if (textTo.GetText() != language.TextOrBuiltIn(FormSmsSendTexts, u"ListClear")) {
         fieldText = textTo.GetText();
         return;
     }
@@ -241,7 +241,7 @@ void RecipientField::ShowMatches() {
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
     if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
     listBoxNumbers.SetVisible(true);
-    statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Matches"), u"%n",
+    statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, u"Matches"), u"%n",
                                   NumberText(std::int64_t(matches.size()))));
 }
 
@@ -270,13 +270,13 @@ void RecipientField::Addresses_Change(bool listChanged) {
         progressShown = true;
         progressBar1.SetValue(addresses.Progress());
         if (addresses.FolderBeingRead().empty()) return;
-        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"Reading"), u"%f",
+        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, u"Reading"), u"%f",
                                       addresses.FolderBeingRead()));
     } else if (std::exchange(progressShown, false)) {
         progressBar1.SetValue(0);
         ShowMatches();
         if (addresses.Failed().empty()) return;
-        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSection, u"NotRead"), u"%f",
+        statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, u"NotRead"), u"%f",
                                       addresses.Failed()[0]));
     }
 }

@@ -1,4 +1,4 @@
-// A hash of bytes that come in pieces; tells damaged files from whole ones.
+// Hashes: of bytes that come in pieces, which tells damaged files from whole ones, and of texts.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,19 @@
 #include <cstring>
 #include <string_view>
 
+#include "platform/Text.h"
+
 namespace tellwick {
+
+inline constexpr std::uint64_t HashBasis = 0xCBF29CE484222325;
+inline constexpr std::uint64_t HashPrime = 0x100000001B3;
+
+// Of a short text, unit by unit; its lower bits are the less mixed the shorter it is.
+inline std::uint64_t HashOfUnits(TextView text) {
+    std::uint64_t hash = HashBasis;
+    for (const char16_t unit : text) hash = (hash ^ unit) * HashPrime;
+    return hash;
+}
 
 class RunningHash {
 public:
@@ -40,14 +52,14 @@ private:
     void Mix() {
         std::uint64_t bits = 0;
         std::memcpy(&bits, word.data(), sizeof bits);
-        hash = (hash ^ bits) * 0x100000001B3;
+        hash = (hash ^ bits) * HashPrime;
         hash ^= hash >> 29;
         filled = 0;
     }
 
     std::array<char, sizeof(std::uint64_t)> word{};
     std::size_t filled = 0;
-    std::uint64_t hash = 0xCBF29CE484222325;
+    std::uint64_t hash = HashBasis;
     std::uint64_t size = 0;
 };
 

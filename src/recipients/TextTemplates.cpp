@@ -73,8 +73,7 @@ void TextTemplates::Refill() {
 void TextTemplates::Save() {
     for (std::int32_t index = 0; index <= TemplateListBound; ++index) {
         const Text& text = TemplateList[std::size_t(index)];
-        inifilesLite.SetIniSetting(Section, TemplateKey(index),
-                                   ReplaceAll(ReplaceAll(text, u"\n", u"\\10"), u"\r", u"\\13"));
+        inifilesLite.SetIniSetting(Section, TemplateKey(index), ToSetting(text));
     }
     // What stood behind the last template must not come back with a later load.
     for (std::int32_t index = TemplateListBound + 1; index < MostTemplates; ++index) {
@@ -127,7 +126,7 @@ void TextTemplates::ButtonInsert_Click() {
 
 void TextTemplates::InsertText(TextView text) {
     Procedure procedure{debug, u"InsertText"};
-    if (!text.empty()) insert(ReplaceAll(ReplaceAll(text, u"\\13", u"\r"), u"\\10", u"\n"));
+    if (!text.empty()) insert(FromSetting(text));
 }
 
 }  // namespace tellwick

@@ -1,42 +1,55 @@
-// The trace: every procedure reports its entry and exit here; when tracing is on, each record
-// becomes a line of the trace file (or, in registry mode, the one record kept in the registry).
+// The records of the trace: every procedure reports its entry and exit here; when tracing is on,
+// each record becomes a line of the trace file (or, in registry mode, the one record kept in the
+// registry).
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <utility>
 
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/PendingError.h"
-#include "platform/Programs.h"
+#include "platform/Registry.h"
 #include "platform/Text.h"
 
 namespace tellwick {
 
-class InifilesLite;
-class LanguageTexts;
-class Paths;
-class QuestionBox;
-class RegEdit;
+class ErrorBoxes;
 
 // Levels of DebugTrace; any other number is a checkpoint inside the procedure.
 namespace trace {
 inline constexpr std::int32_t Enter = 0;
 inline constexpr std::int32_t Exit = 999;
 inline constexpr std::int32_t FreeText = -1;
+
+inline constexpr TextView ModeName = u"DebugMode";  // in the registry and in the settings
+inline constexpr std::int32_t RegistryMode = -1;
+inline constexpr std::int32_t TimeStampBit = 16;
 }  // namespace trace
+
+// Whether records are made, and how.
+struct TraceState {
+    bool active = false;
+    std::int32_t mode = 0;
+    bool timeStamps = false;  // split off the mode
+    bool silent = false;      // records are dropped: a text is being looked up for the trace itself
+    Text traceFile;           // full path; empty until DebugInit names it
+    Text indent;
+    Text addInKey;
+};
 
 class Debug {
 public:
-    Debug(PendingError& errors, RegEdit& regEdit, InifilesLite& inifilesLite, Paths& paths,
-          LanguageTexts& language, QuestionBox& questionBox, FileSystem& fileSystem,
-          Programs& programs, Clock& clock, Locale& locale);
+    Debug(PendingError& errors, Registry& registry, ErrorBoxes& errorBoxes, FileSystem& fileSystem,
+          Clock& clock, Locale& locale);
 
     // Writes one record. While tracing is off and no error is pending it counts, and every 256th
     // call looks whether tracing was switched on meanwhile. Never raises, never clears the error.
     void DebugTrace(TextView name, std::int32_t level) {
-        if (!active && !errors.number) {
+        if (!state.active && !errors.number) {
             if ((++idleCount & 0xFF) == 0xFF) LookForSwitchOn();
         } else {
             TraceCopy(name, level);
@@ -53,14 +66,13 @@ public:
     // Decides whether tracing is on, asks the user, and begins the trace file. With keyOnly it
     // only switches off and names the registry key. With force it decides anew although a trace
     // file is named already, and takes the question of a first switch-on as answered with OK.
-    void DebugInit(bool force, bool keyOnly);
-
-    // Whether registry or settings have it switched on, whatever it does now. Both functions are
-    // of use once DebugInit has named the registry key.
-    bool SwitchedOn();
-    // Switches it on, which is noticed while the program runs, or off from the next start on. A
-    // trace that is on keeps its mode.
-    void SwitchOn(bool on);
+    void DebugInit(bool force, bool keyOnly) {
+        if (decide) decide(force, keyOnly);
+    }
+    // How DebugInit does that. It takes settings and texts, whose modules report here themselves.
+    void DecideWith(std::function<void(bool force, bool keyOnly)> newDecide) {
+        decide = std::move(newDecide);
+    }
 
     // Runs what the host or the system has called. What it throws is traced as the error it stands
     // for and goes no further; false then.
@@ -78,43 +90,28 @@ public:
     // Inside a catch: traces what was caught as the error it stands for.
     void TraceException() noexcept;
 
-    bool Active() const { return active; }
-    std::int32_t Mode() const { return mode; }
+    bool Active() const { return state.active; }
+    std::int32_t Mode() const { return state.mode; }
+    TraceState& State() { return state; }
 
     // The pending error of the procedure that runs now.
     PendingError& Errors() { return errors; }
 
 private:
-    std::int32_t ReadNumber(TextView name);
-    std::int32_t ReadMode();
     void LookForSwitchOn() noexcept;
     void TraceCopy(TextView name, std::int32_t level) noexcept;
     void Trace(Text& name, std::int32_t level) noexcept;
     void ShowAndRecord(const PendingError& pending, Text& name, std::int32_t level);
     void Record(const PendingError& pending, Text& name, std::int32_t level);
-    bool AskFirstSwitchOn(bool force);
-    void AskWhetherToStayOn();
-    void StartFile();
-    void CheckVirusScanner();
-    Text MessageText(TextView key);
 
-    bool active = false;
-    std::int32_t mode = 0;
-    bool timeStamps = false;  // split off the mode
-    bool silent = false;      // records are dropped: one is being written, or a text looked up
+    TraceState state;
     std::uint32_t idleCount = 0;
-    Text traceFile;
-    Text indent;
-    Text addInKey;
+    std::function<void(bool force, bool keyOnly)> decide;
 
     PendingError& errors;
-    RegEdit& regEdit;
-    InifilesLite& inifilesLite;
-    Paths& paths;
-    LanguageTexts& language;
-    QuestionBox& questionBox;
+    Registry& registry;
+    ErrorBoxes& errorBoxes;
     FileSystem& fileSystem;
-    Programs& programs;
     Clock& clock;
     Locale& locale;
 };

@@ -3,15 +3,15 @@
 #include <vector>
 
 #include "settings/Debug.h"
-#include "settings/QuestionBox.h"
+#include "settings/MessageBoxes.h"
 
 namespace tellwick {
 
-Files::Files(PendingError& errors, Debug& debug, QuestionBox& questionBox, FileSystem& fileSystem,
+Files::Files(PendingError& errors, Debug& debug, MessageBoxes& messageBoxes, FileSystem& fileSystem,
              Locale& locale)
     : errors(errors),
       debug(debug),
-      questionBox(questionBox),
+      messageBoxes(messageBoxes),
       fileSystem(fileSystem),
       locale(locale) {}
 
@@ -33,7 +33,7 @@ bool Files::WriteFileConents(Text& path, TextView contents, bool append,
 }
 
 void Files::ReportFailure(TextView path) {
-    questionBox.MsgBoxEx(
+    messageBoxes.MsgBoxEx(
         Text(u"Error writing file: ").append(path).append(u", ").append(errors.description),
         box::IconExclamation);
 }

@@ -12,11 +12,11 @@
 namespace tellwick {
 
 class Debug;
-class QuestionBox;
+class MessageBoxes;
 
 class Files {
 public:
-    Files(PendingError& errors, Debug& debug, QuestionBox& questionBox, FileSystem& fileSystem,
+    Files(PendingError& errors, Debug& debug, MessageBoxes& messageBoxes, FileSystem& fileSystem,
           Locale& locale);
 
     // Writes (or appends) the contents in the ANSI code page, nothing added, creating missing
@@ -37,7 +37,7 @@ public:
 private:
     PendingError& errors;
     Debug& debug;
-    QuestionBox& questionBox;
+    MessageBoxes& messageBoxes;
     FileSystem& fileSystem;
     Locale& locale;
 };

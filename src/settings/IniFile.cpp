@@ -4,10 +4,8 @@
 #include <optional>
 
 #include "platform/Locks.h"
-#include "platform/Meanwhile.h"
 #include "settings/Debug.h"
 #include "settings/Files.h"
-#include "settings/InifilesLite.h"
 
 namespace tellwick {
 
@@ -15,8 +13,6 @@ namespace {
 
 constexpr std::string_view LineBreakBytes = "\r\n";
 constexpr std::string_view SectionBreak = "\r\n[";
-constexpr std::int32_t DefaultMaxSize = 512000;
-constexpr std::int32_t LeastMaxSize = 10240;
 constexpr int MostAttempts = 20;  // to write a file that others keep changing
 
 bool IsAscii(char16_t unit) {
@@ -29,25 +25,11 @@ void RemoveTrailingLineBreaks(std::string& text) {
 
 }  // namespace
 
-IniFile::IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSystem& fileSystem,
-                 Locks& locks, Locale& locale)
-    : debug(debug),
-      inifilesLite(inifilesLite),
-      files(files),
-      fileSystem(fileSystem),
-      locks(locks),
-      locale(locale) {}
+IniFile::IniFile(Debug& debug, Files& files, FileSystem& fileSystem, Locks& locks, Locale& locale)
+    : debug(debug), files(files), fileSystem(fileSystem), locks(locks), locale(locale) {}
 
-void IniFile::SetUp() {
-    Once settingUp(setUp);
-    Flush();
-    DropCache();
-    ReadLetterCase();
-    maxSize = DefaultMaxSize;
-    const std::int32_t wanted =
-        LeadingNumber32(inifilesLite.GetBaseIniSetting(u"Files", u"MaxSize", u"512000"));
-    if (wanted >= LeastMaxSize) maxSize = wanted;
-    settingUp.Done();
+void IniFile::SetMaxSize(std::int32_t bytes) {
+    maxSize = bytes >= LeastMaxSize ? bytes : UsualMaxSize;
 }
 
 void IniFile::ReadLetterCase() {
@@ -60,6 +42,7 @@ void IniFile::ReadLetterCase() {
         const std::string bytes = locale.ToAnsi(lower);
         if (bytes.size() == 1 && locale.FromAnsi(bytes) == lower) lowerCase[i] = bytes[0];
     }
+    letterCaseRead = true;
 }
 
 void IniFile::DropCache() {
@@ -79,7 +62,7 @@ bool IniFile::Waits(TextView file) const {
 }
 
 IniFile::Held IniFile::Load(TextView file) {
-    if (!setUp) SetUp();
+    if (!letterCaseRead) ReadLetterCase();
     if (cacheFile == file) return Held::Yes;
     if (Waits(cacheFile)) WriteOut(Text(cacheFile));
     const std::int64_t length = fileSystem.Length(file);

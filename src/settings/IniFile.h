@@ -22,13 +22,14 @@ namespace tellwick {
 
 class Debug;
 class Files;
-class InifilesLite;
 class Locks;
 
 class IniFile {
 public:
-    IniFile(Debug& debug, InifilesLite& inifilesLite, Files& files, FileSystem& fileSystem,
-            Locks& locks, Locale& locale);
+    IniFile(Debug& debug, Files& files, FileSystem& fileSystem, Locks& locks, Locale& locale);
+
+    // Files of so many bytes or more are not held. A limit that is too low becomes the usual one.
+    void SetMaxSize(std::int32_t bytes);
 
     // The value; the default when file, section or key is missing or unreadable. Never raises.
     // Flags other than 0 look first whether the file changed on disk, unless changes are waiting to
@@ -51,6 +52,9 @@ public:
     bool checkFileTime = false;
 
 private:
+    static constexpr std::int32_t UsualMaxSize = 512000;  // bytes
+    static constexpr std::int32_t LeastMaxSize = 10240;
+
     enum class Held { Yes, TooBig, Unreadable };
     using FoldTable = std::array<char, 256>;
     struct Fold {
@@ -59,7 +63,6 @@ private:
     };
     using Section = SectionEntries<char, Fold>;
 
-    void SetUp();
     void ReadLetterCase();
     // One change that is not on disk yet.
     struct Waiting {
@@ -92,12 +95,11 @@ private:
     std::vector<Waiting> waiting;
     // The sections found so far, by the name they were asked for with.
     std::unordered_map<std::string, Section> sections;
-    bool setUp = false;
-    std::int32_t maxSize = 0;  // bytes
-    FoldTable lowerCase{};     // of the bytes of the code page
+    std::int32_t maxSize = UsualMaxSize;
+    bool letterCaseRead = false;
+    FoldTable lowerCase{};  // of the bytes of the code page
 
     Debug& debug;
-    InifilesLite& inifilesLite;
     Files& files;
     FileSystem& fileSystem;
     Locks& locks;

@@ -2,35 +2,56 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 
-#include "platform/FileSystem.h"
 #include "platform/Text.h"
 
 namespace tellwick {
 
 class Debug;
-class Files;
 class IniFile;
-class LanguageTexts;
-class Paths;
-class QuestionBox;
 class RegEdit;
+
+// A text of several lines as the value of a setting, which is one line, and back: its line breaks
+// become "\13" and "\10".
+Text ToSetting(TextView text);
+Text FromSetting(TextView value);
+
+// Where settings are.
+struct SettingsPlaces {
+    static constexpr std::int32_t InRegistry = 2;
+    static constexpr std::int32_t InApplicationData = 0;
+
+    // 2: in the registry; 0: in INI files in the user's application-data folder; anything else: in
+    // INI files in the program folder.
+    std::int32_t saveIn = 0;
+    // Full paths.
+    Text baseFile;
+    Text currentFile;   // the profile file, or the base file
+    Text defaultsFile;  // of the phone models
+    Text configFile;    // empty when there is none
+};
 
 class InifilesLite {
 public:
-    InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Files& files, Paths& paths,
-                 LanguageTexts& language, QuestionBox& questionBox, FileSystem& fileSystem);
+    // A section below that of the program's settings is named so, followed by its own name.
+    static constexpr TextView NestedPrefix = u"SETTINGS\\";
+
+    InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile);
 
     // Locates all settings files and loads the language. Until then reads yield their defaults.
     void GetIniFile();
+    // How GetIniFile does that: by Use, and with texts and boxes that read settings themselves.
+    void LocateWith(std::function<void()> newLocate) { locate = std::move(newLocate); }
+    // From now on settings are read and written there.
+    void Use(SettingsPlaces newPlaces);
+    const SettingsPlaces& Places() const { return places; }
 
     // Whether GetIniFile has run, or runs now.
     bool Located() const { return located; }
     // Whether GetIniFile still looks for the files: no setting can be read yet.
-    bool Locating() const { return located && currentFile.empty(); }
-
-    // The settings folder for a storage kind, ending in "\"; empty when the user gave up.
-    Text GetIniFilename_(std::int32_t kind);
+    bool Locating() const { return located && places.currentFile.empty(); }
 
     // The folder of the base file, ending in "\"; empty when there is none.
     Text SettingsFolder();
@@ -61,51 +82,26 @@ public:
     // Writes what could not be written before; false when something still waits.
     bool Flush();
 
-    // A phone model's setting, with the inheritance of "SameAs".
-    Text GetMobileSetting(TextView section, TextView key, TextView defaultValue, bool userFileFirst,
-                          std::int16_t flags, bool ignoreUserFile);
-    // Whether the last phone-model read followed at least one "SameAs".
-    bool ModelInherited() const { return modelInherited; }
-
     // Full paths; empty before GetIniFile has run. ConfigFile stays empty when there is none.
-    const Text& BaseFile() const { return baseFile; }
-    const Text& CurrentFile() const { return currentFile; }
-    const Text& ConfigFile() const { return configFile; }
+    const Text& BaseFile() const { return places.baseFile; }
+    const Text& CurrentFile() const { return places.currentFile; }
+    const Text& ConfigFile() const { return places.configFile; }
 
 private:
     friend class SettingsBatch;
 
-    Text LocateFile(std::int32_t kind);
-    Text DefaultFolder(std::int32_t kind);
     Text Read(const Text& file, TextView section, TextView key, TextView defaultValue,
               bool registryFallback, std::int16_t flags);
     bool Write(const Text& file, TextView section, TextView key, TextView value);
-    Text WalkModels(const Text& section, TextView key, std::int16_t flags);
 
-    // Where settings live: 2 the registry, 0 INI files in the user's application-data folder,
-    // anything else INI files in the program folder.
-    std::int32_t saveIn = 0;
-    Text baseFile;
-    Text currentFile;  // the profile file, or the base file
-    Text defaultsFile;
-    Text configFile;
-    Text userModelFile;      // the user's own phone models; no part of the program names one
-    Text iniFolderOverride;  // settings folder chosen by the user
-    bool profileWarned = false;
+    SettingsPlaces places;
+    std::function<void()> locate;
     bool located = false;
-    Text lastModelSection;  // first section and first target of the last walk through models
-    Text lastSameAs;
-    bool modelInherited = false;
     int batches = 0;
 
     Debug& debug;
     RegEdit& regEdit;
     IniFile& iniFile;
-    Files& files;
-    Paths& paths;
-    LanguageTexts& language;
-    QuestionBox& questionBox;
-    FileSystem& fileSystem;
 };
 
 // While one exists, settings are written to memory only; the end of the last one writes the file

@@ -9,6 +9,9 @@ namespace tellwick {
 
 class FormView;
 
+// The section of the texts of the window in which an SMS is written; also its name.
+inline constexpr TextView FormSmsSendTexts = u"FormSmsSend";
+
 // Where the user's manual is, in the language chosen. Full paths; empty before the language is
 // loaded.
 struct ManualPlaces {

@@ -4,15 +4,6 @@
 
 namespace tellwick {
 
-namespace {
-
-Text WithBackslash(Text folder) {
-    if (!folder.empty() && folder.back() != u'\\') folder += u'\\';
-    return folder;
-}
-
-}  // namespace
-
 Paths::Paths(RegEdit& regEdit, Programs& programs) : regEdit(regEdit), programs(programs) {}
 
 void Paths::PathsInit() {

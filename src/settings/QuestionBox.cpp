@@ -22,26 +22,11 @@ Text AnswerKey(std::int32_t number) {
     return u"Answer" + NumberText(number);
 }
 
-TextView ShownPart(TextView message) {
-    return message.substr(0, message.find(u'|'));
-}
-
 }  // namespace
 
 QuestionBox::QuestionBox(Debug& debug, LanguageTexts& language, InifilesLite& inifilesLite,
                          Dialogs& dialogs)
-    : debug(debug), language(language), inifilesLite(inifilesLite), dialogs(dialogs) {}
-
-Answer QuestionBox::MsgBoxEx(TextView message, std::uint32_t flags, Text& title) {
-    if (title.empty()) title = ApplicationName;
-    return dialogs.MessageBox(ShownPart(message), flags & ~(RememberedAnswer | AffirmativeIsOne),
-                              title);
-}
-
-Answer QuestionBox::MsgBoxEx(TextView message, std::uint32_t flags) {
-    Text title;
-    return MsgBoxEx(message, flags, title);
-}
+    : MessageBoxes(dialogs), debug(debug), language(language), inifilesLite(inifilesLite) {}
 
 Text QuestionBox::MessageText(std::int32_t number, TextView placeholder, TextView replacement) {
     debug.DebugTrace(u"MsgBoxMessage:", number);

@@ -1,12 +1,10 @@
-// Message boxes: the one wrapper for all of them, and the numbered messages whose texts live in
-// the language file.
+// The numbered messages, whose texts live in the language file, and what the user types into a box.
 #pragma once
 
 #include <cstdint>
 #include <vector>
 
-#include "platform/Dialogs.h"
-#include "platform/Text.h"
+#include "settings/MessageBoxes.h"
 
 namespace tellwick {
 
@@ -14,19 +12,10 @@ class Debug;
 class InifilesLite;
 class LanguageTexts;
 
-class QuestionBox {
+class QuestionBox : public MessageBoxes {
 public:
-    // Style bits of the program's own, which the system's box never sees.
-    static constexpr std::uint32_t RememberedAnswer = 0x90000000;
-    static constexpr std::uint32_t AffirmativeIsOne = 0x80;
-
     QuestionBox(Debug& debug, LanguageTexts& language, InifilesLite& inifilesLite,
                 Dialogs& dialogs);
-
-    // Shows the part of the message before its first "|". An empty title becomes the
-    // application's and is handed back.
-    Answer MsgBoxEx(TextView message, std::uint32_t flags, Text& title);
-    Answer MsgBoxEx(TextView message, std::uint32_t flags);
 
     // Shows text "Msg" + number of section "Messages", every occurrence of the placeholder
     // replaced. With RememberedAnswer in the flags the user may have the answer remembered and is
@@ -57,7 +46,6 @@ private:
     Debug& debug;
     LanguageTexts& language;
     InifilesLite& inifilesLite;
-    Dialogs& dialogs;
 };
 
 }  // namespace tellwick

@@ -1,5 +1,6 @@
-// Owners of the system's and COM's resources: nothing in this folder calls Release, CloseHandle and
-// their like by hand.
+// Owners of the system's and COM's resources. What one of them holds it alone gives back; by hand
+// that is done only where the system fills a structure, or lends something for the length of a
+// function.
 #pragma once
 
 #include <windows.h>

@@ -16,7 +16,7 @@ constexpr COLORREF LightGrey = RGB(192, 192, 192);
 // A device context that the bitmap is selected into for as long as it lives.
 class Canvas {
 public:
-    explicit Canvas(HBITMAP bitmap)
+    explicit Canvas(HGDIOBJ bitmap)
         : context(CreateCompatibleDC(nullptr)), previous(SelectObject(context, bitmap)) {}
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
@@ -95,7 +95,7 @@ BitmapHandle WindowsBitmaps::CreateMapped(std::int32_t resource, SystemColour li
 }
 
 ObjectPtr WindowsBitmaps::CreatePicture(BitmapHandle bitmap) {
-    return MakePicture(reinterpret_cast<HBITMAP>(bitmap));
+    return MakePicture(GdiObject(reinterpret_cast<HBITMAP>(bitmap)));
 }
 
 std::int32_t WindowsBitmaps::Resolution() {
@@ -112,28 +112,28 @@ ObjectPtr WindowsBitmaps::CreateIconPicture(std::int32_t resource, std::int32_t 
     pixels.bmiHeader.biPlanes = 1;
     pixels.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(nullptr, &pixels, DIB_RGB_COLORS, &bits, nullptr, 0);
+    GdiObject bitmap(CreateDIBSection(nullptr, &pixels, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!icon || !bitmap) {
         NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
-        if (bitmap) DeleteObject(bitmap);
         return nullptr;
     }
     // Drawn over nothing at all, the icon brings its transparency along.
-    DrawIconEx(Canvas(bitmap).Get(), 0, 0, icon.get(), side, side, 0, nullptr, DI_NORMAL);
-    return MakePicture(bitmap);
+    DrawIconEx(Canvas(bitmap.get()).Get(), 0, 0, icon.get(), side, side, 0, nullptr, DI_NORMAL);
+    return MakePicture(std::move(bitmap));
 }
 
-ObjectPtr WindowsBitmaps::MakePicture(HBITMAP bitmap) {
+ObjectPtr WindowsBitmaps::MakePicture(GdiObject bitmap) {
     PICTDESC description{};
     description.cbSizeofstruct = sizeof description;
     description.picType = PICTYPE_BITMAP;
-    description.bmp.hbitmap = bitmap;
+    description.bmp.hbitmap = static_cast<HBITMAP>(bitmap.get());
     ComPtr<IDispatch> picture;
     const HRESULT result = OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE,
                                                     reinterpret_cast<void**>(picture.Out()));
     if (FAILED(result)) {
-        DeleteObject(bitmap);
         NoteFailure(errors, result);
+    } else {
+        static_cast<void>(bitmap.release());
     }
     return WrapDispatch(errors, picture.Get());
 }
@@ -158,12 +158,12 @@ void WindowsBitmaps::PutOnClipboard(const ObjectPtr& picture) {
         return;
     }
     // A copy of the screen's kind, which is what the clipboard hands on everywhere.
-    const auto copy =
-        CopyImage(reinterpret_cast<HBITMAP>(ULONG_PTR(handle)), IMAGE_BITMAP, 0, 0, 0);
+    GdiObject copy(CopyImage(reinterpret_cast<HBITMAP>(ULONG_PTR(handle)), IMAGE_BITMAP, 0, 0, 0));
     const OpenClipboardScope clipboard(ClipboardWindow());
     const bool own = clipboard && (GetClipboardOwner() == clipboardWindow || EmptyClipboard());
-    if (!own || !SetClipboardData(CF_BITMAP, copy)) {
-        DeleteObject(copy);
+    if (own && SetClipboardData(CF_BITMAP, copy.get())) {
+        static_cast<void>(copy.release());
+    } else {
         NoteFailure(errors, HRESULT_FROM_WIN32(GetLastError()));
     }
 }

@@ -21,7 +21,7 @@ public:
     void PutOnClipboard(const ObjectPtr& picture) override;
 
 private:
-    ObjectPtr MakePicture(HBITMAP bitmap);
+    ObjectPtr MakePicture(GdiObject bitmap);
     HWND ClipboardWindow();
 
     PendingError& errors;

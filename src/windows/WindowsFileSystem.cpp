@@ -34,6 +34,47 @@ bool IsOpen(const Handle& file) {
     return file.get() != INVALID_HANDLE_VALUE;
 }
 
+// A file that is made beside another one, under a name that nobody has, and goes again with this.
+class FileBeside {
+public:
+    FileBeside() = default;
+    FileBeside(const FileBeside&) = delete;
+    FileBeside& operator=(const FileBeside&) = delete;
+    ~FileBeside() {
+        if (!name.empty()) DeleteFileW(Wide(name));
+    }
+
+    // Calls create with one name after the other until there was no such file; false when that
+    // fails for another reason, which the system's last error tells.
+    template <class Create>
+    bool Make(TextView path, TextView ending, const Create& create) {
+        for (int number = 1; number <= MostNames; ++number) {
+            Text tried = Text(path).append(u".").append(NumberText(number)).append(ending);
+            if (create(tried)) {
+                name = std::move(tried);
+                return true;
+            }
+            const DWORD error = GetLastError();
+            if (error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS) break;
+        }
+        return false;
+    }
+
+    const Text& Name() const { return name; }
+
+    // Puts it in the place of the other one. False when that fails.
+    bool Replace(TextView path) {
+        if (!MoveFileExW(Wide(name), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) return false;
+        name.clear();
+        return true;
+    }
+
+private:
+    static constexpr int MostNames = 1000;
+
+    Text name;  // empty when there is none
+};
+
 }  // namespace
 
 bool WindowsFileSystem::NoteLastError() {
@@ -130,19 +171,21 @@ SwapResult WindowsFileSystem::Swap(TextView path, std::string_view before,
         errors.Note(error::PathFileAccess, u"Path/File access error");
         return SwapResult::Failed;
     }
-    const Text aside = Text(path) + u".new";
-    const Text old = Text(path) + u".old";
-    const auto finish = [&](SwapResult result) {
-        if (result == SwapResult::Failed) NoteLastError();
-        DeleteFileW(Wide(aside));
-        DeleteFileW(Wide(old));
-        return result;
+    const auto failed = [this] {
+        NoteLastError();
+        return SwapResult::Failed;
     };
+    FileBeside aside, old;
     {
-        const Handle file = Open(aside, GENERIC_WRITE, CREATE_ALWAYS);
-        if (!IsOpen(file)) return finish(SwapResult::Failed);
-        if (!WriteTo(file.get(), contents) || !FlushFileBuffers(file.get())) {
-            return finish(SwapResult::Failed);
+        // Closed before it is moved or deleted.
+        Handle file;
+        const auto create = [&file](TextView name) {
+            file = Open(name, GENERIC_WRITE, CREATE_NEW);
+            return IsOpen(file);
+        };
+        if (!aside.Make(path, u".new", create) || !WriteTo(file.get(), contents) ||
+            !FlushFileBuffers(file.get())) {
+            return failed();
         }
     }
     const auto unchanged = [&](TextView file) {
@@ -150,21 +193,20 @@ SwapResult WindowsFileSystem::Swap(TextView path, std::string_view before,
     };
     // A second name, by which the old file can still be read once it has been replaced. Not every
     // file system gives one.
-    DeleteFileW(Wide(old));
-    const bool linked = CreateHardLinkW(Wide(old), Wide(Text(path)), nullptr);
+    const bool linked = old.Make(path, u".old", [path](const Text& name) {
+        return CreateHardLinkW(Wide(name), Wide(Text(path)), nullptr) != 0;
+    });
     for (int attempt = 1;; ++attempt) {
         // Compared last of all, so that hardly any time is left to another program.
-        if (!unchanged(path)) return finish(SwapResult::Changed);
-        if (MoveFileExW(Wide(aside), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING)) {
+        if (!unchanged(path)) return SwapResult::Changed;
+        if (aside.Replace(path)) {
             // It may have used even that: then what it wrote comes back.
-            const bool tooLate =
-                linked && !unchanged(old) &&
-                MoveFileExW(Wide(old), Wide(Text(path)), MOVEFILE_REPLACE_EXISTING);
-            return finish(tooLate ? SwapResult::Changed : SwapResult::Done);
+            const bool tooLate = linked && !unchanged(old.Name()) && old.Replace(path);
+            return tooLate ? SwapResult::Changed : SwapResult::Done;
         }
         const DWORD error = GetLastError();
         const bool isOpen = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-        if (!isOpen || attempt == MostAttempts) return finish(SwapResult::Failed);
+        if (!isOpen || attempt == MostAttempts) return failed();
         Sleep(AttemptPause);
     }
 }

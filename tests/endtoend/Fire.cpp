@@ -3,7 +3,9 @@
 #include <doctest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <random>
@@ -18,6 +20,7 @@
 #include "endtoend/Printing.h"
 
 using namespace tellwick::endtoend;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -161,29 +164,44 @@ TEST_CASE("settings that three programs change at once keep everybody's last val
     }
 }
 
-TEST_CASE("a file is wholly old or wholly new, at whatever byte its writer dies") {
+TEST_CASE(
+    "a file is wholly old or wholly new, at whatever byte its writer dies or the disk is full") {
     Machine machine;
-    const std::wstring file = machine.ProgramFolder() + L"fire.ini";
+    const fs::path folder = machine.ProgramFolder() + L"fire";
+    const std::wstring file = (folder / L"fire.ini").wstring();
     const std::string before = "[SMS]\r\nsender=anna\r\n";
     const std::string after = "[SMS]\r\nSENDER=ANNA\r\n";
-    int withOld = 0, withNew = 0;
-    for (int step = 0;; ++step) {
-        WriteBytes(file, before);
-        const Child writer(FireCommand(L"swap \"" + file + L"\" " + std::to_wstring(step)));
-        REQUIRE(writer.Ends(10000));
-        const std::string contents = ReadBytes(file);
-        if (writer.ExitCode() == 0) {
-            CHECK(contents == after);
-            break;
+    // The user's own, whatever they are.
+    const std::array<std::wstring, 4> others = {file + L".new", file + L".old", file + L".1.new",
+                                                file + L".1.old"};
+    for (const wchar_t* mode : {L"swap \"", L"full-disk \""}) {
+        int withOld = 0, withNew = 0;
+        for (int step = 1;; ++step) {
+            REQUIRE(step < 200);
+            CAPTURE(step);
+            fs::remove_all(folder);
+            fs::create_directory(folder);
+            WriteBytes(file, before);
+            for (const std::wstring& other : others) WriteBytes(other, "mine");
+            const Child writer(FireCommand(mode + file + L"\" " + std::to_wstring(step)));
+            REQUIRE(writer.Ends(10000));
+            const std::string contents = ReadBytes(file);
+            for (const std::wstring& other : others) CHECK(ReadBytes(other) == "mine");
+            const DWORD end = writer.ExitCode();
+            const bool died = end == 1;
+            REQUIRE((died || end == 0 || end >= 4));
+            if (!died) {
+                CHECK(contents == (end == 4 ? before : after));
+                CHECK(std::distance(fs::directory_iterator(folder), {}) == 1 + others.size());
+            }
+            if (end == 0) break;
+            REQUIRE_MESSAGE((contents == before || contents == after), contents);
+            ++(contents == before ? withOld : withNew);
         }
-        REQUIRE(writer.ExitCode() == 1);
-        REQUIRE_MESSAGE((contents == before || contents == after), contents);
-        ++(contents == before ? withOld : withNew);
+        MESSAGE("old after " << withOld << " deaths or failures, new after " << withNew);
+        CHECK(withOld > int(before.size()));
+        CHECK(withNew > 0);
     }
-    MESSAGE("old after " << withOld << " deaths, new after " << withNew);
-    CHECK(withOld > int(before.size()));
-    CHECK(withNew > 0);
-    for (const wchar_t* rest : {L".new", L".old"}) CHECK(!FileExists(file + rest));
 }
 
 TEST_CASE("a library of the system's is never taken from the current folder") {

@@ -1,6 +1,10 @@
-// Phone numbers, the number list and the text templates.
+// Phone numbers, the number list, the known contacts and the text templates.
+#include <initializer_list>
+#include <sstream>
+
 #include "fuzz/Targets.h"
 #include "platform/TestProgram.h"
+#include "recipients/NumberCache.h"
 
 namespace tellwick::test {
 
@@ -97,6 +101,54 @@ void FuzzTemplates(Input input) {
     form.program.textTemplates.ButtonInsert_Click();
     Require(form.view.Message().GetText() == meant && meant == text,
             "line breaks come back when a template is inserted");
+}
+
+// Fields: the counts in the head of numbers2.txt, and all of numbers.txt; then the lines behind the
+// head, under hashes that fit.
+void FuzzKnown(Input input) {
+    const Text folder = u"C:\\Data\\";
+    MemoryPlatform platform;
+    auto& files = platform.fileSystem.files;
+    auto& numbers = files[folder + u"numbers.txt"].contents;
+    auto& details = files[folder + u"numbers2.txt"].contents;
+    const std::string_view counts = input.Field();
+    numbers = input.Field();
+    const auto hash = [](std::initializer_list<std::string_view> pieces) {
+        RunningHash running;
+        for (const std::string_view piece : pieces) running.Add(piece);
+        std::ostringstream digits;
+        digits << std::hex << running.Value();
+        return digits.str();
+    };
+    const std::string rest = hash({numbers}).append("\t").append(counts);
+    details = "Tellwick numbers 3\t" + hash({input.Rest(), rest}) + "\t" + rest + "\r\n" +
+              std::string(input.Rest());
+
+    std::string written;
+    for (int round = 1; round <= 2; ++round) {
+        NumberCacheReader reader(platform.fileSystem, platform.locale, folder);
+        while (reader.DoSome()) {
+        }
+        const std::optional<AddressBook> book = reader.Take();
+        Require(book || round == 1, "what was written can be read");
+        if (!book) return;
+        std::size_t lines = 1;
+        for (std::size_t end = 0; (end = details.find("\r\n", end) + 2) != details.size();) {
+            Require(end >= 2, "nothing is left behind the last line");
+            ++lines;
+        }
+        Require(lines == 1 + book->folders.size() + book->items.size() + book->list.Size(),
+                "every line is read");
+        for (const KeptItem& item : book->items)
+            Require(item.folder < book->folders.size(), "an item lies in a folder");
+        for (std::size_t row = 0; row < book->list.Rows(); ++row)
+            Require(book->list.Row(row).item < book->items.size(), "a number is an item's");
+        NumberCacheWriter writer(platform.fileSystem, platform.locale, folder, *book);
+        while (writer.DoSome()) {
+        }
+        Require(round == 1 || written == numbers + details, "what was read is written as it was");
+        written = numbers + details;
+    }
 }
 
 // Fields: options (k: keep empty ones, t: translate, q: quoted), the separator; then the text.

@@ -173,8 +173,8 @@ void FuzzTrace(Input input) {
                 "a record is one line, and one more for an error");
     }
     for (const bool on : {true, false}) {
-        m.debug.SwitchOn(on);
-        Require(m.debug.SwitchedOn() == on || !HasNothingTwice(input.RestText()),
+        m.traceSwitch.SwitchOn(on);
+        Require(m.traceSwitch.SwitchedOn() == on || !HasNothingTwice(input.RestText()),
                 "tracing can be switched on and off");
     }
 }

@@ -42,6 +42,7 @@ void FuzzLanguage(Input input);
 void FuzzTrace(Input input);
 // Recipients and templates
 void FuzzNumbers(Input input);
+void FuzzKnown(Input input);
 void FuzzTemplates(Input input);
 void FuzzList(Input input);
 void FuzzPhone(Input input);
@@ -50,16 +51,11 @@ void FuzzHex(Input input);
 void FuzzAir(Input input);
 void FuzzQueue(Input input);
 
-inline const std::vector<FuzzTarget> FuzzTargets = {{"ini", FuzzIni},
-                                                    {"language", FuzzLanguage},
-                                                    {"trace", FuzzTrace},
-                                                    {"numbers", FuzzNumbers},
-                                                    {"templates", FuzzTemplates},
-                                                    {"list", FuzzList},
-                                                    {"phone", FuzzPhone},
-                                                    {"hex", FuzzHex},
-                                                    {"air", FuzzAir},
-                                                    {"queue", FuzzQueue}};
+inline const std::vector<FuzzTarget> FuzzTargets = {
+    {"ini", FuzzIni},         {"language", FuzzLanguage}, {"trace", FuzzTrace},
+    {"numbers", FuzzNumbers}, {"known", FuzzKnown},       {"templates", FuzzTemplates},
+    {"list", FuzzList},       {"phone", FuzzPhone},       {"hex", FuzzHex},
+    {"air", FuzzAir},         {"queue", FuzzQueue}};
 
 // Ends the run as a fault that was found.
 inline void Require(bool holds, const char* what) {

@@ -108,24 +108,30 @@ public:
         if (!MayWrite(path)) return false;
         File& file = files[Text(path)];
         if (mode == WriteMode::Replace) file.contents.clear();
-        file.contents.append(contents);
         file.modified = ++time;
-        return true;
+        // What a full disk has taken before it was full stays.
+        const bool full = Fails(error::PathFileAccess);
+        file.contents.append(full ? contents.substr(0, contents.size() / 2) : contents);
+        return !full;
     }
     SwapResult Swap(TextView path, std::string_view before, std::string_view contents) override {
         if (onSwap) onSwap();
         const auto found = files.find(Text(path));
         const std::string now = found == files.end() ? std::string() : found->second.contents;
         if (now != before) return SwapResult::Changed;
-        return Write(path, contents, WriteMode::Replace) ? SwapResult::Done : SwapResult::Failed;
+        if (Fails(error::PathFileAccess) || !MayWrite(path)) return SwapResult::Failed;
+        files[Text(path)].contents = contents;
+        files[Text(path)].modified = ++time;
+        return SwapResult::Done;
     }
     bool Rename(TextView from, TextView to) override {
         if (Fails(error::PathFileAccess)) return false;
-        const auto file = files.extract(Text(from));
-        if (file.empty()) {
+        if (!files.contains(Text(from))) {
             errors.Note(error::FileNotFound, u"File not found");
             return false;
         }
+        if (!MayWrite(to)) return false;
+        const auto file = files.extract(Text(from));
         files[Text(to)] = std::move(file.mapped());
         return true;
     }
@@ -209,7 +215,6 @@ private:
     }
     bool MayWrite(TextView path) {
         const auto found = files.find(Text(path));
-        if (Fails(error::PathFileAccess)) return false;
         const bool readOnly = found != files.end() && found->second.readOnly;
         if (failWrites || readOnly || FolderExists(path)) {
             errors.Note(error::PathFileAccess, u"Path/File access error");

@@ -95,7 +95,7 @@ TEST_CASE("a folder that cannot be written is asked for until one can, or none i
         CHECK(m.Registry(RootKey, u"IniFiles") == u"(missing)");
     }
     SUBCASE("given up") {
-        CHECK(m.inifilesLite.GetIniFilename_(2) == u"");
+        CHECK(m.settingsLocator.GetIniFilename_(2) == u"");
         CHECK(m.Registry(RootKey, u"IniFiles") == u"x");
     }
 }
@@ -236,9 +236,9 @@ TEST_CASE("phone models inherit by SameAs") {
     for (const Case& c : cases) {
         for (const bool userFileFirst : {false, true}) {
             CAPTURE(c.section);
-            CHECK(m.inifilesLite.GetMobileSetting(c.section, c.key, u"default", userFileFirst, 0,
-                                                  false) == c.value);
-            CHECK(m.inifilesLite.ModelInherited() == c.inherited);
+            CHECK(m.phoneModels.GetMobileSetting(c.section, c.key, u"default", userFileFirst, 0,
+                                                 false) == c.value);
+            CHECK(m.phoneModels.ModelInherited() == c.inherited);
         }
     }
 }

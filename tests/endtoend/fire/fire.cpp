@@ -6,6 +6,8 @@
 //   fire swap FILE STEP                          replaces the file by its letters in upper case,
 //                                                but dies before that step; a step is a call that
 //                                                changes files, or one byte of what is written
+//   fire full-disk FILE STEP                     the same, but the step fails and the program goes
+//                                                on; what deletes is no step
 //   fire library NAME FUNCTION                   looks a function of a system library up; the exit
 //                                                code is 0 when there is one
 //
@@ -107,10 +109,15 @@ void SenderSettings(const Text& path, const std::string& section, DWORD seconds)
     });
 }
 
-int stepsLeft = 0;
+test::Faults steps;
+bool stepsFail = false;
 
-void Step() {
-    if (stepsLeft-- == 0) TerminateProcess(GetCurrentProcess(), 1);
+// False when this one fails.
+bool Step() {
+    if (!steps.Hit()) return true;
+    if (!stepsFail) TerminateProcess(GetCurrentProcess(), 1);
+    SetLastError(ERROR_DISK_FULL);
+    return false;
 }
 
 template <class Function>
@@ -121,24 +128,28 @@ Function* OfSystem(const char* name) {
 
 HANDLE WINAPI StepAndCreate(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                             DWORD disposition, DWORD attributes, HANDLE likeThis) {
-    Step();
-    return OfSystem<decltype(CreateFileW)>("CreateFileW")(path, access, share, security,
-                                                          disposition, attributes, likeThis);
+    return Step() ? OfSystem<decltype(CreateFileW)>("CreateFileW")(
+                        path, access, share, security, disposition, attributes, likeThis)
+                  : INVALID_HANDLE_VALUE;
+}
+BOOL WINAPI StepAndFlush(HANDLE file) {
+    return Step() && OfSystem<decltype(FlushFileBuffers)>("FlushFileBuffers")(file);
+}
+BOOL WINAPI StepAndLink(LPCWSTR link, LPCWSTR file, SECURITY_ATTRIBUTES* security) {
+    return Step() && OfSystem<decltype(CreateHardLinkW)>("CreateHardLinkW")(link, file, security);
 }
 BOOL WINAPI StepAndMove(LPCWSTR from, LPCWSTR to, DWORD flags) {
-    Step();
-    return OfSystem<decltype(MoveFileExW)>("MoveFileExW")(from, to, flags);
+    return Step() && OfSystem<decltype(MoveFileExW)>("MoveFileExW")(from, to, flags);
 }
 BOOL WINAPI StepAndDelete(LPCWSTR path) {
-    Step();
+    if (!stepsFail) Step();
     return OfSystem<decltype(DeleteFileW)>("DeleteFileW")(path);
 }
 BOOL WINAPI WriteInSteps(HANDLE file, const void* bytes, DWORD count, DWORD* written, OVERLAPPED*) {
     const auto write = OfSystem<decltype(WriteFile)>("WriteFile");
     for (*written = 0; *written < count; ++*written) {
-        Step();
         DWORD one = 0;
-        if (!write(file, static_cast<const char*>(bytes) + *written, 1, &one, nullptr))
+        if (!Step() || !write(file, static_cast<const char*>(bytes) + *written, 1, &one, nullptr))
             return FALSE;
     }
     return TRUE;
@@ -161,17 +172,21 @@ bool Replace(const char* name, Function* replacement) {
     return true;
 }
 
+// 0 when it was replaced, 5 when it was although a step has failed, 4 when it was not.
 int SwapUntil(Machine& machine, const Text& file, int step) {
     const std::string before = machine.fileSystem.Read(file).value_or("");
     std::string after = before;
     std::transform(before.begin(), before.end(), after.begin(), [](char letter) {
         return letter >= 'a' && letter <= 'z' ? char(letter - 'a' + 'A') : letter;
     });
-    if (!Replace("CreateFileW", StepAndCreate) || !Replace("MoveFileExW", StepAndMove) ||
+    if (!Replace("CreateFileW", StepAndCreate) || !Replace("FlushFileBuffers", StepAndFlush) ||
+        !Replace("CreateHardLinkW", StepAndLink) || !Replace("MoveFileExW", StepAndMove) ||
         !Replace("DeleteFileW", StepAndDelete) || !Replace("WriteFile", WriteInSteps))
         return 3;
-    stepsLeft = step;
-    return machine.fileSystem.Swap(file, before, after) == SwapResult::Done ? 0 : 4;
+    steps.failAt = step;
+    if (machine.fileSystem.Swap(file, before, after) == SwapResult::Done)
+        return steps.calls < step ? 0 : 5;
+    return 4;
 }
 
 }  // namespace
@@ -189,7 +204,8 @@ int wmain(int count, wchar_t** words) {
         Settings(machine, word(2), word(3), DWORD(number(4)));
     } else if (mode == u"sender-settings") {
         SenderSettings(word(2), windows::ToAnsi(word(3)), DWORD(number(4)));
-    } else if (mode == u"swap") {
+    } else if (mode == u"swap" || mode == u"full-disk") {
+        stepsFail = mode == u"full-disk";
         return SwapUntil(machine, word(2), number(3));
     } else if (mode == u"library") {
         const auto function = windows::SystemFunction<FARPROC>(windows::Wide(word(2)),
