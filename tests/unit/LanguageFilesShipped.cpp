@@ -42,16 +42,17 @@ struct ShippedLanguage {
     TextView file;
     const char* codePage;
     TextView letters;
+    TextView yesNo;  // the access keys of Windows' own answers
 };
 constexpr ShippedLanguage Languages[] = {
-    {u"Cesky.lng", "CP1250", u"áčďéěíňóřšťúůýžČŠŽ„“"},
-    {u"Deutsch.lng", "CP1252", u"äöüßÄÖÜ„“"},
-    {u"English.lng", "CP1252", u"“”"},
-    {u"Espanol.lng", "CP1252", u"áéíñóúü¿“”"},
-    {u"Francais.lng", "CP1252", u"àâçèéêîôùûÀÉ«»\u00A0"},
-    {u"Nederlands.lng", "CP1252", u"éëï"},
-    {u"Polski.lng", "CP1250", u"ąćęłńóśźżŁŚŻ„”"},
-    {u"Portugues-BR.lng", "CP1252", u"áâãçéêíóôõú“”"},
+    {u"Cesky.lng", "CP1250", u"áčďéěíňóřšťúůýžČŠŽ„“", u"an"},
+    {u"Deutsch.lng", "CP1252", u"äöüßÄÖÜ„“", u"jn"},
+    {u"English.lng", "CP1252", u"“”", u"yn"},
+    {u"Espanol.lng", "CP1252", u"áéíñóúü¿“”", u"sn"},
+    {u"Francais.lng", "CP1252", u"àâçèéêîôùûÀÉ«»\u00A0", u"on"},
+    {u"Nederlands.lng", "CP1252", u"éëï", u"jn"},
+    {u"Polski.lng", "CP1250", u"ąćęłńóśźżŁŚŻ„”", u"tn"},
+    {u"Portugues-BR.lng", "CP1252", u"áâãçéêíóôõú“”", u"sn"},
 };
 
 Text Decoded(std::string bytes, const char* codePage) {
@@ -89,6 +90,22 @@ struct ShippedFile {
 
     bool Knows(char16_t character) const {
         return character < 0x7F || language.letters.find(character) != TextView::npos;
+    }
+    // Whether every sign that a line must not begin with is held at its word as the language wants
+    // it: in French by a blank that does not break, elsewhere without one.
+    bool SignsHold(TextView text) const {
+        const bool blank = Knows(0x00A0);
+        for (std::size_t at = 1; at < text.size(); ++at) {
+            const bool behindBlank = text[at - 1] == u' ';
+            const bool held = text[at - 1] == 0x00A0;
+            if (TextView(u":;?!»").find(text[at]) == TextView::npos) {
+                if (blank && text.substr(at - 1, 2) == u"« ") return false;
+                if (blank && behindBlank && text.substr(at, 2) == u"%)") return false;
+            } else if (behindBlank || held != blank) {
+                return false;
+            }
+        }
+        return true;
     }
     // The letter behind "&", in lower case; 0 when there is none.
     char16_t Mnemonic(TextView text) const {
@@ -170,10 +187,16 @@ TEST_CASE("the texts of every language file fit their places") {
                 CHECK(text == builtIn.text);
             }
             CHECK(Placeholders(text) == Placeholders(builtIn.text));
+            CHECK(file.SignsHold(text));
             const char16_t mnemonic = file.Mnemonic(text);
             CHECK((mnemonic != 0 || builtIn.text.find(u'&') == TextView::npos));
-            if (mnemonic == 0 || builtIn.section == u"Messages") continue;
-            // One letter for one control of a form; a control's second caption keeps the letter.
+            // This one stands in boxes without other letters.
+            if (mnemonic == 0 || builtIn.key == u"DoNotShowAgain") continue;
+            if (builtIn.key == u"DoNotAskAgain") {
+                CHECK(file.language.yesNo.find(mnemonic) == TextView::npos);
+            }
+            // One letter for one control of a form or a box; a control's second caption keeps the
+            // letter.
             const std::size_t second = builtIn.key.rfind(u".On");
             if (second != TextView::npos) {
                 const Text first = Name(builtIn.section, builtIn.key.substr(0, second));
