@@ -304,11 +304,11 @@ Function ShowPrefixPage
     !insertmacro MUI_HEADER_TEXT "$(PrefixTitle)" "$(PrefixSubtitle)"
     nsDialogs::Create 1018
     Pop $0
-    ${NSD_CreateLabel} 0 0 100% 48u "$(PrefixText)"
+    ${NSD_CreateLabel} 0 0 100% 64u "$(PrefixText)"
     Pop $0
-    ${NSD_CreateLabel} 0 58u 90u 12u "$(PrefixLabel)"
+    ${NSD_CreateLabel} 0 74u 90u 12u "$(PrefixLabel)"
     Pop $0
-    ${NSD_CreateText} 95u 56u 60u 13u "$Prefix"
+    ${NSD_CreateText} 95u 72u 60u 13u "$Prefix"
     Pop $PrefixField
     nsDialogs::Show
 FunctionEnd
