@@ -1,0 +1,35 @@
+// The contents of one language file, and the search in them.
+//
+// A section begins with a line "[name]"; an entry is a line "key=value". Letter case counts. In a
+// value "\n" stands for a carriage return and "\t" for a tab.
+#pragma once
+
+#include <functional>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/Text.h"
+#include "settings/SectionEntries.h"
+
+namespace tellwick {
+
+class LanguageText {
+public:
+    LanguageText() = default;
+    explicit LanguageText(TextView contents);
+
+    bool Empty() const { return text.empty(); }
+    // Of the section in brackets; empty when there is none.
+    Text Find(const Text& bracketed, TextView key);
+
+private:
+    using Section = SectionEntries<char16_t, std::identity>;
+
+    Section* FindSection(const Text& bracketed);
+
+    Text text;                                   // every line ends in one carriage return
+    std::vector<std::size_t> brackets;           // positions of "[" in it
+    std::unordered_map<Text, Section> sections;  // those found so far, by bracketed name
+};
+
+}  // namespace tellwick
