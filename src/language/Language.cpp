@@ -134,7 +134,7 @@ void Language::LoadLanguageFile() {
     if (contents.empty()) {
         contents = fileSystem.Read(folder + Text(EnglishFile)).value_or(std::string());
     }
-    languageText = LanguageText(locale.FromAnsi(contents));
+    languageText = LanguageText(contents, locale);
     NameManualAndHelp(WithoutEnding(name));
     if (languageText.Empty() &&
         !inifilesLite.GetIniSettingBool(u"Settings", u"NoLanguageFileMessage")) {

@@ -10,7 +10,20 @@ constexpr TextView LineEnd = u"\r";
 
 }  // namespace
 
-LanguageText::LanguageText(TextView contents) : text(ReplaceAll(contents, LineBreak, LineEnd)) {
+LanguageText::LanguageText(std::string_view bytes, Locale& locale) {
+    // What the code page is called reads the same in all of them.
+    Use(Text(reinterpret_cast<const std::uint8_t*>(bytes.data()),
+             reinterpret_cast<const std::uint8_t*>(bytes.data() + bytes.size())));
+    const std::int64_t codePage = LeadingNumber32(Find(u"[Misc]", u"CodePage"));
+    std::optional<Text> named;
+    if (codePage > 0) named = locale.FromCodePage(std::uint32_t(codePage), bytes);
+    Use(named ? *named : locale.FromAnsi(bytes));
+}
+
+void LanguageText::Use(TextView contents) {
+    text = ReplaceAll(contents, LineBreak, LineEnd);
+    sections.clear();
+    brackets.clear();
     std::replace(text.begin(), text.end(), LineFeed, CarriageReturn);
     for (std::size_t at = text.find(u'['); at != Text::npos; at = text.find(u'[', at + 1)) {
         brackets.push_back(at);

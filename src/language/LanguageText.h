@@ -1,13 +1,15 @@
 // The contents of one language file, and the search in them.
 //
 // A section begins with a line "[name]"; an entry is a line "key=value". Letter case counts. In a
-// value "\n" stands for a carriage return and "\t" for a tab.
+// value "\n" stands for a carriage return and "\t" for a tab. A file can name the code page that it
+// is in, "CodePage=1250" in the section "Misc"; without that it is in the system's.
 #pragma once
 
 #include <functional>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Locale.h"
 #include "platform/Text.h"
 #include "settings/SectionEntries.h"
 
@@ -16,7 +18,7 @@ namespace tellwick {
 class LanguageText {
 public:
     LanguageText() = default;
-    explicit LanguageText(TextView contents);
+    LanguageText(std::string_view bytes, Locale& locale);
 
     bool Empty() const { return text.empty(); }
     // Of the section in brackets; empty when there is none.
@@ -25,6 +27,7 @@ public:
 private:
     using Section = SectionEntries<char16_t, std::identity>;
 
+    void Use(TextView contents);
     Section* FindSection(const Text& bracketed);
 
     Text text;                                   // every line ends in one carriage return

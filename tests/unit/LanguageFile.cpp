@@ -34,6 +34,21 @@ TEST_CASE("texts are found by section and key") {
     }
 }
 
+TEST_CASE("a file that names its code page is read by it, any other by the system's") {
+    const std::string word =
+        "k=Wy\x9C"
+        "lij za\xBF\xF3\xB3\xE6\r\n";
+    for (const auto& [page, value] : {std::pair{"1250", u"Wyślij zażółć"s},
+                                      {"1252", u"Wyœlij za¿ó³æ"s},
+                                      {"", u"Wyœlij za¿ó³æ"s},
+                                      {"99999", u"Wyœlij za¿ó³æ"s},
+                                      {"-1", u"Wyœlij za¿ó³æ"s}}) {
+        CAPTURE(page);
+        SettingsModules m("[A]\r\n" + word + "[Misc]\r\nCodePage="s + page + "\r\n");
+        CHECK(m.language.GetLanguageString(u"A", u"k") == value);
+    }
+}
+
 TEST_CASE("a missing text is told on demand, and only while there is a file") {
     SettingsModules m("[A]\r\nk=1\r\n");
     CHECK((m.language.GetLanguageString(u"A", u"k", true) == u"1"));

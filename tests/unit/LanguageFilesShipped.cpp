@@ -1,6 +1,5 @@
 // The language files that ship with the add-in, against each other and the texts built in.
 #include <doctest.h>
-#include <iconv.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -17,8 +16,9 @@ using namespace tellwick::test;
 namespace {
 
 // Looked up with another fallback than a built-in text, or none.
-constexpr std::array<std::array<TextView, 2>, 6> NotBuiltIn = {
+constexpr std::array<std::array<TextView, 2>, 7> NotBuiltIn = {
     {{u"TellwickOutlookAddIn", u"mNewSMS"},
+     {u"Misc", u"CodePage"},
      {u"Misc", u"Infrared"},
      {u"Misc", u"Outlook"},
      {u"Misc", u"no"},
@@ -40,33 +40,20 @@ std::set<Text> TextsLookedUp() {
 // another encoding decodes into other characters.
 struct ShippedLanguage {
     TextView file;
-    const char* codePage;
+    std::uint32_t codePage;
     TextView letters;
     TextView yesNo;  // the access keys of Windows' own answers
 };
 constexpr ShippedLanguage Languages[] = {
-    {u"Cesky.lng", "CP1250", u"áčďéěíňóřšťúůýžČŠŽ„“", u"an"},
-    {u"Deutsch.lng", "CP1252", u"äöüßÄÖÜ„“", u"jn"},
-    {u"English.lng", "CP1252", u"“”", u"yn"},
-    {u"Espanol.lng", "CP1252", u"áéíñóúü¿“”", u"sn"},
-    {u"Francais.lng", "CP1252", u"àâçèéêîôùûÀÉ«»\u00A0", u"on"},
-    {u"Nederlands.lng", "CP1252", u"éëï", u"jn"},
-    {u"Polski.lng", "CP1250", u"ąćęłńóśźżŁŚŻ„”", u"tn"},
-    {u"Portugues-BR.lng", "CP1252", u"áâãçéêíóôõú“”", u"sn"},
+    {u"Cesky.lng", 1250, u"áčďéěíňóřšťúůýžČŠŽ„“", u"an"},
+    {u"Deutsch.lng", 1252, u"äöüßÄÖÜ„“", u"jn"},
+    {u"English.lng", 1252, u"“”", u"yn"},
+    {u"Espanol.lng", 1252, u"áéíñóúü¿“”", u"sn"},
+    {u"Francais.lng", 1252, u"àâçèéêîôùûÀÉ«»\u00A0", u"on"},
+    {u"Nederlands.lng", 1252, u"éëï", u"jn"},
+    {u"Polski.lng", 1250, u"ąćęłńóśźżŁŚŻ„”", u"tn"},
+    {u"Portugues-BR.lng", 1252, u"áâãçéêíóôõú“”", u"sn"},
 };
-
-Text Decoded(std::string bytes, const char* codePage) {
-    Text text(bytes.size(), u'\0');
-    char* from = bytes.data();
-    char* to = reinterpret_cast<char*>(text.data());
-    std::size_t fromLeft = bytes.size();
-    std::size_t toLeft = 2 * text.size();
-    const iconv_t conversion = iconv_open("UTF-16LE", codePage);
-    CHECK(iconv(conversion, &from, &fromLeft, &to, &toLeft) == 0);
-    iconv_close(conversion);
-    text.resize(text.size() - toLeft / 2);
-    return text;
-}
 
 struct ShippedFile {
     ShippedLanguage language;
@@ -78,7 +65,8 @@ struct ShippedFile {
                              std::ios::binary);
         bytes.assign(std::istreambuf_iterator<char>(stream), {});
         Text section;
-        for (const Text& line : Split(Decoded(bytes, shipped.codePage), LineBreak)) {
+        for (const Text& line :
+             Split(*MemoryLocale().FromCodePage(shipped.codePage, bytes), LineBreak)) {
             const std::size_t equals = line.find(u'=');
             if (line.starts_with(u'[')) section = line.substr(1, line.size() - 2);
             if (equals == Text::npos) continue;
@@ -156,6 +144,7 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
             CAPTURE(name);
             CHECK(file.texts.contains(name));
         }
+        CHECK(file.texts.at(u"Misc/CodePage") == NumberText(file.language.codePage));
         for (const auto& text : file.texts) {
             CAPTURE(text.first);
             CHECK(wanted.contains(text.first));
