@@ -112,11 +112,20 @@ Text Language::LanguageName(TextView setting) {
     return WithoutEnding(FileOf(setting));
 }
 
-std::vector<Text> Language::LanguageNames() {
-    std::vector<Text> names = fileSystem.FileNames(LanguageFolder(), FileEnding);
-    for (Text& name : names) name = WithoutEnding(name);
-    std::sort(names.begin(), names.end(), LessFolded);
-    return names;
+std::vector<LanguageChoice> Language::Languages() {
+    const Text folder = LanguageFolder();
+    std::vector<LanguageChoice> languages;
+    for (const Text& file : fileSystem.FileNames(folder, FileEnding)) {
+        LanguageText text(fileSystem.Read(folder + file).value_or(std::string()), locale);
+        const Text name = WithoutEnding(file);
+        const Text ownName = text.Find(u"[Misc]", u"Language");
+        languages.push_back({name, ownName.empty() ? name : ownName});
+    }
+    std::sort(languages.begin(), languages.end(),
+              [this](const LanguageChoice& one, const LanguageChoice& other) {
+                  return locale.SortKey(one.ownName) < locale.SortKey(other.ownName);
+              });
+    return languages;
 }
 
 void Language::LoadLanguageFile() {

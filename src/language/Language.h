@@ -27,7 +27,7 @@ public:
     Text GetLanguageString(TextView section, TextView key, bool warn = false) override;
     Text TextOrBuiltIn(TextView section, TextView key) override;
     void LoadLanguageFile() override;
-    std::vector<Text> LanguageNames() override;
+    std::vector<LanguageChoice> Languages() override;
     Text LanguageName(TextView setting) override;
     void GetLanguageStringsForForm(TextView formName, FormView& view) override;
 

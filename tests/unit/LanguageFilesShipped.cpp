@@ -16,9 +16,10 @@ using namespace tellwick::test;
 namespace {
 
 // Looked up with another fallback than a built-in text, or none.
-constexpr std::array<std::array<TextView, 2>, 7> NotBuiltIn = {
+constexpr std::array<std::array<TextView, 2>, 8> NotBuiltIn = {
     {{u"TellwickOutlookAddIn", u"mNewSMS"},
      {u"Misc", u"CodePage"},
+     {u"Misc", u"Language"},
      {u"Misc", u"Infrared"},
      {u"Misc", u"Outlook"},
      {u"Misc", u"no"},
