@@ -216,6 +216,12 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormOptions", u"ButtonOK", u"OK"},
     {u"FormOptions", u"ButtonCancel", u"Abbrechen"},
     {u"FormOptions", u"CheckNumberCache", u"&Kontakte für den nächsten Start merken"},
+    {u"Characters", u"Space", u"Leerzeichen"},
+    {u"Characters", u"NoBreakSpace", u"geschütztes Leerzeichen"},
+    {u"Characters", u"Tab", u"Tabulator"},
+    {u"Characters", u"LineBreak", u"Zeilenwechsel"},
+    {u"Characters", u"SoftHyphen", u"bedingter Trennstrich"},
+    {u"Characters", u"Invisible", u"unsichtbar"},
 };
 
 }  // namespace
