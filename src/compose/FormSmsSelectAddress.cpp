@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -172,20 +173,23 @@ void FormSmsSelectAddress::SortRows() {
 
 void FormSmsSelectAddress::ShowRows() {
     const AddressList& list = addresses.List();
-    search = AddressSearch(view.TextSearch().GetText());
+    std::vector<Text> folders;
+    for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
+        folders.push_back(addresses.FolderName(std::uint16_t(folder)));
+    search = AddressSearch(view.TextSearch().GetText(), folders);
     const std::int32_t folder = view.BoxFolder().SelectedIndex() - 1;
     if (search.IsEmpty() && folder < 0) {
         shown = sorted;
     } else {
-        std::vector<Text> names;
-        for (std::size_t index = 0; index < addresses.Folders(); ++index)
-            names.push_back(addresses.FolderName(std::uint16_t(index)));
-        shown.clear();
-        for (const std::uint32_t index : sorted) {
+        // In the order in which they lie in memory, which takes a fraction of the time.
+        std::vector<bool> found(list.Rows());
+        for (std::size_t index = 0; index < found.size(); ++index) {
             const AddressRow row = list.Row(index);
-            if (folder >= 0 && row.folder != folder) continue;
-            if (search.IsEmpty() || search.Matches(row, names[row.folder])) shown.push_back(index);
+            found[index] = (folder < 0 || row.folder == folder) && search.Matches(row);
         }
+        shown.clear();
+        std::copy_if(sorted.begin(), sorted.end(), std::back_inserter(shown),
+                     [&](std::uint32_t index) { return found[index]; });
     }
     view.ListAddresses().SetRowCount(shown.size());
     ShowStatus();

@@ -123,12 +123,17 @@ Text ReplaceAll(TextView text, TextView what, TextView with) {
 }
 
 Text OneLine(TextView text) {
+    Text line;
+    OneLine(text, line);
+    return line;
+}
+
+void OneLine(TextView text, Text& line) {
     const auto isBlank = [](char16_t unit) { return unit <= u' '; };
     const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
     const auto last = std::find_if_not(text.rbegin(), std::reverse_iterator(first), isBlank).base();
-    Text line(first, last);
+    line.assign(first, last);
     for (char16_t& unit : line) unit = std::max(unit, u' ');
-    return line;
 }
 
 Text Trimmed(TextView text) {

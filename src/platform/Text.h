@@ -48,6 +48,7 @@ Text ReplaceAll(TextView text, TextView what, TextView with);
 
 // On one line: control characters as blanks, none at the ends.
 Text OneLine(TextView text);
+void OneLine(TextView text, Text& line);
 
 // Without leading and trailing blanks (code 32 only).
 Text Trimmed(TextView text);

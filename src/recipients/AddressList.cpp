@@ -106,6 +106,21 @@ bool AddressList::Continues(std::size_t entry, std::size_t from, TextView folded
     return LowerCase(EntryText(entry)).compare(from, folded.size(), folded) == 0;
 }
 
+// Of a person's number, when it is there.
+std::optional<std::uint32_t> AddressList::NumberIdOf(TextView name, TextView number) const {
+    const Text folded = LowerCase(Text(name).append(Separator).append(number).append(u")"));
+    const auto unit = [&](std::size_t at) { return folded[at]; };
+    const std::size_t bucket = BucketRange(BucketUnits, unit).first;
+    const auto [signature, mask] = SignatureOf(folded.size(), unit);
+    for (std::uint32_t at = startBuckets[bucket]; at < startBuckets[bucket + 1]; ++at) {
+        const Start& start = starts[at];
+        if (((start.signature ^ signature) & mask) != 0 || entries[start.entry].byFileAs) continue;
+        const StoredRow& row = rows[entries[start.entry].row];
+        if (At(row.number) == number && EqualFolded(At(row.name), name)) return row.numberId;
+    }
+    return {};
+}
+
 void AddressList::MatchAll(TextView folded, Marks& begins, Marks& others) const {
     if (startBuckets.empty()) return;
     const std::size_t length = folded.size();

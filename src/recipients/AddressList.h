@@ -73,6 +73,7 @@ public:
 
 private:
     friend class AddressListBuilder;
+    friend class AddressListMerger;
 
     struct Span {
         std::uint32_t at;
@@ -100,6 +101,7 @@ private:
     class Marks;
 
     TextView At(const Span& span) const { return {texts.data() + span.at, span.length}; }
+    std::optional<std::uint32_t> NumberIdOf(TextView name, TextView number) const;
     bool Continues(std::size_t entry, std::size_t from, TextView folded) const;
     std::optional<std::size_t> RowNamedAtStart(TextView folded, bool& promising) const;
     void MatchAll(TextView folded, Marks& begins, Marks& others) const;

@@ -92,22 +92,36 @@ void AddressListBuilder::AddEntry(std::uint32_t row, bool byFileAs) {
     step = Step::Index;
 }
 
-TextView AddressListBuilder::Name(AddressList::Entry entry) const {
-    const AddressList::StoredRow& row = list.rows[entry.row];
-    return list.At(entry.byFileAs ? row.fileAs : row.name);
-}
-
 bool AddressListBuilder::Before(const Sortable& left, const Sortable& right) const {
     if (left.keyStart != right.keyStart) return left.keyStart < right.keyStart;
-    if (const int order = Key(left.entry).compare(Key(right.entry))) return order < 0;
+    if (left.name != right.name) {
+        if (const int order = Key(left.name).compare(Key(right.name))) return order < 0;
+    }
     if (list.rows[left.entry.row].kind != list.rows[right.entry.row].kind)
         return list.rows[left.entry.row].kind < list.rows[right.entry.row].kind;
     return left.entry.row < right.entry.row;
 }
 
-std::string_view AddressListBuilder::Key(AddressList::Entry entry) const {
-    const std::size_t index = 2 * entry.row + entry.byFileAs;
-    return std::string_view(keys).substr(keyStarts[index], keyStarts[index + 1] - keyStarts[index]);
+std::string_view AddressListBuilder::Key(std::uint32_t name) const {
+    return {keys.data() + keyStarts[name], keyStarts[name + 1] - keyStarts[name]};
+}
+
+// A name comes with each of a person's numbers, and people share names.
+AddressListBuilder::Sortable AddressListBuilder::ToSort(AddressList::Entry entry) {
+    const AddressList::StoredRow& row = list.rows[entry.row];
+    const TextView text = list.At(entry.byFileAs ? row.fileAs : row.name);
+    Sortable sortable{{}, names.NumberOf(HashOf(text)), entry};
+    if (sortable.name + 1 == keyStarts.size()) {
+        keys += locale.SortKey(text);
+        keyStarts.push_back(std::uint32_t(keys.size()));
+    }
+    const std::string_view key = Key(sortable.name);
+    std::size_t at = 0;
+    for (std::uint64_t& part : sortable.keyStart) {
+        for (const std::size_t stop = at + sizeof part; at < stop; ++at)
+            part = part << 8 | (at < key.size() ? std::uint8_t(key[at]) : 0);
+    }
+    return sortable;
 }
 
 bool AddressListBuilder::DoSome(std::size_t most) {
@@ -149,31 +163,25 @@ bool AddressListBuilder::DoSome(std::size_t most) {
 }
 
 void AddressListBuilder::MakeKeys(std::size_t most) {
+    if (next == 0) {
+        keyStarts.assign(1, 0);
+        names.Reserve(2 * list.rows.size());
+        sorted.reserve(2 * list.rows.size());
+    }
     const std::size_t end = std::min(list.rows.size(), next + most);
     for (; next < end; ++next) {
         const auto row = std::uint32_t(next);
-        for (const bool byFileAs : {false, true}) {
-            keyStarts.push_back(std::uint32_t(keys.size()));
-            const AddressList::Entry entry{row, byFileAs};
-            const TextView name = Name(entry);
-            if (byFileAs && name.empty()) continue;
-            const std::string key = locale.SortKey(name);
-            keys += key;
-            std::uint64_t keyStart = 0;
-            for (std::size_t at = 0; at < sizeof keyStart; ++at)
-                keyStart = keyStart << 8 | (at < key.size() ? std::uint8_t(key[at]) : 0);
-            sorted.push_back({keyStart, entry});
-        }
+        sorted.push_back(ToSort({row, false}));
+        if (list.rows[row].fileAs.length > 0) sorted.push_back(ToSort({row, true}));
     }
     if (next < list.rows.size()) return;
-    keyStarts.push_back(std::uint32_t(keys.size()));
     next = 0;
     step = Step::Sort;
 }
 
 void AddressListBuilder::SortRun(std::size_t most) {
     // Sorting is faster than merging, as long as it stays short.
-    constexpr std::size_t Longer = 4;
+    constexpr std::size_t Longer = 16;
     const std::size_t end = std::min(sorted.size(), next + Longer * most);
     std::sort(sorted.begin() + std::ptrdiff_t(next), sorted.begin() + std::ptrdiff_t(end),
               [&](const auto& one, const auto& other) { return Before(one, other); });
@@ -191,6 +199,7 @@ void AddressListBuilder::Merge(std::size_t most) {
         std::vector<Sortable>().swap(merged);
         std::string().swap(keys);
         std::vector<std::uint32_t>().swap(keyStarts);
+        names = {};
         next = 0;
         step = Step::Index;
         return;

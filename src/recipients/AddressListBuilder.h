@@ -1,6 +1,7 @@
 // Makes an address list of rows in small steps, so that nobody has to wait for it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -63,7 +64,8 @@ private:
 
     // An entry with the first bytes of its sort key, which mostly decide.
     struct Sortable {
-        std::uint64_t keyStart;
+        std::array<std::uint64_t, 2> keyStart;
+        std::uint32_t name;  // numbered from 0, each once
         AddressList::Entry entry;
     };
     template <class Type>
@@ -73,8 +75,8 @@ private:
     };
 
     AddressList::Span Store(TextView text);
-    TextView Name(AddressList::Entry entry) const;
-    std::string_view Key(AddressList::Entry entry) const;
+    std::string_view Key(std::uint32_t name) const;
+    Sortable ToSort(AddressList::Entry entry);
     bool Before(const Sortable& left, const Sortable& right) const;
     void MakeKeys(std::size_t most);
     void SortRun(std::size_t most);
@@ -91,7 +93,8 @@ private:
     HashNumbers numbers;
     Step step = Step::Keys;
     std::size_t next = 0;
-    // Sort keys by 2 * row + byFileAs, in one piece.
+    // Sort keys by name, in one piece.
+    HashNumbers names;
     std::string keys;
     std::vector<std::uint32_t> keyStarts;
     std::vector<Sortable> sorted, merged;

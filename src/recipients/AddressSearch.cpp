@@ -26,7 +26,7 @@ bool IsDigit(char16_t unit) {
 // Whether a text's unit is the typed one; one typed without accent stands for those with it.
 bool Same(char16_t unit, char16_t typed) {
     const char16_t folded = LowerCase(unit);
-    return folded == typed || (typed < 0x80 && WithoutAccent(folded) == typed);
+    return folded == typed || (unit >= 0x80 && typed < 0x80 && WithoutAccent(folded) == typed);
 }
 
 bool StartsAt(TextView text, std::size_t at, TextView word) {
@@ -40,8 +40,10 @@ bool StartsAt(TextView text, std::size_t at, TextView word) {
 // Where a word of the text begins so; npos when none does.
 std::size_t FindStart(TextView text, TextView word, std::size_t from = 0) {
     for (std::size_t at = from; at < text.size(); ++at) {
-        const bool begins = IsWordUnit(text[at]) && (at == 0 || !IsWordUnit(text[at - 1]));
-        if ((begins || at == 0) && StartsAt(text, at, word)) return at;
+        // The first unit mostly decides.
+        if (!Same(text[at], word[0])) continue;
+        const bool begins = at == 0 || (IsWordUnit(text[at]) && !IsWordUnit(text[at - 1]));
+        if (begins && StartsAt(text, at, word)) return at;
     }
     return TextView::npos;
 }
@@ -67,7 +69,7 @@ char16_t WithoutAccent(char16_t folded) {
     return Plain[index];
 }
 
-AddressSearch::AddressSearch(TextView search) {
+AddressSearch::AddressSearch(TextView search, const std::vector<Text>& folderNames) {
     Text digits;
     const auto endNumber = [&] {
         const std::size_t significant = digits.find_first_not_of(u'0');
@@ -86,19 +88,25 @@ AddressSearch::AddressSearch(TextView search) {
         words.push_back(LowerCase(word));
     }
     endNumber();
+    for (const Text& word : words) {
+        std::vector<bool>& inFolder = inFolders.emplace_back();
+        for (const Text& name : folderNames)
+            inFolder.push_back(FindStart(name, word) != TextView::npos);
+    }
 }
 
-bool AddressSearch::Matches(const AddressRow& row, TextView folderName) const {
-    const auto isThere = [&](const Text& word) {
-        for (const TextView text : {row.name, row.fileAs, row.company, folderName}) {
-            if (FindStart(text, word) != TextView::npos) return true;
-        }
-        return false;
-    };
-    return std::all_of(words.begin(), words.end(), isThere) &&
-           std::all_of(numbers.begin(), numbers.end(), [&](const Text& digits) {
-               return FindDigits(row.number, digits).length > 0;
-           });
+bool AddressSearch::Matches(const AddressRow& row) const {
+    for (std::size_t word = 0; word < words.size(); ++word) {
+        const auto hasIt = [&](TextView text) {
+            return FindStart(text, words[word]) != TextView::npos;
+        };
+        const bool inFolder = row.folder < inFolders[word].size() && inFolders[word][row.folder];
+        if (!inFolder && !hasIt(row.name) && !hasIt(row.fileAs) && !hasIt(row.company))
+            return false;
+    }
+    return std::all_of(numbers.begin(), numbers.end(), [&](const Text& digits) {
+        return FindDigits(row.number, digits).length > 0;
+    });
 }
 
 MarkedText AddressSearch::MarkWords(TextView text) const {

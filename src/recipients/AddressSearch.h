@@ -15,19 +15,21 @@ char16_t WithoutAccent(char16_t folded);
 
 class AddressSearch {
 public:
-    // Words of digits that follow one another are one number, without zeros or "+" in front.
-    explicit AddressSearch(TextView search);
+    // Words of digits that follow one another are one number, without zeros or "+" in front. The
+    // names of the folders are by the numbers that rows have for them.
+    explicit AddressSearch(TextView search, const std::vector<Text>& folderNames = {});
 
     bool IsEmpty() const { return words.empty() && numbers.empty(); }
-    bool Matches(const AddressRow& row, TextView folderName) const;
+    bool Matches(const AddressRow& row) const;
 
     // What the search finds in a text of words, and in a number.
     MarkedText MarkWords(TextView text) const;
     MarkedText MarkNumber(TextView number) const;
 
 private:
-    std::vector<Text> words;    // in lower case
-    std::vector<Text> numbers;  // digits
+    std::vector<Text> words;                   // in lower case
+    std::vector<Text> numbers;                 // digits
+    std::vector<std::vector<bool>> inFolders;  // by word and folder
 };
 
 }  // namespace tellwick

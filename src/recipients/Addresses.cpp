@@ -1,5 +1,6 @@
 #include "recipients/Addresses.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/Clock.h"
@@ -13,10 +14,11 @@ namespace tellwick {
 namespace {
 
 // Milliseconds. A slice's last step may take some more. As long as nothing waits, slices follow one
-// another without a pause; then Outlook's message loop has a turn all the same.
-constexpr double Slice = 5;
-constexpr double WithoutPause = 100;
-constexpr std::uint32_t Interval = 20;
+// another without a pause; then Outlook's message loop has a turn all the same, and time in which
+// no timer is due: whoever takes out messages until there are none comes to an end.
+constexpr double Slice = 4;
+constexpr double WithoutPause = 12;
+constexpr std::uint32_t Interval = 15;
 const Text NoFolder;
 
 }  // namespace
@@ -100,9 +102,11 @@ void Addresses::Tick() {
     if (working) return;  // Outlook runs its message loop within a slice
     const double end = surroundings.clock.Milliseconds() + WithoutPause;
     bool more = true;
+    double left = WithoutPause;
     do {
-        more = DoSlice(Slice);
-    } while (more && !messageLoop.Waiting() && surroundings.clock.Milliseconds() < end);
+        more = DoSlice(std::min(Slice, left));
+        left = end - surroundings.clock.Milliseconds();
+    } while (more && !messageLoop.Waiting() && left > 0);
     if (!more) timer.reset();
 }
 

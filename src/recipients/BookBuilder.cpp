@@ -6,7 +6,8 @@
 namespace tellwick {
 
 BookBuilder::BookBuilder(Locale& locale, const AddressBook& bookBefore)
-    : before(bookBefore),
+    : locale(locale),
+      before(bookBefore),
       itemsBefore(before.items.size()),
       kept(before.items.size()),
       list(locale) {
@@ -81,6 +82,9 @@ void BookBuilder::KeepAllOf(std::size_t folderBefore) {
 
 bool BookBuilder::DoSome(std::size_t most) {
     switch (step) {
+        case Step::Begin:
+            Begin();
+            break;
         case Step::Keep:
             KeepRows(most);
             break;
@@ -92,7 +96,17 @@ bool BookBuilder::DoSome(std::size_t most) {
             break;
         case Step::Build:
             if (list.DoSome(most)) break;
+            if (merging) {
+                merger.emplace(locale, before.list, list.List(), kept, book.items);
+                step = Step::Merge;
+                break;
+            }
             book.list = list.Take();
+            step = Step::Done;
+            break;
+        case Step::Merge:
+            if (merger->DoSome(most)) break;
+            book.list = merger->Take();
             step = Step::Done;
             break;
         case Step::Done:
@@ -101,28 +115,44 @@ bool BookBuilder::DoSome(std::size_t most) {
     return step != Step::Done;
 }
 
+void BookBuilder::Begin() {
+    // A list of all rows is made where merging a few of them in would not be quicker.
+    constexpr std::size_t Few = 32;
+    const auto gone = std::size_t(std::ranges::count(kept, 0U));
+    merging = before.list.Size() != 0 && (gone + list.Rows()) * Few <= kept.size();
+    for (const auto& [item, names] : before.members) {
+        if (kept[item] != 0) book.members[kept[item] - 1] = names;
+    }
+    members.emplace(book.members);
+    step = merging ? Step::Members : Step::Keep;
+}
+
 void BookBuilder::KeepRows(std::size_t most) {
     const std::size_t end = std::min(before.list.Rows(), next + most);
     for (; next < end; ++next) {
         AddressRow row = before.list.Row(next);
-        if (kept[row.item] == 0 || row.kind == NumberKind::List) continue;
+        if (!IsKept(row)) continue;
         row.item = kept[row.item] - 1;
         row.folder = book.items[row.item].folder;
         list.Add(row);
     }
     if (next < before.list.Rows()) return;
-    for (const auto& [item, names] : before.members) {
-        if (kept[item] != 0) book.members[kept[item] - 1] = names;
-    }
-    members.emplace(book.members);
     next = 0;
     step = Step::Members;
 }
 
+// Those read anew come first, as in the list.
 void BookBuilder::FindMembers(std::size_t most) {
-    const std::size_t end = *members ? std::min(list.Rows(), next + most) : next;
-    for (; next < end; ++next) members->LookAt(list.List().Row(next));
-    if (!*members || next == list.Rows()) step = Step::Lists;
+    const std::size_t rows = list.Rows() + (merging ? before.list.Rows() : 0);
+    const std::size_t end = *members ? std::min(rows, next + most) : next;
+    for (; next < end; ++next) {
+        if (next < list.Rows()) {
+            members->LookAt(list.List().Row(next));
+        } else if (const AddressRow row = before.list.Row(next - list.Rows()); IsKept(row)) {
+            members->LookAt(row);
+        }
+    }
+    if (!*members || next == rows) step = Step::Lists;
 }
 
 void BookBuilder::AddLists() {

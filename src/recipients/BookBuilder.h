@@ -9,6 +9,7 @@
 
 #include "recipients/AddressBook.h"
 #include "recipients/AddressListBuilder.h"
+#include "recipients/AddressListMerger.h"
 #include "recipients/DistributionLists.h"
 
 namespace tellwick {
@@ -50,18 +51,26 @@ public:
     AddressBook Take() { return std::move(book); }
 
 private:
-    enum class Step { Keep, Members, Lists, Build, Done };
+    enum class Step { Begin, Keep, Members, Lists, Build, Merge, Done };
 
+    void Begin();
     void KeepRows(std::size_t most);
     void FindMembers(std::size_t most);
+    // A row of the book before.
+    bool IsKept(const AddressRow& row) const {
+        return kept[row.item] != 0 && row.kind != NumberKind::List;
+    }
     void AddLists();
 
+    Locale& locale;
     const AddressBook& before;
     std::vector<std::uint32_t> itemsBefore;  // numbers, by folder
     std::vector<std::uint32_t> kept;         // by item before: its new number, from 1; 0 is gone
     AddressBook book;
     AddressListBuilder list;
-    Step step = Step::Keep;
+    bool merging = false;  // little changed
+    std::optional<AddressListMerger> merger;
+    Step step = Step::Begin;
     std::size_t next = 0;
     std::optional<MemberNumbers> members;
     // Where the folder begins.

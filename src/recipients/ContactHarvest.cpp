@@ -84,7 +84,7 @@ void ContactHarvest::PutOff() {
 
 void ContactHarvest::BeginReading() {
     for (const ContactFolders::Found& contacts : folders.found) total += contacts.count;
-    book.Reserve(total);
+    if (before.items.empty()) book.Reserve(total);
     step = Step::Folder;
 }
 
@@ -182,7 +182,7 @@ void ContactHarvest::Look(const FolderReader::Row& row) {
             book.Keep(*same, created, modified);
         } else {
             changedDates.push_back({created, dated ? modified : KeptItem::ReadAgain, 0});
-            toOpen.push_back({row.entryId, row.index});
+            toOpen.push_back({row.EntryId(), row.index});
         }
         return;
     }

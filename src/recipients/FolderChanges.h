@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <unordered_map>
 #include <vector>
 
 #include "recipients/AddressBook.h"
@@ -14,13 +13,13 @@ namespace tellwick {
 
 class FolderChanges {
 public:
-    // `ofFolder` are the folder's items by their places in the items kept, which must outlive this.
+    // `ofFolder` are the folder's items by their places in the items kept; both must outlive this.
     FolderChanges(const std::vector<KeptItem>& items, std::span<const std::uint32_t> ofFolder);
 
     // The kept item with these dates, each only once; none when it is new or modified.
     std::optional<std::uint32_t> Take(double created, double modified);
     // The kept items that were not taken: they are gone, or modified.
-    std::size_t CountLeft() const { return left.size(); }
+    std::size_t CountLeft() const { return left; }
 
     // Dates are local in some ways of reading: where the clock was set to another time zone they
     // all move by whole quarter hours, each by what its season has. Takes, for each of the items
@@ -33,7 +32,7 @@ public:
     std::vector<Moved> TakeMoved(std::span<const KeptItem> dates);
 
     // How many items were kept, and the latest modification among them.
-    std::size_t Count() const { return count; }
+    std::size_t Count() const { return kept.size(); }
     double Newest() const { return newest; }
     // Whether some of them could not be read wholly.
     bool Incomplete() const { return incomplete; }
@@ -41,9 +40,15 @@ public:
     bool LeftSince(double modified) const;
 
 private:
+    void Take(std::size_t index);
+
     const std::vector<KeptItem>& items;
-    std::unordered_multimap<std::uint64_t, std::uint32_t> left;  // by a key of their dates
-    std::size_t count;
+    std::span<const std::uint32_t> kept;
+    std::vector<bool> taken;  // by the index in `kept`, as is the following
+    // At the hash of its dates, or behind it: an index counted from 1; 0 is free. Of the size of a
+    // power of two, at most half of it taken.
+    std::vector<std::uint32_t> places;
+    std::size_t left;
     double newest = 0;
     bool incomplete = false;
 };

@@ -112,8 +112,7 @@ bool FolderReader::ReadArray() {
     const std::size_t step = rowsFirst ? 1 : grid->second;
     for (std::size_t row = 0; row < height; ++row) {
         const Value& first = rowsFirst ? grid->At(row, 0) : grid->At(0, row);
-        rows.push_back({&first, step, {}, next++});
-        rows.back().entryId = AsText(rows.back()[columns.size()]);
+        rows.push_back({&first, step, &first + columns.size() * step, next++});
     }
     return height > 0;
 }
@@ -122,11 +121,10 @@ bool FolderReader::ReadRow() {
     const ObjectPtr row = AsObject(calls.Call(table, u"GetNextRow"));
     atEnd = !row;
     if (calls.errors || atEnd) return !calls.errors;
-    values.assign(columns.size(), {});
-    for (std::size_t column = 0; column < columns.size(); ++column)
+    values.assign(columns.size() + 1, {});
+    for (std::size_t column = 0; column < values.size(); ++column)
         values[column] = calls.Get(row, u"Item", {std::int32_t(column) + 1});
-    const Text entryId = AsText(calls.Get(row, u"Item", {std::int32_t(columns.size()) + 1}));
-    rows.push_back({values.data(), 1, entryId, next++});
+    rows.push_back({values.data(), 1, &values.back(), next++});
     return !calls.errors;
 }
 
@@ -137,7 +135,7 @@ bool FolderReader::ReadItem() {
     values.assign(columns.size(), {});
     for (std::size_t column = 0; item && column < columns.size(); ++column)
         values[column] = calls.Get(item, columns[column]);
-    rows.push_back({values.data(), 1, {}, next++, !calls.errors});
+    rows.push_back({values.data(), 1, nullptr, next++, !calls.errors});
     return true;
 }
 

@@ -16,10 +16,11 @@ public:
     struct Row {
         const Value* first;    // of the first column
         std::size_t step;      // from one column to the next
-        Text entryId;          // empty where Outlook does not tell
+        const Value* entryId;  // none where Outlook does not tell
         std::int32_t index;    // in the folder, from 1
         bool complete = true;  // false: Outlook failed, some values are missing
 
+        Text EntryId() const { return entryId ? AsText(*entryId) : Text(); }
         const Value& operator[](std::size_t column) const { return first[column * step]; }
     };
     enum class Order { Any, NewestFirst };

@@ -31,6 +31,11 @@ constexpr std::array<TextView, Numbers + std::size_t(NumberKind::List)> ColumnNa
     u"OtherTelephoneNumber",
     u"PrimaryTelephoneNumber"};
 
+TextView TextIn(const Value& value) {
+    const auto* text = std::get_if<Text>(&value);
+    return text ? *text : TextView();
+}
+
 }  // namespace
 
 // From Outlook 2003 on nobody is asked about what an add-in reads through its own application.
@@ -52,9 +57,9 @@ double ItemReader::ModifiedOf(const FolderReader::Row& row) {
 
 bool ItemReader::Read(FolderReader& folder, const FolderReader::Row& row, std::uint32_t item,
                       BookBuilder& book) {
-    const Text messageClass = AsText(row[MessageClass]);
+    const TextView messageClass = TextIn(row[MessageClass]);
     if (StartsWithFolded(messageClass, u"IPM.DistList"))
-        return Open(folder, row.entryId, row.index, item, book);
+        return Open(folder, row.EntryId(), row.index, item, book);
     ReadContact(row, item, book);
     // What is no contact has not all that contacts have.
     return row.complete ||
@@ -74,27 +79,24 @@ bool ItemReader::Open(FolderReader& folder, const Text& entryId, std::int32_t in
         for (std::size_t column = FullName; column < ColumnNames.size(); ++column)
             values[column] = calls.Get(opened, ColumnNames[column]);
         const bool read = !calls.errors;
-        ReadContact({values.data(), 1, {}, index}, item, book);
+        ReadContact({values.data(), 1, nullptr, index}, item, book);
         return read;
     }
     return !calls.errors;
 }
 
 void ItemReader::ReadContact(const FolderReader::Row& row, std::uint32_t item, BookBuilder& book) {
-    const auto lineOf = [&](Column column) {
-        const auto* text = std::get_if<Text>(&row[column]);
-        return text ? OneLine(*text) : Text();
-    };
-    const Text company = lineOf(Company);
-    Text fileAs = lineOf(FileAs);
-    Text name = lineOf(FullName);
+    OneLine(TextIn(row[Company]), company);
+    OneLine(TextIn(row[FileAs]), fileAs);
+    OneLine(TextIn(row[FullName]), name);
     if (name.empty()) name = fileAs.empty() ? company : fileAs;
     if (EqualFolded(name, fileAs)) fileAs.clear();
-    std::vector<Text> numbers;
+    numbers.clear();
     for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
-        Text number = AsText(row[Numbers + kind]);
-        if (number.empty()) continue;
-        number = prefixes.ConvertPhoneNumber(number);
+        const Value& cell = row[Numbers + kind];
+        if (std::holds_alternative<Nothing>(cell)) continue;
+        Text number = prefixes.ConvertPhoneNumber(
+            std::holds_alternative<Text>(cell) ? TextIn(cell) : TextView(AsText(cell)));
         if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
             continue;
         book.AddNumber(item, name, fileAs, company, number, NumberKind(kind));

@@ -38,6 +38,9 @@ private:
     Automation& automation;
     Prefixes& prefixes;
     const bool outlookAsks;
+    // Of the contact at hand.
+    Text name, fileAs, company;
+    std::vector<Text> numbers;
 };
 
 }  // namespace tellwick

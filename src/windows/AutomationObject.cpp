@@ -211,6 +211,10 @@ GridPtr ToGrid(PendingError& errors, SAFEARRAY& array) {
     const VARIANT* data = nullptr;
     if (FAILED(SafeArrayAccessData(&array, reinterpret_cast<void**>(const_cast<VARIANT**>(&data)))))
         return nullptr;
+    struct Unlocking {
+        SAFEARRAY& array;
+        ~Unlocking() { SafeArrayUnaccessData(&array); }
+    } const unlocking{array};
     auto grid = std::make_shared<Grid>();
     grid->first = std::size_t(high[0] - low[0]) + 1;
     grid->second = std::size_t(high[1] - low[1]) + 1;
@@ -221,7 +225,6 @@ GridPtr ToGrid(PendingError& errors, SAFEARRAY& array) {
             grid->cells.push_back(ToValue(errors, data[j * grid->first + i]));
         }
     }
-    SafeArrayUnaccessData(&array);
     return grid;
 }
 

@@ -45,11 +45,18 @@ std::optional<Text> WindowsLocale::LocaleInfo(std::uint32_t locale, std::uint32_
 std::string WindowsLocale::SortKey(TextView text) {
     constexpr DWORD Flags =
         LCMAP_SORTKEY | NORM_IGNORECASE | NORM_IGNOREKANATYPE | NORM_IGNOREWIDTH;
-    const Text terminated(text);
-    std::string key(8 * text.size() + 16, '\0');
-    const int size = LCMapStringW(LOCALE_USER_DEFAULT, Flags, Wide(terminated), int(text.size()),
-                                  reinterpret_cast<wchar_t*>(key.data()), int(key.size()));
-    key.resize(std::size_t(std::max(size - 1, 0)));  // without the closing NUL
+    const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
+    const auto map = [&](char* key, std::size_t room) {
+        const int size = LCMapStringW(LOCALE_USER_DEFAULT, Flags, wide, int(text.size()),
+                                      reinterpret_cast<wchar_t*>(key), int(room));
+        return std::size_t(std::max(size - 1, 0));  // without the closing NUL
+    };
+    const std::size_t most = 8 * text.size() + 16;
+    // Names are short, and there are many.
+    char shortKey[512];
+    if (most <= sizeof shortKey) return {shortKey, map(shortKey, sizeof shortKey)};
+    std::string key(most, '\0');
+    key.resize(map(key.data(), key.size()));
     return key;
 }
 

@@ -86,6 +86,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"resolution", {1, &Commands::Resolution}},
         {u"times", {0, &Commands::Times}},
         {u"memory", {0, &Commands::Memory}},
+        {u"longest-tick", {0, &Commands::LongestTick}},
         {u"pump", {0, &Commands::Pump}},
         {u"wait", {1, &Commands::Wait}},
         {u"start", {0, &Commands::Start}},

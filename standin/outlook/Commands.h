@@ -73,6 +73,8 @@
 //                                    resolution now, as a host that follows monitors does
 //   times                            milliseconds spent in OnConnection and in the shutdown
 //   memory                           private bytes before and after the connection, and now
+//   longest-tick                     milliseconds of the longest message of a timer since the last
+//                                    such command
 //   pump                             runs what waits in the message queue
 //   wait MILLISECONDS                runs the message loop that long
 //   until-file PATH                  runs it until the file is there, a minute at most; answers
@@ -169,6 +171,7 @@ private:
     Text Resolution(const Words&);
     Text Times(const Words&);
     Text Memory(const Words&);
+    Text LongestTick(const Words&);
     Text Pump(const Words&);
     Text Wait(const Words&);
     Text Start(const Words&);

@@ -1,6 +1,7 @@
 #include "outlook/Desk.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 
 #include "outlook/ExplorerWindow.h"
@@ -86,6 +87,14 @@ bool Desk::Translate(MSG& message) const {
     return false;
 }
 
+void Desk::Dispatch(const MSG& message, bool ansi) const {
+    const auto start = std::chrono::steady_clock::now();
+    (ansi ? DispatchMessageA : DispatchMessageW)(&message);
+    const std::chrono::duration<double, std::milli> taken =
+        std::chrono::steady_clock::now() - start;
+    if (message.message == WM_TIMER) longestTick = std::max(longestTick, taken.count());
+}
+
 void Desk::RunMessages(DWORD milliseconds) const {
     const DWORD start = GetTickCount();
     for (;;) {
@@ -97,7 +106,7 @@ void Desk::RunMessages(DWORD milliseconds) const {
             }
             if (Translate(message)) continue;
             TranslateMessage(&message);
-            DispatchMessageW(&message);
+            Dispatch(message);
         }
         const DWORD passed = GetTickCount() - start;
         if (passed >= milliseconds) return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "model/OutlookModel.h"
@@ -25,6 +26,10 @@ public:
     Frame* FrameOf(const std::shared_ptr<Window>& window) const;
     // Keys that the windows have for themselves: Tab and accelerators. True when used up.
     bool Translate(MSG& message) const;
+    // As the system's function does, and times it. `ansi`: as a host of that kind.
+    void Dispatch(const MSG& message, bool ansi = false) const;
+    // Milliseconds of the longest message of a timer since this was last asked.
+    double TakeLongestTick() { return std::exchange(longestTick, 0); }
     // Runs the message loop until so many milliseconds are over or, with 0, the queue is empty.
     void RunMessages(DWORD milliseconds) const;
 
@@ -39,6 +44,7 @@ private:
     HACCEL accelerators;
     bool synchronisePosted = false;
     bool hadWindows = false;
+    mutable double longestTick = 0;
 };
 
 }  // namespace tellwick::standin

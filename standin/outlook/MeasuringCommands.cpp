@@ -98,6 +98,10 @@ Text Commands::Times(const Words&) {
            RealText(loader.shutdownTime);
 }
 
+Text Commands::LongestTick(const Words&) {
+    return u"tick " + RealText(desk.TakeLongestTick());
+}
+
 Text Commands::Memory(const Words&) {
     return u"before " + NumberText(std::int64_t(loader.bytesBeforeConnection)) + u" after " +
            NumberText(std::int64_t(loader.bytesAfterConnection)) + u" now " +

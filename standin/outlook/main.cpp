@@ -168,12 +168,11 @@ bool ReportsAddInErrors(std::int32_t version) {
 
 void RunMessageLoop(const Desk& desk, bool ansi) {
     const auto next = ansi ? GetMessageA : GetMessageW;
-    const auto dispatch = ansi ? DispatchMessageA : DispatchMessageW;
     MSG message;
     while (next(&message, nullptr, 0, 0) > 0) {
         if (desk.Translate(message)) continue;
         TranslateMessage(&message);
-        dispatch(&message);
+        desk.Dispatch(message, ansi);
     }
 }
 

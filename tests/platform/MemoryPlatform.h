@@ -383,6 +383,7 @@ public:
         return found->second;
     }
     std::string SortKey(TextView text) override {
+        ++sortKeys;
         std::string key;
         for (const char16_t unit : LowerCase(text)) {
             key += char(unit >> 8);
@@ -390,6 +391,7 @@ public:
         }
         return key;
     }
+    int sortKeys = 0;  // that were made
     // One that holds every character, with two bytes for each unit, as newer systems can have it.
     bool holdsAll = false;
     // By locale and type, as the system returns them.
