@@ -12,25 +12,25 @@ namespace {
 constexpr TextView Section = u"Characters";
 
 struct Named {
-    char16_t first, last;
     TextView key;
+    char16_t first, last;
     bool withCode;  // several characters share the name
 };
-constexpr Named names[] = {{u'\t', u'\t', u"Tab", false},
-                           {u'\n', u'\r', u"LineBreak", false},
-                           {u' ', u' ', u"Space", false},
-                           {0x0085, 0x0085, u"LineBreak", false},
-                           {0x00A0, 0x00A0, u"NoBreakSpace", false},
-                           {0x00AD, 0x00AD, u"SoftHyphen", false},
-                           {0x2000, 0x200A, u"Space", true},
-                           {0x200B, 0x200F, u"Invisible", true},
-                           {0x2028, 0x2029, u"LineBreak", false},
-                           {0x202A, 0x202E, u"Invisible", true},
-                           {0x202F, 0x202F, u"Space", true},
-                           {0x205F, 0x205F, u"Space", true},
-                           {0x2060, 0x206F, u"Invisible", true},
-                           {0x3000, 0x3000, u"Space", true},
-                           {0xFEFF, 0xFEFF, u"Invisible", true}};
+constexpr Named names[] = {{u"Tab", u'\t', u'\t', false},
+                           {u"LineBreak", u'\n', u'\r', false},
+                           {u"Space", u' ', u' ', false},
+                           {u"LineBreak", 0x0085, 0x0085, false},
+                           {u"NoBreakSpace", 0x00A0, 0x00A0, false},
+                           {u"SoftHyphen", 0x00AD, 0x00AD, false},
+                           {u"Space", 0x2000, 0x200A, true},
+                           {u"Invisible", 0x200B, 0x200F, true},
+                           {u"LineBreak", 0x2028, 0x2029, false},
+                           {u"Invisible", 0x202A, 0x202E, true},
+                           {u"Space", 0x202F, 0x202F, true},
+                           {u"Space", 0x205F, 0x205F, true},
+                           {u"Invisible", 0x2060, 0x206F, true},
+                           {u"Space", 0x3000, 0x3000, true},
+                           {u"Invisible", 0xFEFF, 0xFEFF, true}};
 
 Text CodeOf(char16_t unit) {
     const Text code = HexText(unit);

@@ -38,14 +38,15 @@ TEST_CASE("a file that names its code page is read by it, any other by the syste
     const std::string word =
         "k=Wy\x9C"
         "lij za\xBF\xF3\xB3\xE6\r\n";
-    for (const auto& [page, value] : {std::pair{"1250", u"Wyślij zażółć"s},
-                                      {"1252", u"Wyœlij za¿ó³æ"s},
-                                      {"", u"Wyœlij za¿ó³æ"s},
-                                      {"99999", u"Wyœlij za¿ó³æ"s},
-                                      {"-1", u"Wyœlij za¿ó³æ"s}}) {
-        CAPTURE(page);
-        SettingsModules m("[A]\r\n" + word + "[Misc]\r\nCodePage="s + page + "\r\n");
-        CHECK(m.language.GetLanguageString(u"A", u"k") == value);
+    using Case = std::pair<std::string, TextView>;
+    for (const Case& c : {Case{"1250", u"Wyślij zażółć"},
+                          {"1252", u"Wyœlij za¿ó³æ"},
+                          {"", u"Wyœlij za¿ó³æ"},
+                          {"99999", u"Wyœlij za¿ó³æ"},
+                          {"-1", u"Wyœlij za¿ó³æ"}}) {
+        CAPTURE(c.first);
+        SettingsModules m("[A]\r\n" + word + "[Misc]\r\nCodePage=" + c.first + "\r\n");
+        CHECK(m.language.GetLanguageString(u"A", u"k") == c.second);
     }
 }
 
