@@ -72,10 +72,25 @@ Page custom ShowPrefixPage LeavePrefixPage
 UninstPage custom un.ShowSettingsPage un.LeaveSettingsPage
 !insertmacro MUI_UNPAGE_INSTFILES
 
+; A language by the name that the tool has for it: its own texts, and those of texts/TONGUE.nsh.
+!macro Language TONGUE
+    !insertmacro MUI_LANGUAGE "${TONGUE}"
+    !define LANGUAGE "${TONGUE}"
+    !include "texts/${TONGUE}.nsh"
+    !undef LANGUAGE
+!macroend
+!macro Text NAME TEXT
+    LangString ${NAME} ${LANG_${LANGUAGE}} "${TEXT}"
+!macroend
 ; The first one is for all other languages.
-!insertmacro MUI_LANGUAGE "English"
-!insertmacro MUI_LANGUAGE "German"
-!include "Texts.nsh"
+!insertmacro Language "English"
+!insertmacro Language "Czech"
+!insertmacro Language "Dutch"
+!insertmacro Language "French"
+!insertmacro Language "German"
+!insertmacro Language "Polish"
+!insertmacro Language "PortugueseBR"
+!insertmacro Language "Spanish"
 
 ; --- what both programs need ------------------------------------------------------------------------
 
@@ -304,11 +319,11 @@ Function ShowPrefixPage
     !insertmacro MUI_HEADER_TEXT "$(PrefixTitle)" "$(PrefixSubtitle)"
     nsDialogs::Create 1018
     Pop $0
-    ${NSD_CreateLabel} 0 0 100% 48u "$(PrefixText)"
+    ${NSD_CreateLabel} 0 0 100% 64u "$(PrefixText)"
     Pop $0
-    ${NSD_CreateLabel} 0 58u 90u 12u "$(PrefixLabel)"
+    ${NSD_CreateLabel} 0 74u 90u 12u "$(PrefixLabel)"
     Pop $0
-    ${NSD_CreateText} 95u 56u 60u 13u "$Prefix"
+    ${NSD_CreateText} 95u 72u 60u 13u "$Prefix"
     Pop $PrefixField
     nsDialogs::Show
 FunctionEnd

@@ -23,12 +23,13 @@ constexpr std::int32_t SmsIcon = 1;                 // the resource
 constexpr std::int32_t LargePicture = 32;
 constexpr std::int32_t SmallPicture = 16;
 
-// A button of the ribbon. Its tag is the key of its label in the language file; with ".ToolTip"
-// behind it, of its screen tip.
+// A button of the ribbon. Its tag is the key of its label in the language file, which heads its
+// screen tip, too; with ".ToolTip" behind it, of the explanation below that.
 Text RibbonButton(TextView id, TextView key, TextView action) {
     return Text(
                u"<button size=\"large\" getImage=\"Ribbon_getLargeImage\""
-               u" getLabel=\"Ribbon_getLabel\" getScreentip=\"Ribbon_getScreentip\" id=\"")
+               u" getLabel=\"Ribbon_getLabel\" getScreentip=\"Ribbon_getLabel\""
+               u" getSupertip=\"Ribbon_getSupertip\" id=\"")
         .append(id)
         .append(u"\" tag=\"")
         .append(key)
@@ -50,7 +51,9 @@ Text ContextMenu(TextView menu) {
         .append(menu)
         .append(
             u"\"><button getImage=\"Ribbon_getSmallImage\" getLabel=\"Ribbon_getLabel\""
-            u" tag=\"RibbonContact\" onAction=\"RibbonSMSContact_Click\" id=\"SMS")
+            u" onAction=\"RibbonSMSContact_Click\" tag=\"")
+        .append(u"RibbonMenu")
+        .append(u"\" id=\"SMS")
         .append(menu)
         .append(u"\"/></contextMenu>");
 }
@@ -83,7 +86,7 @@ std::span<const Ribbon::Callback> Ribbon::Callbacks() {
         {u"Ribbon_onLoad", &Ribbon::Ribbon_onLoad},
         {u"Ribbon_getGroupLabel", &Ribbon::Ribbon_getGroupLabel},
         {u"Ribbon_getLabel", &Ribbon::Ribbon_getLabel},
-        {u"Ribbon_getScreentip", &Ribbon::Ribbon_getScreentip},
+        {u"Ribbon_getSupertip", &Ribbon::Ribbon_getSupertip},
         {u"Ribbon_getLargeImage", &Ribbon::Ribbon_getLargeImage},
         {u"Ribbon_getSmallImage", &Ribbon::Ribbon_getSmallImage},
         {u"RibbonSMSNew_Click", &Ribbon::RibbonSMSNew_Click},
@@ -180,7 +183,7 @@ Value Ribbon::Ribbon_getLabel(const ObjectPtr& control) {
     return language.TextOrBuiltIn(ComponentTitle, TagOf(control));
 }
 
-Value Ribbon::Ribbon_getScreentip(const ObjectPtr& control) {
+Value Ribbon::Ribbon_getSupertip(const ObjectPtr& control) {
     return language.TextOrBuiltIn(ComponentTitle, TagOf(control) + u".ToolTip");
 }
 

@@ -52,7 +52,7 @@ private:
     Value Ribbon_onLoad(const ObjectPtr& ribbon);
     Value Ribbon_getGroupLabel(const ObjectPtr& control);
     Value Ribbon_getLabel(const ObjectPtr& control);
-    Value Ribbon_getScreentip(const ObjectPtr& control);
+    Value Ribbon_getSupertip(const ObjectPtr& control);
     Value Ribbon_getLargeImage(const ObjectPtr& control);
     Value Ribbon_getSmallImage(const ObjectPtr& control);
     Value RibbonSMSNew_Click(const ObjectPtr& control);

@@ -106,9 +106,7 @@ void FormOptions::Form_Load() {
     const std::int32_t size = LeadingNumber32(read(u"Editor", u"FontSize", {}));
     Fill(view.BoxFontSize(), FontSizes(size), size > 0 ? NumberText(size) : Text());
 
-    const Text setting = read(u"Settings", u"Language", {});
-    const Text name = language.LanguageName(setting);
-    Fill(view.BoxLanguage(), language.LanguageNames(), name.empty() ? setting : name);
+    FillLanguages(read(u"Settings", u"Language", {}));
 
     view.CheckForgetAnswers().SetChecked(false);
     view.CheckForgetAnswers().SetEnabled(questionBox.AnswersRemembered());
@@ -127,6 +125,25 @@ void FormOptions::Fill(ItemList& box, const std::vector<Text>& choices, TextView
     });
     if (!chosen.empty() && place == choices.end()) box.Add(chosen);
     box.SetSelectedIndex(chosen.empty() ? 0 : std::int32_t(place - choices.begin()) + 1);
+}
+
+// Languages are shown by their own names.
+void FormOptions::FillLanguages(const Text& setting) {
+    languages = language.Languages();
+    const Text name = language.LanguageName(setting);
+    Text chosen = setting;
+    std::vector<Text> ownNames;
+    for (const LanguageChoice& one : languages) {
+        ownNames.push_back(one.ownName);
+        if (EqualFolded(one.name, name)) chosen = one.ownName;
+    }
+    Fill(view.BoxLanguage(), ownNames, chosen);
+}
+
+Text FormOptions::ChosenLanguage() {
+    const std::int32_t index = view.BoxLanguage().SelectedIndex();
+    const bool known = index > 0 && index <= std::int32_t(languages.size());
+    return known ? languages[std::size_t(index - 1)].name : Chosen(view.BoxLanguage());
 }
 
 // Of the user's Windows, digits only; empty when it is not known.
@@ -163,7 +180,7 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
             {PrefixSection, CountryPrefixes, CleanPrefixes(view.TextPrefixes().GetText())},
             {u"Editor", u"Font", Chosen(view.BoxFont())},
             {u"Editor", u"FontSize", Chosen(view.BoxFontSize())},
-            {u"Settings", u"Language", Chosen(view.BoxLanguage())},
+            {u"Settings", u"Language", ChosenLanguage()},
             {u"SMS", u"AirCount", flag(view.CheckAirCount())},
             {u"SMS", u"AskLostCharacters", flag(view.CheckAskLostCharacters())}};
 }

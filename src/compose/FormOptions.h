@@ -7,6 +7,7 @@
 
 #include "compose/FormOptionsView.h"
 #include "platform/Locale.h"
+#include "settings/LanguageTexts.h"
 #include "settings/Services.h"
 
 namespace tellwick {
@@ -50,11 +51,14 @@ private:
     Text CountryCode();
     Text CleanPrefixes(TextView typed);
     void Fill(ItemList& box, const std::vector<Text>& choices, TextView chosen);
+    void FillLanguages(const Text& setting);
+    Text ChosenLanguage();
     std::vector<Setting> Entered();
 
     // As the window was opened.
     std::vector<Setting> shown;
     bool traceShown = false;
+    std::vector<LanguageChoice> languages;
 
     FormOptionsView& view;
     Forms& forms;

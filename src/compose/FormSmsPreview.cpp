@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "compose/AirCountLine.h"
+#include "compose/CharacterName.h"
 #include "compose/MessageText.h"
 #include "compose/QueueText.h"
 #include "platform/Locale.h"
@@ -178,9 +179,11 @@ void FormSmsPreview::ShowRows() {
         if (row.replacement) {
             any = true;
             const Text& shown = *row.replacement;
-            replace = ReplaceAll(replace, u"%c", shown == u" " ? CharacterName(shown) : shown);
+            replace = ReplaceAll(
+                replace, u"%c",
+                shown == u" " || shown == LineBreak ? CharacterName(language, shown) : shown);
         }
-        list.Add(CharacterName(row.character) + u"\t" + row.cost + u"\t" + replace);
+        list.Add(CharacterName(language, row.character) + u"\t" + row.cost + u"\t" + replace);
     }
     if (!rows.empty()) {
         list.SetSelectedIndex(std::clamp(before, 0, std::int32_t(rows.size()) - 1));

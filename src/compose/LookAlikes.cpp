@@ -152,16 +152,4 @@ Text WithLookAlikes(TextView text, const Usable& usable, TextView only) {
     return result;
 }
 
-Text CharacterName(TextView character) {
-    const char16_t unit = character[0];
-    const auto in = [unit](char16_t first, char16_t last) { return unit >= first && unit <= last; };
-    const bool unseen = unit <= u' ' || in(0x7F, 0xA0) || unit == 0xAD || in(0x2000, 0x200F) ||
-                        in(0x2028, 0x202F) || in(0x205F, 0x206F) || unit == 0x3000 ||
-                        unit == 0xFEFF || in(0xD800, 0xDFFF) ||
-                        CutsCharacter(Text(u"x").append(character), 1);
-    if (!unseen || character.size() > 1) return Text(character);
-    const Text code = HexText(unit);
-    return u"U+" + Text(4 - std::min(code.size(), std::size_t(4)), u'0') + code;
-}
-
 }  // namespace tellwick

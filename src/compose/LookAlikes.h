@@ -25,7 +25,4 @@ bool OnlyTypography(TextView character, TextView plainer);
 // there is one that can be used.
 Text WithLookAlikes(TextView text, const Usable& usable, TextView only = {});
 
-// The character, or its code, "U+00A0", where it cannot be seen by itself.
-Text CharacterName(TextView character);
-
 }  // namespace tellwick

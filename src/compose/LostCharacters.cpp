@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "compose/CharacterName.h"
 #include "compose/LookAlikes.h"
 #include "compose/MessageText.h"
 #include "compose/QueueText.h"
@@ -17,14 +18,14 @@ constexpr std::int32_t AskLost = 301;
 constexpr std::size_t MostNamed = 10;
 
 // "ж → ?   ł → l", each character once.
-Text Named(const std::vector<LostCharacter>& lost) {
+Text Named(LanguageTexts& language, const std::vector<LostCharacter>& lost) {
     std::vector<Text> seen;
     Text names;
     for (const LostCharacter& one : lost) {
         if (std::find(seen.begin(), seen.end(), one.character) != seen.end()) continue;
         if (!seen.empty()) names += u"    ";
         if (seen.size() == MostNamed) return names + u"…";
-        names.append(CharacterName(one.character)).append(u" → ").append(one.arrives);
+        names.append(CharacterName(language, one.character)).append(u" → ").append(one.arrives);
         seen.push_back(one.character);
     }
     return names;
@@ -50,7 +51,7 @@ bool LostCharacters::Settle(Text& text) {
                            {Answer::Yes, language.TextOrBuiltIn(Messages, u"ReplaceLost")});
         }
         const Answer answer = questionBox.MsgBoxChoice(AskLost, box::IconExclamation, u"%c",
-                                                       Named(through.lost), choices);
+                                                       Named(language, through.lost), choices);
         if (answer != Answer::Yes || !replaceable) return answer == Answer::No;
         if (!messageText.Exchange(replaced)) {
             questionBox.MsgBoxEx(language.TextOrBuiltIn(Messages, u"ReplacedTooLong"),

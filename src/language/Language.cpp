@@ -19,7 +19,6 @@ namespace {
 
 constexpr TextView FileEnding = u".lng";
 constexpr TextView EnglishFile = u"English.lng";
-constexpr TextView LineEnd = u"\r";
 
 // Some names carry the ending and some do not: harmless, since it is appended where missing.
 TextView LanguageOfLocale(TextView code) {
@@ -113,11 +112,20 @@ Text Language::LanguageName(TextView setting) {
     return WithoutEnding(FileOf(setting));
 }
 
-std::vector<Text> Language::LanguageNames() {
-    std::vector<Text> names = fileSystem.FileNames(LanguageFolder(), FileEnding);
-    for (Text& name : names) name = WithoutEnding(name);
-    std::sort(names.begin(), names.end(), LessFolded);
-    return names;
+std::vector<LanguageChoice> Language::Languages() {
+    const Text folder = LanguageFolder();
+    std::vector<LanguageChoice> languages;
+    for (const Text& file : fileSystem.FileNames(folder, FileEnding)) {
+        LanguageText text(fileSystem.Read(folder + file).value_or(std::string()), locale);
+        const Text name = WithoutEnding(file);
+        const Text ownName = text.Find(u"[Misc]", u"Language");
+        languages.push_back({name, ownName.empty() ? name : ownName});
+    }
+    std::sort(languages.begin(), languages.end(),
+              [this](const LanguageChoice& one, const LanguageChoice& other) {
+                  return locale.SortKey(one.ownName) < locale.SortKey(other.ownName);
+              });
+    return languages;
 }
 
 void Language::LoadLanguageFile() {
@@ -135,26 +143,15 @@ void Language::LoadLanguageFile() {
     if (contents.empty()) {
         contents = fileSystem.Read(folder + Text(EnglishFile)).value_or(std::string());
     }
-    SetText(contents);
+    languageText = LanguageText(contents, locale);
     NameManualAndHelp(WithoutEnding(name));
-    if (languageText.empty() &&
+    if (languageText.Empty() &&
         !inifilesLite.GetIniSettingBool(u"Settings", u"NoLanguageFileMessage")) {
         messageBoxes.MsgBoxEx(u"The language file '" + name + u"' seems to be empty!",
                               box::IconExclamation);
     }
     ReadLoadedTexts(folder);
     loading.Done();
-}
-
-void Language::SetText(std::string_view bytes) {
-    languageText = ReplaceAll(locale.FromAnsi(bytes), LineBreak, LineEnd);
-    std::replace(languageText.begin(), languageText.end(), LineFeed, CarriageReturn);
-    sections.clear();
-    brackets.clear();
-    for (std::size_t at = languageText.find(u'['); at != Text::npos;
-         at = languageText.find(u'[', at + 1)) {
-        brackets.push_back(at);
-    }
 }
 
 void Language::NameManualAndHelp(TextView name) {
@@ -182,46 +179,16 @@ void Language::ReadLoadedTexts(const Text& folder) {
     loadedTexts.birthday = orEnglish(u"Birthday");
 }
 
-Language::Section* Language::FindSection(const Text& bracketed) {
-    const auto known = sections.find(bracketed);
-    if (known != sections.end()) return &known->second;
-    const TextView text = languageText;
-    const auto isHeader = [&](std::size_t at) { return StartsWith(text.substr(at), bracketed); };
-    const auto begin = std::find_if(brackets.begin(), brackets.end(), isHeader);
-    if (begin == brackets.end()) return nullptr;
-
-    const auto isLineStart = [&](std::size_t at) { return at > 0 && text[at - 1] == LineEnd[0]; };
-    auto next = std::find_if(begin + 1, brackets.end(), isLineStart);
-    // A line "[=" is an entry and ends no section; only the first following line is looked at.
-    if (next != brackets.end() && StartsWith(text.substr(*next), u"[=")) {
-        next = std::find_if(next + 1, brackets.end(), isLineStart);
-    }
-    const std::size_t end = next == brackets.end() ? text.size() : *next - 1;
-    return &sections.emplace(bracketed, Section(*begin, end)).first->second;
-}
-
-Text Language::Lookup(const Text& bracketed, TextView key) {
-    Section* section = FindSection(bracketed);
-    if (!section) return {};
-    const std::size_t entry = section->Find(languageText, LineEnd, key, std::identity{});
-    if (entry == Section::NotFound) return {};
-    const std::size_t begin = entry + LineEnd.size() + key.size() + 1;
-    const std::size_t end = std::min(languageText.find(LineEnd, begin), languageText.size());
-    Text value = languageText.substr(begin, end - begin);
-    if (!Contains(value, u"\\")) return value;
-    return ReplaceAll(ReplaceAll(value, u"\\n", u"\r"), u"\\t", u"\t");
-}
-
 Text Language::GetLanguageString(TextView section, TextView key, bool warn) {
     std::optional<Procedure> procedure;
     if (debug.Active()) {
         procedure.emplace(debug, u"GetLanguageString");
         debug.DebugTrace(Text(section).append(u" ").append(key), trace::FreeText);
     }
-    if (languageText.empty()) LoadLanguageFile();
+    if (languageText.Empty()) LoadLanguageFile();
     const Text bracketed = section.starts_with(u'[') ? Text(section) : u"[" + Text(section) + u"]";
-    const Text value = Lookup(bracketed, key);
-    if (warn && value.empty() && !languageText.empty()) {
+    const Text value = languageText.Find(bracketed, key);
+    if (warn && value.empty() && !languageText.Empty()) {
         messageBoxes.MsgBoxEx(
             u"Missing '" + Text(key) + u"' in " + bracketed + u" in the language file!",
             box::IconExclamation);

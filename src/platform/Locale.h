@@ -1,4 +1,4 @@
-// Port: the system's ANSI code page and the user's locale.
+// Port: the system's ANSI code page, other code pages, and the user's locale.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +18,10 @@ public:
     // code page lacks becomes "?" (or the system's nearest one).
     virtual Text FromAnsi(std::string_view bytes) = 0;
     virtual std::string ToAnsi(TextView text) = 0;
+
+    // The same from bytes in the code page of that number (1250). Empty optional when the system
+    // does not know it.
+    virtual std::optional<Text> FromCodePage(std::uint32_t codePage, std::string_view bytes) = 0;
 
     // A locale's information of the given type, as many characters as the system counts (its
     // count includes the closing NUL). Empty optional when the system knows none.

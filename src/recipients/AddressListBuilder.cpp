@@ -7,14 +7,14 @@
 
 #include "platform/Locale.h"
 #include "recipients/AddressBuckets.h"
+#include "recipients/RunningHash.h"
 
 namespace tellwick {
 
 namespace {
 
 std::uint64_t HashOf(TextView text) {
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const char16_t unit : text) hash = (hash ^ unit) * 0x100000001B3;
+    const std::uint64_t hash = HashOfUnits(text);
     return hash ^ hash >> 32;
 }
 

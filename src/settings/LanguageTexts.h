@@ -20,6 +20,11 @@ struct ManualPlaces {
     Text folder;            // of the pages; ends in "\"
 };
 
+struct LanguageChoice {
+    Text name;     // can stand in the setting "Language" of section "Settings"
+    Text ownName;  // as its speakers write it; the name where the file does not say
+};
+
 class LanguageTexts {
 public:
     virtual ~LanguageTexts() = default;
@@ -36,11 +41,10 @@ public:
     // the file nor the built-in texts have is left as it is.
     virtual void GetLanguageStringsForForm(TextView formName, FormView& view) = 0;
 
-    // Names of the languages that there are files for, in alphabetical order. Each can stand in the
-    // setting "Language" of section "Settings".
-    virtual std::vector<Text> LanguageNames() = 0;
+    // The languages that there are files for, in the alphabetical order of their own names.
+    virtual std::vector<LanguageChoice> Languages() = 0;
 
-    // The one of them that a value of that setting chooses; empty when it chooses none.
+    // The name of the one of them that a value of that setting chooses; empty when it chooses none.
     virtual Text LanguageName(TextView setting) = 0;
 
     // Chooses and loads the language file; only the first call does anything.

@@ -11,13 +11,14 @@ namespace {
 // Dialog units.
 constexpr int Margin = 7;
 constexpr int Gap = 4;
-constexpr int InnerWidth = 300;
+constexpr int InnerWidth = 330;
 constexpr int PartsHeight = 110;
 constexpr int ListHeight = 52;
 constexpr int LabelHeight = 10;
 constexpr int ButtonHeight = 14;
-// Where the columns of the list begin, in quarters of an average character.
-constexpr int Columns[] = {40, 175};
+// Where the columns of the list begin, in quarters of an average character: the first one holds the
+// names of characters that cannot be seen.
+constexpr int Columns[] = {100, 200};
 
 }  // namespace
 

@@ -4,12 +4,21 @@
 
 namespace tellwick::windows {
 
-Text FromAnsi(std::string_view bytes) {
-    const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), int(bytes.size()), nullptr, 0);
+namespace {
+
+Text Decoded(UINT codePage, std::string_view bytes) {
+    const int length =
+        MultiByteToWideChar(codePage, 0, bytes.data(), int(bytes.size()), nullptr, 0);
     Text text(std::size_t(length), u'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), int(bytes.size()),
+    MultiByteToWideChar(codePage, 0, bytes.data(), int(bytes.size()),
                         reinterpret_cast<wchar_t*>(text.data()), length);
     return text;
+}
+
+}  // namespace
+
+Text FromAnsi(std::string_view bytes) {
+    return Decoded(CP_ACP, bytes);
 }
 
 std::string ToAnsi(TextView text) {
@@ -19,6 +28,11 @@ std::string ToAnsi(TextView text) {
     std::string bytes(std::size_t(length), '\0');
     WideCharToMultiByte(CP_ACP, 0, wide, int(text.size()), bytes.data(), length, nullptr, nullptr);
     return bytes;
+}
+
+std::optional<Text> WindowsLocale::FromCodePage(std::uint32_t codePage, std::string_view bytes) {
+    if (!IsValidCodePage(codePage)) return {};
+    return Decoded(codePage, bytes);
 }
 
 std::optional<Text> WindowsLocale::LocaleInfo(std::uint32_t locale, std::uint32_t type) {

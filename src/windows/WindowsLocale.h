@@ -13,6 +13,7 @@ class WindowsLocale : public Locale {
 public:
     Text FromAnsi(std::string_view bytes) override { return windows::FromAnsi(bytes); }
     std::string ToAnsi(TextView text) override { return windows::ToAnsi(text); }
+    std::optional<Text> FromCodePage(std::uint32_t codePage, std::string_view bytes) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
     std::string SortKey(TextView text) override;
 };

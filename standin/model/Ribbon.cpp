@@ -182,6 +182,7 @@ std::vector<Ribbons::Entry> Ribbons::EntriesAt(TextView ribbonId, TextView place
         entry.group = AsText(Answer(*addIn, *part, u"getLabel", group.getLabel, frame));
         entry.label = AsText(answer(u"getLabel"));
         entry.screentip = AsText(answer(u"getScreentip"));
+        entry.supertip = AsText(answer(u"getSupertip"));
         entry.image = AsObject(answer(u"getImage"));
         entry.large = button.large;
         // What the add-in has may have gone by the time it is done.

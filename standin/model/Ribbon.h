@@ -60,7 +60,8 @@ public:
         Text behind;  // Office's group that its group stands behind; empty: at the end
         Text group;   // the group's label
         Text label;
-        Text screentip;
+        Text screentip;   // bold
+        Text supertip;    // below it
         ObjectPtr image;  // the add-in's own object
         bool large = false;
         std::function<void()> click;

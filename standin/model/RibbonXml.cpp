@@ -150,7 +150,7 @@ private:
     void ReadButtons(const Node& parent, bool sized, RibbonGroup& group) {
         std::set<std::string> attributes{"id", "tag"};
         if (sized) attributes.insert("size");
-        const std::set<std::string> calls{"onAction", "getLabel",   "getScreentip",
+        const std::set<std::string> calls{"onAction", "getLabel",   "getScreentip", "getSupertip",
                                           "getImage", "getVisible", "getEnabled"};
         attributes.insert(calls.begin(), calls.end());
         for (const Node* node = parent.first_node(); node; node = node->next_sibling()) {

@@ -67,8 +67,8 @@ void RibbonBar::CollectOwn() {
 void RibbonBar::CollectAddIns() {
     for (auto& entry : model->outlook.ribbons.Entries(model)) {
         Group group{{}, entry.group, {}};
-        group.items.push_back(
-            {entry.label, entry.screentip, FaceOfPicture(entry.image), std::move(entry.click)});
+        group.items.push_back({entry.label, entry.screentip + u"\r\n" + entry.supertip,
+                               FaceOfPicture(entry.image), std::move(entry.click)});
         const auto behind = std::find_if(groups.begin(), groups.end(), [&](const Group& own) {
             return !entry.behind.empty() && own.name == entry.behind;
         });

@@ -13,6 +13,7 @@ Text DescribeEntries(const std::vector<Ribbons::Entry>& entries) {
         if (!entry.behind.empty()) text += u" behind=" + entry.behind;
         if (!entry.group.empty()) text += u" group=" + Quoted(entry.group);
         if (!entry.screentip.empty()) text += u" tip=" + Quoted(entry.screentip);
+        if (!entry.supertip.empty()) text += u" explained=" + Quoted(entry.supertip);
         texts.push_back(text + u" large=" + (entry.large ? u"1" : u"0") + u" face=" +
                         FaceText(FaceOfPicture(entry.image)));
     }

@@ -118,7 +118,7 @@ TEST_CASE("a hint shortens the pane, and who would lose characters goes back or 
     CHECK(TextOf(form.message) == L"\u0141\u00f3d\u017a \u20ac");
     CHECK_FALSE(ReadText(QueueKey, L"cOut"));
     question = ask();
-    Click(FindByText(question, L"Ersetzen"));
+    Click(FindByText(question, L"Ersetzen und senden"));
     CHECK(WaitUntil([] { return ReadText(QueueKey, L"cOut") == L"1"; }));
     CHECK(ReadBytes(*ReadText(QueueKey, L"1")) ==
           "0491701\tL\xf3"

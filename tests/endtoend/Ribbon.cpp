@@ -56,12 +56,11 @@ TEST_CASE("ribbon and menus have the add-in's buttons instead of the bars, while
               {Contact, "ContextMenuContactItem"},
               {"6 7", "ContextMenuMultipleItems"}}) {
             outlook.Command("select 1 " + items);
-            begins("context-menu 1",
-                   explorers ? "\"SMS an diesen Kontakt\" at=" + menu : std::string(),
+            begins("context-menu 1", explorers ? "\"SMS schreiben\" at=" + menu : std::string(),
                    "large=0 face=16x16");
         }
         if (explorers) {
-            outlook.Command("click-context 1 \"SMS an diesen Kontakt\"");
+            outlook.Command("click-context 1 \"SMS schreiben\"");
             CHECK(TakeRecipient().find(L';') != std::wstring::npos);
         }
         outlook.Command(std::string("open-inspector ") + Sms);

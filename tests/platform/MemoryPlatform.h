@@ -374,6 +374,16 @@ public:
         }
         return bytes;
     }
+    std::optional<Text> FromCodePage(std::uint32_t codePage, std::string_view bytes) override {
+        if (codePage != 1250 && codePage != 1252) return {};
+        if (codePage == 1252) return MemoryLocale().FromAnsi(bytes);
+        Text text;
+        for (const char byte : bytes) {
+            const auto code = static_cast<unsigned char>(byte);
+            text += code < 0x80 ? char16_t(code) : Upper1250[code - 0x80u];
+        }
+        return text;
+    }
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override {
         const auto found = information.find({locale, type});
         if (found == information.end()) return {};
@@ -395,6 +405,10 @@ public:
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 
 private:
+    // Code page 1250 from 0x80 on; the undefined bytes stand for themselves.
+    static constexpr TextView Upper1250 =
+        u"€\x81‚\x83„…†‡\x88‰Š‹ŚŤŽŹ\x90‘’“”•–—\x98™š›śťžź\u00A0ˇ˘Ł¤Ą¦§¨©Ş«¬\u00AD®Ż°±˛ł´µ¶·¸ąş»Ľ˝ľż"
+        u"ŔÁÂĂÄĹĆÇČÉĘËĚÍÎĎĐŃŇÓÔŐÖ×ŘŮÚŰÜÝŢßŕáâăäĺćçčéęëěíîďđńňóôőö÷řůúűüýţ˙";
     // Code page 1252 from 0x80 to 0x9F; the undefined bytes stand for themselves.
     static constexpr std::array<char16_t, 32> Upper1252 = {
         0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,

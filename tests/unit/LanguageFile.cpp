@@ -34,6 +34,22 @@ TEST_CASE("texts are found by section and key") {
     }
 }
 
+TEST_CASE("a file that names its code page is read by it, any other by the system's") {
+    const std::string word =
+        "k=Wy\x9C"
+        "lij za\xBF\xF3\xB3\xE6\r\n";
+    using Case = std::pair<std::string, TextView>;
+    for (const Case& c : {Case{"1250", u"Wyślij zażółć"},
+                          {"1252", u"Wyœlij za¿ó³æ"},
+                          {"", u"Wyœlij za¿ó³æ"},
+                          {"99999", u"Wyœlij za¿ó³æ"},
+                          {"-1", u"Wyœlij za¿ó³æ"}}) {
+        CAPTURE(c.first);
+        SettingsModules m("[A]\r\n" + word + "[Misc]\r\nCodePage=" + c.first + "\r\n");
+        CHECK(m.language.GetLanguageString(u"A", u"k") == c.second);
+    }
+}
+
 TEST_CASE("a missing text is told on demand, and only while there is a file") {
     SettingsModules m("[A]\r\nk=1\r\n");
     CHECK((m.language.GetLanguageString(u"A", u"k", true) == u"1"));

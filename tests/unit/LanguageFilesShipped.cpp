@@ -1,6 +1,5 @@
 // The language files that ship with the add-in, against each other and the texts built in.
 #include <doctest.h>
-#include <iconv.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -17,8 +16,10 @@ using namespace tellwick::test;
 namespace {
 
 // Looked up with another fallback than a built-in text, or none.
-constexpr std::array<std::array<TextView, 2>, 6> NotBuiltIn = {
+constexpr std::array<std::array<TextView, 2>, 8> NotBuiltIn = {
     {{u"TellwickOutlookAddIn", u"mNewSMS"},
+     {u"Misc", u"CodePage"},
+     {u"Misc", u"Language"},
      {u"Misc", u"Infrared"},
      {u"Misc", u"Outlook"},
      {u"Misc", u"no"},
@@ -40,32 +41,20 @@ std::set<Text> TextsLookedUp() {
 // another encoding decodes into other characters.
 struct ShippedLanguage {
     TextView file;
-    const char* codePage;
+    std::uint32_t codePage;
     TextView letters;
+    TextView yesNo;  // the access keys of Windows' own answers
 };
 constexpr ShippedLanguage Languages[] = {
-    {u"Cesky.lng", "CP1250", u"áčďéěíňóřšťúůýžČŠŽ„“"},
-    {u"Deutsch.lng", "CP1252", u"äöüßÄÖÜ„“"},
-    {u"English.lng", "CP1252", u"“”"},
-    {u"Espanol.lng", "CP1252", u"áéíñóúü¿“”"},
-    {u"Francais.lng", "CP1252", u"àâçèéêîôùûÀÉ«»\u00A0"},
-    {u"Nederlands.lng", "CP1252", u"éëï"},
-    {u"Polski.lng", "CP1250", u"ąćęłńóśźżŁŚŻ„”"},
-    {u"Portugues-BR.lng", "CP1252", u"áâãçéêíóôõú“”"},
+    {u"Cesky.lng", 1250, u"áčďéěíňóřšťúůýžČŠŽ„“", u"an"},
+    {u"Deutsch.lng", 1252, u"äöüßÄÖÜ„“", u"jn"},
+    {u"English.lng", 1252, u"“”", u"yn"},
+    {u"Espanol.lng", 1252, u"áéíñóúü¿“”", u"sn"},
+    {u"Francais.lng", 1252, u"àâçèéêîôùûÀÉ«»\u00A0", u"on"},
+    {u"Nederlands.lng", 1252, u"éëï", u"jn"},
+    {u"Polski.lng", 1250, u"ąćęłńóśźżŁŚŻ„”", u"tn"},
+    {u"Portugues-BR.lng", 1252, u"áâãçéêíóôõú“”", u"sn"},
 };
-
-Text Decoded(std::string bytes, const char* codePage) {
-    Text text(bytes.size(), u'\0');
-    char* from = bytes.data();
-    char* to = reinterpret_cast<char*>(text.data());
-    std::size_t fromLeft = bytes.size();
-    std::size_t toLeft = 2 * text.size();
-    const iconv_t conversion = iconv_open("UTF-16LE", codePage);
-    CHECK(iconv(conversion, &from, &fromLeft, &to, &toLeft) == 0);
-    iconv_close(conversion);
-    text.resize(text.size() - toLeft / 2);
-    return text;
-}
 
 struct ShippedFile {
     ShippedLanguage language;
@@ -77,7 +66,8 @@ struct ShippedFile {
                              std::ios::binary);
         bytes.assign(std::istreambuf_iterator<char>(stream), {});
         Text section;
-        for (const Text& line : Split(Decoded(bytes, shipped.codePage), LineBreak)) {
+        for (const Text& line :
+             Split(*MemoryLocale().FromCodePage(shipped.codePage, bytes), LineBreak)) {
             const std::size_t equals = line.find(u'=');
             if (line.starts_with(u'[')) section = line.substr(1, line.size() - 2);
             if (equals == Text::npos) continue;
@@ -89,6 +79,22 @@ struct ShippedFile {
 
     bool Knows(char16_t character) const {
         return character < 0x7F || language.letters.find(character) != TextView::npos;
+    }
+    // Whether every sign that a line must not begin with is held at its word as the language wants
+    // it: in French by a blank that does not break, elsewhere without one.
+    bool SignsHold(TextView text) const {
+        const bool blank = Knows(0x00A0);
+        for (std::size_t at = 1; at < text.size(); ++at) {
+            const bool behindBlank = text[at - 1] == u' ';
+            const bool held = text[at - 1] == 0x00A0;
+            if (TextView(u":;?!»").find(text[at]) == TextView::npos) {
+                if (blank && text.substr(at - 1, 2) == u"« ") return false;
+                if (blank && behindBlank && text.substr(at, 2) == u"%)") return false;
+            } else if (behindBlank || held != blank) {
+                return false;
+            }
+        }
+        return true;
     }
     // The letter behind "&", in lower case; 0 when there is none.
     char16_t Mnemonic(TextView text) const {
@@ -139,6 +145,7 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
             CAPTURE(name);
             CHECK(file.texts.contains(name));
         }
+        CHECK(file.texts.at(u"Misc/CodePage") == NumberText(file.language.codePage));
         for (const auto& text : file.texts) {
             CAPTURE(text.first);
             CHECK(wanted.contains(text.first));
@@ -170,10 +177,16 @@ TEST_CASE("the texts of every language file fit their places") {
                 CHECK(text == builtIn.text);
             }
             CHECK(Placeholders(text) == Placeholders(builtIn.text));
+            CHECK(file.SignsHold(text));
             const char16_t mnemonic = file.Mnemonic(text);
             CHECK((mnemonic != 0 || builtIn.text.find(u'&') == TextView::npos));
-            if (mnemonic == 0 || builtIn.section == u"Messages") continue;
-            // One letter for one control of a form; a control's second caption keeps the letter.
+            // This one stands in boxes without other letters.
+            if (mnemonic == 0 || builtIn.key == u"DoNotShowAgain") continue;
+            if (builtIn.key == u"DoNotAskAgain") {
+                CHECK(file.language.yesNo.find(mnemonic) == TextView::npos);
+            }
+            // One letter for one control of a form or a box; a control's second caption keeps the
+            // letter.
             const std::size_t second = builtIn.key.rfind(u".On");
             if (second != TextView::npos) {
                 const Text first = Name(builtIn.section, builtIn.key.substr(0, second));

@@ -92,7 +92,11 @@ TEST_CASE("before characters get lost the user is asked, and can replace them or
            "1\tZaz\xF3lc \x97 ?",
            u"Zazólc — ж"},
           {zazolc, {Answer::Yes, Answer::Cancel}, {all, u"ж → ?"}, nullptr, u"Zazólc — ж"},
-          {u"e\u0301 ł", {Answer::Yes}, {u"U+0301 → ?    ł → l"}, "1\t\xE9 l", u"é l"},
+          {u"e\u0301 \u2009ł",
+           {Answer::Yes},
+           {u"U+0301 → ?    Leerzeichen (U+2009) → ?    ł → l"},
+           "1\t\xE9  l",
+           u"é  l"},
           {u"абвгдежзийкл",
            {Answer::No},
            {u"а → ?    б → ?    в → ?    г → ?    д → ?    е → ?    "
@@ -186,8 +190,15 @@ TEST_CASE("the preview shows the SMS, marks what is dear or lost, and says what 
             u"›\tmacht 3 SMS statt 1\tersetzbar durch '"}},
           {u"½\u00A0l\u00AD",
            u"SMS 1 von 1 (4/70)\r\n<½\u00A0>l<\u00AD>",
-           {u"½\tnur in Unicode\tkein Ersatz", u"U+00A0\tnur in Unicode\tersetzbar durch U+0020",
-            u"U+00AD\tnur in Unicode\tkann entfallen"}},
+           {u"½\tnur in Unicode\tkein Ersatz",
+            u"geschütztes Leerzeichen\tnur in Unicode\tersetzbar durch Leerzeichen",
+            u"bedingter Trennstrich\tnur in Unicode\tkann entfallen"}},
+          {u"\u2009\u200B\u2028",
+           u"SMS 1 von 1 (3/160)\r\n<???"
+           u">",
+           {u"Leerzeichen (U+2009)\tkommt an als ?\tersetzbar durch Leerzeichen",
+            u"unsichtbar (U+200B)\tkommt an als ?\tkann entfallen",
+            u"Zeilenwechsel\tkommt an als ?\tersetzbar durch Zeilenwechsel"}},
           {u"Zdjęć u\u0308 ł\xD83D\xDE00",
            u"SMS 1 von 1 (12/160)\r\nZdj<?"
            u"?> u<?> <l?"

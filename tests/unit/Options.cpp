@@ -17,8 +17,16 @@ struct Options : TestProgram {
 
     Options() {
         program.debug.DebugInit(false, true);
-        for (const TextView name : {u"Francais.lng", u"Deutsch.lng", u"english.LNG", u"no.txt"}) {
-            platform.fileSystem.Write(u"C:\\Program\\" + Text(name), "[x]", WriteMode::Replace);
+        for (const auto& [name, contents] : {std::pair{u"Francais.lng",
+                                                       "[Misc]\r\nLanguage=Fran\xE7"
+                                                       "ais"},
+                                             {u"Deutsch.lng", "[x]"},
+                                             {u"english.LNG", ""},
+                                             {u"Cesky.lng",
+                                              "[Misc]\r\nCodePage=1250\r\nLanguage=\xC8"
+                                              "e\x9Atina"},
+                                             {u"no.txt", "[x]"}}) {
+            platform.fileSystem.Write(u"C:\\Program\\" + Text(name), contents, WriteMode::Replace);
         }
     }
     std::string Settings() { return platform.fileSystem.files[Text(CurrentFile)].contents; }
@@ -45,7 +53,7 @@ TEST_CASE("the window shows the settings, or what holds without them") {
     CHECK(window.caption == u"Corvane - Einstellungen");
     CHECK(window.BoxFont().items == std::vector<Text>{asWindows, u"Arial", u"Tahoma"});
     CHECK(window.BoxLanguage().items ==
-          std::vector<Text>{asWindows, u"Deutsch", u"english", u"Francais"});
+          std::vector<Text>{asWindows, u"Deutsch", u"english", u"Français", u"Čeština"});
     CHECK(window.BoxFont().selected + window.BoxFontSize().selected +
               window.BoxLanguage().selected ==
           0);
@@ -81,7 +89,8 @@ TEST_CASE("the window shows the settings, or what holds without them") {
                           {u"Editor", u"FontSize", u"13", size, u"13"},
                           {u"Editor", u"FontSize", u"big", size, asWindows},
                           {u"Settings", u"Language", u"DEUTSCH.lng", chosen, u"Deutsch"},
-                          {u"Settings", u"Language", u"Fran\u00e7ais", chosen, u"Francais"},
+                          {u"Settings", u"Language", u"Fran\u00e7ais", chosen, u"Français"},
+                          {u"Settings", u"Language", u"cesky.lng", chosen, u"Čeština"},
                           {u"Settings", u"Language", u"Klingon", chosen, u"Klingon"}}) {
         CAPTURE(Text(c.value));
         options.SetSetting(c.section, c.key, c.value);
@@ -112,7 +121,7 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     CHECK_FALSE(options.window.LabelNumUsedNumber().Enabled());
     Choose(options.window.BoxFont(), u"Arial");
     Choose(options.window.BoxFontSize(), u"12");
-    Choose(options.window.BoxLanguage(), u"Francais");
+    Choose(options.window.BoxLanguage(), u"Français");
     options.window.CheckAirCount().SetChecked(false);
     options.window.CheckAskLostCharacters().SetChecked(false);
     const int writes = options.platform.fileSystem.writes;

@@ -66,7 +66,7 @@ Text Described(const Entries& entries) {
     Text text;
     for (const auto& entry : entries) {
         text += entry.place + u">" + entry.behind + u" [" + entry.group + u"] " + entry.label +
-                u": " + entry.screentip + (entry.large ? u" large" : u"") +
+                u": " + entry.screentip + u": " + entry.supertip + (entry.large ? u" large" : u"") +
                 NumberText(std::int64_t(MemoryBitmaps::BitmapOf(entry.image))) + u"\n";
     }
     return text;
@@ -80,8 +80,8 @@ TEST_CASE("what stands on the ribbon of each window, in each version that has on
         RibbonHost host(version);
         const bool explorers = version >= 14;
         const Text create =
-            u"SMS] Neue SMS: Eine SMS schreiben. Ausgew\u00E4hlte Kontakte und Absender "
-            u"werden zu Empf\u00E4ngern. large10032\n";
+            u"SMS] Neue SMS: Neue SMS: Eine SMS schreiben. Ausgew\u00E4hlte Kontakte und die "
+            u"Absender ausgew\u00E4hlter Nachrichten werden zu Empf\u00E4ngern. large10032\n";
         const Text contact = u"SMS an diesen Kontakt: ";
         CHECK(Described(host.outlook.ribbons.Entries(host.first)) ==
               (explorers ? u"TabMail>GroupMailNew [" + create : Text()));
@@ -89,12 +89,14 @@ TEST_CASE("what stands on the ribbon of each window, in each version that has on
         CHECK(Described(host.outlook.ribbons.Entries(host.first)) ==
               (explorers ? u"TabContacts> [" + create : Text()));
         CHECK(Described(host.Of(host.mail)) ==
-              u"TabReadMessage>GroupRespond [SMS] Per SMS antworten: Dem Absender dieser Nachricht "
+              u"TabReadMessage>GroupRespond [SMS] Per SMS antworten: Per SMS antworten: Dem "
+              u"Absender dieser Nachricht "
               u"eine SMS schreiben large10032\n");
         CHECK(Described(host.Of(host.eva)) ==
-              u"TabContact> [SMS] " + contact + u"Diesem Kontakt eine SMS schreiben large10032\n");
+              u"TabContact> [SMS] " + contact + contact +
+                  u"Diesem Kontakt eine SMS schreiben large10032\n");
         const auto menu = [&](TextView name) {
-            return explorers ? Text(name) + u"> [] " + contact + u"10016\n" : Text();
+            return explorers ? Text(name) + u"> [] SMS schreiben: : 10016\n" : Text();
         };
         CHECK(Described(host.Menu({host.mail})) == menu(u"ContextMenuMailItem"));
         CHECK(Described(host.Menu({host.eva})) == menu(u"ContextMenuContactItem"));

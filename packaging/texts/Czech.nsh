@@ -1,0 +1,33 @@
+!insertmacro Text WelcomeText \
+    "Tento program nainstaluje ${NAME}, díky kterému můžete psát SMS v klasickém Outlooku.$\r$\n$\r$\nPráva správce nejsou potřeba. Doplněk se uloží do složky programu Tellwick, který vaše SMS odesílá.$\r$\n$\r$\nNež budete pokračovat, zavřete Outlook."
+!insertmacro Text FolderText \
+    "Zvolte složku, ve které je Tellwick.exe. Doplněk tam program Tellwick hledá."
+!insertmacro Text NoSenderText \
+    "V této složce není Tellwick.exe. SMS můžete psát, ale odešlou se, až tam Tellwick bude.$\r$\n$\r$\nChcete tuto složku přesto použít?"
+!insertmacro Text PrefixTitle "Předvolba země"
+!insertmacro Text PrefixSubtitle "Jak se zapisují čísla vašich kontaktů."
+!insertmacro Text PrefixText \
+    "Čísla s předvolbou vaší země se zapisují vnitrostátně s nulou: s předvolbou +49 se z čísla +49170123 stane 0170123. Bez předvolby se znak „+“ v každém čísle nahradí nulou, což je téměř vždy špatně. Česká čísla nulou nezačínají: zadejte +999.$\r$\nPředvolbu můžete později změnit v nastavení okna SMS."
+!insertmacro Text PrefixLabel "&Předvolba země:"
+!insertmacro Text OpenText \
+    "Outlook je otevřený a používá doplněk. Zavřete Outlook a klikněte na tlačítko Opakovat."
+!insertmacro Text NewerText \
+    "Je nainstalována novější verze ${NAME}, $0. Chcete ji nahradit verzí ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "Nemáte oprávnění zapisovat do složky $INSTDIR. Zvolte vlastní složku nebo se obraťte na správce."
+!insertmacro Text NotCopiedText \
+    "Některé soubory se nepodařilo zkopírovat. Na disku možná není dost místa."
+!insertmacro Text NotRegisteredText "Doplněk se nepodařilo zaregistrovat v Outlooku."
+!insertmacro Text FinishTitle "${NAME} je nainstalován"
+!insertmacro Text FinishText \
+    "Spusťte Outlook a klikněte na „Nová SMS“: na kartě Domů nebo, až do verze Outlook 2007, na panelu nástrojů."
+!insertmacro Text NewOutlookText \
+    "Používáte nový Outlook, který takové doplňky nepodporuje. Chcete-li psát SMS, vraťte se ke klasickému Outlooku: přepínač „Nový Outlook“ je v okně vpravo nahoře."
+!insertmacro Text OnePartText \
+    "Část pro $0bitový Outlook se na tomto počítači nepodařilo zaregistrovat."
+!insertmacro Text RemoveTitle "Odebrat ${NAME}"
+!insertmacro Text RemoveSubtitle "Doplněk se odebere z Outlooku."
+!insertmacro Text RemoveText \
+    "Soubory doplňku se odstraní ze složky $INSTDIR. Samotný Tellwick zůstane."
+!insertmacro Text SettingsLabel "Odstranit &také nastavení, zapamatovaná čísla a neodeslané SMS"
+!insertmacro Text SettingsText "Tellwick používá stejné nastavení a přijde o ně také."

@@ -1,0 +1,34 @@
+!insertmacro Text WelcomeText \
+    "Hiermee installeert u ${NAME}, waarmee u sms-berichten schrijft in het klassieke Microsoft Outlook.$\r$\n$\r$\nU hebt geen beheerdersrechten nodig. De invoegtoepassing komt in de map van Tellwick, dat uw sms-berichten verzendt.$\r$\n$\r$\nSluit Outlook voordat u doorgaat."
+!insertmacro Text FolderText \
+    "Kies de map waarin Tellwick.exe staat. Daar zoekt de invoegtoepassing Tellwick."
+!insertmacro Text NoSenderText \
+    "In deze map staat geen Tellwick.exe. U kunt sms-berichten schrijven, maar ze worden pas verzonden als Tellwick daar staat.$\r$\n$\r$\nWilt u deze map toch gebruiken?"
+!insertmacro Text PrefixTitle "Landnummer"
+!insertmacro Text PrefixSubtitle "Hoe de nummers van uw contactpersonen worden geschreven."
+!insertmacro Text PrefixText \
+    "Nummers met het landnummer van uw land worden nationaal geschreven: met +31 wordt +31612345678 geschreven als 0612345678. Zonder landnummer wordt bij elk nummer het plusteken vervangen door 0, wat bijna altijd onjuist is. Beginnen de nummers van uw land niet met 0, zoals in Spanje of Polen, voer dan +999 in.$\r$\nU kunt het landnummer later wijzigen in de instellingen van het sms-venster."
+!insertmacro Text PrefixLabel "&Landnummer:"
+!insertmacro Text OpenText \
+    "Outlook is geopend en gebruikt de invoegtoepassing. Sluit Outlook en klik op Opnieuw."
+!insertmacro Text NewerText \
+    "Er is een nieuwere versie van ${NAME} geïnstalleerd: $0. Wilt u die vervangen door versie ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "U bent niet gemachtigd om in de map $INSTDIR te schrijven. Kies een eigen map of vraag het uw beheerder."
+!insertmacro Text NotCopiedText \
+    "Niet alle bestanden konden worden gekopieerd. Misschien is er te weinig schijfruimte."
+!insertmacro Text NotRegisteredText "De invoegtoepassing kon niet in Outlook worden geregistreerd."
+!insertmacro Text FinishTitle "${NAME} is geïnstalleerd"
+!insertmacro Text FinishText \
+    "Start Outlook en klik op $\"Nieuwe sms$\": op het tabblad Start of, tot en met Outlook 2007, op de werkbalk."
+!insertmacro Text NewOutlookText \
+    "U gebruikt het nieuwe Outlook, dat zulke invoegtoepassingen niet kent. Ga terug naar het klassieke Outlook om sms-berichten te schrijven: de schakelaar $\"Nieuwe Outlook$\" staat rechtsboven in het venster."
+!insertmacro Text OnePartText \
+    "Het deel voor $0-bits Outlook kon op deze computer niet worden geregistreerd."
+!insertmacro Text RemoveTitle "${NAME} verwijderen"
+!insertmacro Text RemoveSubtitle "De invoegtoepassing wordt uit Outlook verwijderd."
+!insertmacro Text RemoveText \
+    "De bestanden van de invoegtoepassing worden uit de map $INSTDIR verwijderd. Tellwick zelf blijft staan."
+!insertmacro Text SettingsLabel \
+    "&Ook instellingen, onthouden nummers en niet-verzonden sms-berichten verwijderen"
+!insertmacro Text SettingsText "Tellwick gebruikt dezelfde instellingen en raakt ze dan ook kwijt."

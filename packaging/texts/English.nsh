@@ -1,0 +1,33 @@
+!insertmacro Text WelcomeText \
+    "This will install ${NAME}, which lets you write SMS messages in classic Microsoft Outlook.$\r$\n$\r$\nYou need no administrator rights. The add-in goes into the folder of Tellwick, which sends your messages.$\r$\n$\r$\nClose Outlook before you continue."
+!insertmacro Text FolderText \
+    "Choose the folder that Tellwick.exe is in. The add-in looks for Tellwick there."
+!insertmacro Text NoSenderText \
+    "There is no Tellwick.exe in this folder. You can write SMS messages, but they are not sent until Tellwick is there.$\r$\n$\r$\nDo you want to use this folder anyway?"
+!insertmacro Text PrefixTitle "Country Code"
+!insertmacro Text PrefixSubtitle "How the numbers of your contacts are written."
+!insertmacro Text PrefixText \
+    "Numbers with the code of your country are written in national form: with +44, the number +447700900123 becomes 07700900123. Without a code the $\"+$\" of every number is replaced by 0, which is almost always wrong. If numbers in your country do not begin with 0, as in the USA or Spain, enter +999.$\r$\nYou can change the code later in the settings of the SMS window."
+!insertmacro Text PrefixLabel "&Country code:"
+!insertmacro Text OpenText \
+    "Outlook is open and uses the add-in. Close Outlook, and then click Retry."
+!insertmacro Text NewerText \
+    "A newer version of ${NAME}, $0, is installed. Do you want to replace it with version ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "You do not have permission to write to the folder $INSTDIR. Choose a folder of your own, or ask your administrator."
+!insertmacro Text NotCopiedText \
+    "Not all files could be copied. There may be too little space on the disk."
+!insertmacro Text NotRegisteredText "The add-in could not be registered with Outlook."
+!insertmacro Text FinishTitle "${NAME} is set up"
+!insertmacro Text FinishText \
+    "Start Outlook and click $\"New SMS$\": on the Home tab, or on the toolbar of Outlook 2007 and earlier."
+!insertmacro Text NewOutlookText \
+    "You use the new Outlook, which has no room for add-ins like this one. To write SMS messages, switch back to classic Outlook: the switch $\"New Outlook$\" is at the top right of its window."
+!insertmacro Text OnePartText \
+    "The part for $0-bit Outlook could not be registered on this computer."
+!insertmacro Text RemoveTitle "Remove ${NAME}"
+!insertmacro Text RemoveSubtitle "The add-in is taken out of Outlook."
+!insertmacro Text RemoveText \
+    "The add-in's files are removed from the folder $INSTDIR. Tellwick itself stays."
+!insertmacro Text SettingsLabel "Also &remove settings, remembered numbers and unsent messages"
+!insertmacro Text SettingsText "Tellwick uses the same settings and will lose them, too."

@@ -1,0 +1,34 @@
+!insertmacro Text WelcomeText \
+    "Ce programme va installer ${NAME}, qui vous permet d'écrire des SMS dans la version classique de Microsoft Outlook.$\r$\n$\r$\nAucun droit d'administrateur n'est nécessaire. Le complément est placé dans le dossier de Tellwick, qui envoie vos SMS.$\r$\n$\r$\nFermez Outlook avant de continuer."
+!insertmacro Text FolderText \
+    "Choisissez le dossier qui contient Tellwick.exe. C'est là que le complément cherche Tellwick."
+!insertmacro Text NoSenderText \
+    "Ce dossier ne contient pas Tellwick.exe. Vous pourrez écrire des SMS, mais ils ne seront envoyés qu'une fois Tellwick présent.$\r$\n$\r$\nVoulez-vous tout de même utiliser ce dossier ?"
+!insertmacro Text PrefixTitle "Indicatif de pays"
+!insertmacro Text PrefixSubtitle "Comment les numéros de vos contacts sont écrits."
+!insertmacro Text PrefixText \
+    "Les numéros qui commencent par l'indicatif de votre pays sont écrits au format national : avec +33, le numéro +33612345678 devient 0612345678. Sans indicatif, le « + » de chaque numéro est remplacé par 0, ce qui est presque toujours faux. Si les numéros de votre pays ne commencent pas par 0, comme en Espagne ou au Luxembourg, saisissez +999.$\r$\nVous pourrez modifier l'indicatif plus tard dans les paramètres de la fenêtre SMS."
+!insertmacro Text PrefixLabel "&Indicatif de pays :"
+!insertmacro Text OpenText \
+    "Outlook est ouvert et utilise le complément. Fermez Outlook, puis cliquez sur Réessayer."
+!insertmacro Text NewerText \
+    "Une version plus récente de ${NAME}, la $0, est installée. Voulez-vous la remplacer par la version ${VERSION} ?"
+!insertmacro Text NotWritableText \
+    "Vous n'avez pas l'autorisation d'écrire dans le dossier $INSTDIR. Choisissez un dossier qui vous appartient ou adressez-vous à votre administrateur."
+!insertmacro Text NotCopiedText \
+    "Certains fichiers n'ont pas pu être copiés. L'espace disque est peut-être insuffisant."
+!insertmacro Text NotRegisteredText "Le complément n'a pas pu être enregistré dans Outlook."
+!insertmacro Text FinishTitle "${NAME} est installé"
+!insertmacro Text FinishText \
+    "Démarrez Outlook et cliquez sur « Nouveau SMS » : sous l'onglet Accueil ou, jusqu'à Outlook 2007, dans la barre d'outils."
+!insertmacro Text NewOutlookText \
+    "Vous utilisez le nouvel Outlook, qui n'accepte pas les compléments de ce type. Pour écrire des SMS, revenez à Outlook classique : le bouton bascule « Nouvel Outlook » se trouve en haut à droite de la fenêtre."
+!insertmacro Text OnePartText \
+    "La partie pour Outlook $0 bits n'a pas pu être enregistrée sur cet ordinateur."
+!insertmacro Text RemoveTitle "Supprimer ${NAME}"
+!insertmacro Text RemoveSubtitle "Le complément est retiré d'Outlook."
+!insertmacro Text RemoveText \
+    "Les fichiers du complément sont supprimés du dossier $INSTDIR. Tellwick lui-même est conservé."
+!insertmacro Text SettingsLabel \
+    "Supprimer &aussi les paramètres, les numéros mémorisés et les SMS non envoyés"
+!insertmacro Text SettingsText "Tellwick utilise les mêmes paramètres et les perdra également."

@@ -1,0 +1,35 @@
+!insertmacro Text WelcomeText \
+    "Hiermit wird ${NAME} eingerichtet, mit dem Sie im klassischen Microsoft Outlook SMS schreiben.$\r$\n$\r$\nAdministratorrechte sind nicht nötig. Das Add-In kommt in den Ordner von Tellwick, das Ihre SMS sendet.$\r$\n$\r$\nBeenden Sie Outlook, bevor Sie fortfahren."
+!insertmacro Text FolderText \
+    "Wählen Sie den Ordner, in dem Tellwick.exe liegt. Das Add-In sucht Tellwick dort."
+!insertmacro Text NoSenderText \
+    "In diesem Ordner liegt kein Tellwick.exe. Sie können SMS schreiben, aber gesendet werden sie erst, wenn Tellwick dort liegt.$\r$\n$\r$\nMöchten Sie den Ordner trotzdem verwenden?"
+!insertmacro Text PrefixTitle "Ländervorwahl"
+!insertmacro Text PrefixSubtitle "Wie die Rufnummern Ihrer Kontakte geschrieben werden."
+!insertmacro Text PrefixText \
+    "Rufnummern mit der Vorwahl Ihres Landes werden national geschrieben: Mit +49 wird aus +49170123 die Nummer 0170123. Ohne Vorwahl wird bei jeder Nummer das „+“ durch 0 ersetzt, was fast immer falsch ist. Beginnen die Rufnummern Ihres Landes nicht mit 0, wie in Spanien oder Polen, geben Sie +999 ein.$\r$\nSie können die Vorwahl später in den Einstellungen des SMS-Fensters ändern."
+!insertmacro Text PrefixLabel "&Ländervorwahl:"
+!insertmacro Text OpenText \
+    "Outlook ist geöffnet und verwendet das Add-In. Beenden Sie Outlook, und klicken Sie dann auf „Wiederholen“."
+!insertmacro Text NewerText \
+    "Eine neuere Version von ${NAME}, $0, ist installiert. Möchten Sie sie durch die Version ${VERSION} ersetzen?"
+!insertmacro Text NotWritableText \
+    "Sie dürfen nicht in den Ordner $INSTDIR schreiben. Wählen Sie einen eigenen Ordner, oder fragen Sie Ihren Administrator."
+!insertmacro Text NotCopiedText \
+    "Nicht alle Dateien konnten kopiert werden. Vielleicht reicht der Speicherplatz nicht aus."
+!insertmacro Text NotRegisteredText "Das Add-In konnte nicht in Outlook registriert werden."
+!insertmacro Text FinishTitle "${NAME} ist eingerichtet"
+!insertmacro Text FinishText \
+    "Starten Sie Outlook, und klicken Sie auf „Neue SMS“: auf der Registerkarte „Start“ oder, bis Outlook 2007, in der Symbolleiste."
+!insertmacro Text NewOutlookText \
+    "Sie verwenden das neue Outlook, das keine Add-Ins wie dieses kennt. Um SMS zu schreiben, wechseln Sie zurück zum klassischen Outlook: Der Schalter „Neues Outlook“ steht rechts oben im Fenster."
+!insertmacro Text OnePartText \
+    "Der Teil für $0-Bit-Outlook konnte auf diesem Computer nicht registriert werden."
+!insertmacro Text RemoveTitle "${NAME} entfernen"
+!insertmacro Text RemoveSubtitle "Das Add-In wird aus Outlook entfernt."
+!insertmacro Text RemoveText \
+    "Die Dateien des Add-Ins werden aus dem Ordner $INSTDIR entfernt. Tellwick selbst bleibt."
+!insertmacro Text SettingsLabel \
+    "Auch &Einstellungen, gemerkte Rufnummern und nicht gesendete SMS entfernen"
+!insertmacro Text SettingsText \
+    "Tellwick verwendet dieselben Einstellungen und verliert sie dann ebenfalls."

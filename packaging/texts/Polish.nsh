@@ -1,0 +1,33 @@
+!insertmacro Text WelcomeText \
+    "Ten program zainstaluje ${NAME}, dzięki któremu można pisać SMS-y w klasycznym programie Microsoft Outlook.$\r$\n$\r$\nUprawnienia administratora nie są potrzebne. Dodatek trafia do folderu programu Tellwick, który wysyła SMS-y.$\r$\n$\r$\nPrzed kontynuowaniem zamknij program Outlook."
+!insertmacro Text FolderText \
+    "Wybierz folder, w którym znajduje się plik Tellwick.exe. Tam dodatek szuka programu Tellwick."
+!insertmacro Text NoSenderText \
+    "W tym folderze nie ma pliku Tellwick.exe. SMS-y można pisać, ale zostaną wysłane dopiero, gdy Tellwick będzie się tam znajdował.$\r$\n$\r$\nCzy mimo to chcesz użyć tego folderu?"
+!insertmacro Text PrefixTitle "Numer kierunkowy kraju"
+!insertmacro Text PrefixSubtitle "Jak zapisywane są numery kontaktów."
+!insertmacro Text PrefixText \
+    "Numery z numerem kierunkowym Twojego kraju są zapisywane w formacie krajowym z zerem: przy +49 numer +49170123 zmienia się w 0170123. Bez numeru kierunkowego znak „+” w każdym numerze jest zastępowany zerem, co prawie zawsze jest błędne. Polskie numery nie zaczynają się od zera: wpisz +999.$\r$\nNumer kierunkowy można później zmienić w ustawieniach okna SMS."
+!insertmacro Text PrefixLabel "&Numer kierunkowy kraju:"
+!insertmacro Text OpenText \
+    "Program Outlook jest otwarty i używa dodatku. Zamknij program Outlook, a następnie kliknij przycisk Ponów próbę."
+!insertmacro Text NewerText \
+    "Zainstalowana jest nowsza wersja ${NAME}: $0. Czy chcesz ją zastąpić wersją ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "Nie masz uprawnień do zapisu w folderze $INSTDIR. Wybierz własny folder lub skontaktuj się z administratorem."
+!insertmacro Text NotCopiedText \
+    "Nie udało się skopiować wszystkich plików. Być może na dysku brakuje miejsca."
+!insertmacro Text NotRegisteredText "Nie udało się zarejestrować dodatku w programie Outlook."
+!insertmacro Text FinishTitle "${NAME} jest zainstalowany"
+!insertmacro Text FinishText \
+    "Uruchom program Outlook i kliknij „Nowy SMS”: na karcie Narzędzia główne lub, do wersji Outlook 2007, na pasku narzędzi."
+!insertmacro Text NewOutlookText \
+    "Używasz nowego programu Outlook, który nie obsługuje takich dodatków. Aby pisać SMS-y, wróć do klasycznego programu Outlook: przełącznik „Nowy program Outlook” znajduje się w prawym górnym rogu okna."
+!insertmacro Text OnePartText \
+    "Nie udało się zarejestrować na tym komputerze części dla $0-bitowego programu Outlook."
+!insertmacro Text RemoveTitle "Usuń ${NAME}"
+!insertmacro Text RemoveSubtitle "Dodatek zostanie usunięty z programu Outlook."
+!insertmacro Text RemoveText \
+    "Pliki dodatku zostaną usunięte z folderu $INSTDIR. Sam Tellwick pozostanie."
+!insertmacro Text SettingsLabel "Usuń &także ustawienia, zapamiętane numery i niewysłane SMS-y"
+!insertmacro Text SettingsText "Tellwick używa tych samych ustawień i również je utraci."

@@ -1,0 +1,34 @@
+!insertmacro Text WelcomeText \
+    "Este programa instalará o ${NAME}, que permite escrever SMS no Microsoft Outlook clássico.$\r$\n$\r$\nNão são necessárias permissões de administrador. O suplemento é colocado na pasta do Tellwick, que envia seus SMS.$\r$\n$\r$\nFeche o Outlook antes de continuar."
+!insertmacro Text FolderText \
+    "Escolha a pasta em que está o Tellwick.exe. É lá que o suplemento procura o Tellwick."
+!insertmacro Text NoSenderText \
+    "Não há um Tellwick.exe nesta pasta. Você poderá escrever SMS, mas eles só serão enviados quando o Tellwick estiver lá.$\r$\n$\r$\nDeseja usar esta pasta mesmo assim?"
+!insertmacro Text PrefixTitle "Código de país"
+!insertmacro Text PrefixSubtitle "Como são escritos os números dos seus contatos."
+!insertmacro Text PrefixText \
+    "Os números com o código do seu país são escritos no formato nacional: com +55, o número +5511912345678 torna-se 011912345678. Sem um código, o “+” de cada número é substituído por 0, o que quase sempre é errado. Se os números do seu país não começam com 0, como em Portugal ou na Espanha, digite +999.$\r$\nVocê pode alterar o código mais tarde nas configurações da janela de SMS."
+!insertmacro Text PrefixLabel "&Código de país:"
+!insertmacro Text OpenText \
+    "O Outlook está aberto e usa o suplemento. Feche o Outlook e clique em Repetir."
+!insertmacro Text NewerText \
+    "Uma versão mais recente do ${NAME}, a $0, está instalada. Deseja substituí-la pela versão ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "Você não tem permissão para gravar na pasta $INSTDIR. Escolha uma pasta sua ou fale com o administrador."
+!insertmacro Text NotCopiedText \
+    "Nem todos os arquivos puderam ser copiados. Talvez não haja espaço suficiente no disco."
+!insertmacro Text NotRegisteredText "Não foi possível registrar o suplemento no Outlook."
+!insertmacro Text FinishTitle "O ${NAME} está instalado"
+!insertmacro Text FinishText \
+    "Inicie o Outlook e clique em “Novo SMS”: na guia Página Inicial ou, até o Outlook 2007, na barra de ferramentas."
+!insertmacro Text NewOutlookText \
+    "Você usa o novo Outlook, que não aceita suplementos deste tipo. Para escrever SMS, volte ao Outlook clássico: o botão de alternância “Novo Outlook” fica no canto superior direito da janela."
+!insertmacro Text OnePartText \
+    "Não foi possível registrar neste computador a parte para o Outlook de $0 bits."
+!insertmacro Text RemoveTitle "Remover o ${NAME}"
+!insertmacro Text RemoveSubtitle "O suplemento é retirado do Outlook."
+!insertmacro Text RemoveText \
+    "Os arquivos do suplemento são removidos da pasta $INSTDIR. O Tellwick permanece."
+!insertmacro Text SettingsLabel \
+    "Remover &também as configurações, os números guardados e os SMS não enviados"
+!insertmacro Text SettingsText "O Tellwick usa as mesmas configurações e também as perderá."

@@ -1,0 +1,34 @@
+!insertmacro Text WelcomeText \
+    "Este programa instalará ${NAME}, que le permite escribir SMS en el Microsoft Outlook clásico.$\r$\n$\r$\nNo se necesitan permisos de administrador. El complemento se coloca en la carpeta de Tellwick, que envía sus SMS.$\r$\n$\r$\nCierre Outlook antes de continuar."
+!insertmacro Text FolderText \
+    "Elija la carpeta en la que se encuentra Tellwick.exe. Es allí donde el complemento busca Tellwick."
+!insertmacro Text NoSenderText \
+    "En esta carpeta no está Tellwick.exe. Podrá escribir SMS, pero no se enviarán hasta que Tellwick esté allí.$\r$\n$\r$\n¿Desea utilizar esta carpeta de todos modos?"
+!insertmacro Text PrefixTitle "Prefijo de país"
+!insertmacro Text PrefixSubtitle "Cómo se escriben los números de sus contactos."
+!insertmacro Text PrefixText \
+    "Los números con el prefijo de su país se escriben en formato nacional: con +54, el número +541123456789 pasa a ser 01123456789. Sin prefijo, el “+” de cada número se sustituye por 0, lo que casi siempre es incorrecto. Si los números de su país no empiezan por 0, como en España o México, escriba +999.$\r$\nPuede cambiar el prefijo más adelante en la configuración de la ventana de SMS."
+!insertmacro Text PrefixLabel "&Prefijo de país:"
+!insertmacro Text OpenText \
+    "Outlook está abierto y utiliza el complemento. Cierre Outlook y haga clic en Reintentar."
+!insertmacro Text NewerText \
+    "Está instalada una versión más reciente de ${NAME}, la $0. ¿Desea sustituirla por la versión ${VERSION}?"
+!insertmacro Text NotWritableText \
+    "No tiene permiso para escribir en la carpeta $INSTDIR. Elija una carpeta propia o consulte a su administrador."
+!insertmacro Text NotCopiedText \
+    "No se han podido copiar todos los archivos. Quizá no haya espacio suficiente en el disco."
+!insertmacro Text NotRegisteredText "No se ha podido registrar el complemento en Outlook."
+!insertmacro Text FinishTitle "${NAME} está instalado"
+!insertmacro Text FinishText \
+    "Inicie Outlook y haga clic en “Nuevo SMS”: en la pestaña Inicio o, hasta Outlook 2007, en la barra de herramientas."
+!insertmacro Text NewOutlookText \
+    "Utiliza el nuevo Outlook, que no admite complementos de este tipo. Para escribir SMS, vuelva al Outlook clásico: el interruptor “Nuevo Outlook” está en la parte superior derecha de la ventana."
+!insertmacro Text OnePartText \
+    "No se ha podido registrar en este equipo la parte para Outlook de $0 bits."
+!insertmacro Text RemoveTitle "Quitar ${NAME}"
+!insertmacro Text RemoveSubtitle "El complemento se quita de Outlook."
+!insertmacro Text RemoveText \
+    "Los archivos del complemento se eliminan de la carpeta $INSTDIR. Tellwick permanece."
+!insertmacro Text SettingsLabel \
+    "Eliminar &también la configuración, los números guardados y los SMS no enviados"
+!insertmacro Text SettingsText "Tellwick utiliza la misma configuración y también la perderá."
