@@ -14,6 +14,7 @@
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
+#include "compose/FormSmsSendRouter.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
 #include "compose/Process.h"
@@ -98,6 +99,7 @@ public:
     FormOptions formOptions;
     FormSmsPreview formSmsPreview;
     FormSmsSend formSmsSend;
+    FormSmsSendRouter formSmsSendRouter;
     FormT1 formT1;
     SmsReply smsReply;
     Ribbon ribbon;

@@ -36,9 +36,7 @@ FormSmsSend::FormSmsSend(const Services& services, FormSmsSendView& view, Forms&
       formSmsPreview(formSmsPreview),
       formSmsSelectAddress(formSmsSelectAddress),
       formOptions(formOptions),
-      helpViewer(helpViewer) {
-    view.SetHandlers(*this, parts);
-}
+      helpViewer(helpViewer) {}
 
 FormSmsSend::~FormSmsSend() {
     forms.Remove(*this);

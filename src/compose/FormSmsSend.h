@@ -25,7 +25,7 @@ class RecipientField;
 class Submission;
 class TextTemplates;
 
-// The owners of the rules behind the form's controls. Each hears its own controls.
+// The owners of the rules behind the form's controls.
 struct FormSmsSendParts {
     Submission& submission;
     MessageText& messageText;
@@ -77,7 +77,7 @@ public:
     void Form_Resize();
     // Message or recipients have changed, whoever did it. Comes after their owners have heard it.
     void Contents_Change();
-    // Comes before any control's own key handler; true when the key was used up.
+    // The form's own keys; true when the key was used up.
     bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void ButtonTo_Click();
     void FormSMSSend_Button_Click(BarButton button);

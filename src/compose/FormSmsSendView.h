@@ -1,5 +1,5 @@
-// The window of the SMS form as its model sees it: the controls under their names. It raises each
-// control's events at the owner of the rule behind it, the form's own at the form.
+// The window of the SMS form as its model sees it: the controls under their names, and what the
+// user does with them.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,51 @@
 
 namespace tellwick {
 
-class FormSmsSend;
-struct FormSmsSendParts;
-
 // The buttons of the button bar, from left to right.
 enum class BarButton { Send, Store, Template, Hex, Options, Help };
+
+class FormSmsSendEvents {
+public:
+    virtual ~FormSmsSendEvents() = default;
+    virtual void Form_Activate() = 0;
+    // The user goes on elsewhere, or the system ends.
+    virtual void Form_Deactivate() = 0;
+    // The user closed the window by its frame.
+    virtual void Form_Close() = 0;
+    virtual void Form_Resize() = 0;
+    // A key or a character, before the control that has the focus sees it; true uses it up.
+    virtual bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift) = 0;
+    virtual bool Form_KeyPress(char16_t character) = 0;
+
+    // The text changed, whoever did it.
+    virtual void TextTo_Change() = 0;
+    // An item of the drop-down was chosen, and its text stands in the field.
+    virtual void TextTo_Click() = 0;
+    // The focus is where it has gone to.
+    virtual void TextTo_LostFocus() = 0;
+    virtual void ListBoxNumbers_Click() = 0;
+    // Rows down to this one are to be seen.
+    virtual void ListBoxNumbers_Scroll(std::int32_t lastRow) = 0;
+    virtual void ListBoxNumbers_LostFocus() = 0;
+    virtual void Message_Change() = 0;
+    virtual void ComboBoxTextbausteine_DblClick() = 0;
+    virtual void FormSMSSend_Button_Click(BarButton button) = 0;
+    virtual void StatusBar1_Click() = 0;
+    // A click on the status bar's own pane.
+    virtual void AirCount_Click() = 0;
+    virtual void ButtonTo_Click() = 0;
+    virtual void ButtonSend_Click() = 0;
+    virtual void ButtonStore_Click() = 0;
+    virtual void ButtonOK_Click() = 0;
+    virtual void ButtonOptions_Click() = 0;
+    virtual void ButtonHelp_Click() = 0;
+    virtual void ButtonExpand_Click() = 0;
+    virtual void ButtonHex_Click() = 0;
+    virtual void ButtonUcs2_Click() = 0;
+    virtual void ButtonAdd_Click() = 0;
+    virtual void ButtonDel_Click() = 0;
+    virtual void ButtonInsert_Click() = 0;
+};
 
 // Exists once; its window comes and goes with Load and Unload.
 class FormSmsSendView : public FormView {
@@ -51,9 +91,8 @@ public:
     // Font of the message box; an empty name or a size of 0 stands for the system's.
     virtual void SetMessageFont(TextView name, std::int32_t points) = 0;
 
-    // Receivers of the window's events; set once, before the first load. A handler that returns a
-    // bool says whether the key was used up: the control does not see it then.
-    virtual void SetHandlers(FormSmsSend& form, const FormSmsSendParts& parts) = 0;
+    // Set once, before the first load.
+    virtual void SetEvents(FormSmsSendEvents& events) = 0;
 };
 
 }  // namespace tellwick

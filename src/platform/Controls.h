@@ -102,7 +102,11 @@ public:
 };
 
 // A drop-down list with an edit field. Clearing the list keeps the text of the edit field.
-class ComboBox : public virtual ItemList, public virtual TextBox {};
+class ComboBox : public virtual ItemList, public virtual TextBox {
+public:
+    // Whether the list is open.
+    virtual bool Dropped() const = 0;
+};
 
 // A text to be read, put together from pieces.
 class StyledText : public virtual Control {

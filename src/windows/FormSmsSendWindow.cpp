@@ -2,12 +2,6 @@
 
 #include <algorithm>
 
-#include "compose/MessageText.h"
-#include "compose/Submission.h"
-#include "platform/Keys.h"
-#include "recipients/RecipientField.h"
-#include "recipients/TextTemplates.h"
-
 namespace tellwick::windows {
 
 namespace {
@@ -23,19 +17,8 @@ constexpr TextView BarButtonNames[FormSmsSendControls::BarButtons] = {
 }  // namespace
 
 FormSmsSendWindow::FormSmsSendWindow() {
-    controls.textTo.onChange = [this] {
-        parts->recipientField.TextTo_Change();
-        form->Contents_Change();
-    };
-    controls.message.onChange = [this] {
-        parts->messageText.Message_Change();
-        form->Contents_Change();
-    };
-}
-
-void FormSmsSendWindow::SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) {
-    form = &newForm;
-    parts.emplace(newParts);
+    controls.textTo.onChange = [this] { events->TextTo_Change(); };
+    controls.message.onChange = [this] { events->Message_Change(); };
 }
 
 bool FormSmsSendWindow::Load() {
@@ -141,9 +124,9 @@ LRESULT FormSmsSendWindow::OnNotify(const NMHDR& notification) {
     if (notification.hwndFrom != controls.statusBar1.Window() || notification.code != NM_CLICK)
         return 0;
     if (controls.statusBar1.OnPane(notification)) {
-        form->AirCount_Click();
+        events->AirCount_Click();
     } else {
-        form->StatusBar1_Click();
+        events->StatusBar1_Click();
     }
     return 0;
 }
@@ -154,34 +137,15 @@ void FormSmsSendWindow::OnListDrawn(HWND list) {
         PostMessageW(FormWindow::Window(), WM_COMMAND, MAKEWPARAM(0, ListDrawn), LPARAM(list));
 }
 
-bool FormSmsSendWindow::OnKeyDown(std::int32_t keyCode, std::int32_t shift) {
-    if (form->Form_KeyDown(keyCode, shift)) return true;
-    if (!Loaded()) return true;
-    if (controls.textTo.HasFocus()) {
-        if (parts->recipientField.TextTo_KeyDown(keyCode, shift)) return true;
-        // On to the text, where Enter has no list to choose from.
-        if (keyCode != key::Enter || shift != 0 || controls.textTo.Dropped()) return false;
-        controls.message.SetFocus();
-        return true;
-    }
-    if (controls.message.HasFocus()) return parts->messageText.Message_KeyDown(keyCode, shift);
-    return controls.comboBoxTextbausteine.HasFocus() &&
-           parts->textTemplates.ComboBoxTextbausteine_KeyDown(keyCode, shift);
-}
-
-bool FormSmsSendWindow::OnCharacter(char16_t character) {
-    return controls.message.HasFocus() && parts->messageText.Message_KeyPress(character);
-}
-
 bool FormSmsSendWindow::OnDoubleClick(HWND target) {
     if (target != controls.comboBoxTextbausteine.Edit()) return false;
-    parts->textTemplates.ComboBoxTextbausteine_DblClick();
+    events->ComboBoxTextbausteine_DblClick();
     return true;
 }
 
 void FormSmsSendWindow::OnCommand(HWND control, WORD notification, WORD identifier) {
     if (control == controls.buttonBar1.Window()) {
-        form->FormSMSSend_Button_Click(BarButton(identifier - 1));
+        events->FormSMSSend_Button_Click(BarButton(identifier - 1));
         return;
     }
     if (control == controls.textTo.Window()) {
@@ -204,14 +168,11 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
             // The system fills the edit field only after this.
             const std::int32_t index = controls.textTo.SelectedIndex();
             controls.textTo.SetSelectedIndex(index);
-            parts->recipientField.TextTo_Click();
-            form->Contents_Change();
+            events->TextTo_Click();
             break;
         }
         case CBN_KILLFOCUS:
-            // A click into the match list is not a leaving of the field.
-            if (GetFocus() != controls.listBoxNumbers.Window())
-                parts->recipientField.TextTo_LostFocus();
+            events->TextTo_LostFocus();
             // The system leaves the field scrolled to where it was written last.
             controls.textTo.Select(0, 0);
             break;
@@ -222,35 +183,33 @@ void FormSmsSendWindow::TextToCommand(WORD notification) {
 
 void FormSmsSendWindow::ListBoxNumbersCommand(WORD notification) {
     if (notification == LBN_SELCHANGE) {
-        parts->recipientField.ListBoxNumbers_Click();
-        controls.textTo.SetFocus();
-        controls.textTo.Select(std::int32_t(controls.textTo.GetText().size()), 0);
+        events->ListBoxNumbers_Click();
     } else if (notification == ListDrawn) {
-        const WindowListBox& list = controls.listBoxNumbers;
-        parts->recipientField.ListBoxNumbers_Scroll(list.LastVisibleIndex());
-    } else if (notification == LBN_KILLFOCUS && !controls.textTo.HasFocus()) {
-        parts->recipientField.TextTo_LostFocus();
+        events->ListBoxNumbers_Scroll(controls.listBoxNumbers.LastVisibleIndex());
+    } else if (notification == LBN_KILLFOCUS) {
+        events->ListBoxNumbers_LostFocus();
     }
 }
 
 void FormSmsSendWindow::ClickButton(HWND control) {
-    const std::pair<const WindowControl&, std::function<void()>> handlers[] = {
-        {controls.buttonTo, [this] { form->ButtonTo_Click(); }},
-        {controls.buttonSend, [this] { parts->submission.ButtonSend_Click(); }},
-        {controls.buttonStore, [this] { parts->submission.ButtonStore_Click(); }},
-        {controls.buttonOK, [this] { form->ButtonOK_Click(); }},
-        {controls.buttonOptions, [this] { form->ButtonOptions_Click(); }},
-        {controls.buttonHelp, [this] { form->ButtonHelp_Click(); }},
-        {controls.buttonExpand, [this] { form->ButtonExpand_Click(); }},
-        {controls.buttonHex, [this] { parts->messageText.ButtonHex_Click(); }},
-        {controls.buttonUcs2, [this] { parts->messageText.ButtonUcs2_Click(); }},
-        {controls.buttonAdd, [this] { parts->textTemplates.ButtonAdd_Click(); }},
-        {controls.buttonDel, [this] { parts->textTemplates.ButtonDel_Click(); }},
-        {controls.buttonInsert, [this] { parts->textTemplates.ButtonInsert_Click(); }},
+    using Click = void (FormSmsSendEvents::*)();
+    const std::pair<const WindowControl&, Click> clicks[] = {
+        {controls.buttonTo, &FormSmsSendEvents::ButtonTo_Click},
+        {controls.buttonSend, &FormSmsSendEvents::ButtonSend_Click},
+        {controls.buttonStore, &FormSmsSendEvents::ButtonStore_Click},
+        {controls.buttonOK, &FormSmsSendEvents::ButtonOK_Click},
+        {controls.buttonOptions, &FormSmsSendEvents::ButtonOptions_Click},
+        {controls.buttonHelp, &FormSmsSendEvents::ButtonHelp_Click},
+        {controls.buttonExpand, &FormSmsSendEvents::ButtonExpand_Click},
+        {controls.buttonHex, &FormSmsSendEvents::ButtonHex_Click},
+        {controls.buttonUcs2, &FormSmsSendEvents::ButtonUcs2_Click},
+        {controls.buttonAdd, &FormSmsSendEvents::ButtonAdd_Click},
+        {controls.buttonDel, &FormSmsSendEvents::ButtonDel_Click},
+        {controls.buttonInsert, &FormSmsSendEvents::ButtonInsert_Click},
     };
-    for (const auto& [button, click] : handlers) {
+    for (const auto& [button, click] : clicks) {
         if (button.Window() != control) continue;
-        click();
+        (events->*click)();
         return;
     }
 }

@@ -1,9 +1,6 @@
 // The window of the SMS form.
 #pragma once
 
-#include <optional>
-
-#include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
 #include "windows/FormSmsSendControls.h"
 #include "windows/FormSmsSendLayout.h"
@@ -42,18 +39,20 @@ public:
     void LoadBackGround() override;
     void PlaceListBoxNumbers(std::int32_t rows) override;
     void SetMessageFont(TextView name, std::int32_t points) override;
-    void SetHandlers(FormSmsSend& newForm, const FormSmsSendParts& newParts) override;
+    void SetEvents(FormSmsSendEvents& newEvents) override { events = &newEvents; }
 
 private:
     SIZE LeastClient() const override;
     SIZE UsualClient() const override;
-    void OnActivate() override { form->Form_Activate(); }
-    void OnDeactivate() override { form->Form_Deactivate(); }
-    void OnClose() override { form->Form_Close(); }
-    void OnSize() override { form->Form_Resize(); }
+    void OnActivate() override { events->Form_Activate(); }
+    void OnDeactivate() override { events->Form_Deactivate(); }
+    void OnClose() override { events->Form_Close(); }
+    void OnSize() override { events->Form_Resize(); }
     void OnResolution() override;
-    bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
-    bool OnCharacter(char16_t character) override;
+    bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override {
+        return events->Form_KeyDown(keyCode, shift);
+    }
+    bool OnCharacter(char16_t character) override { return events->Form_KeyPress(character); }
     bool OnDoubleClick(HWND target) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
     LRESULT OnNotify(const NMHDR& notification) override;
@@ -64,9 +63,9 @@ private:
     void LeaveTemplates();
     void MakeMessageFont();
 
-    FormSmsSend* form = nullptr;
-    std::optional<FormSmsSendParts> parts;
-    // Layouts ask the controls for their captions and change nothing in them.
+    FormSmsSendEvents* events = nullptr;
+    // Mutable for the const functions that ask a layout for its size: a layout is also made to move
+    // the controls, which it does not do there.
     mutable FormSmsSendControls controls;
     bool expanded = false;
     int grown = 0;  // by how much the window became higher when it was expanded, in pixels

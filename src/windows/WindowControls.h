@@ -120,8 +120,7 @@ public:
     void SetSelectedIndex(std::int32_t index) override { Send(CB_SETCURSEL, WPARAM(index)); }
     bool HasFocus() const override;
     HWND Edit() const override;
-    // Whether the list is open.
-    bool Dropped() const { return Send(CB_GETDROPPEDSTATE) != 0; }
+    bool Dropped() const override { return Send(CB_GETDROPPEDSTATE) != 0; }
 };
 
 class WindowProgressBar : public ProgressBar, public WindowControl {

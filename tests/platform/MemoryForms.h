@@ -13,10 +13,7 @@
 #include "compose/FormOptionsView.h"
 #include "compose/FormSmsPreviewView.h"
 #include "compose/FormSmsSelectAddressView.h"
-#include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
-#include "compose/MessageText.h"
-#include "recipients/RecipientField.h"
 
 namespace tellwick::test {
 
@@ -152,7 +149,9 @@ public:
         SetSelectedIndex(index);
         if (onClick) onClick();
     }
+    bool Dropped() const override { return dropped; }
     std::function<void()> onClick;
+    bool dropped = false;
 };
 
 class MemoryProgressBar : public ProgressBar, public MemoryControl {
@@ -264,19 +263,10 @@ public:
     void SetMessageFont(TextView name, std::int32_t points) override {
         messageFont = Text(name) + u" " + NumberText(points);
     }
-    void SetHandlers(FormSmsSend& form, const FormSmsSendParts& parts) override {
-        TextTo().onChange = [&form, &field = parts.recipientField] {
-            field.TextTo_Change();
-            form.Contents_Change();
-        };
-        TextTo().onClick = [&form, &field = parts.recipientField] {
-            field.TextTo_Click();
-            form.Contents_Change();
-        };
-        Message().onChange = [&form, &text = parts.messageText] {
-            text.Message_Change();
-            form.Contents_Change();
-        };
+    void SetEvents(FormSmsSendEvents& events) override {
+        TextTo().onChange = [&events] { events.TextTo_Change(); };
+        TextTo().onClick = [&events] { events.TextTo_Click(); };
+        Message().onChange = [&events] { events.Message_Change(); };
     }
 
     bool expanded = false;

@@ -661,15 +661,17 @@ TEST_CASE("typing shows the matches, and the one chosen takes the place of what 
     RecipientField& field = people.program.recipientField;
     auto& to = people.view.TextTo();
     auto& matches = people.view.ListBoxNumbers();
+    FormSmsSendRouter& router = people.program.formSmsSendRouter;
     const auto enter = [&](std::int32_t modifiers) {
-        return people.program.formSmsSend.Form_KeyDown(key::Enter, modifiers);
+        return router.Form_KeyDown(key::Enter, modifiers);
     };
     to.SetText(u"o");
     REQUIRE(matches.items ==
             std::vector<Text>{u"Old Friend  (+491744000004)", u"Ost, Carla  (+491733000003)"});
     // The row that the arrow keys chose stays chosen while it matches.
-    field.TextTo_KeyDown(key::Down, 0);
-    field.TextTo_KeyDown(key::Down, 0);
+    to.SetFocus();
+    CHECK(router.Form_KeyDown(key::Down, 0));
+    CHECK(router.Form_KeyDown(key::Down, 0));
     to.SetText(u"os");
     CHECK(matches.selected == 0);
     to.SetText(u"ol");
@@ -695,9 +697,41 @@ TEST_CASE("typing shows the matches, and the one chosen takes the place of what 
     field.TextTo_KeyDown(key::Down, 0);
     field.TakeMatch();
     CHECK(to.GetText() == u"0171,  01722000002;01733000003");
+    // A click into the match list is no leaving of the field; a choice goes on behind the number.
     to.SetText(u"os");
-    field.TextTo_LostFocus();
-    CHECK_FALSE(matches.Visible());
+    matches.SetFocus();
+    router.TextTo_LostFocus();
+    REQUIRE(matches.Visible());
+    matches.SetSelectedIndex(0);
+    router.ListBoxNumbers_Click();
+    CHECK(to.HasFocus());
+    CHECK(to.SelectionStart() == std::int32_t(to.GetText().size()));
+    // The list goes when the focus goes elsewhere than to and fro between the two.
+    using Leave = void (FormSmsSendRouter::*)();
+    for (const Leave left :
+         {&FormSmsSendRouter::TextTo_LostFocus, &FormSmsSendRouter::ListBoxNumbers_LostFocus}) {
+        to.SetFocus();
+        to.SetText(u"os");
+        router.ListBoxNumbers_LostFocus();
+        CHECK(matches.Visible());
+        people.view.Message().SetFocus();
+        (router.*left)();
+        CHECK_FALSE(matches.Visible());
+        to.SetText({});
+    }
+    // Enter goes on to the text, but not from an open drop-down, which it closes.
+    to.SetFocus();
+    to.dropped = true;
+    CHECK_FALSE(enter(0));
+    to.dropped = false;
+    CHECK_FALSE(enter(key::Shift));
+    CHECK(to.HasFocus());
+    CHECK(enter(0));
+    CHECK(people.view.Message().HasFocus());
+    // A key is the text's only while the text has the focus.
+    CHECK(router.Form_KeyDown(key::Left, key::Control));
+    to.SetFocus();
+    CHECK_FALSE(router.Form_KeyDown(key::Left, key::Control));
     people.program.addresses.Release();
     CHECK(people.outlook.StillReferenced().empty());
 }

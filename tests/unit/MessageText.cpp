@@ -155,8 +155,12 @@ TEST_CASE("keys of the hexadecimal view, and the buttons' captions") {
     form.Events().ButtonUcs2_Click();
     CHECK(form.view.ButtonHex().Caption() == caption(u"ButtonHex.On"));
     CHECK(form.view.ButtonUcs2().Caption() == caption(u"ButtonUcs2.On"));
-    for (const char16_t unit : Text(u"g \b\r\u00E4")) CHECK(form.Events().Message_KeyPress(unit));
-    for (const char16_t unit : Text(u"09afAF")) CHECK_FALSE(form.Events().Message_KeyPress(unit));
+    FormSmsSendRouter& router = form.program.formSmsSendRouter;
+    form.view.Message().SetFocus();
+    for (const char16_t unit : Text(u"g \b\r\u00E4")) CHECK(router.Form_KeyPress(unit));
+    for (const char16_t unit : Text(u"09afAF")) CHECK_FALSE(router.Form_KeyPress(unit));
+    form.view.TextTo().SetFocus();
+    CHECK_FALSE(router.Form_KeyPress(u'g'));
     form.Events().ButtonUcs2_Click();
     CHECK(form.view.ButtonUcs2().Caption() == caption(u"ButtonUcs2"));
 }

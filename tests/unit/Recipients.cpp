@@ -190,7 +190,8 @@ TEST_CASE("templates are added once each, inserted over what is marked, deleted 
     form.view.Message().SetText(u"x12y");
     form.view.Message().Select(1, 2);
     box.SetSelectedIndex(3);
-    CHECK(events.ComboBoxTextbausteine_KeyDown(key::Enter, 0));
+    box.SetFocus();
+    CHECK(form.program.formSmsSendRouter.Form_KeyDown(key::Enter, 0));
     CHECK(form.view.Message().GetText() == u"xc\r\ndy");
     form.program.formSmsSend.Unload();
     form.Open();
