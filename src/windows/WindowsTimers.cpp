@@ -36,7 +36,7 @@ public:
 private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR identifier, DWORD) {
         // Also when what the tick does ends the add-in.
-        const Lifetime running;
+        const Lifetime ticking;
         const MonitorAware aware(MonitorAware::Loop);
         try {
             for (const auto& [running, timer] : runningTimers) {

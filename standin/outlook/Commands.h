@@ -20,7 +20,9 @@
 //                                    item become user properties ("true", "false" as truth)
 //   long-mail KILOBYTES              adds a mail whose long body names nobody; answers its number
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
-//   slow-store NAME MILLISECONDS     what every call into the store takes from now on; 0 ends that
+//   slow-store NAME MILLISECONDS [pump]
+//                                    what every call into the store takes from now on; 0 ends that.
+//                                    "pump": messages run meanwhile, as while another process works
 //   array-contacts                   takes these out of tables through COM; answers milliseconds
 //   set ITEM FIELD=VALUE...          changes fields and user properties of an item
 //   select N ITEM...                 selects in explorer N; without items nothing is selected

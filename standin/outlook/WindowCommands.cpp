@@ -146,6 +146,8 @@ Text Commands::SlowStore(const Words& words) {
         std::ranges::find(outlook.stores, words[0], [](const auto& root) { return root->name; });
     Require(found != outlook.stores.end(), "no such store");
     (*found)->store->milliseconds = double(LeadingNumber(words[1]));
+    if (words.size() > 2 && words[2] == u"pump")
+        outlook.pass = [this](double milliseconds) { desk.RunMessages(DWORD(milliseconds)); };
     return {};
 }
 
