@@ -102,8 +102,8 @@ void OutlookAddIn::colExpl_NewExplorer(const ObjectPtr& explorer) {
     const auto closed =
         std::find_if(explorers.begin(), explorers.end(),
                      [](const std::shared_ptr<cOlExplorer>& wrapper) { return !wrapper->bOpen; });
-    // A reused place cuts the array off behind it, on purpose: the wrappers behind it are dropped
-    // even while their windows are open.
+    // The wrappers behind a place that is used again are dropped, though windows may be open.
+    // Deliberate: "A place that is used again".
     const std::size_t index = std::size_t(closed - explorers.begin());
     const std::shared_ptr<cOlExplorer> wrapper = createExplorer();
     explorers.resize(index + 1);
@@ -164,7 +164,7 @@ void OutlookAddIn::Release(const ObjectPtr& explorer) {
     if (processValues.outlookVersion < FirstWithoutOwnQuit) CleanUpForQuit();
     addresses.Release();
 
-    // The collection shrinks while forms unload, so this unloads every other form; deliberate.
+    // The collection shrinks while forms unload. Deliberate: "Every other form".
     for (std::int32_t index = 0, count = forms.Count(); index < count; ++index) {
         if (Form* form = forms.Item(index)) debug.Guarded([form] { form->Unload(); });
     }

@@ -162,8 +162,8 @@ void cOlExplorer::RemoveMenus(const ObjectPtr& explorer) {
         bars.Item(StandardBar).Controls(), [&](const outlook::CommandBarControl& control) {
             return control.Caption() == caption && control.OnAction() == action;
         });
-    // The menu bar is walked without acting on it, on purpose: the entry, being temporary, goes
-    // with the host.
+    // The entry in the menu bar is temporary and goes with Outlook.
+    // Deliberate: "The menu bar is only walked".
     const outlook::CommandBarControls menus = bars.Item(MenuBar).Controls();
     for (std::int32_t index = 1, count = menus.Count(); index <= count; ++index) menus.Item(index);
 }

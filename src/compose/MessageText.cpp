@@ -15,7 +15,7 @@ namespace {
 constexpr char16_t Delete = 127;
 constexpr std::int32_t SingleLimit = 160;
 constexpr std::int32_t PartSize = 153;
-constexpr std::int32_t ShownPartSize = 154;  // differs from the part size on purpose
+constexpr std::int32_t ShownPartSize = 154;  // deliberate: "The limit that is shown"
 constexpr std::int32_t MostParts = 5;
 constexpr TextView WordSeparators = u" .,;:+-\r\n";
 constexpr TextView Digits = u"0123456789ABCDEF";
@@ -45,7 +45,7 @@ std::int32_t DigitValue(char16_t character) {
     return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
-// What a text above five parts is cut to: one character short of them, on purpose.
+// What a text above five parts is cut to. Deliberate: "One character below five parts".
 std::int32_t LongestText(std::int32_t partLimit) {
     return MostParts * partLimit - 1;
 }
@@ -86,7 +86,7 @@ void MessageText::Message_Change() {
     const auto ownLength = std::int32_t(text.size());
     if (ownLength > SingleLimit) partSize = PartSize;
     const std::int32_t counted = ownLength + extraLength;
-    // Looked up and not shown, on purpose.
+    // Deliberate: "A text that is looked up and not shown".
     if (counted > SingleLimit && previousLength <= SingleLimit) {
         language.GetLanguageString(FormSmsSendTexts, u"MsgBox12");
     }

@@ -25,7 +25,7 @@ void SmsQueue::AddEntry(TextView recipient, TextView message) {
     // A second Outlook of this user would read the same counter and overwrite the entry.
     const std::unique_ptr<Lock> lock = locks.Take(u"Queue");
     const Text key = Text(RootKey).append(u"\\SMSQueue");
-    // One step back only, on purpose: a counter far beyond the range comes back into it slowly.
+    // Deliberate: "The counter comes back slowly".
     std::int64_t number =
         LeadingNumber32(regEdit.ReadValue(Hive::CurrentUser, key, Counter)) + std::int64_t(1);
     if (number >= EntryNumbers) number -= EntryNumbers;

@@ -42,7 +42,7 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
     debug.DebugTrace(u"ButtonSend_Click", trace::Enter);
     if (!form.Activated()) form.Form_Activate();
     if (busy) {
-        // No exit record here, on purpose.
+        // Without an exit record. Deliberate: "A click without an end".
         closeRequested = true;
         return true;
     }

@@ -73,8 +73,8 @@ Text Language::WindowsLocaleCode() {
     code = read(u"Control Panel\\Microsoft Input Devices\\Mouse", u"Language");
     if (!code.empty()) return code;
     code = read(u"Control Panel\\International", u"Locale");
-    // The value is hexadecimal and is read as decimal: only German is recognised, and its "DE" is
-    // in no table. Deliberate.
+    // The value is hexadecimal and read as decimal, so that only German is recognised.
+    // Deliberate: "The language that Windows names last".
     constexpr std::uint32_t AbbreviatedLanguageName = 3;
     if (const auto name =
             locale.LocaleInfo(std::uint32_t(LeadingNumber32(code)), AbbreviatedLanguageName)) {

@@ -54,8 +54,8 @@ Prefixes::Prefixes(Debug& debug, InifilesLite& inifilesLite, LanguageTexts& lang
 
 Text Prefixes::ConvertPhoneNumber(TextView number) {
     const FrequentProcedure procedure{debug, u"ConvertPhoneNumber"};
-    // "(00" goes whole, on purpose: what was an international prefix is lost with it. One pass:
-    // what closes up behind a removal is not looked at again.
+    // Deliberate: "(00" goes whole. What closes up behind a removed character is not looked at
+    // again.
     Text converted(number.size(), u'\0');
     std::size_t kept = 0;
     for (std::size_t at = 0; at < number.size();) {
@@ -91,7 +91,7 @@ std::int32_t Prefixes::ReadPrefixes(Table& table) {
         lists[digit] = Split(setting, u" ");
         highest = std::max(highest, lists[digit].size() - 1);
     }
-    // One column short, on purpose: the last entry of the longest list is dropped.
+    // One column less than the longest list has. Deliberate: "The last country code".
     const std::size_t columns = highest < 1 ? 1 : highest;
     for (std::size_t digit = 0; digit <= 9; ++digit) {
         table[digit].assign(columns, Text());

@@ -61,7 +61,7 @@ private:
     std::int32_t CountryPrefixBound = -1;  // -1: never read
     Text emptyElement;                     // computed once
     bool rewritten = false;
-    // Nothing assigns it; the results that follow from its being empty are deliberate.
+    // Nothing assigns it. Deliberate: "No country code of one's own".
     const Text OwnCountryCode;
 
     Debug& debug;

@@ -115,8 +115,8 @@ void RecipientField::AddNumberToList(TextView number) {
     if (std::find(NumberList.begin(), NumberList.end(), number) != NumberList.end()) return;
     // What needs memory comes first, so that the list is never left with less than it had.
     Text first(number);
-    // The list is padded to one cell more than intended, and grows by one with every further
-    // number once that is full; deliberate.
+    // One cell more than intended, and from there on one more with every number. Deliberate, as is
+    // what is shown and what is cleared: "The list of recent numbers".
     const std::int32_t intended = std::min(NumUsedNumber, LongestList);
     const bool grows = NumberList.empty() || !NumberList.back().empty();
     const std::int32_t moved = NumberListBound + (grows ? 1 : 0);
@@ -126,7 +126,7 @@ void RecipientField::AddNumberToList(TextView number) {
     std::move_backward(NumberList.begin(), NumberList.begin() + moved,
                        NumberList.begin() + moved + 1);
     NumberList[0] = std::move(first);
-    // The last cell is not shown, and the item that clears the list is missing here; deliberate.
+    // Neither the last cell nor the item that clears the list. Deliberate.
     Refill(std::size_t(NumberListBound));
     TellRecent();
 }
@@ -195,7 +195,7 @@ void RecipientField::TextTo_Click() {
     const bool clear = questionBox.MsgBoxMessage(AskClear, AskClearStyle) == Answer::Ok;
     if (clear) {
         const SettingsBatch batch{inifilesLite};
-        // One key more than there are items; deliberate.
+        // One key more than there are items. Deliberate: "The list of recent numbers".
         for (std::int32_t index = 0, count = textTo.Count(); index <= count; ++index) {
             inifilesLite.SetIniSetting(ListSection, NumberKey(index + 1), u"");
         }

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t MaxIndent = 50;
 
-// The pairs of the first three letters are crossed, and only the first occurrence of each letter
-// is replaced; both are deliberate.
+// The pairs of the first three letters are crossed, and only the first of each letter is replaced.
+// Deliberate: "Letters in free texts".
 void FoldLetters(Text& text) {
     constexpr TextView letters = u"äöüÄÖÜß";
     constexpr TextView pairs = u"oeaeuaAeOeUess";

@@ -27,7 +27,7 @@ bool Files::WriteFileConents(Text& path, TextView contents, bool append,
     if (backslash != Text::npos) MkDir_(TextView(path).substr(0, backslash));
     errors.Clear();
     if (fileSystem.Write(path, bytes, writeMode)) return true;
-    // Drive M: fails in silence; deliberate.
+    // Deliberate: "Drive M: fails in silence".
     if (showError && !StartsWithFolded(path, u"m:")) ReportFailure(path);
     return false;
 }

@@ -194,8 +194,8 @@ void IniFile::Change(const Waiting& change) {
     if (remove) return;
     std::size_t end = found->End();
     if (end < cacheText.size()) {
-        // Blank lines at the section's end stay below the new entry. Every character below the
-        // blank is passed over, tabs included; that is deliberate.
+        // Blank lines at the section's end stay below the new entry, and so does every character
+        // below the blank. Deliberate: "Where a new entry goes".
         while (end > 2 && std::uint8_t(cacheText[end - 1]) < u' ') --end;
         cacheText.insert(end, std::string(LineBreakBytes) + entry);
     } else {

@@ -17,7 +17,7 @@ PhoneModels::PhoneModels(IniFile& iniFile, const InifilesLite& inifilesLite)
 
 Text PhoneModels::GetMobileSetting(TextView section, TextView key, TextView defaultValue,
                                    bool userFileFirst, std::int16_t flags, bool ignoreUserFile) {
-    // "Settings" alone is meant to stand for "Mobiles", too, but never does; deliberate.
+    // Deliberate: "Settings" is no phone model.
     const bool nested = StartsWithFolded(section, InifilesLite::NestedPrefix) &&
                         section.size() > InifilesLite::NestedPrefix.size();
     const Text model(nested ? section.substr(InifilesLite::NestedPrefix.size()) : section);

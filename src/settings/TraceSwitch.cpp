@@ -96,7 +96,8 @@ void TraceSwitch::DebugInit(bool force, bool keyOnly) {
 
 // False when the user wants no trace file begun; tracing stays as the mode made it.
 bool TraceSwitch::AskFirstSwitchOn(bool force) {
-    // The file's own path takes part in the last replacement; that is deliberate.
+    // The last replacement also finds the name in the path. Deliberate: "The folder in the first
+    // question".
     Text question = ReplaceAll(MessageText(u"Debug1"), u"%f", state.traceFile);
     question = ReplaceAll(question, u"%e", u"");
     question = ReplaceAll(question, ApplicationName, Text(ApplicationName) + u" AddIn");
@@ -116,7 +117,7 @@ bool TraceSwitch::AskFirstSwitchOn(bool force) {
 }
 
 void TraceSwitch::AskWhetherToStayOn() {
-    // A box with Yes and No never gives OK, so tracing is never switched off here; deliberate.
+    // A box with Yes and No never gives OK. Deliberate: "The answer that changes nothing".
     if (questionBox.MsgBoxEx(MessageText(u"Debug2"), box::YesNo) == Answer::Ok) {
         regEdit.WriteValue(Hive::CurrentUser, state.addInKey, trace::ModeName, u"0");
         state.mode = 0;
