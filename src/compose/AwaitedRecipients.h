@@ -18,9 +18,9 @@ public:
     AwaitedRecipients(const Services& services, RecipientLookup& recipientLookup,
                       RecipientField& recipientField, FormSmsSendView& view);
 
-    // The field holds what is known by now. If those are only remembered from the last form, they
-    // make way while others are looked for, so that nobody sends to them by mistake, and come back
-    // when nobody is found. The status bar says what is going on.
+    // The field holds the recipients known by now. Those only `remembered` from the last form are
+    // taken out while others are looked for, so that nobody sends to them by mistake, and are put
+    // back when nobody is found. The status bar says what is going on.
     void Begin(bool remembered);
     bool Waiting() const { return waiting.has_value(); }
     // The form closes, and the looking ends.

@@ -18,7 +18,7 @@ public:
     virtual void ButtonCancel_Click() = 0;
 };
 
-// A dialog of the SMS form: that takes no input while this window is open.
+// A dialog of the SMS form, which takes no input while this window is open.
 class FormOptionsView : public FormView {
 public:
     virtual CheckBox& CheckStoreNumbers() = 0;

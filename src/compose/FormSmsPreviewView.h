@@ -16,7 +16,7 @@ public:
     virtual void ButtonOK_Click() = 0;
 };
 
-// A dialog of the SMS form: that takes no input while this window is open.
+// A dialog of the SMS form, which takes no input while this window is open.
 class FormSmsPreviewView : public FormView {
 public:
     virtual Control& LabelCount() = 0;

@@ -16,13 +16,13 @@ using Usable = std::function<bool(TextView character)>;
 // Empty where the character can be left out; nothing where there is none.
 std::optional<Text> LookAlike(TextView character, const Usable& usable);
 
-// Whether the one is written for the other and nothing but the typography changes: "-" for a dash,
-// a blank for one that does not break. Not so for letters: "l" for "ł" is another word.
+// Whether `plainer` in place of the character changes nothing but the typography: "-" for a dash, a
+// blank for one that does not break. For letters it never does: with "l" for "ł" a word is another.
 bool OnlyTypography(TextView character, TextView plainer);
 
-// The text with the look-alikes of the characters that cannot be used, of all or of `only` that
-// one. Those without one stay. A letter and the accent that follows it become one letter, where
-// there is one that can be used.
+// The text with look-alikes for all characters that cannot be used, or for `only` that one. A
+// character without a look-alike stays. A letter and the accent that follows it become one letter,
+// where there is one that can be used.
 Text WithLookAlikes(TextView text, const Usable& usable, TextView only = {});
 
 }  // namespace tellwick

@@ -21,8 +21,8 @@ private:
     Type before;
 };
 
-// Sets a flag, for good once it is done. Left before, by an exception, what is done once is done
-// anew the next time.
+// Sets the flag of a step that is done only once. If an exception leaves the scope before Done, the
+// flag is taken back, and the step is done anew the next time.
 class Once {
 public:
     explicit Once(bool& flag) : flag(flag) { flag = true; }

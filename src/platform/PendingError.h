@@ -26,7 +26,7 @@ inline constexpr std::int32_t NoSuchMember = 438;
 inline constexpr std::int32_t Automation = 440;
 }  // namespace error
 
-// Nothing in the program throws: a failing step notes its error here and the next step runs.
+// A step that fails notes its error here, and the next step runs. Only want of memory throws.
 // A later error replaces an earlier one; every traced procedure clears it on entry.
 struct PendingError {
     std::int32_t number = 0;  // 0: no error is pending

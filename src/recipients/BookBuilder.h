@@ -31,7 +31,7 @@ public:
 
     // Begins a folder: what follows lies in it. Its number.
     std::size_t BeginFolder(KeptFolder folder);
-    // Takes back all that lies in it, or the folder as well: as if it had not begun.
+    // Both take back what lies in the folder begun last; DropFolder takes the folder back, too.
     void EmptyFolder();
     void DropFolder();
     // An item read anew; its number.

@@ -30,12 +30,12 @@ public:
     // Looks at one more folder; false when there is none.
     bool LookAtOne();
 
-    // The last look made Outlook wait: its source (a store, or what somebody shares) is put off.
-    // The first time it is looked at again behind the others; the second time that is left to
-    // another day, and it counts as failed.
+    // The last look made Outlook wait. Its source, which is a store or what somebody shares, is put
+    // off: the first time until all others were looked at, the second time to another day; it then
+    // counts as failed.
     void PutOff();
-    // Likewise while the folder at an index of `found` was read: it and those behind it that are of
-    // the same source go to the end, or are forgotten.
+    // The same when Outlook waited while a folder was read, given by its index in `found`. It and
+    // the folders of its source behind it go to the end; the second time they are forgotten.
     void PutOff(std::size_t current);
 
     // Whether a folder that was not found may be there all the same: its store was not looked

@@ -1,5 +1,5 @@
-// Reads all numbers of all contact folders, of which only those that changed since they were last
-// read, in small steps. It may be dropped between any two. This keeps the order of the steps; what
+// Reads the numbers of all contact folders in small steps, of each folder only what changed since
+// the last reading. It may be dropped between any two steps. Here is the order of the steps; what
 // each of them does stands in a class of its own.
 #pragma once
 

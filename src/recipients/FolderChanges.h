@@ -21,10 +21,10 @@ public:
     // The kept items that were not taken: they are gone, or modified.
     std::size_t CountLeft() const { return left; }
 
-    // Dates are local in some ways of reading: where the clock was set to another time zone they
-    // all move by whole quarter hours, each by what its season has. Takes, for each of the items
-    // that were not found, the kept one that it is, and gives the new dates' owners; nothing unless
-    // most of what is left moved so.
+    // Some ways of reading give local dates. In another time zone these differ from the kept ones
+    // by whole quarter hours, in summer by others than in winter. For dates of items that Take did
+    // not find, takes and gives the kept items they belong to; none unless most of what is left has
+    // moved so.
     struct Moved {
         std::size_t index;  // of the dates
         std::uint32_t item;

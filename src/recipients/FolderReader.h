@@ -25,9 +25,9 @@ public:
     };
     enum class Order { Any, NewestFirst };
 
-    // Columns are names of properties, and `count` is how many items there are. Dates that a table
-    // gives are universal, those of items local. Newest first are items only, not tables. The
-    // folder is opened at the first reading.
+    // Columns are names of properties, and `count` is how many items there are. A table gives dates
+    // in universal time, items give local ones. Only items can be read newest first, tables cannot.
+    // The folder is opened at the first reading.
     FolderReader(TimedCalls& calls, ObjectPtr nameSpace, const KeptFolder& folder,
                  std::uint32_t count, std::vector<TextView> columns, Order order);
 

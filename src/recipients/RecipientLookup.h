@@ -34,13 +34,13 @@ public:
 
     void SetListener(Listener newListener) { listener = std::move(newListener); }
 
-    // Each begins anew, and gives the recipients that are known at once, separated by ";", each
-    // once; the listener hears the others. Of what is selected in the application's active window,
-    // or in that of the running Outlook when none is given:
+    // Each of these three ends a look that is going on and begins its own. It returns those who are
+    // known at once, without doubles, separated by ";"; the listener hears the others.
+    // What is selected in the active window of the application, or of the running Outlook:
     Text LookInSelection(const ObjectPtr& application);
-    // Of a collection of items, such as a selection:
+    // A collection of items, such as a selection:
     Text LookInItems(const ObjectPtr& items);
-    // Of one item:
+    // One item:
     Text LookInItem(const ObjectPtr& item);
 
     bool Looking() const { return looking; }

@@ -69,13 +69,13 @@ public:
     void DebugInit(bool force, bool keyOnly) {
         if (decide) decide(force, keyOnly);
     }
-    // How DebugInit does that. It takes settings and texts, whose modules report here themselves.
+    // What DebugInit calls. It needs settings and texts, which report here and so are made later.
     void DecideWith(std::function<void(bool force, bool keyOnly)> newDecide) {
         decide = std::move(newDecide);
     }
 
-    // Runs what the host or the system has called. What it throws is traced as the error it stands
-    // for and goes no further; false then.
+    // Runs a step that the next ones must not depend on. What it throws is traced as the error it
+    // stands for and goes no further; false then.
     template <class Action>
     bool Guarded(const Action& action) noexcept {
         try {

@@ -42,7 +42,7 @@ public:
 
     // Locates all settings files and loads the language. Until then reads yield their defaults.
     void GetIniFile();
-    // How GetIniFile does that: by Use, and with texts and boxes that read settings themselves.
+    // What GetIniFile calls, and what calls Use. Its texts and boxes read settings from here.
     void LocateWith(std::function<void()> newLocate) { locate = std::move(newLocate); }
     // From now on settings are read and written there.
     void Use(SettingsPlaces newPlaces);

@@ -1,4 +1,4 @@
-// Registry access: everything is exchanged as text, nothing ever raises.
+// Registry access: everything is exchanged as text, and the result alone tells a failure.
 #pragma once
 
 #include "platform/Registry.h"

@@ -1,6 +1,6 @@
-// Owners of the system's and COM's resources. What one of them holds it alone gives back; by hand
-// that is done only where the system fills a structure, or lends something for the length of a
-// function.
+// Owners of the system's and COM's resources. What an owner holds it alone gives back. Only what
+// the system puts into a structure, or lends for the length of a function, is given back without
+// an owner.
 #pragma once
 
 #include <windows.h>

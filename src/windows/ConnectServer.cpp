@@ -93,7 +93,7 @@ public:
         if (!xml) return E_POINTER;
         *xml = nullptr;
         const auto self = ComPtr<IDispatch>::Share(&whole);
-        return Guarded([&] {
+        return EntryPoint([&] {
             *xml = Bstr(connect.GetCustomUI(ribbonId ? FromWide(ribbonId, SysStringLen(ribbonId))
                                                      : Text()))
                        .Detach();
@@ -130,7 +130,7 @@ public:
     ULONG STDMETHODCALLTYPE Release() override {
         const ULONG left = --references;
         if (left == 0) {
-            Guarded([this] { connect.AddinInstance_Terminate(); });
+            EntryPoint([this] { connect.AddinInstance_Terminate(); });
             delete this;
         }
         return left;
@@ -149,7 +149,7 @@ public:
         for (DISPID member = 0; member < DISPID(std::size(Members)); ++member) {
             if (lstrcmpiW(names[0], Members[member]) == 0) identifiers[0] = member + 1;
         }
-        const HRESULT looked = Guarded([&] {
+        const HRESULT looked = EntryPoint([&] {
             const auto callbacks = Ribbon::CallbackNames();
             for (std::size_t callback = 0; callback < callbacks.size(); ++callback) {
                 if (lstrcmpiW(names[0], Wide(Text(callbacks[callback]))) == 0)
@@ -190,23 +190,23 @@ public:
 
     HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* application, LONG connectMode,
                                            IDispatch* addInInstance, SAFEARRAY**) override {
-        return Guarded([&] {
+        return EntryPoint([&] {
             PendingError& errors = TheProgram().errors;
             connect.AddinInstance_OnConnection(WrapDispatch(errors, application), connectMode,
                                                WrapDispatch(errors, addInInstance));
         });
     }
     HRESULT STDMETHODCALLTYPE OnDisconnection(LONG removeMode, SAFEARRAY**) override {
-        return Guarded([&] { connect.AddinInstance_OnDisconnection(removeMode); });
+        return EntryPoint([&] { connect.AddinInstance_OnDisconnection(removeMode); });
     }
     HRESULT STDMETHODCALLTYPE OnAddInsUpdate(SAFEARRAY**) override {
-        return Guarded([&] { connect.AddinInstance_OnAddInsUpdate(); });
+        return EntryPoint([&] { connect.AddinInstance_OnAddInsUpdate(); });
     }
     HRESULT STDMETHODCALLTYPE OnStartupComplete(SAFEARRAY**) override {
-        return Guarded([&] { connect.AddinInstance_OnStartupComplete(); });
+        return EntryPoint([&] { connect.AddinInstance_OnStartupComplete(); });
     }
     HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY**) override {
-        return Guarded([&] { connect.AddinInstance_OnBeginShutdown(); });
+        return EntryPoint([&] { connect.AddinInstance_OnBeginShutdown(); });
     }
 
 private:
@@ -217,7 +217,7 @@ private:
         if (callback >= Ribbon::CallbackNames().size()) return DISP_E_MEMBERNOTFOUND;
         // The user may take the add-in out while one runs.
         const auto self = ComPtr<ConnectServer>::Share(this);
-        return Guarded([&] {
+        return EntryPoint([&] {
             Program& program = TheProgram();
             Variant argument;
             Argument(parameters, 0, VT_DISPATCH, argument);
@@ -258,14 +258,14 @@ public:
         *object = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
         HRESULT result = E_UNEXPECTED;
-        const HRESULT made = Guarded([&] {
+        const HRESULT made = EntryPoint([&] {
             const auto server = ComPtr<ConnectServer>::Take(new ConnectServer);
             result = server->QueryInterface(identifier, object);
         });
         return FAILED(made) ? made : result;
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-        return Guarded([&] {
+        return EntryPoint([&] {
             if (lock) {
                 locks.emplace_back();
             } else if (!locks.empty()) {
@@ -287,7 +287,7 @@ private:
 
 HRESULT GetConnectFactory(REFIID interfaceIdentifier, void** object) {
     HRESULT result = E_UNEXPECTED;
-    const HRESULT made = Guarded([&] {
+    const HRESULT made = EntryPoint([&] {
         const auto factory = ComPtr<ConnectFactory>::Take(new ConnectFactory);
         result = factory->QueryInterface(interfaceIdentifier, object);
     });

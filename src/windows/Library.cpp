@@ -115,7 +115,7 @@ STDAPI DllGetClassObject(REFCLSID classIdentifier, REFIID interfaceIdentifier, v
 
 STDAPI DllRegisterServer() {
     bool done = false;
-    const HRESULT result = Guarded([&] { done = Register(); });
+    const HRESULT result = EntryPoint([&] { done = Register(); });
     return FAILED(result) || done ? result : SELFREG_E_CLASS;
 }
 
@@ -126,7 +126,7 @@ STDAPI DllInstall(BOOL install, const wchar_t* words) {
     constexpr TextView Prefix = u"prefix=";
     const Text text = FromWide(words);
     if (!install || !StartsWith(text, Prefix)) return E_INVALIDARG;
-    return Guarded([&] {
+    return EntryPoint([&] {
         Assembly<NoDialogs> own;
         Program& program = own.program;
         program.inifilesLite.GetIniFile();
@@ -137,6 +137,6 @@ STDAPI DllInstall(BOOL install, const wchar_t* words) {
 
 STDAPI DllUnregisterServer() {
     bool done = false;
-    const HRESULT result = Guarded([&] { done = Unregister(); });
+    const HRESULT result = EntryPoint([&] { done = Unregister(); });
     return FAILED(result) || done ? result : SELFREG_E_CLASS;
 }

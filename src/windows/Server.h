@@ -26,9 +26,9 @@ Program& TheProgram();
 // Inside a catch at an entry point: traces what was caught.
 void ReportException() noexcept;
 
-// Runs an entry point; what it throws stays inside.
+// Runs what Outlook or the system called. What it throws is traced, and becomes a failed result.
 template <class Action>
-HRESULT Guarded(const Action& action) {
+HRESULT EntryPoint(const Action& action) {
     const MonitorAware aware;
     try {
         action();

@@ -118,7 +118,7 @@ inline GUID ToGuid(TextView identifier) {
 
 // Runs an entry point's work; nothing may leave it but an HRESULT.
 template <class Work>
-HRESULT Guarded(Work work) noexcept {
+HRESULT EntryPoint(Work work) noexcept {
     try {
         return work();
     } catch (const std::bad_alloc&) {

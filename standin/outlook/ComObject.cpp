@@ -19,7 +19,7 @@ constexpr std::int32_t FirstWithClassInfo = 10;
 }  // namespace
 
 HRESULT ComObject::QueryInterface(REFIID identifier, void** object) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!object) return E_POINTER;
         *object = nullptr;
         const auto target = TargetOf(handle);
@@ -45,7 +45,7 @@ DISPID ComObject::FirstIdentifier() const {
 }
 
 HRESULT ComObject::GetTypeInfo(UINT index, LCID, ITypeInfo** information) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!information) return E_POINTER;
         *information = nullptr;
         if (index != 0) return DISP_E_BADINDEX;
@@ -55,7 +55,7 @@ HRESULT ComObject::GetTypeInfo(UINT index, LCID, ITypeInfo** information) {
 }
 
 HRESULT ComObject::GetClassInfo(ITypeInfo** information) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!information) return E_POINTER;
         *information = DescribeType(handle->TypeName(), TKIND_COCLASS).Detach();
         return S_OK;
@@ -63,7 +63,7 @@ HRESULT ComObject::GetClassInfo(ITypeInfo** information) {
 }
 
 HRESULT ComObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* identifiers) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!names || !identifiers || count == 0) return E_INVALIDARG;
         std::fill(identifiers, identifiers + count, DISPID_UNKNOWN);
         const MemberTable* table = Table();
@@ -92,7 +92,7 @@ HRESULT ComObject::Invoke(DISPID identifier, REFIID, LCID, WORD flags, DISPPARAM
                           VARIANT* result, EXCEPINFO* exception, UINT*) {
     const void* const caller = __builtin_return_address(0);
     const ComPtr<ComObject> self(this);
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (result) VariantInit(result);
         if (!parameters) return E_INVALIDARG;
         const MemberTable* table = Table();
@@ -193,7 +193,7 @@ HRESULT ComObject::CallMember(const Member& member, WORD flags, const DISPPARAMS
 }
 
 HRESULT ComObject::FindConnectionPoint(REFIID identifier, IConnectionPoint** point) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!point) return E_POINTER;
         *point = nullptr;
         const auto target = TargetOf(handle);

@@ -21,10 +21,10 @@ public:
                                       reinterpret_cast<void**>(container));
     }
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
-        return Guarded([&] { return object->Advise(events, sink, cookie); });
+        return EntryPoint([&] { return object->Advise(events, sink, cookie); });
     }
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override {
-        return Guarded([&] { return object->Unadvise(cookie); });
+        return EntryPoint([&] { return object->Unadvise(cookie); });
     }
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
 

@@ -10,7 +10,7 @@ ULONG Enumerator::Left() const {
 }
 
 HRESULT Enumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (fetched) *fetched = 0;
         if (!elements || (!fetched && count != 1)) return E_POINTER;
         for (ULONG index = 0; index < count; ++index) VariantInit(&elements[index]);
@@ -29,7 +29,7 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched) {
 }
 
 HRESULT Enumerator::Skip(ULONG count) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         const ErrorScope scope(objects.outlook.errors);
         const ULONG skipped = std::min(count, Left());
         next += std::int32_t(skipped);
@@ -38,7 +38,7 @@ HRESULT Enumerator::Skip(ULONG count) {
 }
 
 HRESULT Enumerator::Clone(IEnumVARIANT** copy) {
-    return Guarded([&]() -> HRESULT {
+    return EntryPoint([&]() -> HRESULT {
         if (!copy) return E_POINTER;
         *copy = new Enumerator(objects, collection, next);
         return S_OK;

@@ -13,7 +13,7 @@ public:
     explicit Factory(ObjectSource source) : source(std::move(source)) {}
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID identifier,
                                              void** object) override {
-        return Guarded([&]() -> HRESULT {
+        return EntryPoint([&]() -> HRESULT {
             if (!object) return E_POINTER;
             *object = nullptr;
             if (outer) return CLASS_E_NOAGGREGATION;
