@@ -17,7 +17,7 @@ namespace {
 // another without a pause; then Outlook's message loop has a turn all the same, and time in which
 // no timer is due: whoever takes out messages until there are none comes to an end.
 constexpr double Slice = 4;
-constexpr double WithoutPause = 12;
+constexpr double WithoutPause = 13;
 constexpr std::uint32_t Interval = 15;
 const Text NoFolder;
 
@@ -70,7 +70,11 @@ void Addresses::Refresh() {
         stage = Stage::Cache;
     }
     // Where nothing is known yet the user would like to see something at once.
-    if (book.list.Size() == 0 && !DoSlice(Slice)) return;
+    if (book.list.Size() == 0) {
+        const bool more = DoSlice(Slice);
+        Tell(false);
+        if (!more) return;
+    }
     timer = timers.Create();
     timer->Start(Interval, [this] { Tick(); });
 }
@@ -114,6 +118,7 @@ void Addresses::Tick() {
         left = end - surroundings.clock.Milliseconds();
     } while (more && !messageLoop.Waiting() && left > 0);
     if (!more) timer.reset();
+    Tell(false);
 }
 
 bool Addresses::DoSlice(double milliseconds) {
@@ -134,7 +139,6 @@ bool Addresses::DoSlice(double milliseconds) {
         Drop();
         more = false;
     }
-    Tell(false);
     if (!std::exchange(anew, false)) return more;
     Refresh();
     return stage != Stage::Idle;
