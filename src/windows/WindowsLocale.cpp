@@ -1,6 +1,9 @@
 #include "windows/WindowsLocale.h"
 
 #include <algorithm>
+#include <string_view>
+
+#include "windows/SystemFunction.h"
 
 namespace tellwick::windows {
 
@@ -40,6 +43,23 @@ std::optional<Text> WindowsLocale::LocaleInfo(std::uint32_t locale, std::uint32_
     const int count = GetLocaleInfoA(locale, type, buffer, sizeof buffer);
     if (count <= 0) return {};
     return FromAnsi({buffer, std::size_t(count)});
+}
+
+// Where the user is rather than how he likes dates; the other way on systems that do not ask (up to
+// Windows 2000), and where the answer is no country.
+Text WindowsLocale::Country() {
+    constexpr int Room = 8;
+    constexpr int TwoLetters = 3;  // with the closing NUL
+    wchar_t letters[Room] = {};
+    const auto home = SystemFunction<GEOID(WINAPI*)(GEOCLASS)>(L"kernel32.dll", "GetUserGeoID");
+    const auto info = SystemFunction<int(WINAPI*)(GEOID, GEOTYPE, wchar_t*, int, LANGID)>(
+        L"kernel32.dll", "GetGeoInfoW");
+    if (home && info && info(home(GEOCLASS_NATION), GEO_ISO2, letters, Room, 0) == TwoLetters &&
+        std::wstring_view(letters) != L"XX") {
+        return FromWide(letters);
+    }
+    const int count = GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SISO3166CTRYNAME, letters, Room);
+    return count == TwoLetters ? FromWide(letters) : Text();
 }
 
 std::string WindowsLocale::SortKey(TextView text) {
