@@ -16,8 +16,8 @@ struct Country {
     char trunkPrefix[3];
 };
 
-// From the ITU's lists of country codes and of dialling procedures and from libphonenumber 8.12, in
-// alphabetical order. AN and CS are no more, but older systems still know them.
+// As libphonenumber 8.12 has them, in alphabetical order. AN and CS are no more, but older systems
+// still know them.
 constexpr Country Countries[] = {
     {"AC", "247", ""},  {"AD", "376", ""},  {"AE", "971", "0"}, {"AF", "93", "0"},
     {"AG", "1", ""},    {"AI", "1", ""},    {"AL", "355", "0"}, {"AM", "374", "0"},
