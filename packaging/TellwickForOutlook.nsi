@@ -264,11 +264,14 @@ Function .onInit
             Quit
         ${EndIf}
     ${EndIf}
-    ; "49" for a user in Germany.
+    ; What suits the user's country, as the add-in's settings propose it.
+    InitPluginsDir
+    File "/oname=$PLUGINSDIR\${LIBRARY32}" "${STAGE}/${LIBRARY32}"
     StrCpy $Prefix ""
-    System::Call 'kernel32::GetLocaleInfo(i 0x400, i 5, t .r0, i 80) i .r1'
-    ${If} $1 > 1
-        StrCpy $Prefix "+$0"
+    System::Call '$PLUGINSDIR\${LIBRARY32}::ProposePrefix(w .r0, i 16) i .r1 ?u'
+    ; "error" where the library cannot be called.
+    ${If} $1 == 0
+        StrCpy $Prefix $0
     ${EndIf}
 FunctionEnd
 

@@ -7,7 +7,7 @@
 !insertmacro Text PrefixTitle "Código de país"
 !insertmacro Text PrefixSubtitle "Como são escritos os números dos seus contatos."
 !insertmacro Text PrefixText \
-    "Os números com o código do seu país são escritos no formato nacional: com +55, o número +5511912345678 torna-se 011912345678. Sem um código, o “+” de cada número é substituído por 0, o que quase sempre é errado. Se os números do seu país não começam com 0, como em Portugal ou na Espanha, digite +999.$\r$\nVocê pode alterar o código mais tarde nas configurações da janela de SMS."
+    "Os números com o código do seu país são escritos no formato nacional: com +49, o número +49170123 torna-se 0170123. Sem um código, o “+” de cada número é substituído por 0, o que quase sempre é errado. Os celulares brasileiros não começam com 0: digite +999.$\r$\nVocê pode alterar o código mais tarde nas configurações da janela de SMS."
 !insertmacro Text PrefixLabel "&Código de país:"
 !insertmacro Text OpenText \
     "O Outlook está aberto e usa o suplemento. Feche o Outlook e clique em Repetir."

@@ -7,7 +7,7 @@
 !insertmacro Text PrefixTitle "Prefijo de país"
 !insertmacro Text PrefixSubtitle "Cómo se escriben los números de sus contactos."
 !insertmacro Text PrefixText \
-    "Los números con el prefijo de su país se escriben en formato nacional: con +54, el número +541123456789 pasa a ser 01123456789. Sin prefijo, el “+” de cada número se sustituye por 0, lo que casi siempre es incorrecto. Si los números de su país no empiezan por 0, como en España o México, escriba +999.$\r$\nPuede cambiar el prefijo más adelante en la configuración de la ventana de SMS."
+    "Los números con el prefijo de su país se escriben en formato nacional: con +598, el número +59894231234 pasa a ser 094231234. Sin prefijo, el “+” de cada número se sustituye por 0, lo que casi siempre es incorrecto. Si los números de su país no empiezan por 0, como en España, México o Argentina, escriba +999.$\r$\nPuede cambiar el prefijo más adelante en la configuración de la ventana de SMS."
 !insertmacro Text PrefixLabel "&Prefijo de país:"
 !insertmacro Text OpenText \
     "Outlook está abierto y utiliza el complemento. Cierre Outlook y haga clic en Reintentar."

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "recipients/Countries.h"
 #include "recipients/Prefixes.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
@@ -93,10 +94,10 @@ void FormOptions::Form_Load() {
     EnableNumUsedNumber();
 
     view.TextPrefixes().SetText(read(PrefixSection, CountryPrefixes, {}));
-    const Text code = CountryCode();
-    view.ButtonPrefix().SetVisible(!code.empty());
-    view.ButtonPrefix().SetCaption(
-        ReplaceAll(language.TextOrBuiltIn(FormName, u"ButtonPrefix"), u"%n", code));
+    const Text proposed = ProposedPrefix(locale.Country());
+    view.ButtonPrefix().SetVisible(!proposed.empty());
+    view.ButtonPrefix().SetCaption(ReplaceAll(language.TextOrBuiltIn(FormName, u"ButtonPrefix"),
+                                              u"%n", TextView(proposed).substr(!proposed.empty())));
 
     std::vector<Text> fonts = view.FontNames();
     // The settings file could not hold the name of every font.
@@ -146,15 +147,6 @@ Text FormOptions::ChosenLanguage() {
     return known ? languages[std::size_t(index - 1)].name : Chosen(view.BoxLanguage());
 }
 
-// Of the user's Windows, digits only; empty when it is not known.
-Text FormOptions::CountryCode() {
-    constexpr std::uint32_t UserLocale = 0x400;
-    constexpr std::uint32_t CountryCodeType = 5;
-    const Text code = locale.LocaleInfo(UserLocale, CountryCodeType).value_or(Text());
-    const TextView digits = CutAtNul(code);
-    return std::all_of(digits.begin(), digits.end(), IsDigit) ? Text(digits) : Text();
-}
-
 // Prefixes as they are compared with numbers, single blanks between them. A mere "+" would be the
 // beginning of every number.
 Text FormOptions::CleanPrefixes(TextView typed) {
@@ -186,7 +178,7 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
 }
 
 void FormOptions::SetFirstPrefixes(TextView typed) {
-    const Text clean = CleanPrefixes(typed);
+    const Text clean = typed.empty() ? ProposedPrefix(locale.Country()) : CleanPrefixes(typed);
     if (clean.empty() || !inifilesLite.GetIniSetting(PrefixSection, CountryPrefixes).empty()) {
         return;
     }
@@ -206,14 +198,20 @@ void FormOptions::EnableNumUsedNumber() {
 
 void FormOptions::ButtonPrefix_Click() {
     Procedure procedure{debug, u"ButtonPrefix_Click"};
-    const Text code = CountryCode();
+    const Text proposed = ProposedPrefix(locale.Country());
     Text entered = CleanPrefixes(view.TextPrefixes().GetText());
     const std::vector<Text> present = Split(entered, u" ");
     // The "+" may be left out.
     const bool there = std::any_of(present.begin(), present.end(), [&](const Text& prefix) {
-        return prefix == code || prefix == u"+" + code;
+        return prefix == proposed || u"+" + prefix == proposed;
     });
-    if (!there) entered.append(entered.empty() ? u"+" : u" +").append(code);
+    // That numbers stay international is said by its prefix alone: beside another one it is idle.
+    const bool alone = proposed == NoNumbersPrefix || entered == NoNumbersPrefix;
+    if (alone || entered.empty()) {
+        entered = proposed;
+    } else if (!there) {
+        entered += u" " + proposed;
+    }
     view.TextPrefixes().SetText(entered);
 }
 

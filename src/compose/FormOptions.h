@@ -30,11 +30,12 @@ public:
     // Takes the window away; nothing is written.
     void Unload() override;
 
-    // Writes the prefixes, as they may be typed, where the user has none yet.
+    // Writes the prefixes, as they may be typed, where the user has none yet; for an empty text
+    // what is proposed for the user's country.
     void SetFirstPrefixes(TextView typed);
 
     void CheckStoreNumbers_Click() override;
-    // Puts the country code of the user's Windows into the field, unless it is there.
+    // Puts what is proposed for the user's country into the field, unless it is there.
     void ButtonPrefix_Click() override;
     // Writes what was changed, to the current settings file in one go.
     void ButtonOK_Click() override;
@@ -48,7 +49,6 @@ private:
 
     void Form_Load();
     void EnableNumUsedNumber();
-    Text CountryCode();
     Text CleanPrefixes(TextView typed);
     void Fill(ItemList& box, const std::vector<Text>& choices, TextView chosen);
     void FillLanguages(const Text& setting);

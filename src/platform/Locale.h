@@ -27,6 +27,9 @@ public:
     // count includes the closing NUL). Empty optional when the system knows none.
     virtual std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) = 0;
 
+    // The user's country, two letters of ISO 3166 ("DE"). Empty when the system knows none.
+    virtual Text Country() = 0;
+
     // Bytes that compare as texts stand in a list sorted for the user's language, letter case
     // ignored.
     virtual std::string SortKey(TextView text) = 0;

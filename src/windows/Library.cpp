@@ -4,6 +4,7 @@
 #include <olectl.h>
 
 #include "addin/Program.h"
+#include "recipients/Countries.h"
 #include "windows/AutomationObject.h"
 #include "windows/ConnectServer.h"
 #include "windows/FormOptionsWindow.h"
@@ -120,7 +121,7 @@ STDAPI DllRegisterServer() {
 }
 
 // For the set-up program, by `regsvr32 /i:prefix=+49`: writes the country prefix where the user has
-// none yet. Asks nothing.
+// none yet; by `/i:prefix=` what is proposed for the user's country. Asks nothing.
 STDAPI DllInstall(BOOL install, const wchar_t* words) {
     using namespace tellwick;
     constexpr TextView Prefix = u"prefix=";
@@ -132,6 +133,17 @@ STDAPI DllInstall(BOOL install, const wchar_t* words) {
         program.inifilesLite.GetIniFile();
         program.formOptions.SetFirstPrefixes(TextView(text).substr(Prefix.size()));
         program.iniFile.Flush();
+    });
+}
+
+// For the set-up program, before it has installed anything: the prefix to propose in the user's
+// country, as a text of at most `size` characters with its end; empty where that is not known.
+STDAPI ProposePrefix(wchar_t* prefix, int size) {
+    if (!prefix || size <= 0) return E_INVALIDARG;
+    *prefix = 0;
+    return EntryPoint([&] {
+        WindowsLocale locale;
+        lstrcpynW(prefix, Wide(tellwick::ProposedPrefix(locale.Country())), size);
     });
 }
 

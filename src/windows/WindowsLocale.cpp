@@ -1,6 +1,10 @@
 #include "windows/WindowsLocale.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
+
+#include "windows/SystemFunction.h"
 
 namespace tellwick::windows {
 
@@ -40,6 +44,22 @@ std::optional<Text> WindowsLocale::LocaleInfo(std::uint32_t locale, std::uint32_
     const int count = GetLocaleInfoA(locale, type, buffer, sizeof buffer);
     if (count <= 0) return {};
     return FromAnsi({buffer, std::size_t(count)});
+}
+
+// Where the user is rather than how he likes dates; the other way on systems that do not ask (up to
+// Windows 2000), and where the answer is no country.
+Text WindowsLocale::Country() {
+    constexpr int TwoLetters = 3;  // with the closing NUL
+    wchar_t letters[8] = {};
+    const auto home = SystemFunction<GEOID(WINAPI*)(GEOCLASS)>(L"kernel32.dll", "GetUserGeoID");
+    const auto info = SystemFunction<int(WINAPI*)(GEOID, GEOTYPE, wchar_t*, int, LANGID)>(
+        L"kernel32.dll", "GetGeoInfoW");
+    const int count =
+        home && info ? info(home(GEOCLASS_NATION), GEO_ISO2, letters, int(std::size(letters)), 0)
+                     : 0;
+    if (count == TwoLetters && std::wstring_view(letters) != L"XX") return FromWide(letters);
+    return Text(
+        CutAtNul(LocaleInfo(LOCALE_USER_DEFAULT, LOCALE_SISO3166CTRYNAME).value_or(Text())));
 }
 
 std::string WindowsLocale::SortKey(TextView text) {

@@ -15,6 +15,7 @@ public:
     std::string ToAnsi(TextView text) override { return windows::ToAnsi(text); }
     std::optional<Text> FromCodePage(std::uint32_t codePage, std::string_view bytes) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
+    Text Country() override;
     std::string SortKey(TextView text) override;
 };
 

@@ -389,6 +389,7 @@ public:
         if (found == information.end()) return {};
         return found->second;
     }
+    Text Country() override { return country; }
     std::string SortKey(TextView text) override {
         ++sortKeys;
         std::string key;
@@ -401,6 +402,7 @@ public:
     int sortKeys = 0;  // that were made
     // One that holds every character, with two bytes for each unit, as newer systems can have it.
     bool holdsAll = false;
+    Text country;
     // By locale and type, as the system returns them.
     std::map<std::pair<std::uint32_t, std::uint32_t>, Text> information;
 

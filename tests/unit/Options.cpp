@@ -199,15 +199,15 @@ TEST_CASE("numbers and prefixes are cleaned before they are written") {
     }
 }
 
-TEST_CASE("the user's own country code is proposed where Windows knows it") {
+TEST_CASE("what suits the user's country is proposed where Windows knows it") {
     Options options;
-    for (const Text& unusable : {Text(), u"\0"s, u"4x\0"s}) {
-        options.platform.locale.information[{0x400, 5}] = unusable;
+    for (const TextView unknown : {u"", u"029", u"ZZ"}) {
+        options.platform.locale.country = unknown;
         options.form.Show();
         CHECK_FALSE(options.window.ButtonPrefix().Visible());
         options.form.Unload();
     }
-    options.platform.locale.information[{0x400, 5}] = u"49\0"s;
+    options.platform.locale.country = u"DE";
     options.program.formSmsSend.Open({});
     options.program.formSmsSend.StatusBar1_Click();
     CHECK_FALSE(options.window.Loaded());
@@ -225,11 +225,18 @@ TEST_CASE("the user's own country code is proposed where Windows knows it") {
     CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +49");
     for (const auto& [before, after] :
          {TwoTexts{u"", u"+49"}, TwoTexts{u"+43", u"+43 +49"}, TwoTexts{u"+43; 49", u"+43 49"},
-          TwoTexts{u"+49", u"+49"}, TwoTexts{u"+492", u"+492 +49"}}) {
+          TwoTexts{u"+49", u"+49"}, TwoTexts{u"+492", u"+492 +49"}, TwoTexts{u"+999", u"+49"}}) {
         options.window.TextPrefixes().SetText(before);
         options.form.ButtonPrefix_Click();
         CHECK(options.window.TextPrefixes().GetText() == after);
     }
+    // Where national numbers begin otherwise they stay international, whatever was there.
+    options.platform.locale.country = u"es";
+    options.form.Unload();
+    options.form.Show();
+    CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +999");
+    options.form.ButtonPrefix_Click();
+    CHECK(options.window.TextPrefixes().GetText() == u"+999");
 }
 
 TEST_CASE("the trace is switched where its start looks for it") {
