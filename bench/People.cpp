@@ -7,6 +7,7 @@
 #include "Composing.h"
 #include "Measures.h"
 #include "model/ManyContacts.h"
+#include "platform/Grid.h"
 #include "platform/OutlookEvents.h"
 #include "platform/TestProgram.h"
 
@@ -62,7 +63,7 @@ std::size_t ReadArrays(const ObjectPtr& application) {
         while (!AsBoolean(table->Get(u"EndOfTable"))) {
             const GridPtr grid = AsGrid(table->Call(u"GetArray", {64}));
             if (!grid) break;
-            cells += grid->cells.size();
+            cells += grid->First() * grid->Second();
         }
     }
     return cells;

@@ -27,19 +27,11 @@ struct Nothing {
     Nothing& operator=(const Nothing&) noexcept { return *this; }
 };
 
-struct Grid;
+class Grid;
 using GridPtr = std::shared_ptr<const Grid>;
 
 // A date is a number: the days since the end of 1899, with the time of day as a fraction.
 using Value = std::variant<Nothing, bool, std::int32_t, double, Text, ObjectPtr, GridPtr>;
-
-// An array of two dimensions, both counted from 0.
-struct Grid {
-    std::size_t first = 0, second = 0;  // sizes
-    std::vector<Value> cells;           // those of first index 0, then those of 1, and so on
-
-    const Value& At(std::size_t i, std::size_t j) const { return cells[i * second + j]; }
-};
 
 struct NamedValue {
     TextView name;

@@ -100,19 +100,19 @@ bool FolderReader::ReadArray() {
     const std::size_t width = columns.size() + 1;
     const std::int32_t most = std::clamp(count - next + 1, 1, std::int32_t(CellsAtOnce / width));
     grid = AsGrid(calls.Call(table, u"GetArray", {most}));
-    if (!grid || (grid->first != width && grid->second != width)) return false;
+    if (!grid || (grid->First() != width && grid->Second() != width)) return false;
     // Which of the two indexes counts the rows depends on the version. Where the sizes do not tell,
     // the identifiers do: they are the only column that holds nothing but texts.
-    bool rowsFirst = grid->second == width;
-    if (rowsFirst && grid->first == width) {
+    bool rowsFirst = grid->Second() == width;
+    if (rowsFirst && grid->First() == width) {
         for (std::size_t row = 0; row < width; ++row)
-            rowsFirst = rowsFirst && std::holds_alternative<Text>(grid->At(row, width - 1));
+            rowsFirst = rowsFirst && grid->IsText(grid->CellAt(row, width - 1));
     }
-    const std::size_t height = rowsFirst ? grid->first : grid->second;
-    const std::size_t step = rowsFirst ? 1 : grid->second;
+    const std::size_t height = rowsFirst ? grid->First() : grid->Second();
+    const std::size_t step = rowsFirst ? 1 : grid->Second();
     for (std::size_t row = 0; row < height; ++row) {
-        const Value& first = rowsFirst ? grid->At(row, 0) : grid->At(0, row);
-        rows.push_back({&first, step, &first + columns.size() * step, next++});
+        const std::size_t first = rowsFirst ? grid->CellAt(row, 0) : grid->CellAt(0, row);
+        rows.push_back({*grid, first, step, columns.size(), next++, true});
     }
     return height > 0;
 }
@@ -121,10 +121,10 @@ bool FolderReader::ReadRow() {
     const ObjectPtr row = AsObject(calls.Call(table, u"GetNextRow"));
     atEnd = !row;
     if (calls.errors || atEnd) return !calls.errors;
-    values.assign(columns.size() + 1, {});
+    std::vector<Value> values(columns.size() + 1);
     for (std::size_t column = 0; column < values.size(); ++column)
         values[column] = calls.Get(row, u"Item", {std::int32_t(column) + 1});
-    rows.push_back({values.data(), 1, &values.back(), next++});
+    OnlyRow(values, true);
     return !calls.errors;
 }
 
@@ -132,11 +132,19 @@ bool FolderReader::ReadItem() {
     atEnd = next > count;
     if (atEnd) return true;
     const ObjectPtr item = AsObject(calls.Get(items, u"Item", {next}));
-    values.assign(columns.size(), {});
+    std::vector<Value> values(columns.size());
     for (std::size_t column = 0; item && column < columns.size(); ++column)
         values[column] = calls.Get(item, columns[column]);
-    rows.push_back({values.data(), 1, nullptr, next++, !calls.errors});
+    OnlyRow(values, !calls.errors);
     return true;
+}
+
+// One value more than there are columns is the identifier.
+void FolderReader::OnlyRow(const std::vector<Value>& values, bool complete) {
+    auto row = std::make_shared<Grid>(1, values.size());
+    for (const Value& value : values) row->Add(value);
+    rows.push_back({*row, 0, 1, columns.size(), next++, values.size() > columns.size(), complete});
+    grid = std::move(row);
 }
 
 ObjectPtr FolderReader::Open(const Text& entryId, std::int32_t index) {

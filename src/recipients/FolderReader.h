@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/Object.h"
+#include "platform/Grid.h"
 #include "recipients/AddressBook.h"
 #include "recipients/TimedCalls.h"
 
@@ -12,16 +12,21 @@ namespace tellwick {
 
 class FolderReader {
 public:
-    // Its values stay where Outlook gave them, until the next reading.
+    // Valid until the next reading.
     struct Row {
-        const Value* first;    // of the first column
+        const Grid& grid;      // where its values lie
+        std::size_t first;     // cell: that of the first column
         std::size_t step;      // from one column to the next
-        const Value* entryId;  // none where Outlook does not tell
+        std::size_t columns;   // without that of the identifier
         std::int32_t index;    // in the folder, from 1
+        bool hasEntryId;       // Outlook tells it, behind the columns
         bool complete = true;  // false: Outlook failed, some values are missing
 
-        Text EntryId() const { return entryId ? AsText(*entryId) : Text(); }
-        const Value& operator[](std::size_t column) const { return first[column * step]; }
+        std::size_t Cell(std::size_t column) const { return first + column * step; }
+        Value operator[](std::size_t column) const { return grid.At(Cell(column)); }
+        TextView TextIn(std::size_t column) const { return grid.TextAt(Cell(column)); }
+        // Empty where it is not told.
+        Text EntryId() const { return hasEntryId ? AsText((*this)[columns]) : Text(); }
     };
     enum class Order { Any, NewestFirst };
 
@@ -50,6 +55,7 @@ private:
     bool ReadArray();
     bool ReadRow();
     bool ReadItem();
+    void OnlyRow(const std::vector<Value>& values, bool complete);
 
     TimedCalls& calls;
     ObjectPtr nameSpace;
@@ -65,8 +71,7 @@ private:
     std::int32_t next = 1;
     bool atEnd = false;
     std::vector<Row> rows;
-    GridPtr grid;               // with the rows' values
-    std::vector<Value> values;  // of the only row, without an array
+    GridPtr grid;  // with the rows' values
 };
 
 }  // namespace tellwick

@@ -31,11 +31,6 @@ constexpr std::array<TextView, Numbers + std::size_t(NumberKind::List)> ColumnNa
     u"OtherTelephoneNumber",
     u"PrimaryTelephoneNumber"};
 
-TextView TextIn(const Value& value) {
-    const auto* text = std::get_if<Text>(&value);
-    return text ? *text : TextView();
-}
-
 }  // namespace
 
 // From Outlook 2003 on nobody is asked about what an add-in reads through its own application.
@@ -57,7 +52,7 @@ double ItemReader::ModifiedOf(const FolderReader::Row& row) {
 
 bool ItemReader::Read(FolderReader& folder, const FolderReader::Row& row, std::uint32_t item,
                       BookBuilder& book) {
-    const TextView messageClass = TextIn(row[MessageClass]);
+    const TextView messageClass = row.TextIn(MessageClass);
     if (StartsWithFolded(messageClass, u"IPM.DistList"))
         return Open(folder, row.EntryId(), row.index, item, book);
     ReadContact(row, item, book);
@@ -75,28 +70,28 @@ bool ItemReader::Open(FolderReader& folder, const Text& entryId, std::int32_t in
     if (itemClass == outlook::DistributionListClass) {
         book.SetMembers(item, ReadDistributionList(calls, automation, opened, outlookAsks));
     } else if (itemClass == outlook::ContactClass) {
-        std::vector<Value> values(ColumnNames.size());
-        for (std::size_t column = FullName; column < ColumnNames.size(); ++column)
-            values[column] = calls.Get(opened, ColumnNames[column]);
+        Grid values(1, ColumnNames.size());
+        for (std::size_t column = 0; column < ColumnNames.size(); ++column)
+            values.Add(column < FullName ? Value() : calls.Get(opened, ColumnNames[column]));
         const bool read = !calls.errors;
-        ReadContact({values.data(), 1, nullptr, index}, item, book);
+        ReadContact({values, 0, 1, ColumnNames.size(), index, false}, item, book);
         return read;
     }
     return !calls.errors;
 }
 
 void ItemReader::ReadContact(const FolderReader::Row& row, std::uint32_t item, BookBuilder& book) {
-    OneLine(TextIn(row[Company]), company);
-    OneLine(TextIn(row[FileAs]), fileAs);
-    OneLine(TextIn(row[FullName]), name);
+    OneLine(row.TextIn(Company), company);
+    OneLine(row.TextIn(FileAs), fileAs);
+    OneLine(row.TextIn(FullName), name);
     if (name.empty()) name = fileAs.empty() ? company : fileAs;
     if (EqualFolded(name, fileAs)) fileAs.clear();
     numbers.clear();
     for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
-        const Value& cell = row[Numbers + kind];
-        if (std::holds_alternative<Nothing>(cell)) continue;
+        const std::size_t column = Numbers + kind;
+        if (row.grid.IsNothing(row.Cell(column))) continue;
         Text number = prefixes.ConvertPhoneNumber(
-            std::holds_alternative<Text>(cell) ? TextIn(cell) : TextView(AsText(cell)));
+            row.grid.IsText(row.Cell(column)) ? row.TextIn(column) : TextView(AsText(row[column])));
         if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
             continue;
         book.AddNumber(item, name, fileAs, company, number, NumberKind(kind));

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "platform/Grid.h"
 #include "windows/EventSink.h"
 #include "windows/MonitorAwareness.h"
 #include "windows/Values.h"
@@ -215,14 +216,18 @@ GridPtr ToGrid(PendingError& errors, SAFEARRAY& array) {
         SAFEARRAY& array;
         ~Unlocking() { SafeArrayUnaccessData(&array); }
     } const unlocking{array};
-    auto grid = std::make_shared<Grid>();
-    grid->first = std::size_t(high[0] - low[0]) + 1;
-    grid->second = std::size_t(high[1] - low[1]) + 1;
-    grid->cells.reserve(grid->first * grid->second);
+    auto grid = std::make_shared<Grid>(std::size_t(high[0] - low[0]) + 1,
+                                       std::size_t(high[1] - low[1]) + 1);
     // The first index runs fastest in memory.
-    for (std::size_t i = 0; i < grid->first; ++i) {
-        for (std::size_t j = 0; j < grid->second; ++j) {
-            grid->cells.push_back(ToValue(errors, data[j * grid->first + i]));
+    for (std::size_t i = 0; i < grid->First(); ++i) {
+        for (std::size_t j = 0; j < grid->Second(); ++j) {
+            const VARIANT& cell = data[j * grid->First() + i];
+            if (cell.vt == VT_BSTR) {
+                grid->AddText({reinterpret_cast<const char16_t*>(cell.bstrVal),
+                               std::size_t(SysStringLen(cell.bstrVal))});
+            } else {
+                grid->Add(ToValue(errors, cell));
+            }
         }
     }
     return grid;

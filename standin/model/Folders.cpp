@@ -4,6 +4,7 @@
 
 #include "model/OutlookModel.h"
 #include "model/Stores.h"
+#include "platform/Grid.h"
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -351,10 +352,7 @@ const MemberTable& ItemTable::Table() const {
                             return self.Fail(error::InvalidCall);
                         }
                         const auto rows = std::min(wanted, self.items.size() - self.next);
-                        auto grid = std::make_shared<Grid>();
-                        grid->first = rows;
-                        grid->second = self.columns.size();
-                        grid->cells.reserve(rows * self.columns.size());
+                        auto grid = std::make_shared<Grid>(rows, self.columns.size());
                         // Items of one kind mostly follow one another.
                         const MemberTable* kind = nullptr;
                         std::vector<const Member*> properties;
@@ -363,7 +361,7 @@ const MemberTable& ItemTable::Table() const {
                             if (std::exchange(kind, &item.Table()) != &item.Table())
                                 properties = PropertiesOf(*kind, self.columns);
                             for (const Member* property : properties) {
-                                grid->cells.push_back(property ? property->get(item, {}) : Value());
+                                grid->Add(property ? property->get(item, {}) : Value());
                             }
                         }
                         return GridPtr(std::move(grid));

@@ -1,6 +1,7 @@
 #include "outlook/ComObjects.h"
 
 #include "outlook/ComObject.h"
+#include "platform/Grid.h"
 
 namespace tellwick::standin {
 
@@ -115,14 +116,14 @@ void ComObjects::ToVariant(const Value& value, VARIANT& variant) {
         variant.vt = VT_DISPATCH;
         variant.pdispVal = Wrap(*object).Detach();
     } else if (const auto* grid = std::get_if<GridPtr>(&value)) {
-        SAFEARRAYBOUND bounds[] = {{ULONG((*grid)->first), 0}, {ULONG((*grid)->second), 0}};
+        SAFEARRAYBOUND bounds[] = {{ULONG((*grid)->First()), 0}, {ULONG((*grid)->Second()), 0}};
         SAFEARRAY* const array = SafeArrayCreate(VT_VARIANT, 2, bounds);
         VARIANT* cells = nullptr;
         if (!array || FAILED(SafeArrayAccessData(array, reinterpret_cast<void**>(&cells)))) return;
         // The first index runs fastest in memory.
-        for (std::size_t i = 0; i < (*grid)->first; ++i) {
-            for (std::size_t j = 0; j < (*grid)->second; ++j)
-                ToVariant((*grid)->At(i, j), cells[j * (*grid)->first + i]);
+        for (std::size_t i = 0; i < (*grid)->First(); ++i) {
+            for (std::size_t j = 0; j < (*grid)->Second(); ++j)
+                ToVariant((*grid)->At((*grid)->CellAt(i, j)), cells[j * (*grid)->First() + i]);
         }
         SafeArrayUnaccessData(array);
         variant.vt = VT_ARRAY | VT_VARIANT;

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 
+#include "platform/Grid.h"
 #include "platform/TestHost.h"
 
 using namespace tellwick;
@@ -144,7 +145,7 @@ Value FirstCell(standin::OutlookModel& outlook, const ObjectPtr& folder, TextVie
 std::size_t RowsGiven(standin::OutlookModel& outlook, const ObjectPtr& table, std::int32_t most) {
     outlook.errors.Clear();
     const GridPtr grid = AsGrid(Call(outlook.errors, table, u"GetArray", {most}));
-    return grid ? grid->first : 0;
+    return grid ? grid->First() : 0;
 }
 
 bool RefusesLargeArray(standin::OutlookModel& outlook) {
