@@ -30,9 +30,14 @@ public:
     // The user's country, two letters of ISO 3166 ("DE"). Empty when the system knows none.
     virtual Text Country() = 0;
 
-    // Bytes that compare as texts stand in a list sorted for the user's language, letter case
-    // ignored.
-    virtual std::string SortKey(TextView text) = 0;
+    // Appends bytes that compare as texts stand in a list sorted for the user's language, letter
+    // case ignored.
+    virtual void AppendSortKey(TextView text, std::string& keys) = 0;
+    std::string SortKey(TextView text) {
+        std::string key;
+        AppendSortKey(text, key);
+        return key;
+    }
 };
 
 }  // namespace tellwick

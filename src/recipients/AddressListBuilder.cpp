@@ -112,7 +112,7 @@ AddressListBuilder::Sortable AddressListBuilder::ToSort(AddressList::Entry entry
     const TextView text = list.At(entry.byFileAs ? row.fileAs : row.name);
     Sortable sortable{{}, names.NumberOf(HashOf(text)), entry};
     if (sortable.name + 1 == keyStarts.size()) {
-        keys += locale.SortKey(text);
+        locale.AppendSortKey(text, keys);
         keyStarts.push_back(std::uint32_t(keys.size()));
     }
     const std::string_view key = Key(sortable.name);

@@ -19,6 +19,7 @@ namespace {
 constexpr double Slice = 4;
 constexpr double WithoutPause = 13;
 constexpr std::uint32_t Interval = 15;
+constexpr double ProgressInterval = 100;
 const Text NoFolder;
 
 }  // namespace
@@ -71,7 +72,8 @@ void Addresses::Refresh() {
     }
     // Where nothing is known yet the user would like to see something at once.
     if (book.list.Size() == 0) {
-        const bool more = DoSlice(Slice);
+        bool more = DoSlice(Slice);
+        while (IsRead()) more = DoSlice(Slice);
         Tell(false);
         if (!more) return;
     }
@@ -92,6 +94,7 @@ void Addresses::Drop() {
     reader.reset();
     harvest.reset();
     writer.reset();
+    readBook.reset();
 }
 
 Text Addresses::FolderTitle(std::uint16_t folder) const {
@@ -116,8 +119,11 @@ void Addresses::Tick() {
     do {
         more = DoSlice(std::min(Slice, left));
         left = end - surroundings.clock.Milliseconds();
-    } while (more && !messageLoop.Waiting() && left > 0);
+    } while (more && !IsRead() && !messageLoop.Waiting() && left > 0);
     if (!more) timer.reset();
+    const double now = surroundings.clock.Milliseconds();
+    if (more && now - told < ProgressInterval) return;
+    told = now;
     Tell(false);
 }
 
@@ -129,7 +135,7 @@ bool Addresses::DoSlice(double milliseconds) {
         const Meanwhile slicing(working, true);
         do {
             more = DoStage(end - surroundings.clock.Milliseconds());
-        } while (more && !stopped && surroundings.clock.Milliseconds() < end);
+        } while (more && !IsRead() && !stopped && surroundings.clock.Milliseconds() < end);
     } catch (...) {
         // A step half done is not done again, and again, by a timer that goes on.
         Stop();
@@ -149,23 +155,27 @@ bool Addresses::DoStage(double milliseconds) {
         case Stage::Cache:
             if (reader->DoSome()) return true;
             cacheRead = true;
-            if (std::optional<AddressBook> known = reader->Take()) TakeBook(std::move(*known));
+            readBook = reader->Take();
             reader.reset();
+            stage = Stage::CacheRead;
+            return true;
+        case Stage::CacheRead:
+            if (readBook) TakeBook();
             BeginHarvest();
             return stage != Stage::Idle;
-        case Stage::Harvest: {
+        case Stage::Harvest:
             if (harvest->DoSlice(milliseconds)) return true;
             harvested = true;
             failed = harvest->Failed();
-            std::optional<AddressBook> now = harvest->TakeBook();
+            readBook = harvest->TakeBook();
             harvest.reset();
-            stage = Stage::Idle;
-            if (now) {
-                TakeBook(std::move(*now));
-                BeginWriting();
-            }
+            stage = readBook ? Stage::HarvestRead : Stage::Idle;
             return stage != Stage::Idle;
-        }
+        case Stage::HarvestRead:
+            stage = Stage::Idle;
+            TakeBook();
+            BeginWriting();
+            return stage != Stage::Idle;
         case Stage::Writing:
             if (writer->DoSome()) return true;
             writer.reset();
@@ -198,8 +208,8 @@ void Addresses::BeginWriting() {
     stage = Stage::Writing;
 }
 
-void Addresses::TakeBook(AddressBook newBook) {
-    book = std::move(newBook);
+void Addresses::TakeBook() {
+    book = *std::exchange(readBook, {});
     book.list.SetRecent(recent);
     Tell(true);
 }

@@ -69,15 +69,17 @@ public:
     void ApplySettings();
 
 private:
-    enum class Stage { Idle, Cache, Harvest, Writing };
+    // What was read is put in the list's place in a slice of its own.
+    enum class Stage { Idle, Cache, CacheRead, Harvest, HarvestRead, Writing };
 
     // Goes on for so many milliseconds; false when all is done.
     bool DoSlice(double milliseconds);
     bool DoStage(double milliseconds);
+    bool IsRead() const { return stage == Stage::CacheRead || stage == Stage::HarvestRead; }
     void Drop();
     void BeginHarvest();
     void BeginWriting();
-    void TakeBook(AddressBook newBook);
+    void TakeBook();
     void Tick();
     void Tell(bool listChanged);
     bool Caches();
@@ -96,6 +98,8 @@ private:
     std::unique_ptr<NumberCacheReader> reader;
     std::unique_ptr<ContactHarvest> harvest;
     std::unique_ptr<NumberCacheWriter> writer;
+    std::optional<AddressBook> readBook;
+    double told = 0;  // when the listeners heard how far the reading is
     std::vector<Text> failed;
     bool cacheRead = false;
     bool harvested = false;

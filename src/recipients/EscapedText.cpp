@@ -1,6 +1,5 @@
 #include "recipients/EscapedText.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace tellwick {
@@ -30,11 +29,12 @@ const std::string& EscapedText::Written(char16_t unit) {
 }
 
 void EscapedText::Append(std::string& line, TextView text) {
-    for (auto at = text.begin(); at != text.end();) {
-        const auto plainEnd = std::find_if_not(at, text.end(), IsPlain);
-        line.append(at, plainEnd);
-        at = plainEnd;
-        if (at != text.end()) line += Written(*at++);
+    for (const char16_t unit : text) {
+        if (IsPlain(unit)) {
+            line += char(unit);
+        } else {
+            line += Written(unit);
+        }
     }
 }
 

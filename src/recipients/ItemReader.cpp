@@ -1,8 +1,6 @@
 #include "recipients/ItemReader.h"
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 #include "platform/OutlookEvents.h"
 #include "recipients/DistributionLists.h"
@@ -86,16 +84,17 @@ void ItemReader::ReadContact(const FolderReader::Row& row, std::uint32_t item, B
     OneLine(row.TextIn(FullName), name);
     if (name.empty()) name = fileAs.empty() ? company : fileAs;
     if (EqualFolded(name, fileAs)) fileAs.clear();
-    numbers.clear();
+    numbers = u";";
     for (std::size_t kind = 0; kind < std::size_t(NumberKind::List); ++kind) {
         const std::size_t column = Numbers + kind;
         if (row.grid.IsNothing(row.Cell(column))) continue;
         Text number = prefixes.ConvertPhoneNumber(
             row.grid.IsText(row.Cell(column)) ? row.TextIn(column) : TextView(AsText(row[column])));
-        if (number.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end())
-            continue;
+        if (number.empty()) continue;
+        const std::size_t known = numbers.size() - 1;
+        numbers.append(number).append(u";");
+        if (numbers.find(TextView(numbers).substr(known)) < known) continue;
         book.AddNumber(item, name, fileAs, company, number, NumberKind(kind));
-        numbers.push_back(std::move(number));
     }
 }
 

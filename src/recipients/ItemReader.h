@@ -40,7 +40,7 @@ private:
     const bool outlookAsks;
     // Of the contact at hand.
     Text name, fileAs, company;
-    std::vector<Text> numbers;
+    Text numbers;  // between semicolons
 };
 
 }  // namespace tellwick

@@ -62,7 +62,7 @@ Text WindowsLocale::Country() {
         CutAtNul(LocaleInfo(LOCALE_USER_DEFAULT, LOCALE_SISO3166CTRYNAME).value_or(Text())));
 }
 
-std::string WindowsLocale::SortKey(TextView text) {
+void WindowsLocale::AppendSortKey(TextView text, std::string& keys) {
     constexpr DWORD Flags =
         LCMAP_SORTKEY | NORM_IGNORECASE | NORM_IGNOREKANATYPE | NORM_IGNOREWIDTH;
     const auto* wide = reinterpret_cast<const wchar_t*>(text.data());
@@ -74,10 +74,12 @@ std::string WindowsLocale::SortKey(TextView text) {
     const std::size_t most = 8 * text.size() + 16;
     // Names are short, and there are many.
     char shortKey[512];
-    if (most <= sizeof shortKey) return {shortKey, map(shortKey, sizeof shortKey)};
+    if (most <= sizeof shortKey) {
+        keys.append(shortKey, map(shortKey, sizeof shortKey));
+        return;
+    }
     std::string key(most, '\0');
-    key.resize(map(key.data(), key.size()));
-    return key;
+    keys.append(key, 0, map(key.data(), key.size()));
 }
 
 }  // namespace tellwick::windows

@@ -16,7 +16,7 @@ public:
     std::optional<Text> FromCodePage(std::uint32_t codePage, std::string_view bytes) override;
     std::optional<Text> LocaleInfo(std::uint32_t locale, std::uint32_t type) override;
     Text Country() override;
-    std::string SortKey(TextView text) override;
+    void AppendSortKey(TextView text, std::string& keys) override;
 };
 
 }  // namespace tellwick::windows

@@ -390,14 +390,12 @@ public:
         return found->second;
     }
     Text Country() override { return country; }
-    std::string SortKey(TextView text) override {
+    void AppendSortKey(TextView text, std::string& keys) override {
         ++sortKeys;
-        std::string key;
         for (const char16_t unit : LowerCase(text)) {
-            key += char(unit >> 8);
-            key += char(unit & 0xFF);
+            keys += char(unit >> 8);
+            keys += char(unit & 0xFF);
         }
-        return key;
     }
     int sortKeys = 0;  // that were made
     // One that holds every character, with two bytes for each unit, as newer systems can have it.

@@ -451,13 +451,13 @@ TEST_CASE("the files keep every name, and damaged ones are thrown away") {
 
 TEST_CASE("reading is done in slices, and ends at the next one when the form goes") {
     People people;
-    standin::AddManyContacts(people.outlook, 1200, 3);
+    standin::AddManyContacts(people.outlook, 15000, 3);
     people.platform.clock.step = 0.2;  // every look at the clock
     Addresses& addresses = people.program.addresses;
     addresses.SetApplication(people.outlook.Application());
     people.program.formSmsSend.Open({});
     CHECK(people.platform.timers.Tick() == 0);  // nothing is read before it is needed
-    people.view.TextTo().SetText(u"anna");
+    people.view.TextTo().SetText(u"anna b");
     CHECK(addresses.Reading());
     int ticks = 0;
     Text folders;
