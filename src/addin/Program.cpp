@@ -56,7 +56,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       submission(services, formSmsSend, formSmsSendView, recipientField, messageText,
                  lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
-                           recipientField),
+                           recipientField, platform.clock, platform.timers),
       formOptions(services, formOptionsView, forms, prefixes, platform.locale, traceSwitch,
                   [this] {
                       prefixes.Forget();

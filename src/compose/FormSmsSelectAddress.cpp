@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
-#include <string>
+#include <optional>
 #include <utility>
 
 #include "recipients/Addresses.h"
@@ -27,6 +26,11 @@ constexpr std::array<TextView, std::size_t(NumberKind::List) + 1> KindKeys{
     u"KindCar",    u"KindOther", u"KindPrimary", u"KindList"};
 constexpr std::int32_t WidestColumn = 4000;
 
+// Milliseconds.
+constexpr double Slice = 10;
+constexpr std::uint32_t Interval = 15;
+constexpr std::size_t RowsAStep = 500;
+
 Text WidthKey(std::size_t column) {
     return u"SMSSelectColumn" + NumberText(std::int64_t(column) + 1);
 }
@@ -35,13 +39,17 @@ Text WidthKey(std::size_t column) {
 
 FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view,
                                            Forms& forms, Prefixes& prefixes, Addresses& addresses,
-                                           RecipientField& recipientField)
+                                           RecipientField& recipientField, Clock& clock,
+                                           Timers& timers)
     : Services(services),
+      rows(addresses),
       view(view),
       forms(forms),
       prefixes(prefixes),
       addresses(addresses),
-      recipientField(recipientField) {
+      recipientField(recipientField),
+      clock(clock),
+      timers(timers) {
     view.SetEvents(*this);
     addresses.AddListener([this](bool listChanged) { Addresses_Change(listChanged); });
 }
@@ -117,17 +125,20 @@ void FormSmsSelectAddress::Unload() {
     forms.Remove(*this);
     // What was rewritten and is not taken over needs no hint.
     prefixes.TakeRewritten();
-    shown.clear();
-    sorted.clear();
+    timer.reset();
+    rows.Clear();
 }
 
 void FormSmsSelectAddress::Addresses_Change(bool listChanged) {
     if (!view.Loaded()) return;
     if (listChanged) {
         FillFolders();
-        SortRows();
+        // What it takes to find them is left to the timer: Outlook has waited for the change.
+        rows.Sort(AddressRows::Order(sortedBy), descending);
+        NarrowRows(0);
+    } else {
+        ShowStatus();
     }
-    ShowStatus();
 }
 
 // The rows ------------------------------------------------------------------------------------
@@ -135,64 +146,60 @@ void FormSmsSelectAddress::Addresses_Change(bool listChanged) {
 // The first entry is for all folders.
 void FormSmsSelectAddress::FillFolders() {
     ItemList& box = view.BoxFolder();
+    std::vector<Text> names;
+    for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
+        names.push_back(addresses.FolderName(std::uint16_t(folder)));
+    if (box.Count() > 0 && names == folderNames) return;
+    folderNames = std::move(names);
     const Text before = box.SelectedIndex() > 0 ? box.Item(box.SelectedIndex()) : Text();
     box.Clear();
     box.Add(language.TextOrBuiltIn(FormName, u"AllFolders"));
     box.SetSelectedIndex(0);
-    for (std::size_t folder = 0; folder < addresses.Folders(); ++folder) {
-        const Text name = addresses.FolderName(std::uint16_t(folder));
+    for (const Text& name : folderNames) {
         box.Add(name);
         if (name == before) box.SetSelectedIndex(box.Count() - 1);
     }
 }
 
 void FormSmsSelectAddress::SortRows() {
-    const AddressList& list = addresses.List();
-    // The list's own order is the alphabetical one, by the user's language.
-    sorted.clear();
-    sorted.reserve(list.Rows());
-    for (std::size_t index = 0; index < list.Size(); ++index) {
-        if (!list.EntryAt(index).byFileAs) sorted.push_back(list.EntryAt(index).row);
-    }
-    if (sortedBy == Folder) {
-        std::vector<std::string> keys;
-        for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
-            keys.push_back(addresses.SortKey(addresses.FolderTitle(std::uint16_t(folder))));
-        std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
-            return keys[list.Row(one).folder] < keys[list.Row(other).folder];
-        });
-    } else if (sortedBy != Name) {
-        std::stable_sort(sorted.begin(), sorted.end(), [&](auto one, auto other) {
-            return sortedBy == Kind ? list.Row(one).kind < list.Row(other).kind
-                                    : list.Row(one).number < list.Row(other).number;
-        });
-    }
-    if (descending) std::reverse(sorted.begin(), sorted.end());
-    ShowRows();
+    rows.Sort(AddressRows::Order(sortedBy), descending);
+    NarrowRows();
 }
 
-void FormSmsSelectAddress::ShowRows() {
-    const AddressList& list = addresses.List();
-    std::vector<Text> folders;
-    for (std::size_t folder = 0; folder < addresses.Folders(); ++folder)
-        folders.push_back(addresses.FolderName(std::uint16_t(folder)));
-    search = AddressSearch(view.TextSearch().GetText(), folders);
+// What comes first is shown at once, the rest as it is found.
+void FormSmsSelectAddress::NarrowRows(double firstSlice) {
     const std::int32_t folder = view.BoxFolder().SelectedIndex() - 1;
-    if (search.IsEmpty() && folder < 0) {
-        shown = sorted;
+    rows.Narrow(view.TextSearch().GetText(),
+                folder < 0 ? std::optional<std::uint16_t>() : std::uint16_t(folder));
+    view.ListAddresses().SetRowCount(0);
+    timer.reset();
+    if (!FillRows(firstSlice)) return;
+    timer = timers.Create();
+    timer->Start(Interval, [this] { TimerRows_Timer(); });
+}
+
+// Goes on for so many milliseconds; false when all rows are shown.
+bool FormSmsSelectAddress::FillRows(double milliseconds) {
+    const double end = clock.Milliseconds() + milliseconds;
+    bool more = true;
+    while (more && clock.Milliseconds() < end) more = rows.DoSome(RowsAStep);
+    ListView& list = view.ListAddresses();
+    if (list.RowCount() == 0) {
+        list.SetRowCount(rows.Shown().size());
     } else {
-        // In the order in which they lie in memory, which takes a fraction of the time.
-        std::vector<bool> found(list.Rows());
-        for (std::size_t index = 0; index < found.size(); ++index) {
-            const AddressRow row = list.Row(index);
-            found[index] = (folder < 0 || row.folder == folder) && search.Matches(row);
-        }
-        shown.clear();
-        std::copy_if(sorted.begin(), sorted.end(), std::back_inserter(shown),
-                     [&](std::uint32_t index) { return found[index]; });
+        list.AddRows(rows.Shown().size());
     }
-    view.ListAddresses().SetRowCount(shown.size());
     ShowStatus();
+    return more;
+}
+
+void FormSmsSelectAddress::TimerRows_Timer() {
+    Procedure procedure{debug, u"TimerRows_Timer"};
+    // Stopped while it works: a step that fails is not done again, and again.
+    timer->Stop();
+    if (FillRows(Slice)) {
+        timer->Start(Interval, [this] { TimerRows_Timer(); });
+    }
 }
 
 void FormSmsSelectAddress::ShowStatus() {
@@ -206,7 +213,7 @@ void FormSmsSelectAddress::ShowStatus() {
             ReplaceAll(language.TextOrBuiltIn(FormName, u"NotRead"), u"%f", addresses.Failed()[0]);
     } else {
         text = ReplaceAll(language.TextOrBuiltIn(FormName, u"Matches"), u"%n",
-                          NumberText(std::int64_t(shown.size())));
+                          NumberText(std::int64_t(rows.Shown().size())));
     }
     if (view.StatusBar1().GetText() != text) view.StatusBar1().SetText(text);
 }
@@ -216,8 +223,9 @@ Text FormSmsSelectAddress::KindText(NumberKind kind) const {
 }
 
 MarkedText FormSmsSelectAddress::Cell(std::size_t index, std::size_t column) const {
-    if (index >= shown.size()) return {};
-    const AddressRow row = addresses.List().Row(shown[index]);
+    if (index >= rows.Shown().size()) return {};
+    const AddressRow row = addresses.List().Row(rows.Shown()[index]);
+    const AddressSearch& search = rows.Search();
     switch (column) {
         case Name:
             return search.MarkWords(row.company.empty() || row.company == row.name
@@ -234,12 +242,12 @@ MarkedText FormSmsSelectAddress::Cell(std::size_t index, std::size_t column) con
 
 void FormSmsSelectAddress::TextSearch_Change() {
     Procedure procedure{debug, u"TextSearch_Change"};
-    ShowRows();
+    NarrowRows();
 }
 
 void FormSmsSelectAddress::BoxFolder_Click() {
     Procedure procedure{debug, u"BoxFolder_Click"};
-    ShowRows();
+    NarrowRows();
 }
 
 void FormSmsSelectAddress::ListAddresses_ColumnClick(std::size_t column) {
@@ -268,11 +276,15 @@ void FormSmsSelectAddress::ShowChosen() {
 
 void FormSmsSelectAddress::ButtonAdd_Click() {
     Procedure procedure{debug, u"ButtonAdd_Click"};
-    std::vector<std::size_t> rows = view.ListAddresses().ChosenRows();
-    if (rows.empty() && shown.size() == 1) rows.push_back(0);
-    for (const std::size_t index : rows) {
-        if (index >= shown.size()) continue;
-        const AddressRow row = addresses.List().Row(shown[index]);
+    std::vector<std::size_t> chosenRows = view.ListAddresses().ChosenRows();
+    if (chosenRows.empty()) {
+        while (FillRows(Slice)) {
+        }
+        if (rows.Shown().size() == 1) chosenRows.push_back(0);
+    }
+    for (const std::size_t index : chosenRows) {
+        if (index >= rows.Shown().size()) continue;
+        const AddressRow row = addresses.List().Row(rows.Shown()[index]);
         for (const Text& part : Split(row.number, u";")) {
             Text number = prefixes.NationalNumber(part);
             const bool isNew = std::none_of(

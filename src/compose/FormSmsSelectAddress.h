@@ -4,10 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "compose/FormSmsSelectAddressView.h"
-#include "recipients/AddressSearch.h"
+#include "platform/Clock.h"
+#include "platform/Timer.h"
+#include "recipients/AddressRows.h"
 #include "settings/Services.h"
 
 namespace tellwick {
@@ -19,7 +22,8 @@ class RecipientField;
 class FormSmsSelectAddress : public Form, public FormSmsSelectAddressEvents, private Services {
 public:
     FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view, Forms& forms,
-                         Prefixes& prefixes, Addresses& addresses, RecipientField& recipientField);
+                         Prefixes& prefixes, Addresses& addresses, RecipientField& recipientField,
+                         Clock& clock, Timers& timers);
     ~FormSmsSelectAddress() override;
 
     void Show();
@@ -51,17 +55,19 @@ private:
     void Addresses_Change(bool listChanged);
     void FillFolders();
     void SortRows();
-    void ShowRows();
+    void NarrowRows(double firstSlice = 4);  // milliseconds
+    bool FillRows(double milliseconds);
+    void TimerRows_Timer();
     void ShowStatus();
     void ShowChosen();
     MarkedText Cell(std::size_t row, std::size_t column) const;
     Text KindText(NumberKind kind) const;
     Text Shown(TextView number) const;
 
-    std::vector<std::uint32_t> sorted;  // all rows of the address list
-    std::vector<std::uint32_t> shown;   // those that the search leaves
+    std::vector<Text> folderNames;  // in the box
+    AddressRows rows;
+    std::unique_ptr<Timer> timer;  // while rows are looked for
     std::vector<Recipient> chosen;
-    AddressSearch search{{}};
     std::size_t sortedBy = Name;
     bool descending = false;
 
@@ -70,6 +76,8 @@ private:
     Prefixes& prefixes;
     Addresses& addresses;
     RecipientField& recipientField;
+    Clock& clock;
+    Timers& timers;
 };
 
 }  // namespace tellwick

@@ -90,6 +90,8 @@ public:
     virtual void SetSource(CellSource source) = 0;
     // All rows may be others now; none is chosen, and the first is the one the arrows go on from.
     virtual void SetRowCount(std::size_t rows) = 0;
+    // So many rows are there now: those before, and others behind them.
+    virtual void AddRows(std::size_t rows) = 0;
     virtual std::size_t RowCount() const = 0;
     virtual std::vector<std::size_t> ChosenRows() const = 0;  // ascending
     virtual void ChooseRow(std::size_t row) = 0;

@@ -181,7 +181,7 @@ void AddressListBuilder::MakeKeys(std::size_t most) {
 
 void AddressListBuilder::SortRun(std::size_t most) {
     // Sorting is faster than merging, as long as it stays short.
-    constexpr std::size_t Longer = 16;
+    constexpr std::size_t Longer = 4;
     const std::size_t end = std::min(sorted.size(), next + Longer * most);
     std::sort(sorted.begin() + std::ptrdiff_t(next), sorted.begin() + std::ptrdiff_t(end),
               [&](const auto& one, const auto& other) { return Before(one, other); });

@@ -22,6 +22,10 @@ void WindowListView::SetRowCount(std::size_t rows) {
     if (Window()) InvalidateRect(Window(), nullptr, FALSE);
 }
 
+void WindowListView::AddRows(std::size_t rows) {
+    Send(LVM_SETITEMCOUNT, rows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+}
+
 std::size_t WindowListView::RowCount() const {
     return std::size_t(Send(LVM_GETITEMCOUNT));
 }

@@ -13,6 +13,7 @@ public:
 
     void SetSource(CellSource newSource) override { source = std::move(newSource); }
     void SetRowCount(std::size_t rows) override;
+    void AddRows(std::size_t rows) override;
     std::size_t RowCount() const override;
     std::vector<std::size_t> ChosenRows() const override;
     void ChooseRow(std::size_t row) override;

@@ -114,6 +114,7 @@ public:
         rows = newRows;
         chosen.clear();
     }
+    void AddRows(std::size_t newRows) override { rows = newRows; }
     std::size_t RowCount() const override { return rows; }
     std::vector<std::size_t> ChosenRows() const override { return chosen; }
     void ChooseRow(std::size_t row) override { chosen = {row}; }

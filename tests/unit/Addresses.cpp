@@ -828,3 +828,61 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     CHECK(people.Setting(u"Positions", u"SMSSelectColumn2") == u"99");
     people.program.addresses.Release();
 }
+
+TEST_CASE("the selection window looks for rows in slices, and what is chosen stays chosen") {
+    People people;
+    standin::AddManyContacts(people.outlook, 3000, 3);
+    Addresses& addresses = people.program.addresses;
+    addresses.SetApplication(people.outlook.Application());
+    people.program.formSmsSend.Open({});
+    people.program.formSmsSend.ButtonTo_Click();
+    while (people.platform.timers.Tick() != 0) {
+    }
+    auto& window = people.selectAddressView;
+    auto& form = people.program.formSmsSelectAddress;
+    MemoryListView& list = window.ListAddresses();
+    const auto column = [&](std::size_t which) {
+        std::vector<Text> texts;
+        for (std::size_t row = 0; row < list.rows; ++row) texts.push_back(list.Cell(row, which));
+        return texts;
+    };
+    const std::vector<Text> all = column(FormSmsSelectAddress::Number);
+    for (const auto order : {FormSmsSelectAddress::Number, FormSmsSelectAddress::Folder}) {
+        form.ListAddresses_ColumnClick(order);
+        CHECK(std::ranges::is_sorted(column(order)));
+        CHECK(std::ranges::is_permutation(column(FormSmsSelectAddress::Number), all));
+    }
+    form.ListAddresses_ColumnClick(FormSmsSelectAddress::Name);
+    people.platform.clock.step = 2;  // every look at the clock
+    window.TextSearch().SetText(u"b");
+    const std::size_t first = list.rows;
+    REQUIRE(first > 0);
+    list.ChooseRow(0);
+    people.platform.timers.Tick();
+    CHECK(list.rows > first);
+    CHECK(list.chosen == std::vector<std::size_t>{0});
+    for (const bool changed : {false, true}) {
+        CAPTURE(changed);
+        if (changed) {
+            window.TextSearch().SetText(u"b");
+            people.outlook.now += 1;
+            people.Add(u"Zz Berta", u"", u"0179 99", people.club);
+            addresses.NeededAnew();
+            addresses.RefreshOnce();
+        }
+        while (people.platform.timers.Tick() != 0) {
+        }
+        const std::size_t found = list.rows;
+        CHECK((list.Cell(found - 1, 0) == u"Zz [B]erta") == changed);
+        people.platform.clock.step = 0;
+        window.TextSearch().SetText(u"b");
+        CHECK(list.rows == found);
+        people.platform.clock.step = 2;
+    }
+    // Where one alone is left is known when all were looked at.
+    window.TextSearch().SetText(u"zz");
+    CHECK(list.rows == 0);
+    form.ButtonAdd_Click();
+    CHECK(window.ListChosen().items.size() == 1);
+    addresses.Release();
+}

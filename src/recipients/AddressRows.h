@@ -1,0 +1,49 @@
+// The rows of the recipient selection: those of the address list that a search and a folder leave,
+// sorted by a column. Done in small steps, so that a key is never waited for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "recipients/AddressSearch.h"
+
+namespace tellwick {
+
+class Addresses;
+
+class AddressRows {
+public:
+    enum class Order { Name, Number, Kind, Folder };
+
+    explicit AddressRows(const Addresses& addresses) : addresses(addresses) {}
+
+    // Both begin anew; what is shown is empty until DoSome finds it. Sort is also for a list that
+    // has changed. Rows that are equal in that order stand by name.
+    void Sort(Order newOrder, bool newDescending);
+    void Narrow(TextView text, std::optional<std::uint16_t> newFolder);
+    // Goes on with about so many rows; false when all are found.
+    bool DoSome(std::size_t most);
+    void Clear();
+
+    // Rows of the address list that are found so far, in their order.
+    const std::vector<std::uint32_t>& Shown() const { return shown; }
+    const AddressSearch& Search() const { return search; }
+
+private:
+    void Collect();
+    void SortByClass();
+    void SortByNumber();
+
+    const Addresses& addresses;
+    Order order = Order::Name;
+    bool descending = false;
+    AddressSearch search{{}};
+    std::optional<std::uint16_t> folder;
+    bool isSorted = true;
+    std::size_t next = 0;  // of those sorted
+    std::vector<std::uint32_t> sorted, shown;
+};
+
+}  // namespace tellwick
