@@ -37,6 +37,12 @@ buildPresets() {
     done
 }
 
+# useDisplay 32|64: from here on, where `tools/with-display --each` made two.
+useDisplay() {
+    [ "$1" = 32 ] && [ -n "${TELLWICK_DISPLAY32:-}" ] || return 0
+    export DISPLAY=$TELLWICK_DISPLAY32 XAUTHORITY=$TELLWICK_AUTHORITY32
+}
+
 # putBeside FOLDER: what a library in that folder finds beside itself: languages and manual.
 putBeside() {
     "$tools/help"

@@ -308,11 +308,15 @@ void FormSmsSend::Unload() {
     awaitedRecipients.End();
     Form_Unload();
     // Settings that wait to be written are gone with Outlook.
-    if (inifilesLite.Flush()) {
-        draft.End();
-    } else {
-        draft.Keep();
-    }
+    bool written = false;
+    debug.Guarded([&] { written = inifilesLite.Flush(); });
+    debug.Guarded([&] {
+        if (written) {
+            draft.End();
+        } else {
+            draft.Keep();
+        }
+    });
     view.Unload();
     forms.Remove(*this);
 }

@@ -188,6 +188,8 @@ LRESULT CALLBACK FormWindow::WindowProcedure(HWND window, UINT message, WPARAM f
         if (form) return form->Handle(message, first, second);
     } catch (...) {
         ReportException();
+        // The system would destroy the window, and the form would take it for an open one.
+        if (message == WM_CLOSE) return 0;
     }
     return DefWindowProcW(window, message, first, second);
 }

@@ -80,6 +80,7 @@ const std::map<Text, Commands::Command>& Commands::Table() {
         {u"can-unload", {0, &Commands::CanUnload}},
         {u"unload", {0, &Commands::Unload}},
         {u"fail", {2, &Commands::Fail}},
+        {u"starve", {2, &Commands::Starve}},
         {u"controls", {0, &Commands::Controls}},
         {u"shrink-forms", {0, &Commands::ShrinkForms}},
         {u"close-forms", {0, &Commands::CloseForms}},

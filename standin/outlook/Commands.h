@@ -65,6 +65,10 @@
 //   unload                           frees unused libraries; answers "unloaded" or "loaded"
 //   fail CLASS.MEMBER NUMBER         every use fails with that error number, decimal; with the
 //                                    HRESULT when it is 0x8...; 0 ends that
+//   starve COUNT one|all COMMAND...  another command, in which the add-in's next allocation but so
+//                                    many fails, or all from there on; message boxes are answered
+//                                    with No or OK. Answers how many have failed. For a library
+//                                    that was built for it
 // the rest
 //   close-forms                      closes every window of an add-in by its frame
 //   shrink-forms                     makes those that have sizing frames as small as they let
@@ -125,6 +129,7 @@ private:
     Text ExplorerHandle(const Words&);
     Text InspectorHandle(const Words&);
     Text ListItems(const Words&);
+    Text Starve(const Words&);
     Text AddMail(const Words&);
     Text AddContact(const Words&);
     Text AddAppointment(const Words&);
