@@ -41,7 +41,7 @@ TEST_CASE("whichever allocation fails, once or from there on, Outlook and the ne
         CAPTURE(step.starved);
         for (const std::string mode : {"one", "all"}) {
             CAPTURE(mode);
-            for (int after = 0;; after += 1 + after / 4) {
+            for (int after = 0;; after += 1 + after / 2) {
                 CAPTURE(after);
                 if (&step != Steps && step.starved != "reply 2") open();
                 if (!step.before.empty()) outlook.Command(step.before);
