@@ -2,7 +2,7 @@
 #include "Composing.h"
 
 #include "Measures.h"
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "platform/TestProgram.h"
 
 #ifdef TELLWICK_LIBPHONENUMBER

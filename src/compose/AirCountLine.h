@@ -1,7 +1,7 @@
 // The line in the status bar that says what the phone network counts, beside what the form counts.
 #pragma once
 
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "settings/Services.h"
 
 namespace tellwick {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "compose/FormSmsPreviewView.h"
 #include "compose/LookAlikes.h"
 #include "settings/Services.h"

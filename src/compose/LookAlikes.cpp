@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 
 namespace tellwick {
 

@@ -1,6 +1,6 @@
 #include "compose/QueueText.h"
 
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "compose/LookAlikes.h"
 #include "platform/Locale.h"
 

@@ -7,6 +7,7 @@
 #include "platform/Meanwhile.h"
 #include "recipients/Addresses.h"
 #include "recipients/Prefixes.h"
+#include "recipients/RecipientList.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
@@ -26,16 +27,6 @@ constexpr std::size_t MostRowsShown = 10;
 
 Text NumberKey(std::int32_t position) {
     return u"Number" + NumberText(position);
-}
-
-// The recipients of a field, blanks around them left out.
-std::vector<Text> RecipientsIn(TextView field) {
-    std::vector<Text> recipients;
-    for (const Text& part : Split(ReplaceAll(field, u",", u";"), u";")) {
-        Text recipient = Trimmed(part);
-        if (!recipient.empty()) recipients.push_back(std::move(recipient));
-    }
-    return recipients;
 }
 
 // Where the last of the field's recipients begins.

@@ -1,5 +1,5 @@
 // The message as hexadecimal digits and as it goes on air, and the queue.
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "fuzz/Targets.h"
 #include "platform/TestProgram.h"
 

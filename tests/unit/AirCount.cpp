@@ -2,7 +2,7 @@
 // parts, and the look-alikes of characters that it lacks.
 #include <doctest.h>
 
-#include "compose/AirCount.h"
+#include "air/AirCount.h"
 #include "compose/LookAlikes.h"
 
 using namespace tellwick;

@@ -1,24 +1,8 @@
-#include "compose/AirCount.h"
-
-#include <array>
+#include "air/AirCount.h"
 
 namespace tellwick {
 
 namespace {
-
-constexpr TextView DefaultAlphabet =
-    u"@£$¥èéùìòÇ\nØø\rÅåΔ_ΦΓΛΩΠΨΣΘΞÆæßÉ !\"#¤%&'()*+,-./0123456789:;<=>?"
-    u"¡ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÑÜ§¿abcdefghijklmnopqrstuvwxyzäöñüà";
-constexpr TextView ExtensionTable = u"\f^{}\\[~]|";  // and the euro sign
-constexpr char16_t EuroSign = 0x20AC;
-
-// By unit, up to the last letter of the alphabet.
-constexpr std::array<std::uint8_t, 0x400> Septets = [] {
-    std::array<std::uint8_t, 0x400> septets{};
-    for (const char16_t unit : DefaultAlphabet) septets[unit] = 1;
-    for (const char16_t unit : ExtensionTable) septets[unit] = 2;
-    return septets;
-}();
 
 // Units of an SMS that is alone, and of each of several.
 struct Limits {
@@ -77,11 +61,6 @@ std::size_t FlagLettersBefore(TextView text, std::size_t position) {
 }
 
 }  // namespace
-
-std::int32_t SeptetsOf(char16_t unit) {
-    if (unit < Septets.size()) return Septets[unit];
-    return unit == EuroSign ? 2 : 0;
-}
 
 std::size_t CharacterLength(TextView text, std::size_t position) {
     const bool pair = IsHighSurrogate(text[position]) && position + 1 < text.size() &&

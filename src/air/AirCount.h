@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "air/GsmAlphabet.h"
 #include "platform/Text.h"
 
 namespace tellwick {
@@ -38,10 +39,6 @@ struct AirCount {
 // Several parts have a header with an 8-bit reference each. An extension character is never split
 // from its escape, nor a surrogate pair; a surrogate that stands alone is a unit like any other.
 AirCount CountOnAir(TextView text);
-
-// What a UTF-16 unit takes in the 7-bit alphabet: 1 septet, 2 with its escape, 0 when it is not in
-// there.
-std::int32_t SeptetsOf(char16_t unit);
 
 // Length of the character at a position before the end: 2 for a surrogate pair, else 1.
 std::size_t CharacterLength(TextView text, std::size_t position);
