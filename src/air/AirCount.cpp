@@ -78,7 +78,7 @@ bool CutsCharacter(TextView text, std::size_t position) {
     return IsFlagLetter(behind) && FlagLettersBefore(text, position) % 2 == 1;
 }
 
-AirCount CountOnAir(TextView text) {
+AirCount CountOnAir(TextView text, ConcatReference reference) {
     AirCount count;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const std::int32_t septets = SeptetsOf(text[at]);
@@ -92,7 +92,8 @@ AirCount CountOnAir(TextView text) {
         count.encoding = AirEncoding::Ucs2;
         count.units = std::int32_t(text.size());
     }
-    const Limits& limits = unicode ? UnicodeLimits : GsmLimits;
+    Limits limits = unicode ? UnicodeLimits : GsmLimits;
+    if (reference == ConcatReference::Bits16) --limits.part;
     if (count.units <= limits.single) {
         count.parts.push_back({0, text.size(), count.units});
         count.free = limits.single - count.units;

@@ -36,9 +36,12 @@ struct AirCount {
     std::vector<std::size_t> forcing;
 };
 
-// Several parts have a header with an 8-bit reference each. An extension character is never split
+// By which a phone joins the parts. The form counts with 8 bits; 16 take an octet more of each part.
+enum class ConcatReference { Bits8, Bits16 };
+
+// Several parts have a header with such a reference each. An extension character is never split
 // from its escape, nor a surrogate pair; a surrogate that stands alone is a unit like any other.
-AirCount CountOnAir(TextView text);
+AirCount CountOnAir(TextView text, ConcatReference reference = ConcatReference::Bits8);
 
 // Length of the character at a position before the end: 2 for a surrogate pair, else 1.
 std::size_t CharacterLength(TextView text, std::size_t position);
