@@ -22,11 +22,18 @@ struct FoldedLess {
     bool operator()(const Text& left, const Text& right) const { return LessFolded(left, right); }
 };
 
-// The calls into the system, counted; one of them can be made to fail.
+// The program's end in the middle of it.
+struct Killed {};
+
+// The calls into the system, counted; one of them can be made to fail, or to be the last one.
 struct Faults {
-    bool Hit() { return ++calls == failAt; }
+    bool Hit() {
+        if (++calls == killAt) throw Killed{};
+        return calls == failAt;
+    }
     int calls = 0;
     int failAt = 0;  // counted from 1; 0: none
+    int killAt = 0;
 };
 
 class MemoryRegistry : public Registry {
