@@ -36,7 +36,7 @@ struct AirCount {
     std::vector<std::size_t> forcing;
 };
 
-// By which a phone joins the parts. The form counts with 8 bits; 16 take an octet more of each part.
+// By which a phone joins the parts. The form counts with 8 bits; 16 take another octet of each.
 enum class ConcatReference { Bits8, Bits16 };
 
 // Several parts have a header with such a reference each. An extension character is never split

@@ -84,7 +84,9 @@ struct SenderHost : SettingsModules {
             : spool(host.disk, host.clock, u"C:\\Data\\Tellwick\\"),
               reader(host.platform.registry, host.values, host.disk, host.locale, host.clock,
                      host.prefixes, spool),
-              delivery(reader, spool, host.carrier, host.clock, host.timers) {}
+              delivery(reader, spool, host.carrier, host.clock, host.timers) {
+            if (!host.storeSent) spool.SetLimits({false, 0});
+        }
         Spool spool;
         QueueReader reader;
         Delivery delivery;
@@ -136,6 +138,7 @@ struct SenderHost : SettingsModules {
     Prefixes prefixes{debug, inifilesLite, language};
     MemoryQueueValues values{platform};
     MemoryCarrier carrier{platform};
+    bool storeSent = true;
     std::unique_ptr<Running> running;
 };
 
