@@ -1,8 +1,10 @@
 #include "carrier/PduReader.h"
 
-#include <chrono>
+#include <algorithm>
+#include <string>
 
 #include "air/GsmAlphabet.h"
+#include "spool/Times.h"
 
 namespace tellwick::sender {
 
@@ -102,14 +104,8 @@ double ReadTime(Octets& octets) {
         const int octet = octets.Next();
         field = (octet & 0xF) * 10 + (octet >> 4);
     }
-    const std::chrono::year_month_day date{std::chrono::year{2000 + fields[0]},
-                                           std::chrono::month{unsigned(fields[1])},
-                                           std::chrono::day{unsigned(fields[2])}};
-    if (!date.ok()) return 0;
-    const std::chrono::sys_days dayZero =
-        std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
-    return double((std::chrono::sys_days{date} - dayZero).count()) +
-           (fields[3] * 3600 + fields[4] * 60 + fields[5]) / 86400.0;
+    return TimeOf(2000 + fields[0], unsigned(fields[1]), unsigned(fields[2]),
+                  ((fields[3] * 60LL + fields[4]) * 60 + fields[5]) * 1000);
 }
 
 void ReadHeader(std::string_view header, ReceivedPart& part) {
@@ -186,20 +182,6 @@ ReceivedUnit ReadPdu(std::string_view digits) {
     ReadUserData(octets, (first & UserDataHeader) != 0, coding, part);
     if (octets.Over()) return {};
     return part;
-}
-
-std::optional<ReceivedPart> PartsJoiner::Add(const ReceivedPart& part) {
-    if (part.parts <= 1) return part;
-    const Key key{part.from, part.concatReference, part.parts};
-    std::map<std::int32_t, ReceivedPart>& have = incomplete[key];
-    have.emplace(part.part, part);
-    if (have.size() < std::size_t(part.parts)) return {};
-    ReceivedPart whole = have.begin()->second;
-    whole.text.clear();
-    whole.parts = 1;
-    for (const auto& [number, one] : have) whole.text += one.text;
-    incomplete.erase(key);
-    return whole;
 }
 
 }  // namespace tellwick::sender

@@ -3,13 +3,8 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <optional>
-#include <string>
 #include <string_view>
-#include <tuple>
 #include <variant>
-#include <vector>
 
 #include "platform/Text.h"
 
@@ -37,18 +32,5 @@ using ReceivedUnit = std::variant<std::monostate, ReceivedPart, StatusReport>;
 
 // From hexadecimal digits, those of the service centre included.
 ReceivedUnit ReadPdu(std::string_view digits);
-
-// Joins parts. Holds what is not complete yet; the parts themselves are kept safe elsewhere until
-// then.
-class PartsJoiner {
-public:
-    // The whole text, with `parts` 1, once the last missing part comes. A part that comes twice
-    // counts once.
-    std::optional<ReceivedPart> Add(const ReceivedPart& part);
-
-private:
-    using Key = std::tuple<Text, std::int32_t, std::int32_t>;  // sender, reference, number of parts
-    std::map<Key, std::map<std::int32_t, ReceivedPart>> incomplete;
-};
 
 }  // namespace tellwick::sender

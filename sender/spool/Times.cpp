@@ -22,6 +22,14 @@ double FromMilliseconds(std::int64_t milliseconds) {
     return double(milliseconds) / double(MillisecondsPerDay);
 }
 
+double TimeOf(int year, unsigned month, unsigned day, std::int64_t milliseconds) {
+    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month},
+                                           std::chrono::day{day}};
+    if (!date.ok()) return 0;
+    const auto days = std::int64_t((std::chrono::sys_days{date} - DayZero).count());
+    return FromMilliseconds(days * MillisecondsPerDay + milliseconds);
+}
+
 std::string TimeStamp(double time) {
     const std::int64_t whole = MillisecondsOf(time);
     const std::int64_t days = whole / MillisecondsPerDay;
@@ -41,12 +49,7 @@ double FromTimeStamp(std::string_view stamp) {
                     &hour, &minute, &second, &millisecond) != 7) {
         return 0;
     }
-    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month},
-                                           std::chrono::day{day}};
-    if (!date.ok()) return 0;
-    const auto days = std::int64_t((std::chrono::sys_days{date} - DayZero).count());
-    return FromMilliseconds(days * MillisecondsPerDay +
-                            ((hour * 60LL + minute) * 60 + second) * 1000 + millisecond);
+    return TimeOf(year, month, day, ((hour * 60LL + minute) * 60 + second) * 1000 + millisecond);
 }
 
 }  // namespace tellwick::sender

@@ -11,6 +11,9 @@ namespace tellwick::sender {
 std::int64_t MillisecondsOf(double time);
 double FromMilliseconds(std::int64_t milliseconds);
 
+// Of a day and the milliseconds since its beginning; 0 where there is no such day.
+double TimeOf(int year, unsigned month, unsigned day, std::int64_t milliseconds);
+
 // "2026-11-22 13:07:00.250".
 std::string TimeStamp(double time);
 

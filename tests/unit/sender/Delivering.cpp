@@ -285,7 +285,7 @@ TEST_CASE("the program ends at every call: nothing is lost, nothing is sent twic
     // With a call that failed before, and one that fails at the next start; what was sent is
     // forgotten at once.
     std::minstd_rand numbers;
-    for (int walk = 0; walk < 6000; ++walk) {
+    for (int walk = 0; walk < 4000; ++walk) {
         const int failAt = int(numbers() % 120), killAt = failAt + 1 + int(numbers() % 60);
         run(failAt, killAt, int(numbers() % 60), false);
     }
