@@ -18,7 +18,7 @@ constexpr int MostLooks = 3;
 constexpr double BetweenLooks = 1000;  // milliseconds
 
 // More bytes are no SMS: 255 parts of the most that a code page needs for them are fewer.
-constexpr std::size_t MostBytes = 256 * 1024;
+constexpr std::size_t MostBytes = 262'144;
 constexpr std::size_t ShownOfWholeText = 1000;
 
 constexpr std::size_t LongestName = 40;

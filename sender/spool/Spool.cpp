@@ -12,6 +12,7 @@ namespace tellwick::sender {
 namespace {
 
 constexpr TextView Ending = u".sms";
+constexpr TextView BeingWritten = u".new";
 constexpr TextView WholeTextEnding = u".txt";
 constexpr double LongestPause = 15.0 / (24 * 60);  // days
 constexpr double PauseAfterFailure = 1.0 / (24 * 60);
@@ -102,10 +103,8 @@ bool Spool::Open() {
     for (const Text& id : *handedOver) Recover(id);
     // What was being written when the program ended.
     for (const State state : {State::Waiting, State::Sending, State::Sent, State::Failed}) {
-        for (const TextView ending : {u".new", u".old"}) {
-            for (const Text& name : fileSystem.FileNames(Folder(state), ending)) {
-                fileSystem.Delete(Folder(state) + name);
-            }
+        for (const Text& name : fileSystem.FileNames(Folder(state), BeingWritten)) {
+            fileSystem.Delete(Folder(state) + name);
         }
     }
     return true;
@@ -143,7 +142,7 @@ Text Spool::Key(TextView origin, std::size_t number) {
 Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number) {
     const State state = sms.result == Result::Failed ? State::Failed : State::Waiting;
     const Text id = NewId(origin, number);
-    if (fileSystem.Swap(Path(state, id), {}, ToFile(sms)) != SwapResult::Done) return {};
+    if (!Write(Path(state, id), sms)) return {};
     if (state == State::Waiting) waiting.emplace(id, 0);
     Tell(id, state);
     return id;
@@ -153,8 +152,8 @@ Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeTex
     const Text id = NewId(origin, 1);
     sms.wholeText = id + Text(WholeTextEnding);
     const Text folder = Folder(State::Failed);
-    if (fileSystem.Swap(folder + sms.wholeText, {}, wholeText) != SwapResult::Done) return {};
-    if (fileSystem.Swap(Path(State::Failed, id), {}, ToFile(sms)) != SwapResult::Done) {
+    if (!Put(folder + sms.wholeText, wholeText)) return {};
+    if (!Write(Path(State::Failed, id), sms)) {
         fileSystem.Delete(folder + sms.wholeText);
         return {};
     }
@@ -285,8 +284,16 @@ bool Spool::Move(const Text& id, State from, State to) {
 }
 
 bool Spool::Write(const Text& path, const SpooledSms& sms) {
-    const std::string before = fileSystem.Read(path).value_or(std::string());
-    return !before.empty() && fileSystem.Swap(path, before, ToFile(sms)) == SwapResult::Done;
+    return Put(path, ToFile(sms));
+}
+
+bool Spool::Put(const Text& path, std::string_view contents) {
+    const Text aside = path + Text(BeingWritten);
+    if (fileSystem.Write(aside, contents, WriteMode::Replace) && fileSystem.Rename(aside, path)) {
+        return true;
+    }
+    fileSystem.Delete(aside);
+    return false;
 }
 
 std::vector<Text> Spool::Ids(State state) {
@@ -345,7 +352,8 @@ bool Spool::SendAgain(State state, const Text& id) {
 
 bool Spool::Delete(State state, const Text& id) {
     if (state == State::Sending) return false;
-    const std::optional<SpooledSms> sms = Load(state, id);
+    std::optional<SpooledSms> sms;
+    if (state == State::Failed) sms = Load(state, id);
     if (!fileSystem.Delete(Path(state, id))) return false;
     // The name is taken from our own folder, whatever the file says.
     if (sms && sms->wholeText == id + Text(WholeTextEnding)) {
@@ -371,7 +379,7 @@ void Spool::TrimSent() {
             if (!ids) return;
             sentCount = ids->size();
             if (*sentCount <= most) return;
-            ids->resize(std::min(*sentCount - most, OldestAtOnce));
+            ids->resize(std::min(*sentCount, OldestAtOnce));
             oldestSent.assign(ids->rbegin(), ids->rend());
         }
         const Text oldest = std::exchange(oldestSent.back(), {});

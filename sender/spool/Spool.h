@@ -8,6 +8,9 @@
 // a carrier may have is sent again without the user's word: an SMS is in `sending` before the
 // carrier gets it, and its file there says what came of it before it leaves. What a start finds in
 // `sending` without such a word is unsure. One program at a time works on a spool.
+//
+// The disk is not waited for: ten thousand SMS would take minutes. A machine that loses its power
+// can lose the last seconds, as it does of the queue itself.
 #pragma once
 
 #include <functional>
@@ -108,6 +111,7 @@ private:
     std::optional<std::vector<Text>> Names(const Text& folder);
     std::optional<std::vector<Text>> ReadIds(State state);
     bool Write(const Text& path, const SpooledSms& sms);
+    bool Put(const Text& path, std::string_view contents);
     bool Move(const Text& id, State from, State to);
     bool TrySettle(const Text& id, const SpooledSms& sms);
     void Recover(const Text& id);
