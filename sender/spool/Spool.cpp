@@ -12,7 +12,7 @@ namespace tellwick::sender {
 namespace {
 
 constexpr TextView Ending = u".sms";
-constexpr TextView BeingWritten = u".new";
+constexpr TextView BeingWritten = u"being-written.tmp";
 constexpr TextView WholeTextEnding = u".txt";
 constexpr double LongestPause = 15.0 / (24 * 60);  // days
 constexpr double PauseAfterFailure = 1.0 / (24 * 60);
@@ -101,12 +101,6 @@ bool Spool::Open() {
     if (!toSend || !handedOver) return false;
     for (const Text& id : *toSend) waiting.emplace(id, 0);
     for (const Text& id : *handedOver) Recover(id);
-    // What was being written when the program ended.
-    for (const State state : {State::Waiting, State::Sending, State::Sent, State::Failed}) {
-        for (const Text& name : fileSystem.FileNames(Folder(state), BeingWritten)) {
-            fileSystem.Delete(Folder(state) + name);
-        }
-    }
     return true;
 }
 
@@ -288,7 +282,8 @@ bool Spool::Write(const Text& path, const SpooledSms& sms) {
 }
 
 bool Spool::Put(const Text& path, std::string_view contents) {
-    const Text aside = path + Text(BeingWritten);
+    // In the small folder: where there are many files a new name takes longer.
+    const Text aside = root + Text(BeingWritten);
     if (fileSystem.Write(aside, contents, WriteMode::Replace) && fileSystem.Rename(aside, path)) {
         return true;
     }
