@@ -183,8 +183,11 @@ void ExplorerWindow::ShowSelection() {
         }
     }
     filling = false;
-    const Text body = selection.empty() ? Text() : selection[0]->Field(u"Body");
+    // A long one takes its time, which Outlook does not take when nothing has changed.
+    Text body = selection.empty() ? Text() : selection[0]->Field(u"Body");
+    if (body == shownBody) return;
     SetWindowTextW(preview, Wide(body));
+    shownBody = std::move(body);
 }
 
 bool ExplorerWindow::FindItem(const std::shared_ptr<Item>& item, RECT& rectangle) const {

@@ -42,6 +42,7 @@ private:
     HWND status = nullptr;
     std::map<const Folder*, HTREEITEM> folderEntries;
     std::shared_ptr<Folder> shownFolder;
+    Text shownBody;
     std::vector<std::shared_ptr<Item>> shownItems;
     bool filling = false;  // changes of the controls are not the user's
     bool selectionPosted = false;
