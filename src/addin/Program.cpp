@@ -57,7 +57,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientField, platform.clock, platform.timers),
-      formOptions(services, formOptionsView, forms, prefixes, platform.locale, traceSwitch,
+      formOptions(services, formOptionsView, forms, platform.locale, traceSwitch,
                   [this] {
                       prefixes.Forget();
                       formSmsSend.ApplySettings();

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "recipients/Countries.h"
-#include "recipients/Prefixes.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
@@ -46,12 +45,10 @@ Text Chosen(const ItemList& box) {
 }  // namespace
 
 FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms& forms,
-                         Prefixes& prefixes, Locale& locale, TraceSwitch& traceSwitch,
-                         std::function<void()> applied)
+                         Locale& locale, TraceSwitch& traceSwitch, std::function<void()> applied)
     : Services(services),
       view(view),
       forms(forms),
-      prefixes(prefixes),
       locale(locale),
       traceSwitch(traceSwitch),
       applied(std::move(applied)) {
@@ -68,10 +65,9 @@ void FormOptions::Show(Field field) {
         Form_Load();
     }
     view.Show();
-    if (field == Field::Prefixes) {
-        view.TextPrefixes().SetFocus();
-        view.TextPrefixes().Select(0, std::int32_t(view.TextPrefixes().GetText().size()));
-    }
+    if (field != Field::Prefixes) return;
+    CheckBox& national = view.OptionNational();
+    (national.Checked() ? national : view.OptionInternational()).SetFocus();
 }
 
 void FormOptions::Form_Load() {
@@ -93,11 +89,8 @@ void FormOptions::Form_Load() {
     view.TextNumUsedNumber().SetText(NumberText(std::clamp(numbers, std::int64_t(0), MostNumbers)));
     EnableNumUsedNumber();
 
-    view.TextPrefixes().SetText(read(PrefixSection, CountryPrefixes, {}));
-    const Text proposed = ProposedPrefix(locale.Country());
-    view.ButtonPrefix().SetVisible(!proposed.empty());
-    view.ButtonPrefix().SetCaption(ReplaceAll(language.TextOrBuiltIn(FormName, u"ButtonPrefix"),
-                                              u"%n", TextView(proposed).substr(!proposed.empty())));
+    prefixesSet = read(PrefixSection, CountryPrefixes, {});
+    ShowPrefixes();
 
     std::vector<Text> fonts = view.FontNames();
     // The settings file could not hold the name of every font.
@@ -114,6 +107,10 @@ void FormOptions::Form_Load() {
     traceShown = traceSwitch.SwitchedOn();
     view.CheckTrace().SetChecked(traceShown);
     shown = Entered();
+    // What is only proposed is not set yet: OK writes it.
+    for (Setting& setting : shown) {
+        if (setting.key == CountryPrefixes && prefixesSet.empty()) setting.value.clear();
+    }
 }
 
 // A choice that is not to be had stays one.
@@ -147,21 +144,31 @@ Text FormOptions::ChosenLanguage() {
     return known ? languages[std::size_t(index - 1)].name : Chosen(view.BoxLanguage());
 }
 
-// Prefixes as they are compared with numbers, single blanks between them. A mere "+" would be the
-// beginning of every number.
-Text FormOptions::CleanPrefixes(TextView typed) {
-    Text blanks(typed);
-    std::replace_if(
-        blanks.begin(), blanks.end(),
-        [](char16_t unit) { return unit == u',' || unit == u';' || unit == Tab; }, u' ');
-    Text clean;
-    for (const Text& part : Split(blanks, u" ")) {
-        const Text prefix = prefixes.ConvertPhoneNumber(part);
-        if (prefix.empty() || prefix == u"+") continue;
-        if (!clean.empty()) clean += u' ';
-        clean += prefix;
-    }
-    return clean;
+// Without the setting what suits the user's country; numbers as they are suit every one.
+void FormOptions::ShowPrefixes() {
+    const Text proposed = ProposedPrefix(locale.Country());
+    const Text& prefixes = prefixesSet.empty() ? proposed : prefixesSet;
+    const bool national = !prefixes.empty() && CountryCodes(prefixes) != NoNumbersPrefix;
+    view.OptionNational().SetChecked(national);
+    view.OptionInternational().SetChecked(!national);
+    // Where he changes his mind there is a code to begin with, if his country has one.
+    view.TextPrefixes().SetText(national                      ? prefixes
+                                : proposed == NoNumbersPrefix ? Text()
+                                                              : proposed);
+    EnablePrefixes();
+}
+
+Text FormOptions::EnteredPrefixes() {
+    if (view.OptionInternational().Checked()) return Text(NoNumbersPrefix);
+    const Text typed = view.TextPrefixes().GetText();
+    return CountryCodes(typed).value_or(typed);
+}
+
+// What another program has set stays as it is while nobody changes it.
+bool FormOptions::PrefixesMissing() {
+    const Text typed = view.TextPrefixes().GetText();
+    return view.OptionNational().Checked() && !CountryCodes(typed) &&
+           (typed.empty() || typed != prefixesSet);
 }
 
 std::vector<FormOptions::Setting> FormOptions::Entered() {
@@ -169,7 +176,7 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
     return {{u"SMS", u"StoreNumbers", flag(view.CheckStoreNumbers())},
             {u"SMS", u"NumberCache", flag(view.CheckNumberCache())},
             {u"SMS", u"NumUsedNumber", CleanNumber(view.TextNumUsedNumber().GetText())},
-            {PrefixSection, CountryPrefixes, CleanPrefixes(view.TextPrefixes().GetText())},
+            {PrefixSection, CountryPrefixes, EnteredPrefixes()},
             {u"Editor", u"Font", Chosen(view.BoxFont())},
             {u"Editor", u"FontSize", Chosen(view.BoxFontSize())},
             {u"Settings", u"Language", ChosenLanguage()},
@@ -178,7 +185,8 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
 }
 
 void FormOptions::SetFirstPrefixes(TextView typed) {
-    const Text clean = typed.empty() ? ProposedPrefix(locale.Country()) : CleanPrefixes(typed);
+    const Text clean =
+        typed.empty() ? ProposedPrefix(locale.Country()) : CountryCodes(typed).value_or(Text());
     if (clean.empty() || !inifilesLite.GetIniSetting(PrefixSection, CountryPrefixes).empty()) {
         return;
     }
@@ -196,27 +204,31 @@ void FormOptions::EnableNumUsedNumber() {
     view.TextNumUsedNumber().SetEnabled(store);
 }
 
-void FormOptions::ButtonPrefix_Click() {
-    Procedure procedure{debug, u"ButtonPrefix_Click"};
-    const Text proposed = ProposedPrefix(locale.Country());
-    Text entered = CleanPrefixes(view.TextPrefixes().GetText());
-    const std::vector<Text> present = Split(entered, u" ");
-    // The "+" may be left out.
-    const bool there = std::any_of(present.begin(), present.end(), [&](const Text& prefix) {
-        return prefix == proposed || u"+" + prefix == proposed;
-    });
-    // That numbers stay international is said by its prefix alone: beside another one it is idle.
-    const bool alone = proposed == NoNumbersPrefix || entered == NoNumbersPrefix;
-    if (alone || entered.empty()) {
-        entered = proposed;
-    } else if (!there) {
-        entered += u" " + proposed;
-    }
-    view.TextPrefixes().SetText(entered);
+void FormOptions::OptionNational_Click() {
+    Procedure procedure{debug, u"OptionNational_Click"};
+    EnablePrefixes();
+}
+
+void FormOptions::OptionInternational_Click() {
+    Procedure procedure{debug, u"OptionInternational_Click"};
+    EnablePrefixes();
+}
+
+// Not by which one was clicked: an option button may say so of itself when it only gets the focus.
+void FormOptions::EnablePrefixes() {
+    view.TextPrefixes().SetEnabled(view.OptionNational().Checked());
 }
 
 void FormOptions::ButtonOK_Click() {
     Procedure procedure{debug, u"ButtonOK_Click"};
+    if (PrefixesMissing()) {
+        questionBox.MsgBoxEx(language.TextOrBuiltIn(FormName, u"PrefixesMissing"),
+                             box::IconExclamation);
+        TextBox& prefixes = view.TextPrefixes();
+        prefixes.SetFocus();
+        prefixes.Select(0, std::int32_t(prefixes.GetText().size()));
+        return;
+    }
     {
         const SettingsBatch batch{inifilesLite};
         const std::vector<Setting> entered = Entered();

@@ -12,7 +12,6 @@
 
 namespace tellwick {
 
-class Prefixes;
 class TraceSwitch;
 
 class FormOptions : public Form, public FormOptionsEvents, private Services {
@@ -20,8 +19,8 @@ public:
     enum class Field { First, Prefixes };
 
     // `applied` is called once the user's changes are written.
-    FormOptions(const Services& services, FormOptionsView& view, Forms& forms, Prefixes& prefixes,
-                Locale& locale, TraceSwitch& traceSwitch, std::function<void()> applied);
+    FormOptions(const Services& services, FormOptionsView& view, Forms& forms, Locale& locale,
+                TraceSwitch& traceSwitch, std::function<void()> applied);
     ~FormOptions() override;
 
     // Opens the window, or brings the open one to the front, with the focus in a field.
@@ -30,14 +29,15 @@ public:
     // Takes the window away; nothing is written.
     void Unload() override;
 
-    // Writes the prefixes, as they may be typed, where the user has none yet; for an empty text
-    // what is proposed for the user's country.
+    // Writes country codes, as they may be typed, where the user has none yet; for an empty text
+    // what is proposed for the user's country. Nothing for what CountryCodes does not take.
     void SetFirstPrefixes(TextView typed);
 
     void CheckStoreNumbers_Click() override;
-    // Puts what is proposed for the user's country into the field, unless it is there.
-    void ButtonPrefix_Click() override;
-    // Writes what was changed, to the current settings file in one go.
+    void OptionNational_Click() override;
+    void OptionInternational_Click() override;
+    // Writes what was changed, to the current settings file in one go. Country codes that are none
+    // are told of first, and nothing is written.
     void ButtonOK_Click() override;
     void ButtonCancel_Click() override;
 
@@ -49,7 +49,10 @@ private:
 
     void Form_Load();
     void EnableNumUsedNumber();
-    Text CleanPrefixes(TextView typed);
+    void ShowPrefixes();
+    void EnablePrefixes();
+    Text EnteredPrefixes();
+    bool PrefixesMissing();
     void Fill(ItemList& box, const std::vector<Text>& choices, TextView chosen);
     void FillLanguages(const Text& setting);
     Text ChosenLanguage();
@@ -57,12 +60,12 @@ private:
 
     // As the window was opened.
     std::vector<Setting> shown;
+    Text prefixesSet;  // empty where the window shows what is only proposed
     bool traceShown = false;
     std::vector<LanguageChoice> languages;
 
     FormOptionsView& view;
     Forms& forms;
-    Prefixes& prefixes;
     Locale& locale;
     TraceSwitch& traceSwitch;
     std::function<void()> applied;

@@ -11,7 +11,8 @@ class FormOptionsEvents {
 public:
     virtual ~FormOptionsEvents() = default;
     virtual void CheckStoreNumbers_Click() = 0;
-    virtual void ButtonPrefix_Click() = 0;
+    virtual void OptionNational_Click() = 0;
+    virtual void OptionInternational_Click() = 0;
     // The default button.
     virtual void ButtonOK_Click() = 0;
     // Also for Escape and the window's frame.
@@ -26,8 +27,10 @@ public:
     virtual Control& LabelNumUsedNumber() = 0;
     // Takes digits only, five at most.
     virtual TextBox& TextNumUsedNumber() = 0;
+    // Two option buttons: the user chooses one and thereby lets the other go.
+    virtual CheckBox& OptionNational() = 0;
+    virtual CheckBox& OptionInternational() = 0;
     virtual TextBox& TextPrefixes() = 0;
-    virtual Control& ButtonPrefix() = 0;
     virtual ItemList& BoxFont() = 0;
     virtual ItemList& BoxFontSize() = 0;
     virtual ItemList& BoxLanguage() = 0;

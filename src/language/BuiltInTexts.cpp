@@ -129,8 +129,8 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"ListClear", u"(Liste leeren)"},
     {u"FormSmsSend", u"Matches", u"%n Treffer"},
     {u"FormSmsSend", u"PrefixHint",
-     u"Das „+“ einer Rufnummer wurde durch 0 ersetzt. Klicken Sie hier, um das in den "
-     u"Einstellungen zu ändern."},
+     u"Das „+“ einer Rufnummer wurde durch 0 ersetzt. Beginnen Mobilfunknummern in Ihrem Land mit "
+     u"0? Klicken Sie hier."},
     {u"FormSmsSend", u"Reading", u"Kontakte werden gelesen: %f"},
     {u"FormSmsSend", u"NotRead", u"Nicht lesbar: %f"},
     {u"FormSmsSend", u"LookingFor", u"Empfänger wird gesucht ..."},
@@ -187,14 +187,17 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormOptions", u"FrameNumbers", u"Zuletzt verwendete Rufnummern"},
     {u"FormOptions", u"CheckStoreNumbers", u"Verwendete Rufnummern &merken"},
     {u"FormOptions", u"LabelNumUsedNumber", u"&Anzahl (0 bis 49):"},
-    {u"FormOptions", u"FramePrefixes", u"Rufnummern in nationaler Form"},
+    {u"FormOptions", u"FramePrefixes", u"Beginnen Mobilfunknummern in Ihrem Land mit 0?"},
+    {u"FormOptions", u"OptionNational", u"Ja, meine &Ländervorwahl ist:"},
+    {u"FormOptions", u"OptionInternational", u"Nein, Rufnummern &international lassen"},
+    {u"FormOptions", u"LabelPrefixes", u"Ländervorwahl:"},
     {u"FormOptions", u"LabelPrefixHelp",
-     u"Rufnummern Ihrer Kontakte mit diesen Vorwahlen werden national mit 0 geschrieben: Mit +49 "
-     u"wird aus +49170123 die Nummer 0170123. Solange das Feld leer ist, wird bei jeder Nummer das "
-     u"„+“ durch 0 ersetzt: Aus +49170123 wird 049170123, was fast immer falsch ist. Mehrere "
-     u"Vorwahlen trennen Sie durch Leerzeichen."},
-    {u"FormOptions", u"LabelPrefixes", u"&Ländervorwahlen:"},
-    {u"FormOptions", u"ButtonPrefix", u"&Vorschlag: +%n"},
+     u"Mit +49 wird aus der Rufnummer +49170123 eines Kontakts 0170123; Rufnummern anderer Länder "
+     u"bleiben international. Mehrere Vorwahlen trennen Sie durch Leerzeichen."},
+    {u"FormOptions", u"PrefixesMissing",
+     u"Geben Sie Ihre Ländervorwahl mit „+“ und Ziffern ein, zum Beispiel +49. Mehrere Vorwahlen "
+     u"trennen Sie durch Leerzeichen.\r\rOder wählen Sie „Nein“: Dann bleiben alle Rufnummern "
+     u"international."},
     {u"FormOptions", u"FrameFont", u"Schrift der Nachricht"},
     {u"FormOptions", u"LabelFont", u"&Schriftart:"},
     {u"FormOptions", u"LabelFontSize", u"&Größe:"},

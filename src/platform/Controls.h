@@ -27,6 +27,7 @@ public:
     virtual void SetToolTip(TextView text) = 0;
 };
 
+// Or an option button, of which setting one leaves the others of its group alone.
 class CheckBox : public virtual Control {
 public:
     virtual bool Checked() const = 0;

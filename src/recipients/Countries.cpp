@@ -82,6 +82,12 @@ constexpr Country Countries[] = {
     {"WS", "685", ""},  {"XK", "383", "0"}, {"YE", "967", "0"}, {"YT", "262", "0"},
     {"ZA", "27", "0"},  {"ZM", "260", "0"}, {"ZW", "263", "0"}};
 
+constexpr std::size_t LongestCode = 4;  // with the area that tells countries of +1 apart
+
+bool IsOneOf(TextView units, char16_t unit) {
+    return units.find(unit) != TextView::npos;
+}
+
 Text Wide(std::string_view ascii) {
     return {ascii.begin(), ascii.end()};
 }
@@ -95,6 +101,26 @@ Text ProposedPrefix(TextView country) {
     if (found == std::end(Countries)) return {};
     return found->trunkPrefix == std::string_view("0") ? u"+" + Wide(found->code)
                                                        : Text(NoNumbersPrefix);
+}
+
+std::optional<Text> CountryCodes(TextView typed) {
+    Text separated(typed);
+    std::replace_if(
+        separated.begin(), separated.end(),
+        [](char16_t unit) { return IsOneOf(u",;\t\u00A0", unit); }, u' ');
+    Text codes;
+    for (Text code : Split(separated, u" ")) {
+        std::erase_if(code, [](char16_t unit) { return IsOneOf(u"()-./", unit); });
+        code.erase(0, code.starts_with(u"00") ? 2 : code.starts_with(u"+") ? 1 : 0);
+        if (code.empty()) continue;
+        if (code.front() == u'0' || code.size() > LongestCode ||
+            !std::all_of(code.begin(), code.end(), IsDigit)) {
+            return {};
+        }
+        codes.append(codes.empty() ? u"+" : u" +").append(code);
+    }
+    if (codes.empty()) return {};
+    return codes;
 }
 
 }  // namespace tellwick

@@ -15,7 +15,8 @@ constexpr int Margin = 7;
 constexpr int LeastInner = 240;  // the width within the frames
 constexpr int LeastFont = 100;   // the width of the fonts' drop-down
 constexpr int NumberWidth = 30;
-constexpr int ListHeight = 120;  // of an open drop-down with its field
+constexpr int LeastPrefixes = 45;  // the width of the country codes' field
+constexpr int ListHeight = 120;    // of an open drop-down with its field
 
 // Lays controls out from top to bottom, frame by frame. Without a placement it only counts the
 // height.
@@ -104,6 +105,7 @@ private:
 bool FormOptionsWindow::Load() {
     constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY;
     constexpr DWORD Check = WS_TABSTOP | BS_AUTOCHECKBOX;
+    constexpr DWORD Option = BS_AUTORADIOBUTTON;  // the chosen one of a group is its tab stop
     constexpr DWORD DropDown = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
     constexpr DWORD Field = WS_TABSTOP | ES_AUTOHSCROLL;
     constexpr DWORD Group = WS_GROUP | BS_GROUPBOX;
@@ -116,10 +118,11 @@ bool FormOptionsWindow::Load() {
          {u"LabelNumUsedNumber", &labelNumUsedNumber, L"STATIC", SS_LEFT, 0},
          {u"TextNumUsedNumber", &textNumUsedNumber, L"EDIT", Field | ES_NUMBER, WS_EX_CLIENTEDGE},
          {u"FramePrefixes", &framePrefixes, L"BUTTON", Group, SeeThrough},
-         {u"LabelPrefixHelp", &labelPrefixHelp, L"STATIC", Help, 0},
-         {u"LabelPrefixes", &labelPrefixes, L"STATIC", SS_LEFT, 0},
+         {u"OptionNational", &optionNational, L"BUTTON", Option | WS_GROUP, 0},
+         {u"OptionInternational", &optionInternational, L"BUTTON", Option, 0},
+         {u"LabelPrefixes", &labelPrefixes, L"STATIC", WS_GROUP, 0, ControlPlan::Never},
          {u"TextPrefixes", &textPrefixes, L"EDIT", Field, WS_EX_CLIENTEDGE},
-         {u"ButtonPrefix", &buttonPrefix, L"BUTTON", Button, 0},
+         {u"LabelPrefixHelp", &labelPrefixHelp, L"STATIC", Help, 0},
          {u"FrameFont", &frameFont, L"BUTTON", Group, SeeThrough},
          {u"LabelFont", &labelFont, L"STATIC", SS_LEFT, 0},
          {u"BoxFont", &boxFont, L"COMBOBOX", DropDown, 0},
@@ -148,8 +151,7 @@ bool FormOptionsWindow::Load() {
 
 int FormOptionsWindow::LabelWidth() const {
     int width = 0;
-    for (const WindowControl* label :
-         {&labelNumUsedNumber, &labelPrefixes, &labelFont, &labelLanguage}) {
+    for (const WindowControl* label : {&labelNumUsedNumber, &labelFont, &labelLanguage}) {
         width = std::max(width, int(Font().Measure(label->Caption()).cx));
     }
     return width + Font().Metrics().Horizontal(4);
@@ -159,15 +161,15 @@ int FormOptionsWindow::InnerWidth() const {
     const FontMetrics& metrics = Font().Metrics();
     int width = metrics.Horizontal(LeastInner);
     for (const WindowControl* caption : std::initializer_list<const WindowControl*>{
-             &checkStoreNumbers, &checkAirCount, &checkAskLostCharacters, &checkNumberCache,
-             &checkForgetAnswers, &checkTrace, &frameNumbers, &framePrefixes, &frameFont,
-             &frameCharacters, &frameLanguage, &frameMisc}) {
+             &checkStoreNumbers, &optionInternational, &checkAirCount, &checkAskLostCharacters,
+             &checkNumberCache, &checkForgetAnswers, &checkTrace, &frameNumbers, &framePrefixes,
+             &frameFont, &frameCharacters, &frameLanguage, &frameMisc}) {
         width = std::max(width, Font().CaptionWidth(caption->Caption()) + metrics.Horizontal(4));
     }
     const int size = Font().Measure(labelFontSize.Caption()).cx + Font().DropDownWidth(boxFontSize);
-    const int prefix = Font().CaptionWidth(buttonPrefix.Caption());
-    return std::max(width,
-                    LabelWidth() + metrics.Horizontal(LeastFont + 12) + std::max(size, prefix));
+    const int prefixes =
+        Font().CaptionWidth(optionNational.Caption()) + metrics.Horizontal(LeastPrefixes);
+    return std::max({width, LabelWidth() + metrics.Horizontal(LeastFont + 12) + size, prefixes});
 }
 
 // The height that all controls take.
@@ -186,12 +188,12 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.End(frameNumbers);
 
     rows.Begin();
-    rows.Wrapped(labelPrefixHelp);
-    rows.Label(labelPrefixes, rows.left, fields);
-    const int prefixLeft = rows.right - Font().CaptionWidth(buttonPrefix.Caption());
-    rows.Field(textPrefixes, fields, buttonPrefix.Visible() ? prefixLeft - gap : rows.right);
-    rows.Button(buttonPrefix, prefixLeft, rows.right);
+    const int prefixes = rows.left + Font().CaptionWidth(optionNational.Caption());
+    rows.Label(optionNational, rows.left, prefixes);
+    rows.Field(textPrefixes, prefixes, rows.right);
     rows.EndRow();
+    rows.Line(optionInternational);
+    rows.Wrapped(labelPrefixHelp);
     rows.End(framePrefixes);
 
     const int sizeLeft = rows.right - Font().DropDownWidth(boxFontSize);
@@ -259,7 +261,8 @@ bool FormOptionsWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {
 void FormOptionsWindow::OnCommand(HWND control, WORD notification, WORD) {
     if (notification != BN_CLICKED) return;
     if (control == checkStoreNumbers.Window()) events->CheckStoreNumbers_Click();
-    if (control == buttonPrefix.Window()) events->ButtonPrefix_Click();
+    if (control == optionNational.Window()) events->OptionNational_Click();
+    if (control == optionInternational.Window()) events->OptionInternational_Click();
     if (control == buttonOK.Window()) events->ButtonOK_Click();
     if (control == buttonCancel.Window()) events->ButtonCancel_Click();
 }

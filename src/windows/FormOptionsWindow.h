@@ -18,8 +18,9 @@ public:
     CheckBox& CheckNumberCache() override { return checkNumberCache; }
     Control& LabelNumUsedNumber() override { return labelNumUsedNumber; }
     TextBox& TextNumUsedNumber() override { return textNumUsedNumber; }
+    CheckBox& OptionNational() override { return optionNational; }
+    CheckBox& OptionInternational() override { return optionInternational; }
     TextBox& TextPrefixes() override { return textPrefixes; }
-    Control& ButtonPrefix() override { return buttonPrefix; }
     ItemList& BoxFont() override { return boxFont; }
     ItemList& BoxFontSize() override { return boxFontSize; }
     ItemList& BoxLanguage() override { return boxLanguage; }
@@ -50,10 +51,11 @@ private:
     WindowControl labelNumUsedNumber;
     WindowTextBox textNumUsedNumber;
     WindowControl framePrefixes;
-    WindowControl labelPrefixHelp;
+    WindowCheckBox optionNational;
+    WindowCheckBox optionInternational;
     WindowControl labelPrefixes;
     WindowTextBox textPrefixes;
-    WindowControl buttonPrefix;
+    WindowControl labelPrefixHelp;
     WindowControl frameFont;
     WindowControl labelFont;
     WindowComboBox boxFont;

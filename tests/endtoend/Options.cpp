@@ -59,8 +59,26 @@ TEST_CASE("Escape and the close button write nothing, OK what was changed by key
     CheckTabOrder(options);
     Jump('A');
     Type(L"2x5");
-    const HWND prefixes = Jump('L');
-    Type(L"+49, 0043");
+    // The arrows choose, the tabulator goes on to the field of the first choice.
+    const HWND national = Jump('L');
+    const auto chosen = [](HWND option) { return SendMessageW(option, BM_GETCHECK, 0, 0) != 0; };
+    Press(VK_DOWN);
+    CHECK(WaitUntil([&] { return Focus() != national && chosen(Focus()); }));
+    CHECK_FALSE(chosen(national));
+    Press(VK_DOWN);
+    CHECK(WaitUntil([&] { return Focus() == national && chosen(national); }));
+    Press(VK_TAB);
+    CHECK(WaitUntil([&] { return ClassOf(Focus()) == L"Edit"; }));
+    const HWND prefixes = Focus();
+    CHECK(TextOf(GetWindow(prefixes, GW_HWNDPREV)) == L"Ländervorwahl:");  // names it
+    Type(L"+49, 0");
+    Press(VK_RETURN);
+    REQUIRE(WaitForBox());
+    Press(VK_RETURN);
+    CHECK(WaitUntil([&] { return Focus() == prefixes; }));
+    CHECK(TextOf(prefixes) == L"+49, 0");
+    Press(VK_END);
+    Type(L"043");
     CHECK(WaitUntil([&] { return TextOf(prefixes) == L"+49, 0043"; }));
     font = Jump('S');
     Press(VK_DOWN);

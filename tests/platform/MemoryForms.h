@@ -282,15 +282,17 @@ class MemoryFormOptionsView final : public MemoryFormView<FormOptionsView> {
 public:
     MemoryFormOptionsView() {
         Have(CheckStoreNumbers(), CheckNumberCache(), LabelNumUsedNumber(), TextNumUsedNumber(),
-             TextPrefixes(), ButtonPrefix(), BoxFont(), BoxFontSize(), BoxLanguage(),
-             CheckAirCount(), CheckAskLostCharacters(), CheckForgetAnswers(), CheckTrace());
+             OptionNational(), OptionInternational(), TextPrefixes(), BoxFont(), BoxFontSize(),
+             BoxLanguage(), CheckAirCount(), CheckAskLostCharacters(), CheckForgetAnswers(),
+             CheckTrace());
     }
     MemoryCheckBox& CheckStoreNumbers() override { return Own(u"CheckStoreNumbers"); }
     MemoryCheckBox& CheckNumberCache() override { return Own(u"CheckNumberCache"); }
     MemoryControl& LabelNumUsedNumber() override { return Own(u"LabelNumUsedNumber"); }
     MemoryTextBox& TextNumUsedNumber() override { return Own(u"TextNumUsedNumber"); }
+    MemoryCheckBox& OptionNational() override { return Own(u"OptionNational"); }
+    MemoryCheckBox& OptionInternational() override { return Own(u"OptionInternational"); }
     MemoryTextBox& TextPrefixes() override { return Own(u"TextPrefixes"); }
-    MemoryControl& ButtonPrefix() override { return Own(u"ButtonPrefix"); }
     MemoryListBox& BoxFont() override { return Own(u"BoxFont"); }
     MemoryListBox& BoxFontSize() override { return Own(u"BoxFontSize"); }
     MemoryListBox& BoxLanguage() override { return Own(u"BoxLanguage"); }

@@ -129,7 +129,8 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     CHECK(options.platform.fileSystem.writes == writes + 1);
     CHECK(options.Settings() ==
           "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\nAirCount=0\r\nAskLostCharacters=0\r\n"
-          "[Editor]\r\nFont=Arial\r\nFontSize=12\r\n[Settings]\r\nLanguage=Francais\r\n");
+          "[Prefixes]\r\nRemove0InPrefixes=+999\r\n[Editor]\r\nFont=Arial\r\nFontSize=12\r\n["
+          "Settings]\r\nLanguage=Francais\r\n");
     CHECK(options.view.messageFont == u"Arial 12");
     CHECK_FALSE(options.program.formSmsSend.Settings().storeNumbers);
     CHECK_FALSE(options.program.formSmsSend.Settings().askLostCharacters);
@@ -143,7 +144,7 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     options.form.ButtonOK_Click();
     CHECK(options.Settings() ==
           "[Other]\r\nKept=yes\r\n[SMS]\r\nStoreNumbers=0\r\nAirCount=0\r\nAskLostCharacters=0\r\n"
-          "[Editor]\r\n[Settings]\r\n");
+          "[Prefixes]\r\nRemove0InPrefixes=+999\r\n[Editor]\r\n[Settings]\r\n");
     CHECK(options.program.forms.Count() == 1);
 }
 
@@ -173,70 +174,110 @@ TEST_CASE("without OK nothing is written") {
     CHECK_FALSE(options.window.CheckForgetAnswers().Checked());
 }
 
-TEST_CASE("numbers and prefixes are cleaned before they are written") {
-    const auto written = [](MemoryTextBox& (MemoryFormOptionsView::*field)(), TextView typed,
-                            TextView section, TextView key) {
-        Options options;
-        options.SetSetting(section, key, u"5");
-        options.form.Show();
-        (options.window.*field)().SetText(typed);
-        options.form.ButtonOK_Click();
-        return options.Setting(section, key);
-    };
-    for (const auto& [typed, expected] :
-         {TwoTexts{u" +49,+43;;41\t+1 ", u"+49 +43 41 +1"}, TwoTexts{u"0049", u"+49"},
-          TwoTexts{u"+ 49", u"49"}, TwoTexts{u"[SMS]=\u4e00", u""}, TwoTexts{u"+", u""}}) {
-        CHECK(written(&MemoryFormOptionsView::TextPrefixes, typed, u"Prefixes",
-                      u"Remove0InPrefixes") == expected);
-    }
+TEST_CASE("a number is cleaned before it is written") {
     // Nothing left stands for the default.
     for (const auto& [typed, expected] :
          {TwoTexts{u"25", u"25"}, TwoTexts{u"10001", u"10000"}, TwoTexts{u"1x2", u"12"},
           TwoTexts{u"0", u"0"}, TwoTexts{u"99999999999999999999", u"10000"}, TwoTexts{u"", u""},
           TwoTexts{u"x", u""}}) {
-        CHECK(written(&MemoryFormOptionsView::TextNumUsedNumber, typed, u"SMS", u"NumUsedNumber") ==
-              expected);
+        Options options;
+        options.SetSetting(u"SMS", u"NumUsedNumber", u"5");
+        options.form.Show();
+        options.window.TextNumUsedNumber().SetText(typed);
+        options.form.ButtonOK_Click();
+        CHECK(options.Setting(u"SMS", u"NumUsedNumber") == expected);
     }
 }
 
-TEST_CASE("what suits the user's country is proposed where Windows knows it") {
-    Options options;
-    for (const TextView unknown : {u"", u"029", u"ZZ"}) {
-        options.platform.locale.country = unknown;
+TEST_CASE("the window answers for the file whether numbers begin with 0, and for none by country") {
+    struct Case {
+        TextView country, setting;
+        bool national;
+        TextView field, afterOk;
+    };
+    for (const Case& c :
+         {Case{u"DE", u"", true, u"+49", u"+49"}, Case{u"es", u"", false, u"", u"+999"},
+          Case{u"ZZ", u"", false, u"", u"+999"}, Case{u"DE", u"+999", false, u"+49", u"+999"},
+          // As somebody wrote it; what nobody changes stays so, whatever it is.
+          Case{u"DE", u"999", false, u"+49", u"999"}, Case{u"ES", u"34", true, u"34", u"34"},
+          Case{u"DE", u"+43 +999", true, u"+43 +999", u"+43 +999"},
+          Case{u"DE", u"+49  x,0", true, u"+49  x,0", u"+49  x,0"}}) {
+        CAPTURE(Text(c.setting));
+        Options options;
+        options.platform.locale.country = c.country;
+        options.SetSetting(u"Prefixes", u"Remove0InPrefixes", c.setting);
         options.form.Show();
-        CHECK_FALSE(options.window.ButtonPrefix().Visible());
-        options.form.Unload();
+        CHECK(options.window.OptionNational().Checked() == c.national);
+        CHECK(options.window.OptionInternational().Checked() != c.national);
+        CHECK(options.window.TextPrefixes().GetText() == c.field);
+        CHECK(options.window.TextPrefixes().Enabled() == c.national);
+        options.form.ButtonOK_Click();
+        CHECK(options.Setting(u"Prefixes", u"Remove0InPrefixes") == c.afterOk);
     }
+}
+
+TEST_CASE("an answer to it is written when it is one, and else said to be none with all kept") {
+    Options options;
+    MemoryFormOptionsView& window = options.window;
+    const auto choose = [&](bool national) {
+        window.OptionNational().SetChecked(national);
+        window.OptionInternational().SetChecked(!national);
+        national ? options.form.OptionNational_Click() : options.form.OptionInternational_Click();
+        CHECK(window.TextPrefixes().Enabled() == national);
+    };
+    const auto setting = [&] { return options.Setting(u"Prefixes", u"Remove0InPrefixes"); };
+    options.platform.locale.country = u"ES";
+    const auto& boxes = options.platform.dialogs.shown;
+    options.form.Show();
+    choose(true);
+    window.TextNumUsedNumber().SetText(u"3");
+    for (const TextView none : {u"", u" ", u"+", u"0", u"+049", u"+49 x", u"x49", u"+49+43", u"p49",
+                                u"+49170", u"[SMS]=\u4e00"}) {
+        CAPTURE(Text(none));
+        window.TextPrefixes().SetText(none);
+        const std::size_t before = boxes.size();
+        options.form.ButtonOK_Click();
+        CHECK(boxes.size() == before + 1);
+        CHECK(window.TextPrefixes().GetText() == none);
+        CHECK(window.TextPrefixes().HasFocus());
+        CHECK(setting() == u"");
+        CHECK(options.Setting(u"SMS", u"NumUsedNumber") == u"");
+    }
+    // What was typed is there again when he comes back to it.
+    choose(false);
+    CHECK(window.TextPrefixes().GetText() == u"[SMS]=\u4e00");
+    options.form.ButtonOK_Click();
+    CHECK(setting() == u"+999");
+    for (const auto& [typed, expected] :
+         {TwoTexts{u" +49,+43;;41\t+1 ", u"+49 +43 +41 +1"}, TwoTexts{u"0049", u"+49"},
+          TwoTexts{u"00 (49)", u"+49"}, TwoTexts{u"+ 1-684", u"+1684"},
+          TwoTexts{u"999", u"+999"}}) {
+        options.form.Show();
+        choose(true);
+        window.TextPrefixes().SetText(typed);
+        options.form.ButtonOK_Click();
+        CHECK_FALSE(window.Loaded());
+        CHECK(setting() == expected);
+    }
+}
+
+TEST_CASE("a click on the hint leads to the answer that stands; what was typed meanwhile stays") {
+    Options options;
     options.platform.locale.country = u"DE";
     options.program.formSmsSend.Open({});
     options.program.formSmsSend.StatusBar1_Click();
     CHECK_FALSE(options.window.Loaded());
-    // A click on the hint leads to the prefixes; what was typed in the open window stays.
     options.program.prefixes.GetNumber(u"Anna  (+49170)");
     options.program.recipientField.ShowPrefixHint();
-    options.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+492");
     options.form.Show();
     options.window.TextNumUsedNumber().SetText(u"3");
     options.program.formSmsSend.StatusBar1_Click();
     CHECK(options.window.TextNumUsedNumber().GetText() == u"3");
-    CHECK(options.window.TextPrefixes().HasFocus());
-    CHECK(options.window.TextPrefixes().SelectionLength() == 4);
-    CHECK(options.window.ButtonPrefix().Visible());
-    CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +49");
-    for (const auto& [before, after] :
-         {TwoTexts{u"", u"+49"}, TwoTexts{u"+43", u"+43 +49"}, TwoTexts{u"+43; 49", u"+43 49"},
-          TwoTexts{u"+49", u"+49"}, TwoTexts{u"+492", u"+492 +49"}, TwoTexts{u"+999", u"+49"}}) {
-        options.window.TextPrefixes().SetText(before);
-        options.form.ButtonPrefix_Click();
-        CHECK(options.window.TextPrefixes().GetText() == after);
-    }
-    // Where national numbers begin otherwise they stay international, whatever was there.
-    options.platform.locale.country = u"es";
-    options.form.Unload();
-    options.form.Show();
-    CHECK(options.window.ButtonPrefix().Caption() == u"&Vorschlag: +999");
-    options.form.ButtonPrefix_Click();
-    CHECK(options.window.TextPrefixes().GetText() == u"+999");
+    CHECK(options.window.OptionNational().HasFocus());
+    options.window.OptionNational().SetChecked(false);
+    options.window.OptionInternational().SetChecked(true);
+    options.program.formSmsSend.StatusBar1_Click();
+    CHECK(options.window.OptionInternational().HasFocus());
 }
 
 TEST_CASE("the trace is switched where its start looks for it") {
