@@ -26,6 +26,7 @@ SetDateSave off
 !define RUN_ONCE "Software\Microsoft\Windows\CurrentVersion\RunOnce"
 !define LIBRARY32 "TellwickOutlookAddIn.dll"
 !define LIBRARY64 "TellwickOutlookAddIn64.dll"
+!define NO_NUMBERS "+999"
 
 Name "${NAME}"
 BrandingText "${NAME} ${VERSION}"
@@ -42,7 +43,8 @@ VIAddVersionKey /LANG=0 "CompanyName" "Omberline"
 VIAddVersionKey /LANG=0 "LegalCopyright" "Omberline"
 
 Var Updating  ; "yes" where the folder holds an earlier installation
-Var Prefix
+Var Prefix        ; country codes; the one that no number begins with where they stay international
+Var PrefixYes
 Var PrefixField
 Var RemoveSettings
 Var SettingsBox
@@ -322,17 +324,59 @@ Function ShowPrefixPage
     !insertmacro MUI_HEADER_TEXT "$(PrefixTitle)" "$(PrefixSubtitle)"
     nsDialogs::Create 1018
     Pop $0
-    ${NSD_CreateLabel} 0 0 100% 64u "$(PrefixText)"
+    ${NSD_CreateLabel} 0 0 100% 10u "$(PrefixQuestion)"
     Pop $0
-    ${NSD_CreateLabel} 0 74u 90u 12u "$(PrefixLabel)"
+    ${NSD_CreateRadioButton} 0 15u 160u 12u "$(PrefixYes)"
+    Pop $PrefixYes
+    ${NSD_AddStyle} $PrefixYes ${WS_GROUP}
+    ${NSD_OnClick} $PrefixYes EnablePrefixField
+    ${NSD_CreateRadioButton} 0 31u 100% 12u "$(PrefixNo)"
+    Pop $1
+    ${NSD_OnClick} $1 EnablePrefixField
+    ; Never seen: the name of the field, for those who do not see it either.
+    ${NSD_CreateLabel} 0 0 0 0 "$(PrefixLabel)"
     Pop $0
-    ${NSD_CreateText} 95u 72u 60u 13u "$Prefix"
+    ShowWindow $0 ${SW_HIDE}
+    ${NSD_CreateText} 165u 14u 60u 13u ""
     Pop $PrefixField
+    ${NSD_AddStyle} $PrefixField ${WS_GROUP}
+    ${NSD_CreateLabel} 0 53u 100% 60u "$(PrefixText)"
+    Pop $0
+    ${If} $Prefix == ""
+    ${OrIf} $Prefix == ${NO_NUMBERS}
+        ${NSD_Check} $1
+    ${Else}
+        ${NSD_Check} $PrefixYes
+        ${NSD_SetText} $PrefixField $Prefix
+    ${EndIf}
+    Push 0
+    Call EnablePrefixField
     nsDialogs::Show
 FunctionEnd
 
+; Called with a control on the stack.
+Function EnablePrefixField
+    Pop $0
+    ${NSD_GetState} $PrefixYes $0
+    EnableWindow $PrefixField $0
+FunctionEnd
+
 Function LeavePrefixPage
+    ${NSD_GetState} $PrefixYes $0
+    ${If} $0 = ${BST_UNCHECKED}
+        StrCpy $Prefix ${NO_NUMBERS}
+        Return
+    ${EndIf}
     ${NSD_GetText} $PrefixField $Prefix
+    StrCpy $1 $Prefix
+    ; 1 where that is none.
+    System::Call '$PLUGINSDIR\${LIBRARY32}::CheckCountryCodes(w r1) i .r0 ?u'
+    ${If} $0 == 1
+        MessageBox MB_OK|MB_ICONEXCLAMATION "$(PrefixMissing)"
+        ${NSD_SetFocus} $PrefixField
+        SendMessage $PrefixField ${EM_SETSEL} 0 -1
+        Abort
+    ${EndIf}
 FunctionEnd
 
 Section

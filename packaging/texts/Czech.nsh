@@ -6,9 +6,14 @@
     "V této složce není Tellwick.exe. SMS můžete psát, ale odešlou se, až tam Tellwick bude.$\r$\n$\r$\nChcete tuto složku přesto použít?"
 !insertmacro Text PrefixTitle "Předvolba země"
 !insertmacro Text PrefixSubtitle "Jak se zapisují čísla vašich kontaktů."
+!insertmacro Text PrefixQuestion "Začínají čísla mobilních telefonů ve vaší zemi nulou?"
+!insertmacro Text PrefixYes "Ano, před&volba mé země je:"
+!insertmacro Text PrefixLabel "Předvolba země:"
+!insertmacro Text PrefixNo "Ne, &nechat čísla v mezinárodním tvaru"
 !insertmacro Text PrefixText \
-    "Čísla s předvolbou vaší země se zapisují vnitrostátně s nulou: s předvolbou +49 se z čísla +49170123 stane 0170123. Bez předvolby se znak „+“ v každém čísle nahradí nulou, což je téměř vždy špatně. Česká čísla nulou nezačínají: zadejte +999.$\r$\nPředvolbu můžete později změnit v nastavení okna SMS."
-!insertmacro Text PrefixLabel "&Předvolba země:"
+    "S předvolbou +49 se z čísla kontaktu +49170123 stane 0170123, čísla jiných zemí zůstanou v mezinárodním tvaru. Více předvoleb oddělte mezerami.$\r$\n$\r$\nPozději to můžete změnit v nastavení okna SMS."
+!insertmacro Text PrefixMissing \
+    "Zadejte předvolbu své země jako „+“ a číslice, například +49. Více předvoleb oddělte mezerami.$\r$\n$\r$\nNebo zvolte „Ne“: všechna čísla pak zůstanou v mezinárodním tvaru."
 !insertmacro Text OpenText \
     "Outlook je otevřený a používá doplněk. Zavřete Outlook a klikněte na tlačítko Opakovat."
 !insertmacro Text NewerText \

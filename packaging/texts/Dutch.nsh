@@ -6,9 +6,14 @@
     "In deze map staat geen Tellwick.exe. U kunt sms-berichten schrijven, maar ze worden pas verzonden als Tellwick daar staat.$\r$\n$\r$\nWilt u deze map toch gebruiken?"
 !insertmacro Text PrefixTitle "Landnummer"
 !insertmacro Text PrefixSubtitle "Hoe de nummers van uw contactpersonen worden geschreven."
+!insertmacro Text PrefixQuestion "Beginnen mobiele nummers in uw land met 0?"
+!insertmacro Text PrefixYes "Ja, mijn &landnummer is:"
+!insertmacro Text PrefixLabel "Landnummer:"
+!insertmacro Text PrefixNo "Nee, &nummers internationaal laten"
 !insertmacro Text PrefixText \
-    "Nummers met het landnummer van uw land worden nationaal geschreven: met +31 wordt +31612345678 geschreven als 0612345678. Zonder landnummer wordt bij elk nummer het plusteken vervangen door 0, wat bijna altijd onjuist is. Beginnen de nummers van uw land niet met 0, zoals in Spanje of Polen, voer dan +999 in.$\r$\nU kunt het landnummer later wijzigen in de instellingen van het sms-venster."
-!insertmacro Text PrefixLabel "&Landnummer:"
+    "Met +31 wordt het nummer +31612345678 van een contactpersoon geschreven als 0612345678; nummers van andere landen blijven internationaal. Scheid meerdere landnummers met spaties.$\r$\n$\r$\nU kunt dat later wijzigen in de instellingen van het sms-venster."
+!insertmacro Text PrefixMissing \
+    "Voer uw landnummer in met een plusteken en cijfers, bijvoorbeeld +31. Scheid meerdere landnummers met spaties.$\r$\n$\r$\nOf kies Nee: dan blijven alle nummers internationaal."
 !insertmacro Text OpenText \
     "Outlook is geopend en gebruikt de invoegtoepassing. Sluit Outlook en klik op Opnieuw."
 !insertmacro Text NewerText \

@@ -6,9 +6,14 @@
     "There is no Tellwick.exe in this folder. You can write SMS messages, but they are not sent until Tellwick is there.$\r$\n$\r$\nDo you want to use this folder anyway?"
 !insertmacro Text PrefixTitle "Country Code"
 !insertmacro Text PrefixSubtitle "How the numbers of your contacts are written."
+!insertmacro Text PrefixQuestion "Do mobile numbers in your country begin with 0?"
+!insertmacro Text PrefixYes "Yes, my country &code is:"
+!insertmacro Text PrefixLabel "Country code:"
+!insertmacro Text PrefixNo "No, keep &numbers international"
 !insertmacro Text PrefixText \
-    "Numbers with the code of your country are written in national form: with +44, the number +447700900123 becomes 07700900123. Without a code the $\"+$\" of every number is replaced by 0, which is almost always wrong. If numbers in your country do not begin with 0, as in the USA or Spain, enter +999.$\r$\nYou can change the code later in the settings of the SMS window."
-!insertmacro Text PrefixLabel "&Country code:"
+    "With +44, the number +447700900123 of a contact becomes 07700900123; numbers of other countries stay international. Separate several codes with spaces.$\r$\n$\r$\nYou can change this later in the settings of the SMS window."
+!insertmacro Text PrefixMissing \
+    "Enter your country code with $\"+$\" and digits, for example +44. Separate several codes with spaces.$\r$\n$\r$\nOr choose $\"No$\": all numbers then stay international."
 !insertmacro Text OpenText \
     "Outlook is open and uses the add-in. Close Outlook, and then click Retry."
 !insertmacro Text NewerText \

@@ -6,9 +6,14 @@
     "Ce dossier ne contient pas Tellwick.exe. Vous pourrez écrire des SMS, mais ils ne seront envoyés qu'une fois Tellwick présent.$\r$\n$\r$\nVoulez-vous tout de même utiliser ce dossier ?"
 !insertmacro Text PrefixTitle "Indicatif de pays"
 !insertmacro Text PrefixSubtitle "Comment les numéros de vos contacts sont écrits."
+!insertmacro Text PrefixQuestion "Les numéros de mobile de votre pays commencent-ils par 0 ?"
+!insertmacro Text PrefixYes "Oui, l'indicatif de &mon pays est :"
+!insertmacro Text PrefixLabel "Indicatif de pays :"
+!insertmacro Text PrefixNo "Non, &garder les numéros au format international"
 !insertmacro Text PrefixText \
-    "Les numéros qui commencent par l'indicatif de votre pays sont écrits au format national : avec +33, le numéro +33612345678 devient 0612345678. Sans indicatif, le « + » de chaque numéro est remplacé par 0, ce qui est presque toujours faux. Si les numéros de votre pays ne commencent pas par 0, comme en Espagne ou au Luxembourg, saisissez +999.$\r$\nVous pourrez modifier l'indicatif plus tard dans les paramètres de la fenêtre SMS."
-!insertmacro Text PrefixLabel "&Indicatif de pays :"
+    "Avec +33, le numéro +33612345678 d'un contact devient 0612345678 ; les numéros d'autres pays restent au format international. Séparez plusieurs indicatifs par des espaces.$\r$\n$\r$\nVous pourrez modifier cela plus tard dans les paramètres de la fenêtre SMS."
+!insertmacro Text PrefixMissing \
+    "Saisissez l'indicatif de votre pays avec le « + » et des chiffres, par exemple +33. Séparez plusieurs indicatifs par des espaces.$\r$\n$\r$\nOu choisissez « Non » : tous les numéros restent alors au format international."
 !insertmacro Text OpenText \
     "Outlook est ouvert et utilise le complément. Fermez Outlook, puis cliquez sur Réessayer."
 !insertmacro Text NewerText \

@@ -6,9 +6,14 @@
     "In diesem Ordner liegt kein Tellwick.exe. Sie können SMS schreiben, aber gesendet werden sie erst, wenn Tellwick dort liegt.$\r$\n$\r$\nMöchten Sie den Ordner trotzdem verwenden?"
 !insertmacro Text PrefixTitle "Ländervorwahl"
 !insertmacro Text PrefixSubtitle "Wie die Rufnummern Ihrer Kontakte geschrieben werden."
+!insertmacro Text PrefixQuestion "Beginnen Mobilfunknummern in Ihrem Land mit 0?"
+!insertmacro Text PrefixYes "Ja, meine &Ländervorwahl ist:"
+!insertmacro Text PrefixLabel "Ländervorwahl:"
+!insertmacro Text PrefixNo "Nein, &Rufnummern international lassen"
 !insertmacro Text PrefixText \
-    "Rufnummern mit der Vorwahl Ihres Landes werden national geschrieben: Mit +49 wird aus +49170123 die Nummer 0170123. Ohne Vorwahl wird bei jeder Nummer das „+“ durch 0 ersetzt, was fast immer falsch ist. Beginnen die Rufnummern Ihres Landes nicht mit 0, wie in Spanien oder Polen, geben Sie +999 ein.$\r$\nSie können die Vorwahl später in den Einstellungen des SMS-Fensters ändern."
-!insertmacro Text PrefixLabel "&Ländervorwahl:"
+    "Mit +49 wird aus der Rufnummer +49170123 eines Kontakts 0170123; Rufnummern anderer Länder bleiben international. Mehrere Vorwahlen trennen Sie durch Leerzeichen.$\r$\n$\r$\nSie können das später in den Einstellungen des SMS-Fensters ändern."
+!insertmacro Text PrefixMissing \
+    "Geben Sie Ihre Ländervorwahl mit „+“ und Ziffern ein, zum Beispiel +49. Mehrere Vorwahlen trennen Sie durch Leerzeichen.$\r$\n$\r$\nOder wählen Sie „Nein“: Dann bleiben alle Rufnummern international."
 !insertmacro Text OpenText \
     "Outlook ist geöffnet und verwendet das Add-In. Beenden Sie Outlook, und klicken Sie dann auf „Wiederholen“."
 !insertmacro Text NewerText \

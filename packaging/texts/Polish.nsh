@@ -6,9 +6,14 @@
     "W tym folderze nie ma pliku Tellwick.exe. SMS-y można pisać, ale zostaną wysłane dopiero, gdy Tellwick będzie się tam znajdował.$\r$\n$\r$\nCzy mimo to chcesz użyć tego folderu?"
 !insertmacro Text PrefixTitle "Numer kierunkowy kraju"
 !insertmacro Text PrefixSubtitle "Jak zapisywane są numery kontaktów."
+!insertmacro Text PrefixQuestion "Czy numery komórkowe w Twoim kraju zaczynają się od zera?"
+!insertmacro Text PrefixYes "Tak, numer &kierunkowy mojego kraju to:"
+!insertmacro Text PrefixLabel "Numer kierunkowy kraju:"
+!insertmacro Text PrefixNo "Nie, pozostaw &numery w formacie międzynarodowym"
 !insertmacro Text PrefixText \
-    "Numery z numerem kierunkowym Twojego kraju są zapisywane w formacie krajowym z zerem: przy +49 numer +49170123 zmienia się w 0170123. Bez numeru kierunkowego znak „+” w każdym numerze jest zastępowany zerem, co prawie zawsze jest błędne. Polskie numery nie zaczynają się od zera: wpisz +999.$\r$\nNumer kierunkowy można później zmienić w ustawieniach okna SMS."
-!insertmacro Text PrefixLabel "&Numer kierunkowy kraju:"
+    "Przy +49 numer kontaktu +49170123 zmienia się w 0170123, a numery z innych krajów pozostają w formacie międzynarodowym. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożna to później zmienić w ustawieniach okna SMS."
+!insertmacro Text PrefixMissing \
+    "Wpisz numer kierunkowy swojego kraju jako „+” i cyfry, na przykład +49. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożesz też wybrać „Nie”: wszystkie numery pozostaną wtedy w formacie międzynarodowym."
 !insertmacro Text OpenText \
     "Program Outlook jest otwarty i używa dodatku. Zamknij program Outlook, a następnie kliknij przycisk Ponów próbę."
 !insertmacro Text NewerText \

@@ -6,9 +6,14 @@
     "Não há um Tellwick.exe nesta pasta. Você poderá escrever SMS, mas eles só serão enviados quando o Tellwick estiver lá.$\r$\n$\r$\nDeseja usar esta pasta mesmo assim?"
 !insertmacro Text PrefixTitle "Código de país"
 !insertmacro Text PrefixSubtitle "Como são escritos os números dos seus contatos."
+!insertmacro Text PrefixQuestion "Os números de celular do seu país começam com 0?"
+!insertmacro Text PrefixYes "Sim, o &código do meu país é:"
+!insertmacro Text PrefixLabel "Código de país:"
+!insertmacro Text PrefixNo "Não, mante&r os números no formato internacional"
 !insertmacro Text PrefixText \
-    "Os números com o código do seu país são escritos no formato nacional: com +49, o número +49170123 torna-se 0170123. Sem um código, o “+” de cada número é substituído por 0, o que quase sempre é errado. Os celulares brasileiros não começam com 0: digite +999.$\r$\nVocê pode alterar o código mais tarde nas configurações da janela de SMS."
-!insertmacro Text PrefixLabel "&Código de país:"
+    "Com +49, o número +49170123 de um contato passa a ser 0170123; os números de outros países continuam internacionais. Separe vários códigos com espaços.$\r$\n$\r$\nVocê pode mudar isso mais tarde nas configurações da janela de SMS."
+!insertmacro Text PrefixMissing \
+    "Digite o código do seu país com “+” e dígitos, por exemplo +49. Separe vários códigos com espaços.$\r$\n$\r$\nOu escolha “Não”: assim todos os números continuam internacionais."
 !insertmacro Text OpenText \
     "O Outlook está aberto e usa o suplemento. Feche o Outlook e clique em Repetir."
 !insertmacro Text NewerText \

@@ -6,9 +6,14 @@
     "En esta carpeta no está Tellwick.exe. Podrá escribir SMS, pero no se enviarán hasta que Tellwick esté allí.$\r$\n$\r$\n¿Desea utilizar esta carpeta de todos modos?"
 !insertmacro Text PrefixTitle "Prefijo de país"
 !insertmacro Text PrefixSubtitle "Cómo se escriben los números de sus contactos."
+!insertmacro Text PrefixQuestion "¿Los números de móvil de su país empiezan por 0?"
+!insertmacro Text PrefixYes "Sí, el &prefijo de mi país es:"
+!insertmacro Text PrefixLabel "Prefijo de país:"
+!insertmacro Text PrefixNo "No, mantener los &números en formato internacional"
 !insertmacro Text PrefixText \
-    "Los números con el prefijo de su país se escriben en formato nacional: con +598, el número +59894231234 pasa a ser 094231234. Sin prefijo, el “+” de cada número se sustituye por 0, lo que casi siempre es incorrecto. Si los números de su país no empiezan por 0, como en España, México o Argentina, escriba +999.$\r$\nPuede cambiar el prefijo más adelante en la configuración de la ventana de SMS."
-!insertmacro Text PrefixLabel "&Prefijo de país:"
+    "Con +598, el número +59894231234 de un contacto pasa a ser 094231234; los números de otros países siguen siendo internacionales. Separe varios prefijos con espacios.$\r$\n$\r$\nPuede cambiarlo más adelante en la configuración de la ventana de SMS."
+!insertmacro Text PrefixMissing \
+    "Escriba el prefijo de su país con “+” y cifras, por ejemplo +598. Separe varios prefijos con espacios.$\r$\n$\r$\nO elija “No”: así todos los números siguen siendo internacionales."
 !insertmacro Text OpenText \
     "Outlook está abierto y utiliza el complemento. Cierre Outlook y haga clic en Reintentar."
 !insertmacro Text NewerText \

@@ -147,6 +147,14 @@ STDAPI ProposePrefix(wchar_t* prefix, int size) {
     });
 }
 
+// For the set-up program: S_OK where the text is country codes, S_FALSE where it is none.
+STDAPI CheckCountryCodes(const wchar_t* typed) {
+    bool are = false;
+    const HRESULT result =
+        EntryPoint([&] { are = tellwick::CountryCodes(FromWide(typed)).has_value(); });
+    return FAILED(result) || are ? result : S_FALSE;
+}
+
 STDAPI DllUnregisterServer() {
     bool done = false;
     const HRESULT result = EntryPoint([&] { done = Unregister(); });
