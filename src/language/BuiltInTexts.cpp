@@ -129,8 +129,7 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSend", u"ListClear", u"(Liste leeren)"},
     {u"FormSmsSend", u"Matches", u"%n Treffer"},
     {u"FormSmsSend", u"PrefixHint",
-     u"Das „+“ einer Rufnummer wurde durch 0 ersetzt. Beginnen Mobilfunknummern in Ihrem Land mit "
-     u"0? Klicken Sie hier."},
+     u"„+“ wurde zu 0. Beginnen Nummern bei Ihnen mit 0? Hier klicken."},
     {u"FormSmsSend", u"Reading", u"Kontakte werden gelesen: %f"},
     {u"FormSmsSend", u"NotRead", u"Nicht lesbar: %f"},
     {u"FormSmsSend", u"LookingFor", u"Empfänger wird gesucht ..."},
