@@ -75,31 +75,44 @@ private:
     Text name;  // empty when there is none
 };
 
-}  // namespace
-
-bool WindowsFileSystem::NoteLastError() {
-    switch (GetLastError()) {
+// The automation error for one of the system's.
+std::int32_t NumberOf(DWORD systemError) {
+    switch (systemError) {
         case ERROR_FILE_NOT_FOUND:
-            errors.Note(error::FileNotFound, u"File not found");
-            break;
+            return error::FileNotFound;
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_NAME:
         case ERROR_BAD_NETPATH:
         case ERROR_INVALID_DRIVE:
-            errors.Note(error::PathNotFound, u"Path not found");
-            break;
+            return error::PathNotFound;
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
-            errors.Note(error::PermissionDenied, u"Permission denied");
-            break;
+            return error::PermissionDenied;
         case ERROR_FILE_EXISTS:
         case ERROR_ALREADY_EXISTS:
-            errors.Note(FileExists, u"File already exists");
-            break;
+            return FileExists;
         default:
-            errors.Note(error::PathFileAccess, u"Path/File access error");
-            break;
+            return error::PathFileAccess;
     }
+}
+
+// What the system says of it to its user, in one line; without words, its number.
+Text DescriptionOf(DWORD systemError) {
+    wchar_t text[512];
+    constexpr DWORD Flags =
+        FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
+    const DWORD length =
+        FormatMessageW(Flags, nullptr, systemError, 0, text, DWORD(std::size(text)), nullptr);
+    Text description = FromWide(text, length);
+    while (description.ends_with(u' ')) description.pop_back();
+    return description.empty() ? NumberText(std::int64_t(systemError)) : description;
+}
+
+}  // namespace
+
+bool WindowsFileSystem::NoteLastError() {
+    const DWORD last = GetLastError();
+    errors.Note(NumberOf(last), DescriptionOf(last));
     return false;
 }
 
