@@ -24,7 +24,7 @@ inline constexpr std::uint32_t IconMask = 0xF0;
 
 enum class Answer : std::int32_t { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
-// An answer on offer; an empty caption is the system's own for it.
+// An answer on offer.
 struct Choice {
     Answer answer;
     Text caption;
@@ -45,9 +45,9 @@ public:
                                      std::uint32_t icon, TextView title, TextView checkBoxText,
                                      bool& checked) = 0;
 
-    // A box with a text field, OK and Cancel (captions given). Cancel gives the empty text.
-    virtual Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
-                          TextView cancelText) = 0;
+    // A box with a text field, and the system's own OK and Cancel: it is also shown before it is
+    // known which language the user has chosen. Cancel gives the empty text.
+    virtual Text InputBox(TextView prompt, TextView title) = 0;
 };
 
 }  // namespace tellwick

@@ -41,9 +41,16 @@ Answer QuestionBox::MsgBoxMessage(std::int32_t number, std::uint32_t flags, Text
         // The buttons in these flags are the program's own: 0 offers OK, everything else Yes and
         // No.
         const bool question = (flags & box::ButtonMask) != box::Ok;
-        const std::vector<Choice> choices =
-            question ? std::vector<Choice>{{Answer::Yes, {}}, {Answer::No, {}}}
-                     : std::vector<Choice>{{Answer::Ok, {}}};
+        std::vector<Choice> choices;
+        const auto offer = [&](Answer answer, TextView key) {
+            choices.push_back({answer, language.TextOrBuiltIn(Messages, key)});
+        };
+        if (question) {
+            offer(Answer::Yes, u"Yes");
+            offer(Answer::No, u"No");
+        } else {
+            offer(Answer::Ok, u"OK");
+        }
         return AskRemembered(number, flags & box::IconMask, text, title, choices);
     }
     const Answer answer = MsgBoxEx(text, flags, title);
@@ -91,8 +98,7 @@ void QuestionBox::ForgetAnswers() {
 }
 
 Text QuestionBox::InputBox(TextView prompt) {
-    return dialogs.InputBox(prompt, ApplicationName, {}, language.TextOrBuiltIn(Messages, u"OK"),
-                            language.TextOrBuiltIn(Messages, u"Cancel"));
+    return dialogs.InputBox(prompt, ApplicationName);
 }
 
 }  // namespace tellwick

@@ -21,7 +21,7 @@ Text ButtonCaption(Answer answer) {
     const int length =
         LoadStringW(GetModuleHandleW(L"user32.dll"), FirstButtonText + UINT(answer) - 1, text, 64);
     if (length > 0) return FromWide(text, std::size_t(length));
-    return answer == Answer::Yes ? u"&Ja" : answer == Answer::No ? u"&Nein" : u"OK";
+    return answer == Answer::Ok ? u"OK" : u"Cancel";
 }
 
 const wchar_t* SystemIcon(std::uint32_t icon) {
@@ -215,25 +215,22 @@ Answer WindowsDialogs::CheckedMessageBox(TextView text, const std::vector<Choice
         checked = SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
     });
     dialog.checkFirst = before;
-    std::vector<Choice> row = choices;
-    for (Choice& choice : row) {
-        if (choice.caption.empty()) choice.caption = ButtonCaption(choice.answer);
-    }
-    return dialog.Run(row, row.back().answer);
+    return dialog.Run(choices, choices.back().answer);
 }
 
-Text WindowsDialogs::InputBox(TextView prompt, TextView title, TextView initialText,
-                              TextView okText, TextView cancelText) {
+Text WindowsDialogs::InputBox(TextView prompt, TextView title) {
     SmallDialog dialog(title, prompt, nullptr);
     Text input;
     dialog.AddControl(
-        L"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, initialText, [&](HWND control, Answer answer) {
+        L"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, {}, [&](HWND control, Answer answer) {
             if (answer != Answer::Ok) return;
             input.resize(std::size_t(GetWindowTextLengthW(control)) + 1);
             input.resize(std::size_t(GetWindowTextW(
                 control, reinterpret_cast<wchar_t*>(input.data()), int(input.size()))));
         });
-    dialog.Run({{Answer::Ok, Text(okText)}, {Answer::Cancel, Text(cancelText)}}, Answer::Cancel);
+    dialog.Run(
+        {{Answer::Ok, ButtonCaption(Answer::Ok)}, {Answer::Cancel, ButtonCaption(Answer::Cancel)}},
+        Answer::Cancel);
     return input;
 }
 

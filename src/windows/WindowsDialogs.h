@@ -12,8 +12,7 @@ public:
     Answer MessageBox(TextView text, std::uint32_t flags, TextView title) override;
     Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices, std::uint32_t icon,
                              TextView title, TextView checkBoxText, bool& checked) override;
-    Text InputBox(TextView prompt, TextView title, TextView initialText, TextView okText,
-                  TextView cancelText) override;
+    Text InputBox(TextView prompt, TextView title) override;
 };
 
 // Nobody is there: every box is answered as if it had been closed.
@@ -26,7 +25,7 @@ public:
                              TextView, bool&) override {
         return choices.back().answer;
     }
-    Text InputBox(TextView, TextView, TextView, TextView, TextView) override { return {}; }
+    Text InputBox(TextView, TextView) override { return {}; }
 };
 
 }  // namespace tellwick::windows

@@ -306,7 +306,7 @@ public:
         checked = check;
         return answers.empty() ? choices.front().answer : Next(buttons);
     }
-    Text InputBox(TextView prompt, TextView title, TextView, TextView, TextView) override {
+    Text InputBox(TextView prompt, TextView title) override {
         shown.push_back({Text(prompt), 0, Text(title), {}});
         if (inputs.empty()) return {};
         const Text input = inputs.front();

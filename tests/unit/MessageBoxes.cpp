@@ -37,7 +37,9 @@ TEST_CASE("answers are remembered per message until they are taken back") {
     for (const auto& [number, style, shown, given, invalid] :
          {Case{126, 0x90000001, 4, Answer::Yes, u"1"}, Case{127, 0x90000002, 4, Answer::No, u"2"},
           Case{138, 0x90000010, 16, Answer::Ok, u"6"}}) {
-        SettingsModules m("[Messages]\r\nDoNotAskAgain=no more\r\nDoNotShowAgain=no more\r\n");
+        SettingsModules m(
+            "[Messages]\r\nDoNotAskAgain=no more\r\nDoNotShowAgain=no more\r\nYes=Oui\r\nNo=Non\r\n"
+            "OK=Bon\r\n");
         m.inifilesLite.GetIniFile();
         const Text key = u"Answer" + NumberText(number);
         m.inifilesLite.SetIniSetting(u"QuestionBox", key, invalid);
@@ -48,6 +50,9 @@ TEST_CASE("answers are remembered per message until they are taken back") {
         CHECK(ask() == given);  // the answer kept is none of this box
         CHECK(m.dialogs.shown.back().flags == shown);
         CHECK(m.dialogs.shown.back().checkBoxText == u"no more");
+        // In the language of the question, not that of Windows.
+        CHECK(m.dialogs.shown.back().choices.front().caption == (shown == 4 ? u"Oui" : u"Bon"));
+        CHECK(m.dialogs.shown.back().choices.back().caption == (shown == 4 ? u"Non" : u"Bon"));
         m.dialogs.check = true;
         CHECK(ask() == given);
         CHECK(m.dialogs.shown.size() == 2);
