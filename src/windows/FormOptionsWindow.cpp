@@ -121,7 +121,7 @@ bool FormOptionsWindow::Load() {
          {u"OptionNational", &optionNational, L"BUTTON", Option | WS_GROUP, 0},
          {u"OptionInternational", &optionInternational, L"BUTTON", Option, 0},
          {u"LabelPrefixes", &labelPrefixes, L"STATIC", WS_GROUP, 0, ControlPlan::Never},
-         {u"TextPrefixes", &textPrefixes, L"EDIT", Field, WS_EX_CLIENTEDGE},
+         {u"TextPrefixes", &textPrefixes, L"EDIT", Field | WS_GROUP, WS_EX_CLIENTEDGE},
          {u"LabelPrefixHelp", &labelPrefixHelp, L"STATIC", Help, 0},
          {u"FrameFont", &frameFont, L"BUTTON", Group, SeeThrough},
          {u"LabelFont", &labelFont, L"STATIC", SS_LEFT, 0},
