@@ -12,6 +12,7 @@
 #include "windows/FormSmsSelectAddressWindow.h"
 #include "windows/FormSmsSendWindow.h"
 #include "windows/Lifetime.h"
+#include "windows/ModulePath.h"
 #include "windows/Server.h"
 #include "windows/WindowsBitmaps.h"
 #include "windows/WindowsClock.h"
@@ -61,6 +62,23 @@ struct Assembly {
 // would call may be gone.
 Assembly<WindowsDialogs>* assembly = nullptr;
 
+// Another reference to this library, as long as there is a program: the end of COM in Outlook's
+// thread asks nobody, and would take the code from under timers, windows and hook.
+HMODULE held = nullptr;
+
+void HoldLibrary() {
+    // Windows 2000 lacks it.
+    using GetModule = BOOL(WINAPI*)(DWORD, LPCWSTR, HMODULE*);
+    const auto getModule = reinterpret_cast<GetModule>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetModuleHandleExW")));
+    constexpr DWORD FromAddress = 4;
+    if (getModule) {
+        getModule(FromAddress, reinterpret_cast<LPCWSTR>(&assembly), &held);
+    } else {
+        held = LoadLibraryW(Wide(ModulePath(library)));
+    }
+}
+
 }  // namespace
 
 HMODULE Library() {
@@ -77,7 +95,10 @@ void ReportException() noexcept {
 }
 
 Program& TheProgram() {
-    if (!assembly) assembly = new Assembly<WindowsDialogs>;
+    if (!assembly) {
+        assembly = new Assembly<WindowsDialogs>;
+        HoldLibrary();
+    }
     return assembly->program;
 }
 
@@ -104,6 +125,8 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEn
 STDAPI DllCanUnloadNow() {
     if (Lifetime::AnythingAlive()) return S_FALSE;
     delete std::exchange(assembly, nullptr);
+    // Whoever asks holds the library, too.
+    if (held) FreeLibrary(std::exchange(held, nullptr));
     return S_OK;
 }
 
