@@ -308,15 +308,11 @@ void FormSmsSend::Unload() {
     awaitedRecipients.End();
     Form_Unload();
     // Settings that wait to be written are gone with Outlook.
-    bool written = false;
-    debug.Guarded([&] { written = inifilesLite.Flush(); });
-    debug.Guarded([&] {
-        if (written) {
-            draft.End();
-        } else {
-            draft.Keep();
-        }
-    });
+    if (inifilesLite.Flush()) {
+        draft.End();
+    } else {
+        draft.Keep();
+    }
     view.Unload();
     forms.Remove(*this);
 }

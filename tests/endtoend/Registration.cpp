@@ -58,24 +58,3 @@ TEST_CASE("a library is registered where it is: far down, and below letters the 
     CHECK(registered->size() > MAX_PATH);
     CHECK_MESSAGE(path.ends_with(*registered), *registered);  // with or without its prefix
 }
-
-TEST_CASE("COM's end does not take the code away from what is still alive") {
-    const Machine machine;
-    REQUIRE(SUCCEEDED(CoInitialize(nullptr)));
-    CLSID identifier;
-    IUnknown* addIn = nullptr;
-    REQUIRE(SUCCEEDED(CLSIDFromProgID(L"TellwickOutlookAddIn.Connect", &identifier)));
-    REQUIRE(SUCCEEDED(CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                       reinterpret_cast<void**>(&addIn))));
-    CoUninitialize();
-    const HMODULE library = GetModuleHandleW(L"TellwickOutlookAddIn.dll");
-    REQUIRE(library);
-    CHECK(addIn->Release() == 0);
-    // Once nothing is, it lets itself go.
-    LoadLibraryW(L"TellwickOutlookAddIn.dll");
-    const auto canUnload = reinterpret_cast<HRESULT(WINAPI*)()>(
-        reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));
-    CHECK(canUnload() == S_OK);
-    FreeLibrary(library);
-    CHECK_FALSE(GetModuleHandleW(L"TellwickOutlookAddIn.dll"));
-}
