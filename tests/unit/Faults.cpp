@@ -3,62 +3,15 @@
 // Outlook's is kept, and what the user typed is in the form, in the settings file or in the queue.
 #include <doctest.h>
 
-#include <cstdlib>
 #include <new>
 #include <stdexcept>
 
+#include "platform/FailingAllocations.h"
 #include "platform/Meanwhile.h"
 #include "platform/TestHost.h"
 
 using namespace tellwick;
 using namespace tellwick::test;
-
-namespace {
-
-// The program's allocations are counted while this is above 0; the one it reaches 0 with fails,
-// for good also those behind it.
-long allocationsLeft = 0;
-bool forGood = false;
-long allocationsFailed = 0;
-bool inProgram = false;
-
-void* Allocate(std::size_t size) {
-    if (inProgram && allocationsLeft > 0 && --allocationsLeft == 0) {
-        allocationsLeft = forGood ? 1 : 0;
-        ++allocationsFailed;
-        throw std::bad_alloc();
-    }
-    if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    try {
-        return Allocate(size);
-    } catch (...) {
-        return nullptr;
-    }
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -147,11 +100,11 @@ private:
     // Runs what the host or the system has called; the windows catch what such a call throws.
     template <class Action>
     static void Inside(const Action& action) {
-        const Meanwhile inside(inProgram, true);
+        const Meanwhile inside(failingAllocations.watching, true);
         try {
             action();
         } catch (const std::bad_alloc&) {
-            CHECK(allocationsFailed > 0);
+            CHECK(failingAllocations.failed > 0);
         }
     }
     void Type(TextView recipient, TextView text) {
@@ -220,26 +173,26 @@ TEST_CASE("every call into the system fails once") {
 }
 
 TEST_CASE("every allocation fails once, and from there on for good") {
+    const Meanwhile outside(failingAllocations.watching, false);
     for (const bool each : {false, true}) {
-        const Meanwhile lasting(forGood, each);
+        const Meanwhile lasting(failingAllocations.forGood, each);
         long sessions = 0;
         // What fails for good fails alike at the next few.
-        const long step = forGood ? 5 : 1;
-        for (long failAt = 1, failed = 1; failed > 0; failAt += step) {
+        const long step = each ? 5 : 1;
+        for (long failAt = 0, failed = 1; failed > 0; failAt += step) {
             Session session(16, false);
-            allocationsFailed = 0;
-            allocationsLeft = failAt;
+            failingAllocations.failed = 0;
+            failingAllocations.left = failAt;
             session.Run();
-            allocationsLeft = 0;
-            failed = allocationsFailed;
-            CAPTURE(forGood);
+            failingAllocations.left = -1;
+            failed = failingAllocations.failed;
+            CAPTURE(each);
             CAPTURE(failAt);
             session.CheckNothingHeld();
             session.CheckNothingLost();
             sessions += failed > 0;
         }
-        MESSAGE("allocations failed one by one: ", sessions,
-                std::string(forGood ? ", for good" : ""));
+        MESSAGE("allocations failed one by one: ", sessions, std::string(each ? ", for good" : ""));
     }
 }
 
