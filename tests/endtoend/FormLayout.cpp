@@ -123,6 +123,14 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             CheckLayout(outlook, 8);
             PostMessageW(GetLastActivePopup(form.window), WM_CLOSE, 0, 0);
             REQUIRE(WaitUntil([&] { return IsWindowEnabled(form.window) != 0; }));
+            for (const HWND button : Descendants(form.window)) {
+                if (ClassOf(button) == L"Button" && TextOf(button).ends_with(L':'))
+                    PostMessageW(button, BM_CLICK, 0, 0);
+            }
+            REQUIRE(WaitUntil([&] { return GetForegroundWindow() != form.window; }));
+            CheckLayout(outlook, 12);
+            PostMessageW(GetForegroundWindow(), WM_CLOSE, 0, 0);
+            REQUIRE(WaitUntil([&] { return GetForegroundWindow() == form.window; }));
             Push(form, Options);
             CheckLayout(outlook);
         }
