@@ -21,6 +21,8 @@ struct SerialSettings {
     std::int32_t parity = 0;    // 0 none, 1 odd, 2 even
     std::int32_t stopBits = 0;  // 0 one, 1 one and a half, 2 two
     bool rts = false;           // hardware handshake
+
+    bool operator==(const SerialSettings&) const = default;
 };
 
 // Section "Sender" says which carrier, and how the gateway is spoken to; "SMS" how they are sent

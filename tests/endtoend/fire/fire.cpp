@@ -1,6 +1,7 @@
 // Puts queue and settings under fire, through the add-in's own modules over the real system:
 //
 //   fire queue NAME COUNT                        submits so many SMS to NAME, numbered from 1
+//   fire sms NAME TEXT [NAME TEXT]...            submits these
 //   fire settings FILE SECTION SECONDS           counts the keys of a section up
 //   fire sender-settings FILE SECTION SECONDS    the same as a program does that has no lock
 //   fire swap FILE STEP                          replaces the file by its letters in upper case,
@@ -18,7 +19,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "compose/SmsQueue.h"
 #include "platform/MemoryPlatform.h"
@@ -47,11 +51,16 @@ struct Machine {
                            memory.timers, locks}};
 };
 
-void Queue(Machine& machine, const Text& name, int count) {
+// The n-th SMS, counted from 0; none behind the last one.
+using SmsAt = std::function<std::optional<std::pair<Text, Text>>(int)>;
+
+void Queue(Machine& machine, const SmsAt& smsAt) {
     SmsQueue queue(machine.modules.regEdit, machine.modules.files, machine.fileSystem,
                    machine.locks);
-    for (int number = 1; number <= count; ++number) {
-        queue.AddEntry(name, NumberText(number));
+    for (int number = 0;; ++number) {
+        const auto sms = smsAt(number);
+        if (!sms) return;
+        queue.AddEntry(sms->first, sms->second);
         // The signal that the sender waits for.
         PostMessageW(FindWindowW(L"TellwickSender", nullptr), WM_KEYUP, 0, 0);
     }
@@ -199,7 +208,15 @@ int wmain(int count, wchar_t** words) {
     const Text mode = word(1);
     Machine machine;
     if (mode == u"queue") {
-        Queue(machine, word(2), number(3));
+        Queue(machine, [&](int at) -> std::optional<std::pair<Text, Text>> {
+            if (at == number(3)) return {};
+            return std::pair(word(2), NumberText(at + 1));
+        });
+    } else if (mode == u"sms") {
+        Queue(machine, [&](int at) -> std::optional<std::pair<Text, Text>> {
+            if (2 * at + 3 >= count) return {};
+            return std::pair(word(2 * at + 2), word(2 * at + 3));
+        });
     } else if (mode == u"settings") {
         Settings(machine, word(2), word(3), DWORD(number(4)));
     } else if (mode == u"sender-settings") {

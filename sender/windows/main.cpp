@@ -1,0 +1,81 @@
+// Tellwick: sends the SMS that the add-in for Outlook puts into the queue.
+//
+//   Tellwick [nocheck]
+//
+//   nocheck   as the add-in starts it: minimised
+//
+// One runs for each user; another start shows its window, or with "nocheck" has it look at the
+// queue, and ends.
+#include "windows/Com.h"
+
+#include <objbase.h>
+
+#include <optional>
+
+#include "windows/Sender.h"
+#include "windows/SenderWindow.h"
+#include "windows/Server.h"
+
+using namespace tellwick;
+using namespace tellwick::sender;
+
+namespace {
+
+constexpr wchar_t OnlyOne[] = L"TellwickSender.Running";
+constexpr DWORD BetweenCalls = 100;       // milliseconds
+constexpr DWORD LongestCalling = 15'000;  // longer than a sender takes to end
+
+Sender* running = nullptr;
+
+// Whether this is the one that runs; else the other one has been told.
+bool IsFirst(HANDLE mutex, bool minimised) {
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < LongestCalling;) {
+        const DWORD waited = WaitForSingleObject(mutex, BetweenCalls);
+        if (waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED) return true;
+        if (SenderWindow::Call(!minimised)) return false;
+    }
+    return false;
+}
+
+int Run(bool minimised) {
+    const MainThreadWindow mainThread;
+    Sender sender(mainThread);
+    running = &sender;
+    SenderWindow window(sender);
+    int result = 1;
+    if (!sender.Start()) {
+        MessageBoxW(nullptr, L"The folder of the settings cannot be found or made.", L"Tellwick",
+                    MB_OK | MB_ICONERROR);
+    } else if (window.Open(minimised)) {
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            if (window.TakesKey(message)) continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        result = 0;
+    }
+    running = nullptr;
+    return result;
+}
+
+}  // namespace
+
+void windows::ReportException() noexcept {
+    if (running) running->ReportException();
+}
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t* words, int) {
+    const bool minimised = Contains(LowerCase(windows::FromWide(words)), u"nocheck");
+    const windows::Handle mutex(CreateMutexW(nullptr, FALSE, OnlyOne));
+    if (!IsFirst(mutex.get(), minimised)) return 0;
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    int result = 1;
+    try {
+        result = Run(minimised);
+    } catch (...) {
+        running = nullptr;
+    }
+    CoUninitialize();
+    return result;
+}
