@@ -1,5 +1,6 @@
 #include "windows/WindowsSerialPort.h"
 
+#include <algorithm>
 #include <array>
 #include <mutex>
 #include <string>
@@ -8,10 +9,7 @@ namespace tellwick::sender {
 
 namespace {
 
-constexpr DWORD LongestRead = 60'000;  // milliseconds without a byte
-constexpr DWORD TooSoon = 20;
-constexpr int EmptyReads = 3;
-constexpr std::size_t AtOnce = 1024;  // bytes
+constexpr DWORD AtOnce = 1024;  // bytes
 
 windows::Handle MakeEvent() {
     return windows::Handle(CreateEventW(nullptr, FALSE, FALSE, nullptr));
@@ -48,10 +46,8 @@ bool SetUp(HANDLE port, const SerialSettings& settings) {
     state.fOutxDsrFlow = state.fDsrSensitivity = FALSE;
     state.fOutX = state.fInX = FALSE;
     state.fErrorChar = state.fNull = state.fAbortOnError = FALSE;
-    // A read ends with the first bytes that there are.
+    // A read waits for all that it wants, however long.
     COMMTIMEOUTS timeouts{};
-    timeouts.ReadIntervalTimeout = timeouts.ReadTotalTimeoutMultiplier = MAXDWORD;
-    timeouts.ReadTotalTimeoutConstant = LongestRead;
     return SetCommState(port, &state) && SetCommTimeouts(port, &timeouts) &&
            PurgeComm(port, PURGE_RXCLEAR | PURGE_TXCLEAR);
 }
@@ -67,8 +63,7 @@ struct WindowsSerialPort::Line {
     // False when the port is gone.
     bool Read();
     bool Write();
-    bool TakeRead(DWORD count);
-    void Tell(const std::shared_ptr<Line>& line);
+    void Tell(const std::shared_ptr<Line>& line, DWORD count);
 
     windows::Handle port;
     windows::Handle wake = MakeEvent();
@@ -86,14 +81,15 @@ struct WindowsSerialPort::Line {
     Overlapped writing;
     std::array<char, AtOnce> input{};
     std::string output;  // that the system is writing
-    DWORD readSince = 0;
-    int emptyReads = 0;
 };
 
+// All that is there; where there is nothing, the next byte.
 bool WindowsSerialPort::Line::Read() {
-    readSince = GetTickCount();
-    return reading.Begun(
-        ReadFile(port.get(), input.data(), DWORD(input.size()), nullptr, &reading));
+    DWORD errors = 0;
+    COMSTAT state{};
+    if (!ClearCommError(port.get(), &errors, &state)) return false;
+    const DWORD count = std::clamp<DWORD>(state.cbInQue, 1, AtOnce);
+    return reading.Begun(ReadFile(port.get(), input.data(), count, nullptr, &reading));
 }
 
 bool WindowsSerialPort::Line::Write() {
@@ -107,19 +103,11 @@ bool WindowsSerialPort::Line::Write() {
         WriteFile(port.get(), output.data(), DWORD(output.size()), nullptr, &writing));
 }
 
-// A port that is gone can answer every read at once, with nothing.
-bool WindowsSerialPort::Line::TakeRead(DWORD count) {
-    if (count == 0) {
-        emptyReads = GetTickCount() - readSince < TooSoon ? emptyReads + 1 : 0;
-        return emptyReads < EmptyReads;
+void WindowsSerialPort::Line::Tell(const std::shared_ptr<Line>& line, DWORD count) {
+    {
+        const std::lock_guard hold(lock);
+        received.append(input.data(), count);
     }
-    emptyReads = 0;
-    const std::lock_guard hold(lock);
-    received.append(input.data(), count);
-    return true;
-}
-
-void WindowsSerialPort::Line::Tell(const std::shared_ptr<Line>& line) {
     mainThread.Post([line] {
         std::string bytes;
         {
@@ -145,8 +133,9 @@ void WindowsSerialPort::Line::Run(const std::shared_ptr<Line>& line) {
         DWORD bytes = 0;
         if (GetOverlappedResult(self.port.get(), &self.reading, &bytes, FALSE)) {
             self.reading.underWay = false;
-            there = self.TakeRead(bytes);
-            if (bytes > 0) self.Tell(line);
+            // Nothing is what a port answers that is gone.
+            there = bytes > 0;
+            if (there) self.Tell(line, bytes);
             there = there && self.Read();
         } else if (GetLastError() != ERROR_IO_INCOMPLETE) {
             there = self.reading.underWay = false;
