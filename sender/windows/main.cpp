@@ -41,15 +41,18 @@ int Run(bool minimised) {
     const MainThreadWindow mainThread;
     Sender sender(mainThread);
     running = &sender;
-    SenderWindow window(sender);
     int result = 1;
-    if (!sender.Start()) {
+    std::optional<SenderWindow> window;
+    if (sender.Start()) {
+        window.emplace(sender);
+    } else {
         MessageBoxW(nullptr, L"The folder of the settings cannot be found or made.", L"Tellwick",
                     MB_OK | MB_ICONERROR);
-    } else if (window.Open(minimised)) {
+    }
+    if (window && window->Open(minimised)) {
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-            if (window.TakesKey(message)) continue;
+            if (window->TakesKey(message)) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

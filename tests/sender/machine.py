@@ -8,7 +8,6 @@ import socket
 import subprocess
 import tempfile
 import time
-import urllib.parse
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 BITS = os.environ.get('TELLWICK_BITS', '64')
@@ -188,7 +187,3 @@ max-messages = 10
                 if found:
                     result.append(found.groups())
         return result
-
-
-def plain(text):
-    return urllib.parse.unquote_plus(text, encoding='utf-8')

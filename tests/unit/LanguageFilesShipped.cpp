@@ -9,6 +9,7 @@
 
 #include "SettingsModules.h"
 #include "language/BuiltInTexts.h"
+#include "spool/SenderTexts.h"
 
 using namespace tellwick;
 using namespace tellwick::test;
@@ -145,10 +146,27 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
             CHECK(file.texts.contains(name));
         }
         CHECK(file.texts.at(u"Misc/CodePage") == NumberText(file.language.codePage));
+        // A language has all of the sender's texts, or none.
+        std::size_t ofSender = 0;
+        for (const sender::SenderTextEntry& builtIn : sender::SenderTexts()) {
+            const auto found = file.texts.find(Name(u"Sender", builtIn.name));
+            if (found == file.texts.end()) continue;
+            ++ofSender;
+            CAPTURE(found->second);
+            CHECK(Placeholders(found->second) == Placeholders(builtIn.text));
+            CHECK((file.Mnemonic(found->second) != 0) == Contains(builtIn.text, u"&"));
+        }
+        CHECK((ofSender == 0 || ofSender == sender::SenderTexts().size()));
+        std::size_t others = 0;
         for (const auto& text : file.texts) {
             CAPTURE(text.first);
-            CHECK(wanted.contains(text.first));
+            if (StartsWith(text.first, u"Sender/")) {
+                ++others;
+            } else {
+                CHECK(wanted.contains(text.first));
+            }
         }
+        CHECK(others == ofSender);
         CHECK(file.bytes.starts_with("["));
         CHECK(file.bytes.ends_with("\r\n"));
         std::size_t loose = 0;
