@@ -24,7 +24,7 @@ constexpr int Gap = 4;
 constexpr int ButtonHeight = 14;
 constexpr int LeastWidth = 260;
 constexpr int LeastHeight = 120;
-constexpr int FirstWidth = 560;
+constexpr int FirstWidth = 600;
 constexpr int FirstHeight = 220;
 
 }  // namespace
@@ -229,10 +229,10 @@ HWND SenderWindow::CreateControl(const wchar_t* className, TextView name, DWORD 
 
 // In the order of the Tab key.
 bool SenderWindow::CreateControls() {
-    listWindow = list.Create(window, List, font);
     checkOn = CreateControl(L"BUTTON", u"CheckOn", WS_TABSTOP | BS_AUTOCHECKBOX, CheckOn);
     buttonAgain = CreateControl(L"BUTTON", u"ButtonAgain", WS_TABSTOP, ButtonAgain);
     buttonDelete = CreateControl(L"BUTTON", u"ButtonDelete", WS_TABSTOP, ButtonDelete);
+    listWindow = list.Create(window, List, font);
     status = CreateControl(L"STATIC", {}, SS_NOPREFIX | SS_ENDELLIPSIS, Status);
     return listWindow && checkOn && buttonAgain && buttonDelete && status;
 }

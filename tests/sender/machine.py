@@ -80,6 +80,16 @@ class Windows:
         """Pairs of recipients and text, as the add-in queues them."""
         self.run(BIN + 'fire.exe', 'sms', *(word for pair in messages for word in pair))
 
+    def press(self, *keys):
+        """On the keyboard of its display."""
+        environment = dict(os.environ)
+        if BITS == '32' and 'TELLWICK_DISPLAY32' in environment:
+            environment['DISPLAY'] = environment['TELLWICK_DISPLAY32']
+            environment['XAUTHORITY'] = environment['TELLWICK_AUTHORITY32']
+        for key in keys:
+            subprocess.run(['xdotool', 'key', key], env=environment, check=True)
+            time.sleep(0.5)
+
     def spool(self, state):
         """Of each SMS there: recipient, text and the values of its file."""
         result = []

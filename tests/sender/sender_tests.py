@@ -161,6 +161,21 @@ class ThroughModem(SenderTest):
         texts = [text for _, text in self.texts()]
         self.assertEqual(len(texts), len(set(texts)))
 
+    def test_what_failed_is_sent_again_when_the_user_says_so(self):
+        windows = self.begin_with_modem('fail 21')
+        windows.end()
+        windows.start()
+        windows.submit(('0171', 'noch einmal'), ('niemand', 'nie'))
+        self.assertTrue(wait_until(lambda: windows.count('failed') == 2))
+        time.sleep(1)
+        windows.press('ctrl+a', 'alt+a')
+        self.sent(1)
+        self.assertEqual(self.texts(), [('0171', 'noch einmal')])
+        windows.press('ctrl+a', 'Delete')
+        time.sleep(1)
+        windows.press('alt+j')
+        self.assertTrue(wait_until(lambda: windows.count('failed') + windows.count('sent') == 0))
+
     def test_what_arrives_is_kept_before_the_modem_forgets_it(self):
         windows = self.begin_with_modem()
         unit = '07911326040000F0040B911346610089F60000208062917314080CC8F71D14969741F977FD07'
