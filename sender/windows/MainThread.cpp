@@ -35,10 +35,9 @@ DWORD WINAPI Run(void* parameter) {
 }  // namespace
 
 void MainThread::Post(Action action) const {
-    auto posted = std::make_unique<Action>(std::move(action));
-    if (PostMessageW(window, RunAction, 0, reinterpret_cast<LPARAM>(posted.get()))) {
-        posted.release();
-    }
+    // Whoever receives it owns it.
+    auto* const posted = new Action(std::move(action));
+    if (!PostMessageW(window, RunAction, 0, reinterpret_cast<LPARAM>(posted))) delete posted;
 }
 
 MainThreadWindow::MainThreadWindow() {
@@ -56,9 +55,9 @@ MainThreadWindow::~MainThreadWindow() {
 }
 
 windows::Handle StartThread(Action work) {
-    auto given = std::make_unique<Action>(std::move(work));
-    windows::Handle thread(CreateThread(nullptr, 0, Run, given.get(), 0, nullptr));
-    if (thread) given.release();
+    auto* const given = new Action(std::move(work));
+    windows::Handle thread(CreateThread(nullptr, 0, Run, given, 0, nullptr));
+    if (!thread) delete given;
     return thread;
 }
 

@@ -26,17 +26,22 @@ void ModemLine::Open() {
     if (port || settings.port.empty()) return;
     WindowsSerialPort::Events events;
     events.received = [this](std::string_view bytes) { modem.Received(bytes); };
+    // Not at once: a port that fails at the first byte would be opened without end.
     events.gone = [this] {
         Close();
-        Open();
+        TryAgain();
     };
     port = WindowsSerialPort::Open(settings, mainThread, std::move(events));
     if (port) {
         timer->Stop();
         modem.Plugged(*port);
     } else {
-        timer->Start(BetweenTries, [this] { Open(); });
+        TryAgain();
     }
+}
+
+void ModemLine::TryAgain() {
+    timer->Start(BetweenTries, [this] { Open(); });
 }
 
 void ModemLine::Close() {

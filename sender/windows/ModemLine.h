@@ -23,6 +23,7 @@ public:
 
 private:
     void Open();
+    void TryAgain();
     void Close();
 
     Modem& modem;

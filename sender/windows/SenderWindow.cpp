@@ -99,10 +99,14 @@ LRESULT CALLBACK SenderWindow::Procedure(HWND window, UINT message, WPARAM first
 LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     if (message == callMessage) return Called(first != 0);
     switch (message) {
-        case WM_KEYUP:
+        case WM_KEYUP: {
+            // One look serves all who have signalled so far.
+            MSG more;
+            while (PeekMessageW(&more, window, WM_KEYUP, WM_KEYUP, PM_REMOVE)) continue;
             if (!closing) sender.Look();
             ShowState();
             return 0;
+        }
         case WM_DEVICECHANGE:
             if (!closing) sender.DevicesChanged();
             return TRUE;
