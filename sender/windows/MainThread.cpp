@@ -38,6 +38,7 @@ void MainThread::Post(Action action) const {
     // Whoever receives it owns it.
     auto* const posted = new Action(std::move(action));
     if (!PostMessageW(window, RunAction, 0, reinterpret_cast<LPARAM>(posted))) delete posted;
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): it follows no pointer into a number
 }
 
 MainThreadWindow::MainThreadWindow() {

@@ -217,8 +217,10 @@ void SenderWindow::Command(int control) {
             Delete();
             break;
         default:
-            break;
+            return;
     }
+    // The button may have nothing left to do.
+    if (control != CheckOn) SetFocus(listWindow);
 }
 
 HWND SenderWindow::CreateControl(const wchar_t* className, TextView name, DWORD style,

@@ -173,7 +173,7 @@ class ThroughModem(SenderTest):
         self.assertEqual(self.texts(), [('0171', 'noch einmal')])
         windows.press('ctrl+a', 'Delete')
         time.sleep(1)
-        windows.press('alt+j')
+        windows.press('Return')
         self.assertTrue(wait_until(lambda: windows.count('failed') + windows.count('sent') == 0))
 
     def test_what_arrives_is_kept_before_the_modem_forgets_it(self):
