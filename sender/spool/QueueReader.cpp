@@ -93,17 +93,23 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
         return fileSystem.Delete(path) || !fileSystem.Exists(path);
     });
     if (!KnowFormerOnes()) return Look::Again;
-    const std::optional<std::vector<Entry>> entries = Entries();
-    if (!entries) return Look::Again;
-    bool again = !leftFiles.empty();
-    for (const Entry& entry : *entries) {
+    const bool goesOn = !pending.empty();
+    if (!goesOn) {
+        std::optional<std::vector<Entry>> entries = Entries();
+        if (!entries) return Look::Again;
+        pending.assign(entries->begin(), entries->end());
+        lookAgain = false;
+    }
+    for (; !pending.empty(); pending.pop_front()) {
         if (most == 0) return Look::More;
-        const Taken taken = TakeEntry(entry);
+        const Taken taken = TakeEntry(pending.front());
         if (taken == Taken::Done) --most;
-        if (taken != Taken::Done) again = true;
+        if (taken != Taken::Done) lookAgain = true;
     }
     lookedThrough = true;
-    if (again) return Look::Again;
+    if (lookAgain || !leftFiles.empty()) return Look::Again;
+    // Others may have come since the names were read.
+    if (goesOn) return Look::More;
     // What was in the queue at the start is taken; what is remembered of it no longer is.
     former.clear();
     for (const auto& [origin, state] : progress) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <set>
@@ -83,6 +84,8 @@ private:
 
     bool knowsFormerOnes = false;
     bool lookedThrough = false;
+    std::deque<Entry> pending;          // of this look: to list the names takes long
+    bool lookAgain = false;             // one of this look could not be taken
     std::set<Text> former;              // keys of the spool, until the first look has passed
     std::map<Text, Progress> progress;  // by origin: not removed yet
     std::map<Text, Miss> misses;        // by the value's name
