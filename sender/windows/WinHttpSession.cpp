@@ -163,6 +163,8 @@ HttpAnswer WinHttpSession::Exchange(const HttpRequest& request) {
     // Without a length of its own what is behind the "?" belongs to the path; "#" to nobody.
     Text path = windows::FromWide(parts.lpszUrlPath);
     path.resize(std::min(path.find(u'#'), path.size()));
+    // Until the library says that it connects, it may use a connection that is open.
+    DWORD stage = WINHTTP_CALLBACK_STATUS_SENDING_REQUEST;
     const bool secure = parts.nScheme == INTERNET_SCHEME_HTTPS;
     const Internet handle(
         *library, library->openRequest(
@@ -173,8 +175,6 @@ HttpAnswer WinHttpSession::Exchange(const HttpRequest& request) {
     DWORD disabled = WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_COOKIES;
     library->setOption(handle.handle, WINHTTP_OPTION_DISABLE_FEATURE, &disabled, sizeof disabled);
 
-    // Until the library says that it connects, it may use a connection that is open.
-    DWORD stage = WINHTTP_CALLBACK_STATUS_SENDING_REQUEST;
     std::string body = request.body;
     const auto length = DWORD(body.size());
     if (!library->sendRequest(handle.handle, request.post ? FormType : nullptr, DWORD(-1),
