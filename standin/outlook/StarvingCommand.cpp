@@ -39,7 +39,7 @@ Text Commands::Starve(const Words& words) {
     using FailAllocations = long (*)(long, int);
     const auto fail = reinterpret_cast<FailAllocations>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"TellwickOutlookAddIn.dll"), "FailAllocations")));
-    Require(fail != nullptr, "the library's allocations do not fail");
+    if (!fail) throw std::runtime_error("the library's allocations do not fail");
     const Held held(dispatcher);
     const AnsweredBoxes boxes;
     fail(LeadingNumber32(words[0]), EqualFolded(words[1], u"all"));
