@@ -127,9 +127,15 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
                 if (ClassOf(button) == L"Button" && TextOf(button).ends_with(L':'))
                     PostMessageW(button, BM_CLICK, 0, 0);
             }
-            REQUIRE(WaitUntil([&] { return GetForegroundWindow() != form.window; }));
+            HWND selection = nullptr;
+            REQUIRE(WaitUntil([&] {
+                selection = GetForegroundWindow();
+                return selection && selection != form.window &&
+                       ClassOf(selection) == L"TellwickForm";
+            }));
             CheckLayout(outlook, 12);
-            PostMessageW(GetForegroundWindow(), WM_CLOSE, 0, 0);
+            PostMessageW(selection, WM_CLOSE, 0, 0);
+            REQUIRE(WaitUntilGone(selection));
             REQUIRE(WaitUntil([&] { return GetForegroundWindow() == form.window; }));
             Push(form, Options);
             CheckLayout(outlook);
