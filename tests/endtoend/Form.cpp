@@ -58,7 +58,9 @@ void Form::Fill(HWND field, const std::wstring& text) {
 }
 
 HWND Form::Control(const std::wstring& text) const {
-    const HWND control = FindByText(window, text);
+    // A click before may still have it made.
+    HWND control = nullptr;
+    WaitUntil([&] { return (control = FindByText(window, text)) != nullptr; });
     REQUIRE_MESSAGE(control, "no such control");
     return control;
 }
