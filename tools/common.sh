@@ -47,7 +47,7 @@ useDisplay() {
 putBeside() {
     "$tools/help"
     cp -r "$root/lang" "$1/lang"
-    cp -r "$root/manual" "$1/Manual"
+    cp -rL "$root/manual" "$1/Manual" # its languages share a style sheet
     cp "$build/help"/*.chm "$1"
 }
 mkdir -p "$build"

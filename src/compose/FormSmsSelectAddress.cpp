@@ -184,10 +184,11 @@ bool FormSmsSelectAddress::FillRows(double milliseconds) {
     bool more = true;
     while (more && clock.Milliseconds() < end) more = rows.DoSome(RowsAStep);
     ListView& list = view.ListAddresses();
-    if (list.RowCount() == 0) {
-        list.SetRowCount(rows.Shown().size());
-    } else {
-        list.AddRows(rows.Shown().size());
+    const std::size_t found = rows.Shown().size();
+    if (list.RowCount() != 0) {
+        list.AddRows(found);
+    } else if (found != 0) {
+        list.SetRowCount(found);
     }
     ShowStatus();
     return more;
