@@ -16,7 +16,7 @@ const std::vector<SenderTextEntry>& SenderTexts() {
         {reason::Interrupted, u"Tellwick ended before it knew whether the SMS was sent."},
         {reason::TooOld, u"Could not be sent for a day. %d"},
         {reason::NoAnswer, u"The modem does not answer."},
-        {reason::Unplugged, u"The modem was unplugged."},
+        {reason::Unplugged, u"The modem is not connected."},
         {reason::Network, u"The network refuses the SMS (cause %d)."},
         {reason::Modem, u"The modem refuses the SMS: %d"},
         {reason::NoSim, u"There is no SIM card in the modem."},
