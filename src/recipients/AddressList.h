@@ -40,6 +40,8 @@ public:
     // Rows and entries are numbered from 0. A row has one entry "Name  (number)", and another one
     // with the name by which the contact is filed, if that differs.
     struct Entry {
+        static constexpr std::uint32_t MostRow = 0x7FFFFFFF;
+        Entry(std::uint32_t row, bool byFileAs) : row(row & MostRow), byFileAs(byFileAs) {}
         std::uint32_t row : 31;
         std::uint32_t byFileAs : 1;
     };

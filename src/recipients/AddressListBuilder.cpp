@@ -88,7 +88,7 @@ void AddressListBuilder::Add(const AddressRow& row) {
 }
 
 void AddressListBuilder::AddEntry(std::uint32_t row, bool byFileAs) {
-    list.entries.push_back({row, byFileAs});
+    list.entries.emplace_back(row, byFileAs);
     step = Step::Index;
 }
 
