@@ -130,7 +130,7 @@ void AddressListBuilder::CountPlaces() {
     std::uint32_t sum = 0;
     for (std::uint32_t& start : starts) sum += std::exchange(start, sum);
     places.swap(starts);
-    list.entries.assign(sum, {0, false});
+    list.entries.assign(sum, AddressList::Entry(0, false));
     step = Step::Place;
 }
 
