@@ -19,7 +19,7 @@ void HashNumbers::Reserve(std::size_t wanted) {
 
 std::uint32_t HashNumbers::NumberOf(std::uint64_t hash) {
     if (2 * std::size_t(count) >= places.size()) Reserve(2 * std::size_t(count) + 64);
-    for (std::size_t at = hash;; ++at) {
+    for (auto at = std::size_t(hash);; ++at) {
         Place& place = places[at & (places.size() - 1)];
         if (place.number == 0) place = {hash, ++count};
         if (place.hash == hash) return place.number - 1;
