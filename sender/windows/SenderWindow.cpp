@@ -65,7 +65,8 @@ bool SenderWindow::Open(bool minimised) {
         ShowWindow(window, SW_SHOWMINNOACTIVE);
     }
     ShowState();
-    SetTimer(window, RefreshTimer, AtOnce, nullptr);
+    // The window shows itself before a spool of many thousand SMS is read.
+    SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
     sender.Publish(window);
     return true;
 }
