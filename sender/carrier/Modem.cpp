@@ -66,12 +66,14 @@ void Modem::Unplugged() {
     if (listener) listener->ReadinessChanged();
 }
 
-void Modem::SetPin(TextView newPin) {
+bool Modem::SetPin(TextView newPin) {
     if (newPin.size() < 4 || newPin.size() > 8 ||
         !std::all_of(newPin.begin(), newPin.end(), IsDigit))
-        return;
+        return false;
     pin.assign(newPin.begin(), newPin.end());
+    if (away.name == reason::NeedsPin || away.name == reason::WrongPin) away = {};
     if (plugged && !ready && !dialogue.Busy()) Start(1);
+    return true;
 }
 
 void Modem::Start(std::uint32_t milliseconds) {

@@ -43,9 +43,12 @@ public:
     void Unplugged();
     void Received(std::string_view bytes) { dialogue.Received(bytes); }
 
-    // The SIM's PIN, asked for while Away says NeedsPin or WrongPin. Each is tried once only: the
-    // third wrong one locks the SIM.
-    void SetPin(TextView newPin);
+    // The SIM's PIN, asked for while Away says NeedsPin or WrongPin, which it then says no more
+    // until it was tried. Each is tried once only: the third wrong one locks the SIM. False for
+    // what no PIN can be.
+    bool SetPin(TextView newPin);
+    // The last one that was right; empty when there is none.
+    Text AcceptedPin() const { return {goodPin.begin(), goodPin.end()}; }
 
     // 0 to 31, 99 for unknown, as AT+CSQ has it.
     std::int32_t SignalStrength() const { return signalStrength; }

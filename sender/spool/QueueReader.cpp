@@ -80,7 +80,9 @@ std::optional<std::vector<QueueReader::Entry>> QueueReader::Entries() {
 
 bool QueueReader::KnowFormerOnes() {
     if (knowsFormerOnes) return true;
-    std::optional<std::set<Text>> keys = spool.Keys();
+    // To read them all takes long where there are many; no entry has been there that they could
+    // have.
+    std::optional<std::set<Text>> keys = pending.empty() ? std::set<Text>() : spool.Keys();
     const std::optional<std::vector<Text>> remembered = spool.Remembered();
     if (!keys || !remembered) return false;
     former = std::move(*keys);
@@ -92,7 +94,6 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
     std::erase_if(leftFiles, [this](const Text& path) {
         return fileSystem.Delete(path) || !fileSystem.Exists(path);
     });
-    if (!KnowFormerOnes()) return Look::Again;
     const bool goesOn = !pending.empty();
     if (!goesOn) {
         std::optional<std::vector<Entry>> entries = Entries();
@@ -100,6 +101,7 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
         pending.assign(entries->begin(), entries->end());
         lookAgain = false;
     }
+    if (!KnowFormerOnes()) return Look::Again;
     for (; !pending.empty(); pending.pop_front()) {
         if (most == 0) return Look::More;
         const Taken taken = TakeEntry(pending.front());

@@ -35,6 +35,10 @@ TextView KeyOf(TextView id) {
     return id.substr(std::min(id.find(u'-', id.find(u'-') + 1), id.size() - 1) + 1);
 }
 
+std::size_t MostOf(const SentLimits& limits) {
+    return limits.store ? std::size_t(std::max(limits.most, 0)) : 0;
+}
+
 bool IsId(TextView id) {
     return std::count(id.begin(), id.end(), u'-') == 3;
 }
@@ -244,7 +248,7 @@ bool Spool::TrySettle(const Text& id, const SpooledSms& sms) {
     switch (sms.result) {
         case Result::Sent:
             to = State::Sent;
-            if (!limits.store || limits.most <= 0) {
+            if (MostOf(limits) == 0) {
                 if (!fileSystem.Delete(Path(State::Sending, id))) return false;
                 Tell(id, {});
                 return true;
@@ -362,12 +366,14 @@ bool Spool::Delete(State state, const Text& id) {
 }
 
 void Spool::SetLimits(const SentLimits& newLimits) {
+    // Else the next one that is sent is early enough to count those that are kept.
+    const bool fewer = MostOf(newLimits) < MostOf(limits);
     limits = newLimits;
-    TrimSent();
+    if (fewer) TrimSent();
 }
 
 void Spool::TrimSent() {
-    const std::size_t most = limits.store ? std::size_t(std::max(limits.most, 0)) : 0;
+    const std::size_t most = MostOf(limits);
     while (!sentCount || *sentCount > most) {
         if (!sentCount || oldestSent.empty()) {
             std::optional<std::vector<Text>> ids = ReadIds(State::Sent);

@@ -1,6 +1,8 @@
 #include "windows/Sender.h"
 
 #include "platform/Product.h"
+#include "spool/Recipients.h"
+#include "spool/SenderTexts.h"
 
 namespace tellwick::sender {
 
@@ -8,7 +10,7 @@ namespace {
 
 constexpr TextView WindowValue = u"hWnd";
 constexpr TextView SwitchValue = u"On";
-constexpr std::uint32_t BetweenLooksAtPin = 3000;  // milliseconds
+constexpr std::uint32_t BetweenLooksAtCarrier = 50;  // milliseconds
 
 }  // namespace
 
@@ -17,7 +19,8 @@ Sender::Sender(const MainThread& mainThread)
       gateway(requests, modules.timers, modules.locale),
       modem(modules.timers, *this),
       modemLine(modem, modules.timers, mainThread),
-      pinTimer(modules.timers.Create()) {}
+      pinKeeper(modem, secrets, modules.timers),
+      changeTimer(modules.timers.Create()) {}
 
 bool Sender::Start() {
     modules.inifilesLite.GetIniFile();
@@ -44,6 +47,10 @@ void Sender::SwitchOn(bool on) {
     if (delivery) Look();
 }
 
+Text Sender::WhyNothingIsSent() {
+    return On() ? InWords(Away(), Texts()) : SenderText(Texts(), u"IsOff");
+}
+
 void Sender::Publish(HWND window) {
     const auto handle = std::int64_t(reinterpret_cast<std::uintptr_t>(window));
     modules.regEdit.WriteValue(Hive::CurrentUser, RootKey, WindowValue, NumberText(handle));
@@ -51,8 +58,37 @@ void Sender::Publish(HWND window) {
 
 void Sender::Look() {
     ApplySettings();
-    if (delivery->On() != On()) delivery->SetOn(!delivery->On());
+    const bool on = On() && !changing;
+    if (delivery->On() != on) delivery->SetOn(on);
     delivery->Look();
+}
+
+void Sender::SettingsChanged() {
+    changing = UnderWay();
+    if (changing) {
+        // The next one would be handed over before anyone could look.
+        delivery->SetOn(false);
+        changeTimer->Start(BetweenLooksAtCarrier, [this] { SettingsChanged(); });
+        return;
+    }
+    changeTimer->Stop();
+    Look();
+}
+
+void Sender::Rest() {
+    changeTimer->Stop();
+    delivery->SetOn(false);
+}
+
+Text Sender::Send(TextView number, TextView text) {
+    SpooledSms sms;
+    sms.recipient = modules.prefixes.ConvertPhoneNumber(number);
+    sms.text = text;
+    sms.accepted = modules.clock.Now();
+    if (!CanBeDialled(sms.recipient)) return {};
+    Text id = spool->Add(sms, u"test");
+    Look();
+    return id;
 }
 
 void Sender::ApplySettings() {
@@ -76,26 +112,7 @@ void Sender::UseCarrier(bool viaGateway) {
     usesGateway = viaGateway;
     Carrier& carrier = viaGateway ? static_cast<Carrier&>(gateway) : modem;
     delivery.emplace(*queueReader, *spool, carrier, modules.clock, modules.timers);
-    if (viaGateway) {
-        pinTimer->Stop();
-    } else {
-        pinTimer->Start(BetweenLooksAtPin, [this] { WatchPin(); });
-    }
-}
-
-// The third wrong PIN locks the SIM: one that has not proved right is in no store from which the
-// next start would try it again.
-void Sender::WatchPin() {
-    const Reason away = modem.Away();
-    if (!triedPin.empty()) {
-        if (away.name.empty()) secrets.Write(secret::Pin, triedPin);
-        if (away.name.empty() || away.name == reason::WrongPin) triedPin.clear();
-    } else if (away.name == reason::NeedsPin || away.name == reason::WrongPin) {
-        Text pin = secrets.Read(secret::Pin);
-        if (pin.empty() || !secrets.Write(secret::Pin, {})) return;
-        triedPin = std::move(pin);
-        modem.SetPin(triedPin);
-    }
+    pinKeeper.Watch(!viaGateway);
 }
 
 bool Sender::Arrived(const ReceivedPart& part, std::string_view unit) {

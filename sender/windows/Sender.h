@@ -8,6 +8,7 @@
 #include "carrier/Gateway.h"
 #include "delivery/Delivery.h"
 #include "delivery/Inbox.h"
+#include "delivery/PinKeeper.h"
 #include "spool/QueueReader.h"
 #include "windows/ModemLine.h"
 #include "windows/RegistryQueueValues.h"
@@ -30,8 +31,14 @@ public:
     bool On();
     void SwitchOn(bool on);
 
+    // The user has changed settings: they are used as soon as no SMS is with the carrier.
+    void SettingsChanged();
+
+    // Sends a text to a number, as it may be typed. The SMS' id; empty for what is no number.
+    Text Send(TextView number, TextView text);
+
     // Takes nothing more, and hands over nothing more.
-    void Rest() { delivery->SetOn(false); }
+    void Rest();
     bool UnderWay() const { return delivery && delivery->UnderWay(); }
 
     // To the add-ins: the window to tell of what is new; null while there is none.
@@ -42,8 +49,14 @@ public:
     // Why nothing is sent although it is switched on; empty when it is.
     Reason Away() const { return usesGateway ? gateway.Away() : modem.Away(); }
 
+    // The same in the user's language; also that it is switched off.
+    Text WhyNothingIsSent();
+
     Spool& TheSpool() { return *spool; }
     Language& Texts() { return modules.language; }
+    InifilesLite& Settings() { return modules.inifilesLite; }
+    SecretStore& TheSecrets() { return secrets; }
+    PinKeeper& Pin() { return pinKeeper; }
 
     void ReportException() noexcept { modules.debug.TraceException(); }
 
@@ -53,7 +66,6 @@ private:
 
     void ApplySettings();
     void UseCarrier(bool viaGateway);
-    void WatchPin();
 
     SenderModules modules;
     RegistryQueueValues queueValues;
@@ -62,14 +74,15 @@ private:
     Gateway gateway;
     Modem modem;
     ModemLine modemLine;
+    PinKeeper pinKeeper;
     std::optional<Inbox> inbox;
     bool inboxOpen = false;
     std::optional<Spool> spool;
     std::optional<QueueReader> queueReader;
     std::optional<Delivery> delivery;
     bool usesGateway = false;
-    std::unique_ptr<Timer> pinTimer;  // while a modem is used
-    Text triedPin;                    // taken out of the settings until the SIM has accepted it
+    std::unique_ptr<Timer> changeTimer;  // while settings wait to be used
+    bool changing = false;
 };
 
 }  // namespace tellwick::sender

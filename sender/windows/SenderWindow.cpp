@@ -1,6 +1,6 @@
 #include "windows/SenderWindow.h"
 
-#include <algorithm>
+#include "windows/DialogKeys.h"
 
 namespace tellwick::sender {
 
@@ -10,33 +10,29 @@ constexpr wchar_t CallName[] = L"TellwickSender.Call";
 constexpr LRESULT Heard = 1;
 constexpr UINT AnswerTime = 2000;  // milliseconds
 
-enum TimerNumber : UINT_PTR { EndTimer = 1, RefreshTimer, StateTimer };
+constexpr UINT IconMessage = WM_APP + 1;
+constexpr UINT ResolutionChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers used
+
+enum TimerNumber : UINT_PTR { EndTimer = 1, RefreshTimer, StateTimer, SearchTimer };
 constexpr UINT BetweenLooksAtEnd = 50;
+constexpr UINT AtOnce = 10;
 constexpr UINT BetweenRefreshes = 250;  // while something changes
-constexpr UINT BetweenStates = 2000;    // while the window is to be seen
-constexpr DWORD LongestEnd = 10'000;    // that an answer of the carrier is waited for
-
-enum Identifier { CheckOn = 100, ButtonAgain, ButtonDelete, List, Status };
-
-// In dialog units.
-constexpr int Margin = 6;
-constexpr int Gap = 4;
-constexpr int ButtonHeight = 14;
-constexpr int LeastWidth = 260;
-constexpr int LeastHeight = 120;
-constexpr int FirstWidth = 600;
-constexpr int FirstHeight = 220;
+constexpr UINT BetweenStates = 2000;
+constexpr DWORD LongestEnd = 10'000;  // that an answer of the carrier is waited for
 
 }  // namespace
 
 SenderWindow::SenderWindow(Sender& sender)
     : sender(sender),
       list(sender.TheSpool(), sender.Texts()),
-      callMessage(RegisterWindowMessageW(CallName)) {
-    sender.TheSpool().SetListener([this](const Text& id, std::optional<State> state) {
-        list.Changed(id, state);
-        if (window) SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
-    });
+      controls(list, sender.Texts()),
+      icon(sender, IconMessage),
+      actions(sender, list, window),
+      dialogs(sender, window),
+      callMessage(RegisterWindowMessageW(CallName)),
+      taskbarMessage(RegisterWindowMessageW(L"TaskbarCreated")) {
+    sender.TheSpool().SetListener(
+        [this](const Text& id, std::optional<State> state) { SpoolChanged(id, state); });
 }
 
 SenderWindow::~SenderWindow() {
@@ -52,17 +48,25 @@ bool SenderWindow::Open(bool minimised) {
     type.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     type.lpszClassName = ClassName;
     RegisterClassW(&type);
-    if (!CreateWindowExW(WS_EX_CONTROLPARENT, ClassName, L"Tellwick", WS_OVERLAPPEDWINDOW,
-                         CW_USEDEFAULT, CW_USEDEFAULT, font.Metrics().Horizontal(FirstWidth),
-                         font.Metrics().Vertical(FirstHeight), nullptr, nullptr, type.hInstance,
-                         this) ||
-        !CreateControls()) {
+    if (!CreateWindowExW(WS_EX_CONTROLPARENT, ClassName, L"Tellwick",
+                         WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                         CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, type.hInstance, this) ||
+        !controls.Create(window)) {
         return false;
     }
-    Arrange();
+    const SIZE size = controls.First();
+    SetWindowPos(window, nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    icon.Add(window);
+    SetTimer(window, StateTimer, BetweenStates, nullptr);
+    if (!minimised) {
+        ShowWindow(window, SW_SHOWDEFAULT);
+    } else if (!icon.Shown()) {
+        ShowWindow(window, SW_SHOWMINNOACTIVE);
+    }
     ShowState();
+    // The window shows itself before a spool of many thousand SMS is read.
     SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
-    ShowWindow(window, minimised ? SW_SHOWMINNOACTIVE : SW_SHOWDEFAULT);
     sender.Publish(window);
     return true;
 }
@@ -98,6 +102,11 @@ LRESULT CALLBACK SenderWindow::Procedure(HWND window, UINT message, WPARAM first
 
 LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     if (message == callMessage) return Called(first != 0);
+    if (message == taskbarMessage) {
+        // A new one, which knows of no icon.
+        icon.Add(window);
+        return 0;
+    }
     switch (message) {
         case WM_KEYUP: {
             // One look serves all who have signalled so far.
@@ -110,6 +119,9 @@ LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_DEVICECHANGE:
             if (!closing) sender.DevicesChanged();
             return TRUE;
+        case IconMessage:
+            IconEvent(second);
+            return 0;
         case WM_CLOSE:
             Close();
             return 0;
@@ -117,34 +129,45 @@ LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
             return Tick(first);
         case WM_COMMAND:
             if (HIWORD(first) == BN_CLICKED) Command(LOWORD(first));
+            if (HIWORD(first) == EN_CHANGE && LOWORD(first) == SenderControls::TextSearch) Search();
             return 0;
         case WM_NOTIFY:
             return Notified(*reinterpret_cast<NMHDR*>(second));
+        case WM_ENDSESSION:
+            if (first) sender.Publish(nullptr);
+            return 0;
+        case WM_DESTROY:
+            icon.Remove();
+            sender.Publish(nullptr);
+            PostQuitMessage(0);
+            return 0;
+        default:
+            return HandleFrame(message, first, second);
+    }
+}
+
+LRESULT SenderWindow::HandleFrame(UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
         case WM_SIZE:
-            if (first == SIZE_MINIMIZED) {
-                KillTimer(window, StateTimer);
-            } else {
-                Arrange();
-                ShowState();
-                SetTimer(window, StateTimer, BetweenStates, nullptr);
+            if (first != SIZE_MINIMIZED) {
+                controls.Arrange();
+            } else if (icon.Shown()) {
+                ShowWindow(window, SW_HIDE);
             }
             return 0;
         case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(second)->ptMinTrackSize = {
-                font.Metrics().Horizontal(LeastWidth), font.Metrics().Vertical(LeastHeight)};
+            controls.Limit(*reinterpret_cast<MINMAXINFO*>(second));
+            return 0;
+        case ResolutionChanged:
+            controls.ChangeResolution(HIWORD(first), *reinterpret_cast<const RECT*>(second));
             return 0;
         case WM_ACTIVATE:
             if (LOWORD(first) == WA_INACTIVE) lastFocus = GetFocus();
             return 0;
         case WM_SETFOCUS:
-            SetFocus(lastFocus && IsChild(window, lastFocus) ? lastFocus : listWindow);
-            return 0;
-        case WM_ENDSESSION:
-            if (first) sender.Publish(nullptr);
-            return 0;
-        case WM_DESTROY:
-            sender.Publish(nullptr);
-            PostQuitMessage(0);
+            SetFocus(lastFocus && IsChild(window, lastFocus) && IsWindowEnabled(lastFocus)
+                         ? lastFocus
+                         : controls.Window(SenderControls::List));
             return 0;
         default:
             return DefWindowProcW(window, message, first, second);
@@ -153,12 +176,36 @@ LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
 
 LRESULT SenderWindow::Called(bool show) {
     if (closing) return 0;
-    if (show) {
-        ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
-        SetForegroundWindow(window);
-    }
+    if (show) ShowUp();
     sender.Look();
     return Heard;
+}
+
+void SenderWindow::ShowUp() {
+    ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
+    SetForegroundWindow(GetLastActivePopup(window));
+    Refresh();
+}
+
+void SenderWindow::IconEvent(LPARAM second) {
+    if (closing) return;
+    switch (icon.WishOf(second)) {
+        case SenderIcon::Wish::Open:
+            ShowUp();
+            break;
+        case SenderIcon::Wish::Switch:
+            sender.SwitchOn(!sender.On());
+            ShowState();
+            break;
+        case SenderIcon::Wish::Settings:
+            OpenSettings();
+            break;
+        case SenderIcon::Wish::Exit:
+            Close();
+            break;
+        default:
+            break;
+    }
 }
 
 LRESULT SenderWindow::Tick(UINT_PTR timer) {
@@ -168,13 +215,14 @@ LRESULT SenderWindow::Tick(UINT_PTR timer) {
             break;
         case RefreshTimer:
             KillTimer(window, RefreshTimer);
-            if (!listLoaded) list.Load();
-            listLoaded = true;
-            list.Refresh();
-            ShowState();
+            Refresh();
             break;
         case StateTimer:
             ShowState();
+            LookAtPin();
+            break;
+        case SearchTimer:
+            SearchOn();
             break;
         default:
             break;
@@ -182,131 +230,153 @@ LRESULT SenderWindow::Tick(UINT_PTR timer) {
     return 0;
 }
 
-bool SenderWindow::TakesKey(MSG& message) {
-    if (message.message == WM_KEYDOWN && message.hwnd == listWindow) {
-        if (message.wParam == VK_DELETE) {
-            Delete();
+void SenderWindow::SpoolChanged(const Text& id, std::optional<State> state) {
+    list.Changed(id, state);
+    dialogs.SpoolChanged(id, state);
+    if (state == State::Failed) icon.Failed(id);
+    if (window) SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
+}
+
+void SenderWindow::Refresh() {
+    if (closing) return;
+    if (Seen()) {
+        if (!list.Loaded()) list.Load();
+        list.Refresh();
+        icon.Seen();
+    } else {
+        icon.ShowFailed();
+    }
+    ShowState();
+    LookAtPin();
+}
+
+bool SenderWindow::TakesListKey(WPARAM key) {
+    switch (key) {
+        case VK_DELETE:
+            actions.Delete();
             return true;
-        }
-        if (message.wParam == 'A' && GetKeyState(VK_CONTROL) < 0) {
+        case VK_RETURN:
+            actions.ShowDetails();
+            return true;
+        case 'A':
+            if (GetKeyState(VK_CONTROL) >= 0) return false;
             list.ChooseAll();
             return true;
+        default:
+            return false;
+    }
+}
+
+bool SenderWindow::TakesKey(MSG& message) {
+    if (message.message == WM_KEYDOWN && IsChild(window, message.hwnd)) {
+        const HWND search = controls.Window(SenderControls::TextSearch);
+        const HWND listWindow = controls.Window(SenderControls::List);
+        if (message.wParam == 'F' && GetKeyState(VK_CONTROL) < 0) {
+            windows::FocusControl(search);
+            return true;
         }
+        if (message.wParam == VK_F5) {
+            list.Load();
+            Search();
+            sender.Look();
+            return true;
+        }
+        if (message.hwnd == listWindow && TakesListKey(message.wParam)) return true;
+        if (message.hwnd == search && message.wParam == VK_ESCAPE) SetWindowTextW(search, L"");
+        if (message.hwnd == search && message.wParam == VK_RETURN) SetFocus(listWindow);
+        if (message.wParam == VK_RETURN && windows::IsPushButton(message.hwnd)) {
+            SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+        }
+        if (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) return true;
     }
     return IsDialogMessageW(window, &message);
 }
 
 LRESULT SenderWindow::Notified(NMHDR& notification) {
-    if (notification.idFrom != List) return 0;
+    if (notification.idFrom != SenderControls::List) return 0;
     if (notification.code == LVN_ITEMCHANGED || notification.code == LVN_ODSTATECHANGED) {
         ShowState();
     }
+    if (notification.code == NM_DBLCLK) actions.ShowDetails();
     return list.Answer(notification);
 }
 
 void SenderWindow::Command(int control) {
     switch (control) {
-        case CheckOn:
-            sender.SwitchOn(SendMessageW(checkOn, BM_GETCHECK, 0, 0) == BST_CHECKED);
+        case SenderControls::CheckOn: {
+            const HWND box = controls.Window(SenderControls::CheckOn);
+            sender.SwitchOn(SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED);
             ShowState();
             break;
-        case ButtonAgain:
-            SendAgain();
+        }
+        case SenderControls::ButtonAgain:
+            actions.SendAgain();
             break;
-        case ButtonDelete:
-            Delete();
+        case SenderControls::ButtonDelete:
+            actions.Delete();
+            break;
+        case SenderControls::ButtonSettings:
+            OpenSettings();
+            break;
+        case SenderControls::ButtonPin:
+            dialogs.OpenPin();
             break;
         default:
-            return;
+            break;
     }
-    // The button may have nothing left to do.
-    if (control != CheckOn) SetFocus(listWindow);
-}
-
-HWND SenderWindow::CreateControl(const wchar_t* className, TextView name, DWORD style,
-                                 int identifier) const {
-    const HWND control =
-        CreateWindowExW(0, className, windows::Wide(Words(name)), WS_CHILD | WS_VISIBLE | style, 0,
-                        0, 0, 0, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(identifier)),
-                        GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
-    return control;
-}
-
-// In the order of the Tab key.
-bool SenderWindow::CreateControls() {
-    checkOn = CreateControl(L"BUTTON", u"CheckOn", WS_TABSTOP | BS_AUTOCHECKBOX, CheckOn);
-    buttonAgain = CreateControl(L"BUTTON", u"ButtonAgain", WS_TABSTOP, ButtonAgain);
-    buttonDelete = CreateControl(L"BUTTON", u"ButtonDelete", WS_TABSTOP, ButtonDelete);
-    listWindow = list.Create(window, List, font);
-    status = CreateControl(L"STATIC", {}, SS_NOPREFIX | SS_ENDELLIPSIS, Status);
-    return listWindow && checkOn && buttonAgain && buttonDelete && status;
-}
-
-void SenderWindow::Arrange() {
-    if (!status) return;
-    RECT client;
-    GetClientRect(window, &client);
-    const windows::FontMetrics& metrics = font.Metrics();
-    const int margin = metrics.Horizontal(Margin);
-    const int gap = metrics.Horizontal(Gap);
-    const int height = metrics.Vertical(ButtonHeight);
-    const int width = int(client.right) - 2 * margin;
-    int left = margin;
-    for (const auto& [control, name] : {std::pair<HWND, TextView>{checkOn, u"CheckOn"},
-                                        {buttonAgain, u"ButtonAgain"},
-                                        {buttonDelete, u"ButtonDelete"}}) {
-        const int own = font.CaptionWidth(Words(name)) + (control == checkOn ? height : 0);
-        MoveWindow(control, left, margin, own, height, TRUE);
-        left += own + gap;
-    }
-    const int top = margin + height + gap;
-    const int bottom = int(client.bottom) - margin - metrics.lineHeight;
-    MoveWindow(listWindow, margin, top, width, std::max(0, bottom - gap - top), TRUE);
-    MoveWindow(status, margin, bottom, width, metrics.lineHeight, TRUE);
 }
 
 void SenderWindow::ShowState() {
-    if (!status || closing) return;
+    if (!controls.Made() || closing) return;
     const bool on = sender.On();
-    SendMessageW(checkOn, BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
-    const std::vector<SmsList::Row> chosen = list.Chosen();
-    const auto any = [&](auto... states) {
-        return std::any_of(chosen.begin(), chosen.end(),
-                           [&](const SmsList::Row& row) { return ((row.state == states) || ...); });
+    SendMessageW(controls.Window(SenderControls::CheckOn), BM_SETCHECK,
+                 on ? BST_CHECKED : BST_UNCHECKED, 0);
+    controls.Enable(SenderControls::ButtonAgain, actions.CanSendAgain());
+    controls.Enable(SenderControls::ButtonDelete, actions.CanDelete());
+    controls.ShowPinButton(sender.Pin().Asks());
+
+    const auto counted = [this](TextView name, std::size_t count) {
+        return ReplaceAll(Words(name), u"%d", NumberText(std::int64_t(count)));
     };
-    EnableWindow(buttonAgain, any(State::Failed, State::Unsure, State::Sent));
-    EnableWindow(buttonDelete, any(State::Failed, State::Unsure, State::Sent, State::Waiting));
-    const Text waiting = NumberText(std::int64_t(sender.TheSpool().Waiting()));
-    Text text = ReplaceAll(Words(u"CountWaiting"), u"%d", waiting) + u"  " +
-                (on ? InWords(sender.Away(), sender.Texts()) : Words(u"IsOff"));
-    if (text == shownStatus) return;
-    shownStatus = std::move(text);
-    SetWindowTextW(status, windows::Wide(shownStatus));
+    const std::size_t waiting = sender.TheSpool().Waiting();
+    Text why = sender.WhyNothingIsSent();
+    if (on && dialogs.PinCancelled()) why += u" " + Words(u"PinHeld");
+    const Text count = counted(u"CountWaiting", waiting);
+    const Text found = list.Searches() ? counted(u"CountFound", list.Count()) + u"  " : Text();
+    controls.SetStatus(found + count + u"  " + why);
+    controls.ShowProgress(on ? waiting : 0);
+    icon.ShowState(count, why);
 }
 
-bool SenderWindow::Asked(TextView name) const {
-    return MessageBoxW(window, windows::Wide(Words(name)), L"Tellwick",
-                       MB_YESNO | MB_ICONQUESTION) == IDYES;
+void SenderWindow::LookAtPin() {
+    if (closing) return;
+    const bool asks = sender.Pin().Asks();
+    if (Seen()) {
+        dialogs.Look();
+    } else if (asks && !toldPin) {
+        icon.ShowPinWanted();
+    }
+    toldPin = asks;
 }
 
-void SenderWindow::SendAgain() {
-    const std::vector<SmsList::Row> chosen = list.Chosen();
-    const bool unsure = std::any_of(chosen.begin(), chosen.end(), [](const SmsList::Row& row) {
-        return row.state == State::Unsure;
-    });
-    if (unsure && !Asked(u"AskAgain")) return;
-    // The oldest one goes first. One that has changed meanwhile is no longer what was chosen.
-    std::for_each(chosen.rbegin(), chosen.rend(), [this](const SmsList::Row& row) {
-        sender.TheSpool().SendAgain(row.state, row.id);
-    });
-    sender.Look();
+void SenderWindow::OpenSettings() {
+    ShowUp();
+    dialogs.OpenSettings();
 }
 
-void SenderWindow::Delete() {
-    const std::vector<SmsList::Row> chosen = list.Chosen();
-    if (chosen.empty() || !Asked(u"AskDelete")) return;
-    for (const SmsList::Row& row : chosen) sender.TheSpool().Delete(row.state, row.id);
+void SenderWindow::Search() {
+    list.Search(controls.SearchedFor());
+    if (list.Searches()) {
+        SetTimer(window, SearchTimer, AtOnce, nullptr);
+    } else {
+        KillTimer(window, SearchTimer);
+    }
+    ShowState();
+}
+
+void SenderWindow::SearchOn() {
+    if (!list.SearchMore()) KillTimer(window, SearchTimer);
+    ShowState();
 }
 
 // From here on the add-ins find nobody; what is with the carrier gets its answer first.
@@ -316,6 +386,8 @@ void SenderWindow::Close() {
     closingSince = GetTickCount();
     sender.Publish(nullptr);
     sender.Rest();
+    dialogs.Close();
+    icon.Remove();
     ShowWindow(window, SW_HIDE);
     SetTimer(window, EndTimer, BetweenLooksAtEnd, nullptr);
 }

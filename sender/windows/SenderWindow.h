@@ -1,11 +1,15 @@
-// The sender's main window, which is also where the add-ins send their messages.
+// The sender's main window, which is also where the add-ins send their messages. Minimised it is
+// only an icon in the notification area.
 #pragma once
 
 #include "windows/Com.h"
 
 #include "spool/SenderTexts.h"
-#include "windows/MessageFont.h"
 #include "windows/Sender.h"
+#include "windows/SenderControls.h"
+#include "windows/SenderDialogs.h"
+#include "windows/SenderIcon.h"
+#include "windows/SmsActions.h"
 #include "windows/SmsList.h"
 
 namespace tellwick::sender {
@@ -33,35 +37,41 @@ public:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
+    LRESULT HandleFrame(UINT message, WPARAM first, LPARAM second);
     LRESULT Called(bool show);
     LRESULT Tick(UINT_PTR timer);
     LRESULT Notified(NMHDR& notification);
+    void SpoolChanged(const Text& id, std::optional<State> state);
     void Command(int control);
+    bool TakesListKey(WPARAM key);
     void Close();
     void EndWhenAtRest();
 
-    bool CreateControls();
-    HWND CreateControl(const wchar_t* className, TextView name, DWORD style, int identifier) const;
-    void Arrange();
+    bool Seen() const { return IsWindowVisible(window) && !IsIconic(window); }
+    void ShowUp();
+    void IconEvent(LPARAM second);
+
+    void Refresh();
     void ShowState();
-    void SendAgain();
-    void Delete();
-    bool Asked(TextView name) const;
+    void LookAtPin();
+    void OpenSettings();
+    void Search();
+    void SearchOn();
     Text Words(TextView name) const { return SenderText(sender.Texts(), name); }
 
     Sender& sender;
-    windows::MessageFont font;
-    SmsList list;
     HWND window = nullptr;
-    HWND listWindow = nullptr;
-    HWND checkOn = nullptr;
-    HWND buttonAgain = nullptr;
-    HWND buttonDelete = nullptr;
-    HWND status = nullptr;
+    SmsList list;
+    SenderControls controls;
+    SenderIcon icon;
+    SmsActions actions;
+    SenderDialogs dialogs;
     HWND lastFocus = nullptr;  // while another window is active
-    bool listLoaded = false;
-    Text shownStatus;
+
+    bool toldPin = false;
+
     UINT callMessage;
+    UINT taskbarMessage;
     bool closing = false;
     DWORD closingSince = 0;
 };

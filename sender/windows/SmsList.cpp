@@ -25,6 +25,7 @@ constexpr std::array<ColumnLook, Columns> Looks{{{u"ColumnTime", 82},
 
 constexpr std::size_t MostRead = 200;
 constexpr std::size_t ShownOfText = 250;
+constexpr std::size_t MostOfDetails = 2000;
 
 TextView NameOf(State state) {
     switch (state) {
@@ -52,13 +53,13 @@ Text LocalTime(double time) {
     return windows::FromWide(date) + u" " + windows::FromWide(clock);
 }
 
-bool Before(const SmsList::Row& row, const Text& id) {
-    return row.id < id;
-}
-
 }  // namespace
 
-HWND SmsList::Create(HWND parent, int identifier, const windows::MessageFont& font) {
+Text InWords(State state, LanguageTexts& language) {
+    return SenderText(language, NameOf(state));
+}
+
+HWND SmsList::Create(HWND parent, int identifier) {
     list = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, nullptr,
                            WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS |
                                LVS_OWNERDATA | LVS_NOSORTHEADER,
@@ -67,74 +68,90 @@ HWND SmsList::Create(HWND parent, int identifier, const windows::MessageFont& fo
                            GetModuleHandleW(nullptr), nullptr);
     if (!list) return nullptr;
     ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_INFOTIP);
-    SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
     for (int number = 0; number < Columns; ++number) {
         Text caption = SenderText(language, Looks[std::size_t(number)].name);
         LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.mask = LVCF_TEXT | LVCF_FMT;
         column.fmt = number == Parts ? LVCFMT_RIGHT : LVCFMT_LEFT;
-        column.cx = font.Metrics().Horizontal(Looks[std::size_t(number)].width);
         column.pszText = reinterpret_cast<wchar_t*>(caption.data());
         SendMessageW(list, LVM_INSERTCOLUMNW, WPARAM(number), reinterpret_cast<LPARAM>(&column));
     }
     return list;
 }
 
-void SmsList::Load() {
-    rows.clear();
-    for (const State state :
-         {State::Waiting, State::Sending, State::Unsure, State::Sent, State::Failed}) {
-        for (Text& id : spool.Ids(state)) rows.push_back({std::move(id), state});
+void SmsList::SetFont(const windows::MessageFont& font) {
+    SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+    const int before = std::exchange(resolution, font.Resolution());
+    for (int number = 0; number < Columns; ++number) {
+        const ColumnLook& look = Looks[std::size_t(number)];
+        const int least = font.CaptionWidth(SenderText(language, look.name));
+        const int width = before ? MulDiv(ListView_GetColumnWidth(list, number), resolution, before)
+                                 : std::max(least, font.Metrics().Horizontal(look.width));
+        ListView_SetColumnWidth(list, number, width);
     }
-    std::sort(rows.begin(), rows.end(),
-              [](const Row& left, const Row& right) { return left.id < right.id; });
-    loaded = true;
+}
+
+// Of what is chosen, before rows move.
+void SmsList::Keep() {
+    if (stale) return;
+    chosen = Chosen();
+    stale = true;
+}
+
+void SmsList::Load() {
+    Keep();
+    read.clear();
+    rows.Load();
     Refresh();
 }
 
 void SmsList::Changed(const Text& id, std::optional<State> state) {
-    if (!loaded) return;
-    if (!stale) {
-        chosen.clear();
-        for (Row& row : Chosen()) chosen.push_back(std::move(row.id));
-        stale = true;
-    }
+    if (!rows.Loaded()) return;
+    Keep();
     read.erase(id);
-    const auto place = std::lower_bound(rows.begin(), rows.end(), id, Before);
-    const bool known = place != rows.end() && place->id == id;
-    if (!state) {
-        if (known) rows.erase(place);
-    } else if (known) {
-        place->state = *state;
-    } else {
-        rows.insert(place, {id, *state});
+    rows.Changed(id, state);
+}
+
+void SmsList::Search(TextView text) {
+    Keep();
+    rows.Search(text);
+    Refresh();
+}
+
+bool SmsList::SearchMore() {
+    constexpr std::size_t AtOnce = 25;
+    constexpr DWORD Slice = 20;  // milliseconds
+    Keep();
+    bool left = true;
+    for (const DWORD start = GetTickCount(); left && GetTickCount() - start < Slice;) {
+        left = rows.SearchMore(AtOnce);
     }
+    Refresh();
+    return left;
 }
 
 void SmsList::Refresh() {
-    ListView_SetItemCountEx(list, int(rows.size()), LVSICF_NOSCROLL);
+    ListView_SetItemCountEx(list, int(rows.Count()), LVSICF_NOSCROLL);
     InvalidateRect(list, nullptr, FALSE);
     if (!std::exchange(stale, false)) return;
     ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
-    for (const Text& id : chosen) {
-        const auto place = std::lower_bound(rows.begin(), rows.end(), id, Before);
-        if (place == rows.end() || place->id != id) continue;
-        const std::size_t number = Place(std::size_t(place - rows.begin()));
-        ListView_SetItemState(list, int(number), LVIS_SELECTED, LVIS_SELECTED);
+    for (const Row& row : std::exchange(chosen, {})) {
+        const std::optional<std::size_t> number = rows.Find(row.id);
+        if (number) ListView_SetItemState(list, int(*number), LVIS_SELECTED, LVIS_SELECTED);
     }
 }
 
 std::vector<SmsList::Row> SmsList::Chosen() const {
     std::vector<Row> result;
     if (stale) {
-        for (const Text& id : chosen) {
-            const auto place = std::lower_bound(rows.begin(), rows.end(), id, Before);
-            if (place != rows.end() && place->id == id) result.push_back(*place);
+        for (const Row& row : chosen) {
+            const std::optional<std::size_t> number = rows.Find(row.id);
+            if (number) result.push_back(rows.At(*number));
         }
         return result;
     }
     for (int item = -1; (item = ListView_GetNextItem(list, item, LVNI_SELECTED)) >= 0;) {
-        if (std::size_t(item) < rows.size()) result.push_back(rows[Place(std::size_t(item))]);
+        if (std::size_t(item) < rows.Count()) result.push_back(rows.At(std::size_t(item)));
     }
     return result;
 }
@@ -147,7 +164,7 @@ const SpooledSms& SmsList::Read(const Row& row) {
 }
 
 Text SmsList::Cell(const Row& row, int column) {
-    if (column == Condition) return SenderText(language, NameOf(row.state));
+    if (column == Condition) return InWords(row.state, language);
     const SpooledSms& sms = Read(row);
     switch (column) {
         case Time:
@@ -163,12 +180,25 @@ Text SmsList::Cell(const Row& row, int column) {
     }
 }
 
+Text SmsList::Details(const Row& row) {
+    const std::optional<SpooledSms> sms = spool.Load(row.state, row.id);
+    if (!sms) return {};
+    Text details;
+    for (const Column column : {Time, Recipient, Parts, Condition, Why}) {
+        const Text value = Cell(row, column);
+        if (value.empty()) continue;
+        details.append(SenderText(language, Looks[column].name)).append(u": ");
+        details.append(value).append(u"\n");
+    }
+    return details.append(u"\n").append(TextView(sms->text).substr(0, MostOfDetails));
+}
+
 LRESULT SmsList::Answer(NMHDR& notification) {
     if (notification.code != LVN_GETDISPINFOW) return 0;
     LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(notification).item;
     const auto number = std::size_t(item.iItem);
-    if (!(item.mask & LVIF_TEXT) || number >= rows.size()) return 0;
-    shown = Cell(rows[Place(number)], item.iSubItem);
+    if (!(item.mask & LVIF_TEXT) || number >= rows.Count()) return 0;
+    shown = Cell(rows.At(number), item.iSubItem);
     item.pszText = reinterpret_cast<wchar_t*>(shown.data());
     return 0;
 }

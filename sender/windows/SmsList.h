@@ -9,47 +9,60 @@
 #include <optional>
 #include <vector>
 
+#include "forms/SmsRows.h"
 #include "settings/LanguageTexts.h"
-#include "spool/Spool.h"
 #include "windows/MessageFont.h"
 
 namespace tellwick::sender {
 
+// In the user's language.
+Text InWords(State state, LanguageTexts& language);
+
 class SmsList {
 public:
-    struct Row {
-        Text id;
-        State state = State::Waiting;
-    };
+    using Row = SmsRows::Row;
 
-    SmsList(Spool& spool, LanguageTexts& language) : spool(spool), language(language) {}
+    SmsList(Spool& spool, LanguageTexts& language)
+        : spool(spool), language(language), rows(spool) {}
 
-    HWND Create(HWND parent, int identifier, const windows::MessageFont& font);
+    HWND Create(HWND parent, int identifier);
+    // Also for a new resolution: columns keep what the user made of their widths.
+    void SetFont(const windows::MessageFont& font);
 
-    // Reads what is in the spool. Of each change behind that it has to hear.
+    // Reads what is in the spool.
     void Load();
+    bool Loaded() const { return rows.Loaded(); }
+    // Has to hear of each change behind that.
     void Changed(const Text& id, std::optional<State> state);
     // Shows what has changed; the chosen rows stay chosen.
     void Refresh();
 
+    // Shows those that have the text; all for an empty one.
+    void Search(TextView text);
+    // Looks at some more of them. Whether some are left.
+    bool SearchMore();
+    bool Searches() const { return rows.Searches(); }
+    std::size_t Count() const { return rows.Count(); }
+
     std::vector<Row> Chosen() const;
     void ChooseAll() const { ListView_SetItemState(list, -1, LVIS_SELECTED, LVIS_SELECTED); }
+    // All that is known of an SMS, to be read; empty when it is gone.
+    Text Details(const Row& row);
     // What the control asks its window.
     LRESULT Answer(NMHDR& notification);
 
 private:
-    // Rows stand in the order of their ids, the list in the other one.
-    std::size_t Place(std::size_t shown) const { return rows.size() - 1 - shown; }
     Text Cell(const Row& row, int column);
     const SpooledSms& Read(const Row& row);
+    void Keep();
 
     Spool& spool;
     LanguageTexts& language;
     HWND list = nullptr;
-    bool loaded = false;
+    int resolution = 0;
+    SmsRows rows;
     bool stale = false;
-    std::vector<Row> rows;
-    std::vector<Text> chosen;         // ids, while stale
+    std::vector<Row> chosen;          // while stale
     std::map<Text, SpooledSms> read;  // some of them
     Text shown;                       // what the control was given last
 };

@@ -64,6 +64,15 @@ int Run(bool minimised) {
 
 }  // namespace
 
+HMODULE windows::Library() {
+    return GetModuleHandleW(nullptr);
+}
+
+windows::IconHandle windows::LoadLibraryIcon(int resource, int size) {
+    return IconHandle(static_cast<HICON>(
+        LoadImageW(Library(), MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, 0)));
+}
+
 void windows::ReportException() noexcept {
     if (running) running->ReportException();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Keys.h"
+#include "windows/FormRows.h"
 
 namespace tellwick::windows {
 
@@ -11,94 +12,10 @@ namespace {
 constexpr WPARAM MostDigits = 5;
 
 // Dialog units.
-constexpr int Margin = 7;
 constexpr int LeastInner = 240;  // the width within the frames
 constexpr int LeastFont = 100;   // the width of the fonts' drop-down
 constexpr int NumberWidth = 30;
 constexpr int LeastPrefixes = 45;  // the width of the country codes' field
-constexpr int ListHeight = 120;    // of an open drop-down with its field
-
-// Lays controls out from top to bottom, frame by frame. Without a placement it only counts the
-// height.
-class Rows {
-public:
-    const int frameLeft;
-    const int left;  // within the frames
-    const int right;
-    const int frameRight;
-    const int rowHeight;
-
-    // `boxHeight` is that of a closed drop-down.
-    Rows(const MessageFont& font, int boxHeight, int innerWidth, Placement* placement)
-        : frameLeft(font.Metrics().Horizontal(Margin)),
-          left(2 * frameLeft),
-          right(left + innerWidth),
-          frameRight(right + frameLeft),
-          rowHeight(std::max(font.Metrics().Vertical(14), boxHeight)),
-          font(font),
-          boxHeight(boxHeight),
-          placement(placement) {
-        Drop(Margin);
-    }
-
-    // Moves on by dialog units.
-    void Drop(int dialogUnits) { y += font.Metrics().Vertical(dialogUnits); }
-    int Y() const { return y; }
-
-    void Begin() {
-        frameTop = y;
-        Drop(11);
-    }
-    void End(const WindowControl& frame) {
-        Drop(3);
-        Put(frame, frameLeft, frameRight, frameTop, y - frameTop);
-        Drop(5);
-    }
-
-    void Line(const WindowControl& box) {
-        Put(box, left, right, y, font.Metrics().Vertical(12));
-        Drop(14);
-    }
-    void Wrapped(const WindowControl& label) {
-        const int height = font.Measure(label.Caption(), right - left).cy;
-        Put(label, left, right, y, height);
-        y += height;
-        Drop(4);
-    }
-
-    // Parts of one row, level with each other.
-    void Button(const WindowControl& button, int from, int to) const {
-        Put(button, from, to, y, rowHeight);
-    }
-    void Label(const WindowControl& label, int from, int to) const {
-        Middle(label, from, to, font.Metrics().lineHeight);
-    }
-    void Field(const WindowControl& field, int from, int to) const {
-        // The text stands one pixel below the edge.
-        Middle(field, from, to, font.Metrics().lineHeight + 2 * (GetSystemMetrics(SM_CYEDGE) + 1));
-    }
-    void DropDown(const WindowControl& box, int from, int to) const {
-        Put(box, from, to, y + (rowHeight - boxHeight) / 2, font.Metrics().Vertical(ListHeight));
-    }
-    void EndRow() {
-        y += rowHeight;
-        Drop(3);
-    }
-
-private:
-    void Middle(const WindowControl& control, int from, int to, int height) const {
-        Put(control, from, to, y + (rowHeight - height) / 2, height);
-    }
-    void Put(const WindowControl& control, int from, int to, int top, int height) const {
-        if (placement) placement->Move(control, from, top, to - from, height);
-    }
-
-    const MessageFont& font;
-    const int boxHeight;
-    Placement* const placement;
-    int y = 0;
-    int frameTop = 0;
-};
 
 }  // namespace
 
@@ -178,8 +95,7 @@ int FormOptionsWindow::InnerWidth() const {
 
 // The height that all controls take.
 int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
-    const int itemHeight = int(SendMessageW(boxFont.Window(), CB_GETITEMHEIGHT, WPARAM(-1), 0));
-    Rows rows(Font(), itemHeight + 2 * GetSystemMetrics(SM_CYFIXEDFRAME), innerWidth, placement);
+    FormRows rows(Font(), boxFont, innerWidth, placement);
     const FontMetrics& metrics = Font().Metrics();
     const int gap = metrics.Horizontal(4);
     const int fields = rows.left + LabelWidth();
@@ -231,17 +147,12 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.End(frameMisc);
 
     rows.Drop(2);
-    const int width = std::max({metrics.Horizontal(50), Font().CaptionWidth(buttonOK.Caption()),
-                                Font().CaptionWidth(buttonCancel.Caption())});
-    const int cancelLeft = rows.frameRight - width;
-    rows.Button(buttonOK, cancelLeft - gap - width, cancelLeft - gap);
-    rows.Button(buttonCancel, cancelLeft, rows.frameRight);
-    return rows.Y() + rows.rowHeight + metrics.Vertical(Margin);
+    return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
 }
 
 SIZE FormOptionsWindow::LeastClient() const {
     const int width = InnerWidth();
-    return {width + Font().Metrics().Horizontal(4 * Margin), Arrange(width, nullptr)};
+    return {width + Font().Metrics().Horizontal(4 * FormRows::Margin), Arrange(width, nullptr)};
 }
 
 void FormOptionsWindow::OnSize() {
@@ -249,7 +160,7 @@ void FormOptionsWindow::OnSize() {
     RECT client;
     GetClientRect(FormWindow::Window(), &client);
     Placement placement;
-    Arrange(client.right - Font().Metrics().Horizontal(4 * Margin), &placement);
+    Arrange(client.right - Font().Metrics().Horizontal(4 * FormRows::Margin), &placement);
 }
 
 bool FormOptionsWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {

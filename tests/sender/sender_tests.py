@@ -122,9 +122,9 @@ class ThroughGateway(SenderTest):
 
 
 class ThroughModem(SenderTest):
-    def begin_with_modem(self, *faults):
+    def begin_with_modem(self, *faults, pin='1234'):
         windows = self.begin({'Settings': {'ComPort': 'COM5', 'Baudrate': 115200},
-                              'Sender': {'Pin': 1234}})
+                              'Sender': {'Pin': pin}})
         self.modem = Modem(windows)
         self.addCleanup(self.modem.close)
         for fault in faults:
@@ -143,6 +143,38 @@ class ThroughModem(SenderTest):
         wanted = [(to, text) for to in ('01711234', '+491725') for text in TEXTS]
         self.assertEqual(self.texts(), sorted(wanted))
         self.assertEqual(self.modem.lines('PIN'), ['1234'])
+
+    def test_the_user_enters_the_pin_and_a_wrong_one_is_tried_once(self):
+        windows = self.begin_with_modem('pin 1234', pin='')
+        windows.submit(('0171', 'eins'))
+        windows.end()
+        windows.start()
+        for pin in ('9999', '1234'):
+            time.sleep(6)
+            windows.press(*pin, 'Return')
+            self.assertTrue(wait_until(lambda pin=pin: self.modem.lines('PIN')[-1:] == [pin], 10))
+        self.sent(1)
+        self.assertEqual(self.modem.lines('PIN'), ['9999', '1234'])
+        # Kept, and not as it was typed.
+        self.assertTrue(wait_until(lambda: 'PinEncrypted=' in windows.settings()))
+        self.assertNotIn('1234', windows.settings())
+
+    def test_changed_settings_are_used_at_once_by_the_test_sms(self):
+        windows = self.begin_with_modem()
+        windows.end()
+        windows.start()
+        time.sleep(1)
+        windows.press('alt+t', 'alt+r', 'alt+n', *'0171', 'alt+t')
+        self.sent(1)
+        self.assertEqual(self.texts(), [('0171', 'This is a test SMS from Tellwick.')])
+        self.assertIn('StatusReport=1', windows.settings())
+        # The bit of its unit that asks for a report.
+        self.assertTrue(int(self.modem.lines('SUBMIT')[0][2:4], 16) & 0x20)
+        # What cannot be used is complained of, and stays.
+        windows.press('Escape', 'alt+t', 'alt+c', 'Tab', 'x', 'Return', 'Return')
+        self.assertNotIn('ServiceCenter=x', windows.settings())
+        windows.press('BackSpace', *'0172123', 'Return')
+        self.assertTrue(wait_until(lambda: 'ServiceCenter=0172123' in windows.settings(), 5))
 
     def test_unplugged_at_any_moment_it_goes_on_with_what_did_not_leave(self):
         windows = self.begin_with_modem('fail 38')

@@ -38,6 +38,12 @@ std::set<Text> TextsLookedUp() {
     return names;
 }
 
+std::set<Text> TextsOfTheSender() {
+    std::set<Text> names;
+    for (const auto& text : sender::SenderTexts()) names.insert(Name(u"Sender", text.name));
+    return names;
+}
+
 // What a language's readers have on their Windows, and what its texts hold beside ASCII: a file in
 // another encoding decodes into other characters.
 struct ShippedLanguage {
@@ -137,7 +143,8 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
     for (const auto& entry : std::filesystem::directory_iterator(SOURCE_FOLDER "/lang")) {
         shipped.insert(entry.path().filename().u16string());
     }
-    const std::set<Text> wanted = TextsLookedUp();
+    std::set<Text> wanted = TextsLookedUp();
+    wanted.merge(TextsOfTheSender());
     for (const ShippedFile& file : ShippedFiles()) {
         CAPTURE(Text(file.language.file));
         CHECK(shipped.erase(Text(file.language.file)) == 1);
@@ -146,27 +153,10 @@ TEST_CASE("every language file has the texts that are looked up, once each, and 
             CHECK(file.texts.contains(name));
         }
         CHECK(file.texts.at(u"Misc/CodePage") == NumberText(file.language.codePage));
-        // A language has all of the sender's texts, or none.
-        std::size_t ofSender = 0;
-        for (const sender::SenderTextEntry& builtIn : sender::SenderTexts()) {
-            const auto found = file.texts.find(Name(u"Sender", builtIn.name));
-            if (found == file.texts.end()) continue;
-            ++ofSender;
-            CAPTURE(found->second);
-            CHECK(Placeholders(found->second) == Placeholders(builtIn.text));
-            CHECK((file.Mnemonic(found->second) != 0) == Contains(builtIn.text, u"&"));
-        }
-        CHECK((ofSender == 0 || ofSender == sender::SenderTexts().size()));
-        std::size_t others = 0;
         for (const auto& text : file.texts) {
             CAPTURE(text.first);
-            if (StartsWith(text.first, u"Sender/")) {
-                ++others;
-            } else {
-                CHECK(wanted.contains(text.first));
-            }
+            CHECK(wanted.contains(text.first));
         }
-        CHECK(others == ofSender);
         CHECK(file.bytes.starts_with("["));
         CHECK(file.bytes.ends_with("\r\n"));
         std::size_t loose = 0;
@@ -212,6 +202,33 @@ TEST_CASE("the texts of every language file fit their places") {
                 CHECK(file.Mnemonic(file.texts[first]) == mnemonic);
             } else {
                 CHECK(mnemonics.insert(Name(builtIn.section, {&mnemonic, 1})).second);
+            }
+        }
+    }
+}
+
+TEST_CASE("the sender's texts fit their places in every language, one access key for one control") {
+    using Entry = sender::SenderTextEntry;
+    for (ShippedFile& file : ShippedFiles()) {
+        CAPTURE(Text(file.language.file));
+        std::set<std::pair<Entry::Place, char16_t>> mnemonics;
+        for (const Entry& builtIn : sender::SenderTexts()) {
+            const Text text = file.texts[Name(u"Sender", builtIn.name)];
+            CAPTURE(text);
+            CHECK(!text.empty());
+            CHECK(std::all_of(text.begin(), text.end(),
+                              [&](char16_t character) { return file.Knows(character); }));
+            CHECK(Placeholders(text) == Placeholders(builtIn.text));
+            CHECK(file.SignsHold(text));
+            if (file.language.file == u"English.lng") CHECK(text == builtIn.text);
+            const char16_t mnemonic = file.Mnemonic(text);
+            CHECK((mnemonic != 0) == (builtIn.place != Entry::Said));
+            if (mnemonic == 0) continue;
+            CHECK(mnemonics.emplace(builtIn.place, mnemonic).second);
+            if (builtIn.place == Entry::Settings) {
+                for (const auto page : {Entry::ModemSettings, Entry::GatewaySettings}) {
+                    CHECK(mnemonics.emplace(page, mnemonic).second);
+                }
             }
         }
     }

@@ -4,7 +4,9 @@
 #include <algorithm>
 
 #include "carrier/Modem.h"
+#include "delivery/PinKeeper.h"
 #include "unit/SettingsModules.h"
+#include "unit/sender/MemorySecrets.h"
 
 using namespace tellwick;
 using namespace tellwick::sender;
@@ -250,4 +252,42 @@ TEST_CASE("a PIN is tried once; without SIM, PIN or network nothing is sent") {
     desk.Pass(30);
     CHECK(desk.modem.Away().name == reason::NeedsPuk);
     CHECK(std::count(desk.commands.begin(), desk.commands.end(), "AT+CPIN=\"2222\"") == 1);
+}
+
+TEST_CASE("a kept PIN is tried once and then in no store, until one was right") {
+    Desk desk;
+    test::MemorySecrets secrets;
+    Text& kept = secrets.kept[Text(secret::Pin)] = u"1111";
+    PinKeeper keeper(desk.modem, secrets, desk.platform.timers);
+    const auto tried = [&](std::string_view pin) {
+        const std::string command = "AT+CPIN=\"" + std::string(pin) + "\"";
+        return std::count(desk.commands.begin(), desk.commands.end(), command);
+    };
+    desk.answers["AT+CPIN?"] = "\r\n+CPIN: SIM PIN\r\n\r\nOK\r\n";
+    desk.answers["AT+CPIN=\"1111\""] = "\r\n+CME ERROR: 16\r\n";
+    // One that cannot be taken out would be tried again at the next start.
+    secrets.works = false;
+    keeper.Watch(true);
+    desk.Start();
+    desk.Pass(20);
+    CHECK(keeper.Asks());
+    CHECK(tried("1111") == 0);
+    secrets.works = true;
+    desk.Pass(60);
+    CHECK(tried("1111") == 1);
+    CHECK(kept.empty());
+    CHECK(keeper.Asks());
+    CHECK_FALSE(keeper.Enter(u"123"));
+    CHECK(keeper.Enter(u"2222"));
+    CHECK_FALSE(keeper.Asks());
+    // Pulled out before it was tried, it is tried when it comes back.
+    desk.modem.Unplugged();
+    desk.Pass(10);
+    desk.Start();
+    desk.answers["AT+CPIN?"] = "\r\n+CPIN: READY\r\n\r\nOK\r\n";
+    desk.Pass(20);
+    CHECK(tried("2222") == 1);
+    CHECK(kept == u"2222");
+    CHECK(desk.modem.Ready());
+    CHECK_FALSE(keeper.Asks());
 }
