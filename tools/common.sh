@@ -37,6 +37,15 @@ buildPresets() {
     done
 }
 
+# distIsDue VERSION: whether build/dist does not hold what the built libraries and the other sources
+# make.
+distIsDue() {
+    local setup=$build/dist/TellwickForOutlook-$1.exe
+    [ ! -f "$setup" ] ||
+        [ -n "$(find "$build"/win{32,64}/bin/TellwickOutlookAddIn.dll \
+            "$root"/{packaging,lang,manual} "$tools/dist" -newer "$setup")" ]
+}
+
 # useDisplay 32|64: from here on, where `tools/with-display --each` made two.
 useDisplay() {
     [ "$1" = 32 ] && [ -n "${TELLWICK_DISPLAY32:-}" ] || return 0

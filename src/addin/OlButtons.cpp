@@ -17,7 +17,7 @@ constexpr std::int32_t StyleIconAndCaption = 3;
 constexpr std::int32_t MaskOffset = 100;       // a face's mask is the bitmap 100 behind it
 constexpr std::int32_t FirstWithPicture = 11;  // Outlook 2003 takes Picture and Mask
 constexpr std::int32_t FirstToKeepClipboard = 12;
-constexpr int MostPastes = 5;
+constexpr int MostPastes = 10;
 constexpr std::uint32_t PastePause = 20;  // milliseconds
 constexpr TextView ControlTag = u"101";
 

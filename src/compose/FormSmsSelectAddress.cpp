@@ -21,9 +21,9 @@ constexpr TextView Places = u"Positions";
 constexpr std::array<TextView, FormSmsSelectAddress::Columns> ColumnKeys{
     u"ColumnName", u"ColumnNumber", u"ColumnKind", u"ColumnFolder"};
 constexpr std::array<std::int32_t, FormSmsSelectAddress::Columns> UsualWidths{160, 100, 80, 155};
-constexpr std::array<TextView, std::size_t(NumberKind::List) + 1> KindKeys{
-    u"KindMobile", u"KindHome",  u"KindHome2",   u"KindBusiness", u"KindBusiness2",
-    u"KindCar",    u"KindOther", u"KindPrimary", u"KindList"};
+constexpr std::array<TextView, KindCount> KindKeys{u"KindMobile",   u"KindHome",      u"KindHome2",
+                                                   u"KindBusiness", u"KindBusiness2", u"KindCar",
+                                                   u"KindOther",    u"KindPrimary",   u"KindList"};
 constexpr std::int32_t WidestColumn = 4000;
 
 // Milliseconds.

@@ -61,6 +61,16 @@ TextView AddressList::EntryName(std::size_t index) const {
     return At(entry.byFileAs ? row.fileAs : row.name);
 }
 
+void AddressList::FetchAhead(std::size_t index) const {
+    constexpr std::size_t RowAhead = 16;
+    constexpr std::size_t TextAhead = 8;
+    if (index + RowAhead >= entries.size()) return;
+    __builtin_prefetch(&rows[entries[index + RowAhead].row]);
+    const StoredRow& row = rows[entries[index + TextAhead].row];
+    __builtin_prefetch(&texts[row.name.at]);
+    __builtin_prefetch(&texts[row.number.at]);
+}
+
 Text AddressList::EntryText(std::size_t index) const {
     return Text(EntryName(index))
         .append(Separator)

@@ -23,6 +23,7 @@ enum class NumberKind : std::uint8_t {
     Primary,
     List,  // of a distribution list: its members' numbers, separated by ";"
 };
+inline constexpr std::size_t KindCount = std::size_t(NumberKind::List) + 1;
 
 // One number of a person.
 struct AddressRow {
@@ -40,6 +41,8 @@ public:
     // Rows and entries are numbered from 0. A row has one entry "Name  (number)", and another one
     // with the name by which the contact is filed, if that differs.
     struct Entry {
+        static constexpr std::uint32_t MostRow = 0x7FFFFFFF;
+        Entry(std::uint32_t row, bool byFileAs) : row(row & MostRow), byFileAs(byFileAs) {}
         std::uint32_t row : 31;
         std::uint32_t byFileAs : 1;
     };
@@ -52,6 +55,9 @@ public:
     // "Name  (number)" of the entry at an index below Size().
     Text EntryText(std::size_t index) const;
     TextView EntryName(std::size_t index) const;
+    // For who goes through all entries: has the memory of those soon to come fetched. Their texts
+    // lie in the order in which they were read.
+    void FetchAhead(std::size_t index) const;
 
     // The first row whose number is the same to dial, with or without its prefix.
     std::optional<std::size_t> RowOfNumber(TextView number) const;

@@ -1,45 +1,12 @@
 #include "recipients/AddressListBuilder.h"
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 #include <utility>
 
-#include "platform/Locale.h"
 #include "recipients/AddressBuckets.h"
-#include "recipients/RunningHash.h"
 
 namespace tellwick {
-
-namespace {
-
-std::uint64_t HashOf(TextView text) {
-    const std::uint64_t hash = HashOfUnits(text);
-    return hash ^ hash >> 32;
-}
-
-}  // namespace
-
-void HashNumbers::Reserve(std::size_t wanted) {
-    const std::size_t size = std::bit_ceil(2 * wanted + 2);
-    if (size <= places.size()) return;
-    std::vector<Place> before(size);
-    before.swap(places);
-    count = 0;
-    std::ranges::sort(before, {}, &Place::number);
-    for (const Place& place : before) {
-        if (place.number != 0) NumberOf(place.hash);
-    }
-}
-
-std::uint32_t HashNumbers::NumberOf(std::uint64_t hash) {
-    if (2 * std::size_t(count) >= places.size()) Reserve(2 * std::size_t(count) + 64);
-    for (std::size_t at = hash;; ++at) {
-        Place& place = places[at & (places.size() - 1)];
-        if (place.number == 0) place = {hash, ++count};
-        if (place.hash == hash) return place.number - 1;
-    }
-}
 
 AddressList::Span AddressListBuilder::Store(TextView text) {
     constexpr std::size_t Longest = std::numeric_limits<std::uint16_t>::max();
@@ -88,53 +55,21 @@ void AddressListBuilder::Add(const AddressRow& row) {
 }
 
 void AddressListBuilder::AddEntry(std::uint32_t row, bool byFileAs) {
-    list.entries.push_back({row, byFileAs});
+    list.entries.emplace_back(row, byFileAs);
     step = Step::Index;
-}
-
-bool AddressListBuilder::Before(const Sortable& left, const Sortable& right) const {
-    if (left.keyStart != right.keyStart) return left.keyStart < right.keyStart;
-    if (left.name != right.name) {
-        if (const int order = Key(left.name).compare(Key(right.name))) return order < 0;
-    }
-    if (list.rows[left.entry.row].kind != list.rows[right.entry.row].kind)
-        return list.rows[left.entry.row].kind < list.rows[right.entry.row].kind;
-    return left.entry.row < right.entry.row;
-}
-
-std::string_view AddressListBuilder::Key(std::uint32_t name) const {
-    return {keys.data() + keyStarts[name], keyStarts[name + 1] - keyStarts[name]};
-}
-
-// A name comes with each of a person's numbers, and people share names.
-AddressListBuilder::Sortable AddressListBuilder::ToSort(AddressList::Entry entry) {
-    const AddressList::StoredRow& row = list.rows[entry.row];
-    const TextView text = list.At(entry.byFileAs ? row.fileAs : row.name);
-    Sortable sortable{{}, names.NumberOf(HashOf(text)), entry};
-    if (sortable.name + 1 == keyStarts.size()) {
-        locale.AppendSortKey(text, keys);
-        keyStarts.push_back(std::uint32_t(keys.size()));
-    }
-    const std::string_view key = Key(sortable.name);
-    std::size_t at = 0;
-    for (std::uint64_t& part : sortable.keyStart) {
-        for (const std::size_t stop = at + sizeof part; at < stop; ++at)
-            part = part << 8 | (at < key.size() ? std::uint8_t(key[at]) : 0);
-    }
-    return sortable;
 }
 
 bool AddressListBuilder::DoSome(std::size_t most) {
     constexpr std::size_t Quick = 16;  // so much faster than the other steps
     switch (step) {
-        case Step::Keys:
-            MakeKeys(most);
+        case Step::Names:
+            NumberNames(most);
             return true;
         case Step::Sort:
-            SortRun(most);
+            if (!names.DoSome(most)) CountPlaces();
             return true;
-        case Step::Merge:
-            Merge(most);
+        case Step::Place:
+            PlaceEntries(Quick * most);
             return true;
         case Step::Index:
             Index(most);
@@ -162,67 +97,56 @@ bool AddressListBuilder::DoSome(std::size_t most) {
     return false;
 }
 
-void AddressListBuilder::MakeKeys(std::size_t most) {
+// A name comes with each of a person's numbers, and people share names.
+void AddressListBuilder::AddNamed(AddressList::Entry entry, TextView name) {
+    const std::uint32_t number = names.NumberOf(name);
+    if (number >= places.size()) places.push_back(0);
+    ++places[number];
+    named[std::size_t(list.rows[entry.row].kind)].push_back({entry, number});
+}
+
+void AddressListBuilder::NumberNames(std::size_t most) {
     if (next == 0) {
-        keyStarts.assign(1, 0);
         names.Reserve(2 * list.rows.size());
-        sorted.reserve(2 * list.rows.size());
+        places.reserve(2 * list.rows.size());
     }
     const std::size_t end = std::min(list.rows.size(), next + most);
     for (; next < end; ++next) {
         const auto row = std::uint32_t(next);
-        sorted.push_back(ToSort({row, false}));
-        if (list.rows[row].fileAs.length > 0) sorted.push_back(ToSort({row, true}));
+        const AddressList::StoredRow& stored = list.rows[row];
+        AddNamed({row, false}, list.At(stored.name));
+        if (stored.fileAs.length > 0) AddNamed({row, true}, list.At(stored.fileAs));
     }
     if (next < list.rows.size()) return;
     next = 0;
     step = Step::Sort;
 }
 
-void AddressListBuilder::SortRun(std::size_t most) {
-    // Sorting is faster than merging, as long as it stays short.
-    constexpr std::size_t Longer = 4;
-    const std::size_t end = std::min(sorted.size(), next + Longer * most);
-    std::sort(sorted.begin() + std::ptrdiff_t(next), sorted.begin() + std::ptrdiff_t(end),
-              [&](const auto& one, const auto& other) { return Before(one, other); });
-    if (end > next) runs.push_back(end);
-    next = end;
-    if (next == sorted.size()) step = Step::Merge;
+// Of how often each name comes, the places where those of each rank begin.
+void AddressListBuilder::CountPlaces() {
+    const std::vector<std::uint32_t>& ranks = names.Ranks();
+    std::vector<std::uint32_t> starts(places.size());
+    for (std::size_t name = 0; name < ranks.size(); ++name) starts[ranks[name]] += places[name];
+    std::uint32_t sum = 0;
+    for (std::uint32_t& start : starts) sum += std::exchange(start, sum);
+    places.swap(starts);
+    list.entries.assign(sum, AddressList::Entry(0, false));
+    step = Step::Place;
 }
 
-// Two runs at a time are merged behind what was merged before.
-void AddressListBuilder::Merge(std::size_t most) {
-    if (runs.size() <= 1) {
-        list.entries.reserve(sorted.size());
-        for (const Sortable& each : sorted) list.entries.push_back(each.entry);
-        std::vector<Sortable>().swap(sorted);
-        std::vector<Sortable>().swap(merged);
-        std::string().swap(keys);
-        std::vector<std::uint32_t>().swap(keyStarts);
-        names = {};
-        next = 0;
-        step = Step::Index;
-        return;
-    }
-    if (merged.empty()) merged.reserve(sorted.size());
-    for (std::size_t taken = 0; taken < most && run < runs.size(); ++taken) {
-        const std::size_t leftEnd = runs[run];
-        const std::size_t rightEnd = run + 1 < runs.size() ? runs[run + 1] : leftEnd;
-        if (left == right) right = leftEnd;  // a new pair
-        const bool takeLeft =
-            left < leftEnd && (right >= rightEnd || !Before(sorted[right], sorted[left]));
-        merged.push_back(sorted[takeLeft ? left++ : right++]);
-        if (left >= leftEnd && right >= rightEnd) {
-            mergedRuns.push_back(rightEnd);
-            left = right = rightEnd;
-            run += 2;
-        }
-    }
-    if (run < runs.size()) return;
-    sorted.swap(merged);
-    merged.clear();
-    runs = std::exchange(mergedRuns, {});
-    run = left = right = 0;
+// By name, then by kind of number, then as the rows stand.
+void AddressListBuilder::PlaceEntries(std::size_t most) {
+    std::vector<Named>& part = named[kind];
+    const std::size_t end = std::min(part.size(), next + most);
+    for (; next < end; ++next)
+        list.entries[places[names.Ranks()[part[next].name]]++] = part[next].entry;
+    if (next < part.size()) return;
+    next = 0;
+    std::vector<Named>().swap(part);
+    if (++kind < named.size()) return;
+    std::vector<std::uint32_t>().swap(places);
+    names.Clear();
+    step = Step::Index;
 }
 
 // The buckets of an entry's start and of its word ends.
@@ -236,6 +160,7 @@ void AddressListBuilder::Index(std::size_t most) {
     }
     const std::size_t stop = std::min(list.entries.size(), next + most);
     for (; next < stop; ++next) {
+        list.FetchAhead(next);
         folded.clear();
         for (const TextView part : {list.EntryName(next), AddressList::Separator,
                                     list.At(list.rows[list.entries[next].row].number)}) {

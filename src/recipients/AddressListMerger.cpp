@@ -138,18 +138,16 @@ void AddressListMerger::MergeEntries(std::size_t most) {
     const auto rowsBefore = std::uint32_t(list.rows.size() - small.rows.size());
     for (;; ++next) {
         for (; nextPlace < places.size() && places[nextPlace] == next; ++nextPlace) {
-            AddressList::Entry entry = small.entries[nextPlace];
-            entry.row += rowsBefore;
+            const AddressList::Entry entry = small.entries[nextPlace];
             smallNumbers.push_back(std::uint32_t(list.entries.size()));
-            list.entries.push_back(entry);
+            list.entries.emplace_back(rowsBefore + entry.row, entry.byFileAs != 0);
         }
         if (next == end) break;
-        AddressList::Entry entry = large.entries[next];
+        const AddressList::Entry entry = large.entries[next];
         const std::uint32_t row = rowNumbers[entry.row];
         largeNumbers.push_back(row == Gone ? Gone : std::uint32_t(list.entries.size()));
         if (row == Gone) continue;
-        entry.row = row;
-        list.entries.push_back(entry);
+        list.entries.emplace_back(row, entry.byFileAs != 0);
     }
     if (next < large.entries.size()) return;
     next = 0;

@@ -55,11 +55,14 @@ private:
 class Barren {
 public:
     static std::uint64_t KeyOf(TextView text) { return HashOfUnits(text.substr(0, Decided + 1)); }
-    bool Has(std::uint64_t key) const { return keys[key % keys.size()] == key; }
-    void Add(std::uint64_t key) { keys[key % keys.size()] = key; }
+    bool Has(std::uint64_t key) const { return keys[PlaceOf(key)] == key; }
+    void Add(std::uint64_t key) { keys[PlaceOf(key)] = key; }
 
 private:
-    std::array<std::uint64_t, 4093> keys{};
+    static constexpr std::size_t Places = 4093;  // a prime
+    static std::size_t PlaceOf(std::uint64_t key) { return std::size_t(key % Places); }
+
+    std::array<std::uint64_t, Places> keys{};
 };
 
 }  // namespace

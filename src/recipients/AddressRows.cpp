@@ -88,7 +88,7 @@ void AddressRows::Collect() {
 // There are few kinds and few folders.
 void AddressRows::SortByClass() {
     const AddressList& list = addresses.List();
-    std::vector<std::size_t> classes(std::size_t(NumberKind::List) + 1);  // where they stand
+    std::vector<std::size_t> classes(KindCount);  // where they stand
     if (order == Order::Folder) {
         std::vector<std::pair<std::string, std::size_t>> keys;
         for (std::size_t each = 0; each < addresses.Folders(); ++each)

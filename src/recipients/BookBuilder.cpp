@@ -17,7 +17,9 @@ BookBuilder::BookBuilder(Locale& locale, const AddressBook& bookBefore)
 }
 
 void BookBuilder::Reserve(std::uint64_t items) {
-    list.Reserve(items + items / 8);
+    // A store may say anything of how many it holds.
+    constexpr std::uint64_t Most = 500'000;
+    list.Reserve(std::size_t(std::min(items + items / 8, Most)));
 }
 
 std::optional<std::size_t> BookBuilder::FolderBefore(const Text& id) const {

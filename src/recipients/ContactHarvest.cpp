@@ -205,7 +205,7 @@ void ContactHarvest::EndRows() {
     }
     if (changes->CountLeft() != 0 || !toOpen.empty()) changedHere = true;
     // Opening most of many items would take longer than reading all of them.
-    if (toOpen.size() - moved > std::max<std::size_t>(MostOpened, doneHere / 2)) {
+    if (toOpen.size() - moved > std::max<std::uint64_t>(MostOpened, doneHere / 2)) {
         ReadFolder(false);
         return;
     }

@@ -29,7 +29,13 @@ const std::string& EscapedText::Written(char16_t unit) {
 }
 
 void EscapedText::Append(std::string& line, TextView text) {
-    for (const char16_t unit : text) {
+    const std::size_t before = line.size();
+    line.resize(before + text.size());
+    char* const bytes = line.data() + before;
+    std::size_t plain = 0;
+    for (; plain < text.size() && IsPlain(text[plain]); ++plain) bytes[plain] = char(text[plain]);
+    line.resize(before + plain);
+    for (const char16_t unit : text.substr(plain)) {
         if (IsPlain(unit)) {
             line += char(unit);
         } else {

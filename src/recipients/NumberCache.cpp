@@ -328,6 +328,7 @@ void NumberCacheWriter::AppendItem(std::size_t index) {
 }
 
 void NumberCacheWriter::AppendEntry(std::size_t index) {
+    book.list.FetchAhead(index);
     const AddressList::Entry entry = book.list.EntryAt(index);
     const AddressRow row = book.list.Row(entry.row);
     escaped.Append(numbers, book.list.EntryName(index));

@@ -16,18 +16,22 @@ void FormControls::Make(HWND newWindow, const std::vector<ControlPlan>& newPlan,
     font = &newFont;
     for (std::size_t index = 0; index < plan.size(); ++index) {
         const ControlPlan& part = plan[index];
-        // A label that is never seen goes with the control behind it.
-        const bool label = part.shown == ControlPlan::Never;
-        if (plan[index + label].shown == ControlPlan::Later) {
-            part.control->AttachLater([this, index] { MakeLater(index); });
-        } else {
+        if (part.shown == ControlPlan::Always) {
             MakeControl(part);
+            continue;
+        }
+        part.control->AttachLater([this, index] { MakeLater(index); });
+        if (part.label.control) {
+            part.label.control->AttachLater([control = part.control] { control->Need(); });
         }
     }
 }
 
 void FormControls::Detach() {
-    for (const ControlPlan& part : plan) part.control->Detach();
+    for (const ControlPlan& part : plan) {
+        if (part.label.control) part.label.control->Detach();
+        part.control->Detach();
+    }
     window = toolTips = nullptr;
 }
 
@@ -47,30 +51,43 @@ void FormControls::RelayMouse(const MSG& message) {
 }
 
 void FormControls::Visit(const std::function<void(TextView, Control&)>& visit) const {
-    for (const ControlPlan& part : plan) visit(part.name, *part.control);
+    for (const ControlPlan& part : plan) {
+        if (part.label.control) visit(part.label.name, *part.label.control);
+        visit(part.name, *part.control);
+    }
 }
 
 void FormControls::MakeControl(const ControlPlan& part) {
+    // A label in front of the first control of a group begins the group.
+    if (part.label.control) MakeWindow(*part.label.control, L"STATIC", part.style & WS_GROUP, 0);
     const DWORD visible = part.shown == ControlPlan::Always ? WS_VISIBLE : 0;
-    const HWND control = CreateWindowExW(part.extendedStyle, part.windowClass, nullptr,
-                                         WS_CHILD | visible | part.style, 0, 0, 0, 0, window,
-                                         nullptr, Library(), nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
-    part.control->Attach(control, toolTips);
+    MakeWindow(*part.control, part.windowClass, visible | part.style, part.extendedStyle);
 }
 
-// Its label comes first; both take the places in the tabulator key's order that they would have had
-// from the start.
+void FormControls::MakeWindow(WindowControl& control, const wchar_t* windowClass, DWORD style,
+                              DWORD extendedStyle) {
+    const HWND made = CreateWindowExW(extendedStyle, windowClass, nullptr, WS_CHILD | style, 0, 0,
+                                      0, 0, window, nullptr, Library(), nullptr);
+    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font->Get()), FALSE);
+    control.Attach(made, toolTips);
+}
+
+// Label and control take the places in the tabulator key's order that they would have had from the
+// start.
 void FormControls::MakeLater(std::size_t index) {
-    if (index > 0 && plan[index - 1].shown == ControlPlan::Never) plan[index - 1].control->Need();
     const VisualStyles styles;
-    MakeControl(plan[index]);
+    const ControlPlan& part = plan[index];
+    MakeControl(part);
     HWND before = HWND_TOP;
     for (std::size_t earlier = 0; earlier < index; ++earlier) {
         if (const HWND made = plan[earlier].control->Window()) before = made;
     }
-    SetWindowPos(plan[index].control->Window(), before, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    for (const WindowControl* control : {part.label.control, part.control}) {
+        if (!control) continue;
+        SetWindowPos(control->Window(), before, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        before = control->Window();
+    }
 }
 
 void FormControls::MakeToolTips() {

@@ -16,9 +16,14 @@ struct ControlPlan {
     const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle;
-    // One that is shown later has no window until it is needed. One that is never shown names the
-    // control behind it, and comes with it.
-    enum { Always, Later, Never } shown = Always;
+    // A label that nobody sees tells screen readers what the control is called. It is made right
+    // before its control, where they look for it.
+    struct HiddenLabel {
+        TextView name;
+        WindowControl* control = nullptr;
+    } label = {};
+    // One that is shown later has no window until it is needed.
+    enum { Always, Later } shown = Always;
 };
 
 class FormControls {
@@ -36,6 +41,8 @@ public:
 
 private:
     void MakeControl(const ControlPlan& part);
+    void MakeWindow(WindowControl& control, const wchar_t* windowClass, DWORD style,
+                    DWORD extendedStyle);
     void MakeLater(std::size_t index);
     void MakeToolTips();
 

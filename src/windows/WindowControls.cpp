@@ -23,9 +23,10 @@ Text ItemText(const Sender& send, UINT lengthMessage, UINT textMessage, std::int
 }  // namespace
 
 void WindowControl::Attach(HWND newWindow, HWND newToolTips) {
-    makeWindow = nullptr;
+    const bool waited = std::exchange(makeWindow, nullptr) != nullptr;
     window = newWindow;
     if (!waitingCaption.empty()) SetCaption(std::exchange(waitingCaption, {}));
+    if (waited) SetEnabled(waitingEnabled);
     AttachToolTips(newToolTips);
 }
 
@@ -36,16 +37,19 @@ void WindowControl::AttachToolTips(HWND newToolTips) {
 
 void WindowControl::AttachLater(std::function<void()> make) {
     makeWindow = std::move(make);
+    waitingEnabled = true;
 }
 
 bool WindowControl::Need() {
-    if (makeWindow) std::exchange(makeWindow, nullptr)();
+    // A copy: what is attached lets go of the original.
+    if (const auto make = makeWindow) make();
     return window != nullptr;
 }
 
 void WindowControl::Detach() {
     window = toolTips = nullptr;
     makeWindow = nullptr;
+    waitingEnabled = false;
     waitingCaption.clear();
     toolTip.clear();
 }
@@ -56,6 +60,7 @@ void WindowControl::SetCaption(TextView caption) {
 }
 
 void WindowControl::SetEnabled(bool enabled) {
+    if (makeWindow) waitingEnabled = enabled;
     if (window) EnableWindow(window, enabled);
 }
 
@@ -69,7 +74,7 @@ void WindowControl::SetVisible(bool visible) {
 }
 
 void WindowControl::SetFocus() {
-    if (window) ::SetFocus(window);
+    if (Need()) ::SetFocus(window);
 }
 
 bool WindowControl::HasFocus() const {
@@ -129,6 +134,7 @@ void WindowTextBox::Changed() {
 }
 
 void WindowTextBox::SetText(TextView text) {
+    if (!text.empty()) Need();
     if (!Window() || WindowText() == text) return;
     {
         const Meanwhile quietly(setting, true);

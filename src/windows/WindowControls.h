@@ -17,14 +17,14 @@ public:
     // The window that shows the tool tips may follow.
     void Attach(HWND newWindow, HWND newToolTips);
     virtual void AttachToolTips(HWND newToolTips);
-    // Until the control is needed it has no window, but keeps its caption and its tool tip; then
-    // `make` attaches one.
+    // Until the control is needed it has no window, but keeps caption, tool tip and whether it is
+    // enabled; then `make` attaches one. A text, an item or the focus needs it.
     void AttachLater(std::function<void()> make);
     // It is needed: whether it has a window now.
     bool Need();
     void Detach();
 
-    bool Enabled() const override { return window && IsWindowEnabled(window); }
+    bool Enabled() const override { return window ? IsWindowEnabled(window) : waitingEnabled; }
     void SetEnabled(bool enabled) override;
     // Whether it shows once its form does.
     bool Visible() const override;
@@ -49,6 +49,7 @@ private:
     HWND toolTips = nullptr;
     std::function<void()> makeWindow;  // while the control has none but will when it is needed
     Text waitingCaption;
+    bool waitingEnabled = false;
     Text toolTip;
 };
 

@@ -32,7 +32,7 @@ private:
 };
 
 // A viewer of the clipboard has it open just after a change.
-constexpr int MostAttempts = 10;
+constexpr int MostAttempts = 20;
 constexpr DWORD AttemptPause = 10;  // milliseconds
 
 // The clipboard, open for a window from construction to destruction if it could be opened.
