@@ -44,6 +44,7 @@ VIAddVersionKey /LANG=0 "LegalCopyright" "Omberline"
 
 Var Updating  ; "yes" where the folder holds an earlier installation
 Var Prefix        ; country codes; the one that no number begins with where they stay international
+Var HasPrefix     ; 1 where the user has given codes already
 Var PrefixYes
 Var PrefixField
 Var RemoveSettings
@@ -266,11 +267,12 @@ Function .onInit
             Quit
         ${EndIf}
     ${EndIf}
-    ; What suits the user's country, as the add-in's settings propose it.
+    ; What suits the user's country, as the add-in's settings propose it; 1 where they have a prefix.
     InitPluginsDir
     File "/oname=$PLUGINSDIR\${LIBRARY32}" "${STAGE}/${LIBRARY32}"
     StrCpy $Prefix ""
     System::Call '$PLUGINSDIR\${LIBRARY32}::ProposePrefix(w .r0, i 16) i .r1 ?u'
+    StrCpy $HasPrefix $1
     ; "error" where the library cannot be called.
     ${If} $1 == 0
         StrCpy $Prefix $0
@@ -317,8 +319,9 @@ Function LeaveFolderPage
 FunctionEnd
 
 Function ShowPrefixPage
-    ; An earlier installation has asked.
+    ; An earlier installation has asked, or the sender.
     ${If} $Updating == "yes"
+    ${OrIf} $HasPrefix == 1
         Abort
     ${EndIf}
     !insertmacro MUI_HEADER_TEXT "$(PrefixTitle)" "$(PrefixSubtitle)"

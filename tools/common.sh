@@ -59,4 +59,10 @@ putBeside() {
     cp -rL "$root/manual" "$1/Manual" # its languages share a style sheet
     cp "$build/help"/*.chm "$1"
 }
+# textIn LANGUAGE SECTION: a section of a language's file, as UTF-8.
+textIn() {
+    local codePage
+    codePage=$(LC_ALL=C sed -n 's/^CodePage=\([0-9]*\).*/\1/p' "$root/lang/$1.lng")
+    iconv -f "cp$codePage" -t utf-8 "$root/lang/$1.lng" | tr -d '\r' | sed -n "/^\[$2\]/,/^\$/p"
+}
 mkdir -p "$build"

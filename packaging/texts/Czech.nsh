@@ -11,9 +11,9 @@
 !insertmacro Text PrefixLabel "Předvolba země:"
 !insertmacro Text PrefixNo "Ne, &nechat čísla v mezinárodním tvaru"
 !insertmacro Text PrefixText \
-    "S předvolbou +49 se z čísla kontaktu +49170123 stane 0170123, čísla jiných zemí zůstanou v mezinárodním tvaru. Více předvoleb oddělte mezerami.$\r$\n$\r$\nPozději to můžete změnit v nastavení okna SMS."
+    "S předvolbou +421 se z čísla kontaktu +421903123456 stane 0903123456, čísla jiných zemí zůstanou v mezinárodním tvaru. Více předvoleb oddělte mezerami.$\r$\n$\r$\nPozději to můžete změnit v nastavení okna SMS."
 !insertmacro Text PrefixMissing \
-    "Zadejte předvolbu své země jako „+“ a číslice, například +49. Více předvoleb oddělte mezerami.$\r$\n$\r$\nNebo zvolte „Ne“: všechna čísla pak zůstanou v mezinárodním tvaru."
+    "Zadejte předvolbu své země jako „+“ a číslice, například +421. Více předvoleb oddělte mezerami.$\r$\n$\r$\nNebo zvolte „Ne“: všechna čísla pak zůstanou v mezinárodním tvaru."
 !insertmacro Text OpenText \
     "Outlook je otevřený a používá doplněk. Zavřete Outlook a klikněte na tlačítko Opakovat."
 !insertmacro Text NewerText \

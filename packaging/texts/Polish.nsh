@@ -11,9 +11,9 @@
 !insertmacro Text PrefixLabel "Numer kierunkowy kraju:"
 !insertmacro Text PrefixNo "Nie, pozostaw &numery w formacie międzynarodowym"
 !insertmacro Text PrefixText \
-    "Przy +49 numer kontaktu +49170123 zmienia się w 0170123, a numery z innych krajów pozostają w formacie międzynarodowym. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożna to później zmienić w ustawieniach okna SMS."
+    "Przy +380 numer kontaktu +380501234567 zmienia się w 0501234567, a numery z innych krajów pozostają w formacie międzynarodowym. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożna to później zmienić w ustawieniach okna SMS."
 !insertmacro Text PrefixMissing \
-    "Wpisz numer kierunkowy swojego kraju jako „+” i cyfry, na przykład +49. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożesz też wybrać „Nie”: wszystkie numery pozostaną wtedy w formacie międzynarodowym."
+    "Wpisz numer kierunkowy swojego kraju jako „+” i cyfry, na przykład +380. Kilka numerów kierunkowych oddziel spacjami.$\r$\n$\r$\nMożesz też wybrać „Nie”: wszystkie numery pozostaną wtedy w formacie międzynarodowym."
 !insertmacro Text OpenText \
     "Program Outlook jest otwarty i używa dodatku. Zamknij program Outlook, a następnie kliknij przycisk Ponów próbę."
 !insertmacro Text NewerText \

@@ -11,9 +11,9 @@
 !insertmacro Text PrefixLabel "Código de país:"
 !insertmacro Text PrefixNo "Não, mante&r os números no formato internacional"
 !insertmacro Text PrefixText \
-    "Com +49, o número +49170123 de um contato passa a ser 0170123; os números de outros países continuam internacionais. Separe vários códigos com espaços.$\r$\n$\r$\nVocê pode mudar isso mais tarde nas configurações da janela de SMS."
+    "Com +595, o número +595981123456 de um contato passa a ser 0981123456; os números de outros países continuam internacionais. Separe vários códigos com espaços.$\r$\n$\r$\nVocê pode mudar isso mais tarde nas configurações da janela de SMS."
 !insertmacro Text PrefixMissing \
-    "Digite o código do seu país com “+” e dígitos, por exemplo +49. Separe vários códigos com espaços.$\r$\n$\r$\nOu escolha “Não”: assim todos os números continuam internacionais."
+    "Digite o código do seu país com “+” e dígitos, por exemplo +595. Separe vários códigos com espaços.$\r$\n$\r$\nOu escolha “Não”: assim todos os números continuam internacionais."
 !insertmacro Text OpenText \
     "O Outlook está aberto e usa o suplemento. Feche o Outlook e clique em Repetir."
 !insertmacro Text NewerText \

@@ -184,12 +184,14 @@ std::vector<FormOptions::Setting> FormOptions::Entered() {
             {u"SMS", u"AskLostCharacters", flag(view.CheckAskLostCharacters())}};
 }
 
+bool FormOptions::HasPrefixes() {
+    return !inifilesLite.GetIniSetting(PrefixSection, CountryPrefixes).empty();
+}
+
 void FormOptions::SetFirstPrefixes(TextView typed) {
     const Text clean =
         typed.empty() ? ProposedPrefix(locale.Country()) : CountryCodes(typed).value_or(Text());
-    if (clean.empty() || !inifilesLite.GetIniSetting(PrefixSection, CountryPrefixes).empty()) {
-        return;
-    }
+    if (clean.empty() || HasPrefixes()) return;
     inifilesLite.SetIniSetting(PrefixSection, CountryPrefixes, clean);
 }
 

@@ -29,6 +29,8 @@ public:
     // Takes the window away; nothing is written.
     void Unload() override;
 
+    // Whether the user has country codes, or has said that numbers stay international.
+    bool HasPrefixes();
     // Writes country codes, as they may be typed, where the user has none yet; for an empty text
     // what is proposed for the user's country. Nothing for what CountryCodes does not take.
     void SetFirstPrefixes(TextView typed);

@@ -161,13 +161,19 @@ STDAPI DllInstall(BOOL install, const wchar_t* words) {
 
 // For the set-up program, before it has installed anything: the prefix to propose in the user's
 // country, as a text of at most `size` characters with its end; empty where that is not known.
+// S_FALSE, and nothing to propose, where the user's settings have one.
 STDAPI ProposePrefix(wchar_t* prefix, int size) {
     if (!prefix || size <= 0) return E_INVALIDARG;
     *prefix = 0;
-    return EntryPoint([&] {
-        WindowsLocale locale;
-        lstrcpynW(prefix, Wide(tellwick::ProposedPrefix(locale.Country())), size);
+    bool has = false;
+    const HRESULT result = EntryPoint([&] {
+        Assembly<NoDialogs> own;
+        own.program.inifilesLite.GetIniFile();
+        has = own.program.formOptions.HasPrefixes();
+        if (has) return;
+        lstrcpynW(prefix, Wide(tellwick::ProposedPrefix(own.locale.Country())), size);
     });
+    return FAILED(result) || !has ? result : S_FALSE;
 }
 
 // For the set-up program: S_OK where the text is country codes, S_FALSE where it is none.

@@ -1,5 +1,7 @@
 #include "outlook/AddInForms.h"
 
+#include <commctrl.h>
+
 #include "outlook/Com.h"
 
 namespace tellwick::standin {
@@ -122,6 +124,13 @@ std::vector<Text> DescribeControls(HWND window) {
             wchar_t text[512] = L"";
             GetWindowTextW(control, text, 512);
             caption = FromWide(text);
+        } else if (className == u"msctls_statusbar32") {
+            // Its first part stands for it.
+            wchar_t text[512] = L"";
+            SendMessageW(control, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));
+            caption = FromWide(text);
+            SendMessageW(control, SB_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
+            MapWindowPoints(control, window, reinterpret_cast<POINT*>(&place), 2);
         }
         Text description = className;
         for (const LONG edge : {place.left, place.top, place.right, place.bottom}) {

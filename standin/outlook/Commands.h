@@ -74,7 +74,8 @@
 //   shrink-forms                     makes those that have sizing frames as small as they let
 //                                    themselves be made
 //   controls                         the visible ones of the active one: class, left top right
-//                                    bottom, the width that the caption needs, the caption
+//                                    bottom, the width that the caption needs, the caption;
+//                                    of a status bar its first part
 //   resolution DPI                   tells every window of an add-in that its monitor has another
 //                                    resolution now, as a host that follows monitors does
 //   times                            milliseconds spent in OnConnection and in the shutdown

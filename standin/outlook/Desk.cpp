@@ -10,8 +10,8 @@
 
 namespace tellwick::standin {
 
-Desk::Desk(OutlookModel& outlook, Dispatcher& dispatcher)
-    : outlook(outlook), dispatcher(dispatcher) {
+Desk::Desk(OutlookModel& outlook, Dispatcher& dispatcher, TextView language)
+    : outlook(outlook), dispatcher(dispatcher), look(language) {
     ACCEL keys[] = {{FCONTROL | FVIRTKEY, 'N', menu::NewMail},
                     {FCONTROL | FVIRTKEY, 'O', menu::OpenItem},
                     {FCONTROL | FVIRTKEY, 'D', menu::Delete},

@@ -14,7 +14,8 @@ namespace tellwick::standin {
 
 class Desk {
 public:
-    Desk(OutlookModel& outlook, Dispatcher& dispatcher);
+    // The language as for OutlookTexts::Speak.
+    Desk(OutlookModel& outlook, Dispatcher& dispatcher, TextView language);
     ~Desk();
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;

@@ -47,26 +47,26 @@ Text Shown(const Item& item, TextView field) {
     return text;
 }
 
-HMENU CreateMenus() {
+HMENU CreateMenus(const Look& look) {
     const HMENU bar = CreateMenu();
-    const auto add = [bar](const wchar_t* title,
-                           std::initializer_list<std::pair<int, const wchar_t*>> entries) {
+    const auto add = [&](TextView title, std::initializer_list<std::pair<int, TextView>> entries) {
         const HMENU menu = CreatePopupMenu();
         for (const auto& [identifier, caption] : entries) {
-            AppendMenuW(menu, caption ? MF_STRING : MF_SEPARATOR, UINT_PTR(identifier), caption);
+            AppendMenuW(menu, caption.empty() ? MF_SEPARATOR : MF_STRING, UINT_PTR(identifier),
+                        Wide(look.Say(caption)));
         }
-        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), title);
+        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), Wide(look.Say(title)));
     };
-    add(L"&File", {{menu::NewWindow, L"New &Window"},
-                   {menu::NewMail, L"New &Mail Message\tCtrl+N"},
-                   {menu::OpenItem, L"&Open Selected Item\tCtrl+O"},
-                   {0, nullptr},
-                   {menu::Close, L"&Close Window"},
-                   {menu::Exit, L"E&xit"}});
-    add(L"&Edit", {{menu::Delete, L"&Delete Item\tCtrl+D"}});
-    add(L"&View",
-        {{menu::Inbox, L"&Inbox"}, {menu::Calendar, L"C&alendar"}, {menu::Contacts, L"&Contacts"}});
-    add(L"&Actions", {{menu::Reply, L"&Reply\tCtrl+R"}});
+    add(u"&File", {{menu::NewWindow, u"New &Window"},
+                   {menu::NewMail, u"New &Mail Message\tCtrl+N"},
+                   {menu::OpenItem, u"&Open Selected Item\tCtrl+O"},
+                   {0, u""},
+                   {menu::Close, u"&Close Window"},
+                   {menu::Exit, u"E&xit"}});
+    add(u"&Edit", {{menu::Delete, u"&Delete Item\tCtrl+D"}});
+    add(u"&View",
+        {{menu::Inbox, u"&Inbox"}, {menu::Calendar, u"C&alendar"}, {menu::Contacts, u"&Contacts"}});
+    add(u"&Actions", {{menu::Reply, u"&Reply\tCtrl+R"}});
     return bar;
 }
 
@@ -77,7 +77,7 @@ ExplorerWindow::ExplorerWindow(const Look& userLook, std::shared_ptr<Explorer> m
     INITCOMMONCONTROLSEX controls{sizeof controls,
                                   ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
-    Create(ClassName, CreateMenus(), 860, 560);
+    Create(ClassName, CreateMenus(look), 860, 560);
     folderTree =
         AddChild(WC_TREEVIEWW,
                  WS_TABSTOP | TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS,
@@ -91,9 +91,9 @@ ExplorerWindow::ExplorerWindow(const Look& userLook, std::shared_ptr<Explorer> m
 
     filling = true;
     TVINSERTSTRUCTW root{};
-    wchar_t rootText[] = L"Personal Folders";
+    Text rootText = explorer->outlook.stores[0]->name;
     root.item.mask = TVIF_TEXT | TVIF_STATE;
-    root.item.pszText = rootText;
+    root.item.pszText = reinterpret_cast<wchar_t*>(rootText.data());
     root.item.state = root.item.stateMask = TVIS_EXPANDED;
     const auto top = TreeView_InsertItem(folderTree, &root);
     for (const auto& folder : explorer->outlook.folders) {
@@ -143,7 +143,7 @@ void ExplorerWindow::FillList() {
     TreeView_SelectItem(folderTree, folderEntries[shownFolder.get()]);
     const std::vector<Column> columns = ColumnsOf(*shownFolder);
     for (std::size_t index = 0; index < columns.size(); ++index) {
-        Text title(columns[index].title);
+        Text title = look.Say(columns[index].title);
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.pszText = reinterpret_cast<wchar_t*>(title.data());
@@ -165,8 +165,8 @@ void ExplorerWindow::FillList() {
             }
         }
     }
-    const Text count = NumberText(std::int64_t(shownItems.size())) + u" Items";
-    SetWindowTextW(status, Wide(count));
+    const Text count = NumberText(std::int64_t(shownItems.size()));
+    SetWindowTextW(status, Wide(ReplaceAll(look.Say(u"%n Items"), u"%n", count)));
     filling = false;
 }
 
@@ -237,7 +237,8 @@ void ExplorerWindow::OpenContextMenu() {
     if (explorer->selection.empty()) return;
     Popup popup(look.Scale(FaceSize));
     const auto addOwn = [&](const Text& caption, WORD identifier) {
-        popup.Add(caption, OwnFace(caption), true, [this, identifier] { Command(identifier, 0); });
+        popup.Add(look.Say(caption), OwnFace(caption), true,
+                  [this, identifier] { Command(identifier, 0); });
     };
     addOwn(u"Open", menu::OpenItem);
     if (CurrentItem()->itemClass == MailClass) addOwn(u"Reply", menu::Reply);

@@ -67,8 +67,16 @@ HWND Frame::AddChild(const wchar_t* className, DWORD style, DWORD extendedStyle,
     return child;
 }
 
+// Its end is Outlook's own word.
+Text Frame::Title() const {
+    const Text caption = model->Caption();
+    const std::size_t dash = caption.rfind(u" - ");
+    if (dash == Text::npos) return caption;
+    return caption.substr(0, dash + 3) + look.Say(caption.substr(dash + 3));
+}
+
 void Frame::Refresh() {
-    SetWindowTextW(window, Wide(model->Caption() + u" (stand-in)"));
+    SetWindowTextW(window, Wide(Title() + u" (stand-in)"));
     // A box of an add-in may have been open while the window was to come up.
     if (!IsWindowVisible(window)) ShowWindow(window, SW_SHOW);
     const int before = bar->Height();

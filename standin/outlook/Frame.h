@@ -58,6 +58,7 @@ protected:
     HWND focus = nullptr;  // the child that has the keyboard when the window is active
 
 private:
+    Text Title() const;
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT Handle(UINT message, WPARAM first, LPARAM second);
 

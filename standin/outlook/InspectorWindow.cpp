@@ -11,14 +11,14 @@ namespace {
 
 constexpr int Header = 10;
 
-HMENU CreateMenus() {
+HMENU CreateMenus(const Look& look) {
     const HMENU bar = CreateMenu();
     const HMENU file = CreatePopupMenu();
-    AppendMenuW(file, MF_STRING, menu::Close, L"&Close");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
+    AppendMenuW(file, MF_STRING, menu::Close, Wide(look.Say(u"&Close")));
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), Wide(look.Say(u"&File")));
     const HMENU actions = CreatePopupMenu();
-    AppendMenuW(actions, MF_STRING, menu::Reply, L"&Reply\tCtrl+R");
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(actions), L"&Actions");
+    AppendMenuW(actions, MF_STRING, menu::Reply, Wide(look.Say(u"&Reply\tCtrl+R")));
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(actions), Wide(look.Say(u"&Actions")));
     return bar;
 }
 
@@ -26,7 +26,7 @@ HMENU CreateMenus() {
 
 InspectorWindow::InspectorWindow(const Look& userLook, std::shared_ptr<Inspector> model)
     : Frame(userLook, model), inspector(std::move(model)) {
-    Create(ClassName, CreateMenus(), 560, 400);
+    Create(ClassName, CreateMenus(look), 560, 400);
     header = AddChild(L"STATIC", SS_NOPREFIX, 0, Header);
     body = AddChild(L"EDIT", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY, WS_EX_CLIENTEDGE,
                     ReadOnlyText);
@@ -36,21 +36,22 @@ InspectorWindow::InspectorWindow(const Look& userLook, std::shared_ptr<Inspector
 
 Text InspectorWindow::HeaderText() const {
     static const std::pair<TextView, TextView> Lines[] = {
-        {u"From:", u"SenderName"},
-        {u"From:", u"SentOnBehalfOfName"},
-        {u"To:", u"To"},
-        {u"Subject:", u"Subject"},
-        {u"Full name:", u"FullName"},
-        {u"Mobile:", u"MobileTelephoneNumber"},
-        {u"Home:", u"HomeTelephoneNumber"},
-        {u"Business:", u"BusinessTelephoneNumber"},
-        {u"Name:", u"DLName"},
-        {u"Location:", u"Location"}};
+        {u"From", u"SenderName"},
+        {u"From", u"SentOnBehalfOfName"},
+        {u"To", u"To"},
+        {u"Subject", u"Subject"},
+        {u"Full Name", u"FullName"},
+        {u"Mobile Phone", u"MobileTelephoneNumber"},
+        {u"Home Phone", u"HomeTelephoneNumber"},
+        {u"Business Phone", u"BusinessTelephoneNumber"},
+        {u"Name", u"DLName"},
+        {u"Location", u"Location"}};
     Text text;
     for (const auto& [title, field] : Lines) {
         const Text value = inspector->item->Field(field);
-        if (value.empty() || StartsWith(text, Text(title) + u"\t")) continue;
-        text += Text(title) + u"\t" + value + u"\r\n";
+        const Text start = look.Say(title) + u":\t";
+        if (value.empty() || StartsWith(text, start)) continue;
+        text += start + value + u"\r\n";
     }
     return text;
 }

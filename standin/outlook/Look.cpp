@@ -4,7 +4,8 @@
 
 namespace tellwick::standin {
 
-Look::Look() {
+Look::Look(TextView language) {
+    texts.Speak(language);
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);

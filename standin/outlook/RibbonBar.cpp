@@ -116,7 +116,7 @@ void RibbonBar::PlaceTabs(const std::vector<Text>& captions, int height) {
     tabs = captions.size();
     int left = look.Scale(Padding);
     for (std::size_t index = 0; index < tabs; ++index) {
-        const int width = look.TextWidth(captions[index]) + 6 * look.Scale(Padding);
+        const int width = look.TextWidth(look.Say(captions[index])) + 6 * look.Scale(Padding);
         Button tab;
         tab.place = {left, 0, left + width, height};
         tab.caption = captions[index];
@@ -132,7 +132,7 @@ void RibbonBar::PlaceTabs(const std::vector<Text>& captions, int height) {
 
 int RibbonBar::ItemWidth(const Item& item) const {
     int width = look.Scale(LeastWidth);
-    for (const Text& line : Split(InTwoLines(item.caption), u"\n")) {
+    for (const Text& line : Split(InTwoLines(look.Say(item.caption)), u"\n")) {
         width = std::max(width, look.TextWidth(line) + 2 * look.Scale(Padding));
     }
     return width;
@@ -142,7 +142,7 @@ void RibbonBar::PlaceGroup(Group& group, int& left, int top, int bottom) {
     const int padding = look.Scale(Padding);
     int needed = 0;
     for (const Item& item : group.items) needed += ItemWidth(item);
-    const int width = std::max(needed, look.TextWidth(group.caption)) + 2 * padding;
+    const int width = std::max(needed, look.TextWidth(look.Say(group.caption))) + 2 * padding;
     group.place = {left, top, left + width, bottom};
     int x = left + (width - needed) / 2;
     for (const Item& item : group.items) {
@@ -174,7 +174,7 @@ void RibbonBar::Paint(HDC context, const RECT& client) {
         caption.bottom -= look.Scale(Padding) / 2;
         SetBkMode(context, TRANSPARENT);
         SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
-        DrawTextW(context, Wide(group.caption), -1, &caption,
+        DrawTextW(context, Wide(look.Say(group.caption)), -1, &caption,
                   DT_SINGLELINE | DT_BOTTOM | DT_CENTER | DT_NOPREFIX);
     }
 }
@@ -186,7 +186,7 @@ void RibbonBar::PaintButton(HDC context, std::size_t index, State state) {
         if (index == shown) Fill(context, text, GetSysColor(COLOR_WINDOW));
         SetBkMode(context, TRANSPARENT);
         SetTextColor(context, GetSysColor(state == State::Plain ? COLOR_BTNTEXT : COLOR_HOTLIGHT));
-        DrawTextW(context, Wide(button.caption), -1, &text,
+        DrawTextW(context, Wide(look.Say(button.caption)), -1, &text,
                   DT_SINGLELINE | DT_VCENTER | DT_CENTER | DT_NOPREFIX);
         return;
     }
@@ -197,7 +197,7 @@ void RibbonBar::PaintButton(HDC context, std::size_t index, State state) {
     text.top = top + size + look.Scale(Padding) / 2;
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
-    DrawTextW(context, Wide(InTwoLines(button.caption)), -1, &text,
+    DrawTextW(context, Wide(InTwoLines(look.Say(button.caption))), -1, &text,
               DT_TOP | DT_CENTER | DT_NOPREFIX);
 }
 

@@ -67,7 +67,7 @@ void Toolbar::AddRow(CommandBar& bar, int& top) {
         Button button;
         button.caption = ReplaceAll(control->caption, u"&", u"");
         button.enabled = control->enabled;
-        if (HasCaption(*control)) width += look.TextWidth(button.caption);
+        if (HasCaption(*control)) width += look.TextWidth(look.Say(button.caption));
         if (control->Type() == PopupType) width += look.Scale(Arrow) + padding;
         button.place = {left, top + padding / 2, left + width, top + rowHeight - padding / 2};
         const auto popup = std::dynamic_pointer_cast<CommandBarPopup>(control);
@@ -120,7 +120,7 @@ void Toolbar::PaintButton(HDC context, std::size_t index, State state) {
     SetTextColor(context, GetSysColor(control.enabled ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     if (HasCaption(control)) {
         RECT text{left, place.top, place.right, place.bottom};
-        DrawTextW(context, Wide(button.caption), -1, &text,
+        DrawTextW(context, Wide(look.Say(button.caption)), -1, &text,
                   DT_SINGLELINE | DT_VCENTER | DT_LEFT | DT_NOPREFIX);
     }
     if (control.Type() == PopupType) {
@@ -140,7 +140,7 @@ void Toolbar::OpenMenu(const std::shared_ptr<CommandBarPopup>& popup, const RECT
     for (const auto& entry : popup->Menu()->Controls()->all) {
         if (!entry->visible) continue;
         if (entry->beginGroup) menu.AddSeparator();
-        menu.Add(entry->caption, FaceOf(*entry), entry->enabled,
+        menu.Add(look.Say(entry->caption), FaceOf(*entry), entry->enabled,
                  [call = clicked, entry] { call(entry); });
     }
     POINT corner{below.left, below.bottom};

@@ -2,7 +2,7 @@
 //
 //   OutlookStandIn [--version 9|10|11|12|14|16] [--no-window] [--commands] [--script FILE] [--late]
 //                  [--fail Class.Member=number]... [--no-redemption] [--no-events] [--empty]
-//                  [--ansi-loop] [--stay] [--switch NAME[=off]]...
+//                  [--ansi-loop] [--stay] [--language NAME] [--switch NAME[=off]]...
 //
 //   --version        plays Outlook 2000, 2002, 2003 (the default), 2007, 2010
 //                    or 2016; from 2010 on with a ribbon, in 2007 in the windows of items only
@@ -17,6 +17,8 @@
 //   --empty          starts without the sample items
 //   --stay           the process is there before Outlook starts, by the command start, and after
 //                    its end, for another start
+//   --language       what its windows speak, as the file in `lang` is named; scripts and commands
+//                    name things in English all the same
 //   --switch         switches a documented behaviour on, or off: see model/Documented.cpp
 //
 // Ends when its last window closes, by Exit, Application.Quit or a command. Then it prints what
@@ -90,6 +92,7 @@ struct Options {
     bool samples = true;
     bool ansiLoop = false;
     bool stay = false;
+    Text language;
     std::vector<std::pair<Documented, bool>> switches;
 };
 
@@ -111,6 +114,10 @@ std::optional<Options> ReadOptions() {
         } else if (word == u"--script") {
             options.script = value;
             valid = !value.empty();
+            ++index;
+        } else if (word == u"--language") {
+            options.language = value;
+            valid = OutlookTexts().Speak(value);
             ++index;
         } else if (word == u"--fail") {
             const std::size_t dot = value.find(u'.');
@@ -229,9 +236,16 @@ int Run(const Options& options) {
     ComObjects objects(outlook);
     AddInLoader loader(outlook, objects);
     Dispatcher dispatcher;
-    Desk desk(outlook, dispatcher);
+    Desk desk(outlook, dispatcher, options.language);
     Session session(outlook, loader, desk, dispatcher, options.stay);
     Commands commands(outlook, objects, loader, desk, dispatcher, session);
+
+    // What the user can rename is in the user's language in the object model, too.
+    OutlookTexts say;
+    say.Speak(options.language);
+    const auto& root = outlook.stores[0];
+    root->name = say(root->name);
+    for (const auto& folder : root->folders->all) folder->name = say(folder->name);
 
     outlook.applicationHasEvents = options.events;
     outlook.pasteFace = [&] {

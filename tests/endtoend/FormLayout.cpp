@@ -109,7 +109,12 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             CAPTURE(language);
             WriteBytes(machine.SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
             StandIn outlook(11, L"--empty");
+            // The hint that his number was rewritten is in the status bar.
+            outlook.Command("add-contact FullName=Eva MobileTelephoneNumber=+491701234567");
+            outlook.Command("folder 1 contacts");
+            outlook.Command("select 1 1");
             const Form form = Form::Open(outlook);
+            REQUIRE(WaitUntil([&] { return TextOf(form.to) == L"0491701234567"; }));
             CheckLayout(outlook);
             // Whatever code page this Windows has.
             if (language == "Polski") CHECK(Shows(form.window, L"Wy\u015Blij SMS"));
