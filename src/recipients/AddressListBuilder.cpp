@@ -88,9 +88,7 @@ bool AddressListBuilder::DoSome(std::size_t most) {
             step = Step::TrimTexts;
             return true;
         case Step::TrimTexts:
-            list.texts.shrink_to_fit();
-            step = Step::Done;
-            return false;
+            return TrimTexts();
         case Step::Done:
             break;
     }
@@ -149,6 +147,19 @@ void AddressListBuilder::PlaceEntries(std::size_t most) {
     step = Step::Index;
 }
 
+// They are the largest piece: moved in parts. False when all are.
+bool AddressListBuilder::TrimTexts() {
+    constexpr std::size_t Part = 200'000;
+    if (next == 0) trimmed.reserve(list.texts.size());
+    trimmed.append(list.texts, next, Part);
+    next = trimmed.size();
+    if (next < list.texts.size()) return true;
+    list.texts.swap(trimmed);
+    Text().swap(trimmed);
+    step = Step::Done;
+    return false;
+}
+
 // The buckets of an entry's start and of its word ends.
 void AddressListBuilder::Index(std::size_t most) {
     constexpr std::size_t Most = BucketUnits + SignatureUnits;
@@ -156,7 +167,7 @@ void AddressListBuilder::Index(std::size_t most) {
         list.startBuckets.assign(BucketCount + 1, 0);
         list.endBuckets.assign(BucketCount + 1, 0);
         starts.reserve(list.entries.size());
-        ends.reserve(2 * list.entries.size());
+        ends.reserve(3 * list.entries.size());
     }
     const std::size_t stop = std::min(list.entries.size(), next + most);
     for (; next < stop; ++next) {

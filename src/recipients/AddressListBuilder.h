@@ -62,6 +62,7 @@ private:
     void CountPlaces();
     void PlaceEntries(std::size_t most);
     void Index(std::size_t most);
+    bool TrimTexts();
     template <class Type>
     bool Scatter(std::vector<Found<Type>>& found, std::vector<Type>& into,
                  std::vector<std::uint32_t>& buckets, std::size_t most);
@@ -80,7 +81,8 @@ private:
     // What is to be put into buckets, in the order of the entries.
     std::vector<Found<AddressList::Start>> starts;
     std::vector<Found<AddressList::WordEnd>> ends;
-    Text folded;  // of the entry at hand
+    Text folded;   // of the entry at hand
+    Text trimmed;  // the texts, in no more memory than they need
 };
 
 }  // namespace tellwick
