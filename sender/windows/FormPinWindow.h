@@ -2,13 +2,12 @@
 #pragma once
 
 #include "windows/FormRows.h"
-#include "windows/FormWindow.h"
 
 #include "forms/FormPin.h"
 
 namespace tellwick::sender {
 
-class FormPinWindow : public windows::FormViewWindow<FormPinView> {
+class FormPinWindow : public windows::FormOfRows<FormPinView> {
 public:
     // The owner is there whenever this window is loaded.
     explicit FormPinWindow(const HWND& owner) : owner(owner) {}
@@ -20,13 +19,11 @@ public:
     void SetEvents(FormPinEvents& newEvents) override { events = &newEvents; }
 
 private:
-    SIZE LeastClient() const override;
-    SIZE UsualClient() const override { return LeastClient(); }
     void OnClose() override { events->ButtonCancel_Click(); }
-    void OnSize() override;
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
-    int Arrange(int innerWidth, windows::Placement* placement) const;
+    int InnerWidth() const override;
+    int Arrange(int innerWidth, windows::Placement* placement) const override;
 
     const HWND& owner;
     FormPinEvents* events = nullptr;

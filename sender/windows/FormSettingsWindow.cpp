@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "platform/Keys.h"
+#include "windows/ControlStyles.h"
 
 namespace tellwick::sender {
 
@@ -14,6 +15,7 @@ using windows::FormRows;
 using windows::Placement;
 using windows::WindowComboBox;
 using windows::WindowControl;
+namespace style = windows::style;
 
 namespace {
 
@@ -35,62 +37,52 @@ int Widest(const windows::MessageFont& font, std::initializer_list<const WindowC
 }  // namespace
 
 bool FormSettingsWindow::Load() {
-    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY;
-    constexpr DWORD Check = WS_TABSTOP | BS_AUTOCHECKBOX;
-    constexpr DWORD Option = BS_AUTORADIOBUTTON;  // the chosen one of a group is its tab stop
-    constexpr DWORD DropDown = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
-    constexpr DWORD Field = WS_TABSTOP | ES_AUTOHSCROLL;
-    constexpr DWORD Group = WS_GROUP | BS_GROUPBOX;
-    constexpr DWORD Help = SS_LEFT | SS_NOPREFIX;
-    constexpr DWORD Edge = WS_EX_CLIENTEDGE;
-    // What is behind a group box's frame is the form's to paint.
-    constexpr DWORD SeeThrough = WS_EX_TRANSPARENT;
     const bool made =
-        Create({{u"FrameCarrier", &frameCarrier, L"BUTTON", Group, SeeThrough},
-                {u"OptionModem", &optionModem, L"BUTTON", Option | WS_GROUP, 0},
-                {u"OptionGateway", &optionGateway, L"BUTTON", Option, 0},
-                {u"FrameModem", &frameModem, L"BUTTON", Group, SeeThrough},
+        Create({{u"FrameCarrier", &frameCarrier, L"BUTTON", style::Group, style::SeeThrough},
+                {u"OptionModem", &optionModem, L"BUTTON", style::Option | WS_GROUP, 0},
+                {u"OptionGateway", &optionGateway, L"BUTTON", style::Option, 0},
+                {u"FrameModem", &frameModem, L"BUTTON", style::Group, style::SeeThrough},
                 {u"LabelPort", &labelPort, L"STATIC", SS_LEFT, 0},
-                {u"BoxPort", &boxPort, L"COMBOBOX", DropDown, 0},
+                {u"BoxPort", &boxPort, L"COMBOBOX", style::DropDown, 0},
                 {u"LabelBaudrate", &labelBaudrate, L"STATIC", SS_LEFT, 0},
-                {u"BoxBaudrate", &boxBaudrate, L"COMBOBOX", DropDown, 0},
+                {u"BoxBaudrate", &boxBaudrate, L"COMBOBOX", style::DropDown, 0},
                 {u"LabelParity", &labelParity, L"STATIC", SS_LEFT, 0},
-                {u"BoxParity", &boxParity, L"COMBOBOX", DropDown, 0},
+                {u"BoxParity", &boxParity, L"COMBOBOX", style::DropDown, 0},
                 {u"LabelStopbits", &labelStopbits, L"STATIC", SS_LEFT, 0},
-                {u"BoxStopbits", &boxStopbits, L"COMBOBOX", DropDown, 0},
-                {u"CheckRts", &checkRts, L"BUTTON", Check, 0},
-                {u"FrameSms", &frameSms, L"BUTTON", Group, SeeThrough},
-                {u"CheckServiceCentre", &checkServiceCentre, L"BUTTON", Check, 0},
-                {u"TextServiceCentre", &textServiceCentre, L"EDIT", Field, Edge},
-                {u"CheckFlash", &checkFlash, L"BUTTON", Check, 0},
-                {u"CheckStatusReport", &checkStatusReport, L"BUTTON", Check, 0},
+                {u"BoxStopbits", &boxStopbits, L"COMBOBOX", style::DropDown, 0},
+                {u"CheckRts", &checkRts, L"BUTTON", style::Check, 0},
+                {u"FrameSms", &frameSms, L"BUTTON", style::Group, style::SeeThrough},
+                {u"CheckServiceCentre", &checkServiceCentre, L"BUTTON", style::Check, 0},
+                {u"TextServiceCentre", &textServiceCentre, L"EDIT", style::Field, style::Edge},
+                {u"CheckFlash", &checkFlash, L"BUTTON", style::Check, 0},
+                {u"CheckStatusReport", &checkStatusReport, L"BUTTON", style::Check, 0},
                 {u"LabelValidity", &labelValidity, L"STATIC", SS_LEFT, 0},
-                {u"BoxValidity", &boxValidity, L"COMBOBOX", DropDown, 0},
+                {u"BoxValidity", &boxValidity, L"COMBOBOX", style::DropDown, 0},
                 {u"LabelLong", &labelLong, L"STATIC", SS_LEFT, 0},
-                {u"BoxLong", &boxLong, L"COMBOBOX", DropDown, 0},
-                {u"FrameGateway", &frameGateway, L"BUTTON", Group, SeeThrough},
+                {u"BoxLong", &boxLong, L"COMBOBOX", style::DropDown, 0},
+                {u"FrameGateway", &frameGateway, L"BUTTON", style::Group, style::SeeThrough},
                 {u"LabelAddress", &labelAddress, L"STATIC", SS_LEFT, 0},
-                {u"TextAddress", &textAddress, L"EDIT", Field, Edge},
+                {u"TextAddress", &textAddress, L"EDIT", style::Field, style::Edge},
                 {u"LabelMethod", &labelMethod, L"STATIC", SS_LEFT, 0},
-                {u"BoxMethod", &boxMethod, L"COMBOBOX", DropDown, 0},
-                {u"ButtonKannel", &buttonKannel, L"BUTTON", Button, 0},
+                {u"BoxMethod", &boxMethod, L"COMBOBOX", style::DropDown, 0},
+                {u"ButtonKannel", &buttonKannel, L"BUTTON", style::Button, 0},
                 {u"LabelUser", &labelUser, L"STATIC", SS_LEFT, 0},
-                {u"TextUser", &textUser, L"EDIT", Field, Edge},
+                {u"TextUser", &textUser, L"EDIT", style::Field, style::Edge},
                 {u"LabelPassword", &labelPassword, L"STATIC", SS_LEFT, 0},
-                {u"TextPassword", &textPassword, L"EDIT", Field | ES_PASSWORD, Edge},
+                {u"TextPassword", &textPassword, L"EDIT", style::Field | ES_PASSWORD, style::Edge},
                 {u"LabelExpected", &labelExpected, L"STATIC", SS_LEFT, 0},
-                {u"TextExpected", &textExpected, L"EDIT", Field, Edge},
-                {u"LabelAddressHelp", &labelAddressHelp, L"STATIC", Help, 0},
-                {u"FrameKept", &frameKept, L"BUTTON", Group, SeeThrough},
-                {u"CheckStoreSent", &checkStoreSent, L"BUTTON", Check, 0},
-                {u"TextMaxSent", &textMaxSent, L"EDIT", Field, Edge},
-                {u"FrameTest", &frameTest, L"BUTTON", Group, SeeThrough},
+                {u"TextExpected", &textExpected, L"EDIT", style::Field, style::Edge},
+                {u"LabelAddressHelp", &labelAddressHelp, L"STATIC", style::Help, 0},
+                {u"FrameKept", &frameKept, L"BUTTON", style::Group, style::SeeThrough},
+                {u"CheckStoreSent", &checkStoreSent, L"BUTTON", style::Check, 0},
+                {u"TextMaxSent", &textMaxSent, L"EDIT", style::Field, style::Edge},
+                {u"FrameTest", &frameTest, L"BUTTON", style::Group, style::SeeThrough},
                 {u"LabelTestNumber", &labelTestNumber, L"STATIC", SS_LEFT, 0},
-                {u"TextTestNumber", &textTestNumber, L"EDIT", Field, Edge},
-                {u"ButtonTest", &buttonTest, L"BUTTON", Button, 0},
-                {u"LabelTestState", &labelTestState, L"STATIC", Help | SS_ENDELLIPSIS, 0},
-                {u"ButtonOK", &buttonOK, L"BUTTON", Button | WS_GROUP, 0},
-                {u"ButtonCancel", &buttonCancel, L"BUTTON", Button, 0}},
+                {u"TextTestNumber", &textTestNumber, L"EDIT", style::Field, style::Edge},
+                {u"ButtonTest", &buttonTest, L"BUTTON", style::Button, 0},
+                {u"LabelTestState", &labelTestState, L"STATIC", style::Help | SS_ENDELLIPSIS, 0},
+                {u"ButtonOK", &buttonOK, L"BUTTON", style::Button | WS_GROUP, 0},
+                {u"ButtonCancel", &buttonCancel, L"BUTTON", style::Button, 0}},
                owner);
     if (!made) return false;
     SendMessageW(textMaxSent.Window(), EM_SETLIMITTEXT, MostDigits, 0);
@@ -237,7 +229,7 @@ void FormSettingsWindow::ArrangeGateway(FormRows& rows) const {
     rows.End(frameGateway);
 }
 
-// The height that all controls take. Modem and gateway stand at the same place.
+// Modem and gateway stand at the same place.
 int FormSettingsWindow::Arrange(int innerWidth, Placement* placement) const {
     FormRows rows(Font(), boxPort, innerWidth, placement);
     const FontMetrics& metrics = Font().Metrics();
@@ -273,19 +265,6 @@ int FormSettingsWindow::Arrange(int innerWidth, Placement* placement) const {
 
     rows.Drop(2);
     return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
-}
-
-SIZE FormSettingsWindow::LeastClient() const {
-    const int width = InnerWidth();
-    return {width + Font().Metrics().Horizontal(4 * FormRows::Margin), Arrange(width, nullptr)};
-}
-
-void FormSettingsWindow::OnSize() {
-    if (!Loaded()) return;
-    RECT client;
-    GetClientRect(Window(), &client);
-    Placement placement;
-    Arrange(int(client.right) - Font().Metrics().Horizontal(4 * FormRows::Margin), &placement);
 }
 
 bool FormSettingsWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {

@@ -2,13 +2,12 @@
 #pragma once
 
 #include "windows/FormRows.h"
-#include "windows/FormWindow.h"
 
 #include "forms/FormSettingsView.h"
 
 namespace tellwick::sender {
 
-class FormSettingsWindow : public windows::FormViewWindow<FormSettingsView> {
+class FormSettingsWindow : public windows::FormOfRows<FormSettingsView> {
 public:
     // The owner is there whenever this window is loaded.
     explicit FormSettingsWindow(const HWND& owner) : owner(owner) {}
@@ -23,15 +22,12 @@ public:
 private:
     using Control = windows::WindowControl;
 
-    SIZE LeastClient() const override;
-    SIZE UsualClient() const override { return LeastClient(); }
     void OnClose() override { events->ButtonCancel_Click(); }
-    void OnSize() override;
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
-    int InnerWidth() const;
+    int InnerWidth() const override;
+    int Arrange(int innerWidth, windows::Placement* placement) const override;
     int LabelWidth() const;
-    int Arrange(int innerWidth, windows::Placement* placement) const;
     int ArrangeModem(windows::FormRows& rows) const;
     void ArrangeGateway(windows::FormRows& rows) const;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Keys.h"
+#include "windows/ControlStyles.h"
 #include "windows/FormRows.h"
 
 namespace tellwick::windows {
@@ -20,49 +21,40 @@ constexpr int LeastPrefixes = 45;  // the width of the country codes' field
 }  // namespace
 
 bool FormOptionsWindow::Load() {
-    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY;
-    constexpr DWORD Check = WS_TABSTOP | BS_AUTOCHECKBOX;
-    constexpr DWORD Option = BS_AUTORADIOBUTTON;  // the chosen one of a group is its tab stop
-    constexpr DWORD DropDown = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
-    constexpr DWORD Field = WS_TABSTOP | ES_AUTOHSCROLL;
-    constexpr DWORD Group = WS_GROUP | BS_GROUPBOX;
-    constexpr DWORD Help = SS_LEFT | SS_NOPREFIX;
-    // What is behind a group box's frame is the form's to paint.
-    constexpr DWORD SeeThrough = WS_EX_TRANSPARENT;
     const bool made = Create(
-        {{u"FrameNumbers", &frameNumbers, L"BUTTON", Group, SeeThrough},
-         {u"CheckStoreNumbers", &checkStoreNumbers, L"BUTTON", Check, 0},
+        {{u"FrameNumbers", &frameNumbers, L"BUTTON", style::Group, style::SeeThrough},
+         {u"CheckStoreNumbers", &checkStoreNumbers, L"BUTTON", style::Check, 0},
          {u"LabelNumUsedNumber", &labelNumUsedNumber, L"STATIC", SS_LEFT, 0},
-         {u"TextNumUsedNumber", &textNumUsedNumber, L"EDIT", Field | ES_NUMBER, WS_EX_CLIENTEDGE},
-         {u"FramePrefixes", &framePrefixes, L"BUTTON", Group, SeeThrough},
-         {u"OptionNational", &optionNational, L"BUTTON", Option | WS_GROUP, 0},
-         {u"OptionInternational", &optionInternational, L"BUTTON", Option, 0},
+         {u"TextNumUsedNumber", &textNumUsedNumber, L"EDIT", style::Field | ES_NUMBER, style::Edge},
+         {u"FramePrefixes", &framePrefixes, L"BUTTON", style::Group, style::SeeThrough},
+         {u"OptionNational", &optionNational, L"BUTTON", style::Option | WS_GROUP, 0},
+         {u"OptionInternational", &optionInternational, L"BUTTON", style::Option, 0},
          {u"TextPrefixes",
           &textPrefixes,
           L"EDIT",
-          Field | WS_GROUP,
+          style::Field | WS_GROUP,
           WS_EX_CLIENTEDGE,
           {u"LabelPrefixes", &labelPrefixes}},
-         {u"LabelPrefixHelp", &labelPrefixHelp, L"STATIC", Help, 0},
-         {u"FrameFont", &frameFont, L"BUTTON", Group, SeeThrough},
+         {u"LabelPrefixHelp", &labelPrefixHelp, L"STATIC", style::Help, 0},
+         {u"FrameFont", &frameFont, L"BUTTON", style::Group, style::SeeThrough},
          {u"LabelFont", &labelFont, L"STATIC", SS_LEFT, 0},
-         {u"BoxFont", &boxFont, L"COMBOBOX", DropDown, 0},
+         {u"BoxFont", &boxFont, L"COMBOBOX", style::DropDown, 0},
          {u"LabelFontSize", &labelFontSize, L"STATIC", SS_LEFT, 0},
-         {u"BoxFontSize", &boxFontSize, L"COMBOBOX", DropDown, 0},
-         {u"FrameCharacters", &frameCharacters, L"BUTTON", Group, SeeThrough},
-         {u"CheckAirCount", &checkAirCount, L"BUTTON", Check, 0},
-         {u"CheckAskLostCharacters", &checkAskLostCharacters, L"BUTTON", Check, 0},
-         {u"FrameLanguage", &frameLanguage, L"BUTTON", Group, SeeThrough},
+         {u"BoxFontSize", &boxFontSize, L"COMBOBOX", style::DropDown, 0},
+         {u"FrameCharacters", &frameCharacters, L"BUTTON", style::Group, style::SeeThrough},
+         {u"CheckAirCount", &checkAirCount, L"BUTTON", style::Check, 0},
+         {u"CheckAskLostCharacters", &checkAskLostCharacters, L"BUTTON", style::Check, 0},
+         {u"FrameLanguage", &frameLanguage, L"BUTTON", style::Group, style::SeeThrough},
          {u"LabelLanguage", &labelLanguage, L"STATIC", SS_LEFT, 0},
-         {u"BoxLanguage", &boxLanguage, L"COMBOBOX", DropDown, 0},
-         {u"LabelLanguageHelp", &labelLanguageHelp, L"STATIC", Help, 0},
-         {u"FrameMisc", &frameMisc, L"BUTTON", Group, SeeThrough},
-         {u"CheckNumberCache", &checkNumberCache, L"BUTTON", Check, 0},
-         {u"CheckForgetAnswers", &checkForgetAnswers, L"BUTTON", Check, 0},
-         {u"CheckTrace", &checkTrace, L"BUTTON", Check, 0},
-         {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", Help, 0},
-         {u"ButtonOK", &buttonOK, L"BUTTON", Button | WS_GROUP, 0},
-         {u"ButtonCancel", &buttonCancel, L"BUTTON", Button, 0}},
+         {u"BoxLanguage", &boxLanguage, L"COMBOBOX", style::DropDown, 0},
+         {u"LabelLanguageHelp", &labelLanguageHelp, L"STATIC", style::Help, 0},
+         {u"FrameMisc", &frameMisc, L"BUTTON", style::Group, style::SeeThrough},
+         {u"CheckNumberCache", &checkNumberCache, L"BUTTON", style::Check, 0},
+         {u"CheckForgetAnswers", &checkForgetAnswers, L"BUTTON", style::Check, 0},
+         {u"CheckTrace", &checkTrace, L"BUTTON", style::Check, 0},
+         {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", style::Help, 0},
+         {u"ButtonOK", &buttonOK, L"BUTTON", style::Button | WS_GROUP, 0},
+         {u"ButtonCancel", &buttonCancel, L"BUTTON", style::Button, 0}},
         owner.Window());
     if (!made) return false;
     SendMessageW(textNumUsedNumber.Window(), EM_SETLIMITTEXT, MostDigits, 0);
@@ -93,7 +85,6 @@ int FormOptionsWindow::InnerWidth() const {
     return std::max({width, LabelWidth() + metrics.Horizontal(LeastFont + 12) + size, prefixes});
 }
 
-// The height that all controls take.
 int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     FormRows rows(Font(), boxFont, innerWidth, placement);
     const FontMetrics& metrics = Font().Metrics();
@@ -148,19 +139,6 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
 
     rows.Drop(2);
     return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
-}
-
-SIZE FormOptionsWindow::LeastClient() const {
-    const int width = InnerWidth();
-    return {width + Font().Metrics().Horizontal(4 * FormRows::Margin), Arrange(width, nullptr)};
-}
-
-void FormOptionsWindow::OnSize() {
-    if (!Loaded()) return;
-    RECT client;
-    GetClientRect(FormWindow::Window(), &client);
-    Placement placement;
-    Arrange(client.right - Font().Metrics().Horizontal(4 * FormRows::Margin), &placement);
 }
 
 bool FormOptionsWindow::OnKeyDown(std::int32_t keyCode, std::int32_t) {

@@ -1,13 +1,13 @@
 // The window of the settings: a dialog of the SMS form.
 #pragma once
 
-#include "windows/FormWindow.h"
+#include "windows/FormRows.h"
 
 #include "compose/FormOptionsView.h"
 
 namespace tellwick::windows {
 
-class FormOptionsWindow : public FormViewWindow<FormOptionsView> {
+class FormOptionsWindow : public FormOfRows<FormOptionsView> {
 public:
     // `owner` is loaded whenever this window is.
     explicit FormOptionsWindow(const FormWindow& owner) : owner(owner) {}
@@ -32,15 +32,12 @@ public:
     void SetEvents(FormOptionsEvents& newEvents) override { events = &newEvents; }
 
 private:
-    SIZE LeastClient() const override;
-    SIZE UsualClient() const override { return LeastClient(); }
     void OnClose() override { events->ButtonCancel_Click(); }
-    void OnSize() override;
     bool OnKeyDown(std::int32_t keyCode, std::int32_t shift) override;
     void OnCommand(HWND control, WORD notification, WORD identifier) override;
+    int InnerWidth() const override;
+    int Arrange(int innerWidth, Placement* placement) const override;
     int LabelWidth() const;
-    int InnerWidth() const;
-    int Arrange(int innerWidth, Placement* placement) const;
 
     const FormWindow& owner;
     FormOptionsEvents* events = nullptr;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "windows/FormControls.h"
+#include "windows/FormWindow.h"
 
 namespace tellwick::windows {
 
@@ -89,6 +90,32 @@ private:
     Placement* const placement;
     int y = 0;
     int frameTop = 0;
+};
+
+// A form of such rows, which is no larger than they need.
+template <class View>
+class FormOfRows : public FormViewWindow<View> {
+protected:
+    // The width within the frames that the rows need.
+    virtual int InnerWidth() const = 0;
+    // The height that all controls take.
+    virtual int Arrange(int innerWidth, Placement* placement) const = 0;
+
+    SIZE LeastClient() const override {
+        const int width = InnerWidth();
+        return {width + Margins(), Arrange(width, nullptr)};
+    }
+    SIZE UsualClient() const override { return LeastClient(); }
+    void OnSize() override {
+        if (!this->Loaded()) return;
+        RECT client;
+        GetClientRect(FormWindow::Window(), &client);
+        Placement placement;
+        Arrange(int(client.right) - Margins(), &placement);
+    }
+
+private:
+    int Margins() const { return this->Font().Metrics().Horizontal(4 * FormRows::Margin); }
 };
 
 }  // namespace tellwick::windows

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Keys.h"
+#include "windows/ControlStyles.h"
 
 namespace tellwick::windows {
 
@@ -23,7 +24,6 @@ constexpr int Columns[] = {100, 200};
 }  // namespace
 
 bool FormSmsPreviewWindow::Load() {
-    constexpr DWORD Button = WS_TABSTOP | BS_PUSHBUTTON | BS_NOTIFY;
     constexpr DWORD List =
         WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS;
     const bool made =
@@ -32,10 +32,10 @@ bool FormSmsPreviewWindow::Load() {
                 {u"TextParts", &textParts, WindowStyledText::Class(), WindowStyledText::Style,
                  WS_EX_CLIENTEDGE},
                 {u"LabelCharacters", &labelCharacters, L"STATIC", SS_LEFT, 0},
-                {u"ListCharacters", &listCharacters, L"LISTBOX", List, WS_EX_CLIENTEDGE},
-                {u"ButtonReplace", &buttonReplace, L"BUTTON", Button | WS_GROUP, 0},
-                {u"ButtonReplaceAll", &buttonReplaceAll, L"BUTTON", Button, 0},
-                {u"ButtonOK", &buttonOK, L"BUTTON", Button, 0}},
+                {u"ListCharacters", &listCharacters, L"LISTBOX", List, style::Edge},
+                {u"ButtonReplace", &buttonReplace, L"BUTTON", style::Button | WS_GROUP, 0},
+                {u"ButtonReplaceAll", &buttonReplaceAll, L"BUTTON", style::Button, 0},
+                {u"ButtonOK", &buttonOK, L"BUTTON", style::Button, 0}},
                owner.Window());
     if (!made) return false;
     SendMessageW(listCharacters.Window(), LB_SETTABSTOPS, std::size(Columns),
