@@ -9,7 +9,6 @@
 
 namespace tellwick::sender {
 
-using windows::ControlPlan;
 using windows::FontMetrics;
 using windows::FormRows;
 using windows::Placement;
@@ -117,10 +116,10 @@ void FormSettingsWindow::ShowGateway(bool gateway) {
 
 std::vector<Text> FormSettingsWindow::Ports() {
     constexpr TextView Beginning = u"COM";
-    std::vector<wchar_t> names(64 * 1024);
-    DWORD length = 0;
-    while ((length = QueryDosDeviceW(nullptr, names.data(), DWORD(names.size()))) == 0) {
-        constexpr std::size_t Enough = 4 * 1024 * 1024;
+    constexpr std::size_t Usual = 65'536;  // characters
+    constexpr std::size_t Enough = 4'194'304;
+    std::vector<wchar_t> names(Usual);
+    while (QueryDosDeviceW(nullptr, names.data(), DWORD(names.size())) == 0) {
         if (GetLastError() != ERROR_INSUFFICIENT_BUFFER || names.size() > Enough) return {};
         names.resize(2 * names.size());
     }
