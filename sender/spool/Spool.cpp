@@ -224,6 +224,12 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
     return sms;
 }
 
+bool Spool::Update(State state, const Text& id, const SpooledSms& sms) {
+    if (!Write(Path(state, id), sms)) return false;
+    Tell(id, state);
+    return true;
+}
+
 bool Spool::Record(const Text& id, const SpooledSms& sms) {
     return Write(Path(State::Sending, id), sms);
 }

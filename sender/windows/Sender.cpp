@@ -120,7 +120,8 @@ bool Sender::Arrived(const ReceivedPart& part, std::string_view unit) {
     return reception->Arrived(part, unit);
 }
 
-// The spool keeps the network's references, and nothing is shown of reports yet.
-void Sender::Reported(const StatusReport&) {}
+void Sender::Reported(const StatusReport& report) {
+    if (delivery) delivery->Reported(report);
+}
 
 }  // namespace tellwick::sender
