@@ -99,7 +99,7 @@ LRESULT CALLBACK RunningObject::Procedure(HWND window, UINT message, WPARAM firs
 
 void RunningObject::Register() {
     if (cookie != 0) return;
-    RegisterActiveObject(object.Get(), ToGuid(classIdentifier), ACTIVEOBJECT_WEAK, &cookie);
+    RegisterActiveObject(object.Get(), ToGuid(classIdentifier), ACTIVEOBJECT_STRONG, &cookie);
 }
 
 RunningObject::~RunningObject() {
