@@ -44,14 +44,8 @@ TextView NameOf(State state) {
 
 // Of one that was sent.
 TextView NameOf(Arrival arrival) {
-    switch (arrival) {
-        case Arrival::Delivered:
-            return u"StateDelivered";
-        case Arrival::Failed:
-            return u"StateNotDelivered";
-        default:
-            return NameOf(State::Sent);
-    }
+    if (arrival == Arrival::Unknown) return NameOf(State::Sent);
+    return arrival == Arrival::Delivered ? u"StateDelivered" : u"StateNotDelivered";
 }
 
 // As the user's regional settings have it.
