@@ -1,7 +1,6 @@
 #include "spool/Spool.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "platform/Utf8.h"
@@ -225,9 +224,9 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
 }
 
 bool Spool::Update(State state, const Text& id, const SpooledSms& sms) {
-    if (!Write(Path(state, id), sms)) return false;
-    Tell(id, state);
-    return true;
+    const bool written = Write(Path(state, id), sms);
+    if (written) Tell(id, state);
+    return written;
 }
 
 bool Spool::Record(const Text& id, const SpooledSms& sms) {
@@ -357,8 +356,7 @@ bool Spool::SendAgain(State state, const Text& id) {
 
 bool Spool::Delete(State state, const Text& id) {
     if (state == State::Sending) return false;
-    std::optional<SpooledSms> sms;
-    if (state == State::Failed) sms = Load(state, id);
+    const auto sms = state == State::Failed ? Load(state, id) : std::nullopt;
     if (!fileSystem.Delete(Path(state, id))) return false;
     // The name is taken from our own folder, whatever the file says.
     if (sms && sms->wholeText == id + Text(WholeTextEnding)) {
