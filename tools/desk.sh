@@ -32,6 +32,17 @@ newUser() {
     "$tools/register" "$bits" 'C:\Tellwick for Outlook\TellwickOutlookAddIn.dll'
 }
 
+# The sender's own program as the add-in finds it, with a stand-in modem on a port: what the modem
+# says of the network goes to a file, what happens to it comes through a pipe (see modem.py).
+useModem() {
+    cp "$bin/TellwickSender.exe" "$folder/Tellwick.exe"
+    sed -i 's/^\[Settings\]\r$/&\nComPort=COM5\r\nBaudrate=115200\r/' "$settings/corvane.ini"
+    rm -f "$shots/phone" && mkfifo "$shots/phone"
+    python3 "$root/standin/modem/modem.py" "$prefix/dosdevices/com5" <"$shots/phone" \
+        >"$shots/modem" 2>>"$log" &
+    exec 5>"$shots/phone"
+}
+
 # startOutlook VERSION [OPTION...]: with a pipe for commands and questions about where things are.
 startOutlook() {
     rm -f "$shots/commands" && mkfifo "$shots/commands"

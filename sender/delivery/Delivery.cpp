@@ -34,6 +34,7 @@ Delivery::Delivery(QueueReader& queueReader, Spool& spool, Carrier& carrier, Clo
                    Timers& timers)
     : queueReader(queueReader),
       spool(spool),
+      sentReports(spool),
       carrier(carrier),
       clock(clock),
       timer(timers.Create()),
@@ -129,6 +130,7 @@ void Delivery::Answered(const Outcome& outcome) {
         case Outcome::Kind::Sent:
             sms.result = Result::Sent;
             sms.finished = clock.Now();
+            sentReports.Sent(current, sms);
             break;
         case Outcome::Kind::Transient:
             TryLater(outcome);
@@ -162,6 +164,11 @@ void Delivery::TryLater(const Outcome& outcome) {
     sms.finished = now;
     sms.nextTry = 0;
     sms.reason = TooOldBecause(outcome.reason);
+}
+
+void Delivery::Reported(const StatusReport& report) {
+    if (!current.empty() && SentReports::Note(report, sms)) return;
+    if (open) sentReports.Reported(report);
 }
 
 void Delivery::ReadinessChanged() {

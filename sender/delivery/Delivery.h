@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "carrier/Carrier.h"
+#include "delivery/SentReports.h"
 #include "platform/Clock.h"
 #include "platform/Timer.h"
 #include "spool/QueueReader.h"
@@ -34,6 +35,9 @@ public:
     // There may be something new in the queue or in the spool. The work begins with the next tick.
     void Look();
 
+    // What the network says of one that was sent, or of a part of the one under way.
+    void Reported(const StatusReport& report);
+
     // Whether one is with the carrier.
     bool UnderWay() const { return !current.empty(); }
 
@@ -49,6 +53,7 @@ private:
 
     QueueReader& queueReader;
     Spool& spool;
+    SentReports sentReports;
     Carrier& carrier;
     Clock& clock;
     std::unique_ptr<Timer> timer;

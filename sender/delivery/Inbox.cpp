@@ -12,6 +12,7 @@ namespace {
 
 constexpr TextView Unit = u".pdu";
 constexpr TextView DoneEnding = u".done";  // when it was, and the names of the parts
+constexpr TextView ReadEnding = u".txt";
 constexpr double LongestWaitForParts = 1;  // days
 constexpr double Remembered = 30;
 constexpr TextView Missing = u"[...]";
@@ -28,7 +29,10 @@ Text NameOf(std::string_view unit) {
 }  // namespace
 
 Inbox::Inbox(FileSystem& fileSystem, Clock& clock, TextView settingsFolder)
-    : fileSystem(fileSystem), clock(clock), folder(Text(settingsFolder) + u"Spool\\received\\") {}
+    : fileSystem(fileSystem),
+      clock(clock),
+      folder(Text(settingsFolder) + u"Spool\\received\\"),
+      readFolder(Text(settingsFolder) + u"Spool\\read\\") {}
 
 bool Inbox::Open() {
     kept.clear();
@@ -106,12 +110,37 @@ bool Inbox::Done(const ReceivedSms& sms) {
     if (fileSystem.Swap(folder + first + Text(DoneEnding), {}, done) != SwapResult::Done) {
         return false;
     }
+    KeepRead(sms);
     // What cannot be deleted goes at the next start.
     for (const Text& file : sms.files) fileSystem.Delete(folder + file + Text(Unit));
     std::erase_if(kept, [&](const auto& entry) {
         return entry.second.begin()->second.files.front() == first;
     });
     return true;
+}
+
+// For the user to look up; the program never reads it. Names are in the order of their arrival.
+void Inbox::KeepRead(const ReceivedSms& sms) {
+    const auto most = std::size_t(limits.store ? std::max(limits.most, 0) : 0);
+    std::vector<Text> names = fileSystem.FileNames(readFolder, ReadEnding);
+    if (most > 0) {
+        const std::string now = TimeStamp(clock.Now());
+        Text name;
+        for (const char unit : now) {
+            if (unit >= '0' && unit <= '9') name += char16_t(unit);
+        }
+        name.append(u"-").append(sms.files.front()).append(ReadEnding);
+        if (!fileSystem.FolderExists(readFolder)) fileSystem.CreateFolder(readFolder);
+        const std::string contents = "From=" + ToUtf8(sms.from) +
+                                     "\r\nSent=" + TimeStamp(sms.sent) + "\r\nArrived=" + now +
+                                     "\r\n\r\n" + ToUtf8(sms.text);
+        if (fileSystem.Write(readFolder + name, contents, WriteMode::Replace))
+            names.push_back(name);
+    }
+    if (names.size() <= most) return;
+    std::sort(names.begin(), names.end());
+    names.resize(names.size() - most);
+    for (const Text& oldest : names) fileSystem.Delete(readFolder + oldest);
 }
 
 }  // namespace tellwick::sender

@@ -1,5 +1,6 @@
 // SMS that arrived: every part is kept in a file of its own, `Spool\received`, before the modem is
-// told to forget it, until the whole SMS is where the user reads it.
+// told to forget it, until the whole SMS is where the user reads it. Then the text itself is kept,
+// one SMS a file, in `Spool\read`.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +24,12 @@ struct ReceivedSms {
     std::vector<Text> files;  // of its parts; what Done wants to know
 };
 
+// What is kept of those that are read: the settings StoreReadSMS and MaxReadSMS.
+struct ReadLimits {
+    bool store = true;
+    std::int32_t most = 999;
+};
+
 class Inbox {
 public:
     // The settings folder ends in "\".
@@ -39,8 +46,13 @@ public:
     // after a day, with "[...]" where they were.
     std::vector<ReceivedSms> Whole() const;
 
+    // Nothing is kept that has still to be read, or waits for its other parts.
+    bool Empty() const { return kept.empty(); }
+
     // It is where the user reads it. False when that cannot be noted: it then comes once more.
     bool Done(const ReceivedSms& sms);
+
+    void SetLimits(const ReadLimits& newLimits) { limits = newLimits; }
 
 private:
     // Sender, reference, number of parts; and of a whole SMS a file's name, since references come
@@ -52,10 +64,13 @@ private:
     };
 
     void Add(const Text& file, const ReceivedPart& part);
+    void KeepRead(const ReceivedSms& sms);
 
     FileSystem& fileSystem;
     Clock& clock;
     Text folder;
+    Text readFolder;
+    ReadLimits limits;
     std::map<Key, std::map<std::int32_t, Kept>> kept;  // by number of the part
     std::set<Text> known;                              // files of units kept or done
 };

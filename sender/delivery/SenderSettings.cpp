@@ -48,8 +48,7 @@ SenderSettings SenderSettings::Read(InifilesLite& inifilesLite) {
         submit.concatenation = Concatenation::Reference16;
     }
     settings.sent = {yes(Sms, u"StoreSentSMS", u"1"), number(Sms, u"MaxSentSMS", u"999")};
-    settings.storeRead = yes(Sms, u"StoreReadSMS", u"1");
-    settings.mostRead = number(Sms, u"MaxReadSMS", u"999");
+    settings.read = {yes(Sms, u"StoreReadSMS", u"1"), number(Sms, u"MaxReadSMS", u"999")};
 
     GatewaySettings& gateway = settings.gatewaySettings;
     gateway.address = text(Sender, u"Address");

@@ -5,6 +5,7 @@
 
 #include "carrier/Gateway.h"
 #include "carrier/PduWriter.h"
+#include "delivery/Inbox.h"
 #include "platform/Text.h"
 #include "spool/Spool.h"
 
@@ -33,8 +34,7 @@ struct SenderSettings {
     SubmitOptions submit;
     GatewaySettings gatewaySettings;
     SentLimits sent;
-    bool storeRead = true;
-    std::int32_t mostRead = 999;
+    ReadLimits read;
 
     // Looks first whether another program changed the file.
     static SenderSettings Read(InifilesLite& inifilesLite);

@@ -49,6 +49,8 @@ const std::vector<SenderTextEntry>& SenderTexts() {
         {u"StateSending", u"being sent"},
         {u"StateUnsure", u"unsure"},
         {u"StateSent", u"sent"},
+        {u"StateDelivered", u"delivered"},
+        {u"StateNotDelivered", u"not delivered"},
         {u"StateFailed", u"failed"},
         {u"IsOff", u"Switched off."},
         {u"CountWaiting", u"%d waiting."},

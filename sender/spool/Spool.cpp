@@ -1,7 +1,6 @@
 #include "spool/Spool.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "platform/Utf8.h"
@@ -224,6 +223,12 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
     return sms;
 }
 
+bool Spool::Update(State state, const Text& id, const SpooledSms& sms) {
+    const bool written = Write(Path(state, id), sms);
+    if (written) Tell(id, state);
+    return written;
+}
+
 bool Spool::Record(const Text& id, const SpooledSms& sms) {
     return Write(Path(State::Sending, id), sms);
 }
@@ -351,8 +356,7 @@ bool Spool::SendAgain(State state, const Text& id) {
 
 bool Spool::Delete(State state, const Text& id) {
     if (state == State::Sending) return false;
-    std::optional<SpooledSms> sms;
-    if (state == State::Failed) sms = Load(state, id);
+    const auto sms = state == State::Failed ? Load(state, id) : std::nullopt;
     if (!fileSystem.Delete(Path(state, id))) return false;
     // The name is taken from our own folder, whatever the file says.
     if (sms && sms->wholeText == id + Text(WholeTextEnding)) {

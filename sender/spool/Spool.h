@@ -78,6 +78,8 @@ public:
     // empty when that fails: it is not to be handed over, and Next gives others for a minute. A
     // damaged one becomes a failed one.
     std::optional<SpooledSms> Begin(const Text& id);
+    // Writes down what has become known of one behind its last step.
+    bool Update(State state, const Text& id, const SpooledSms& sms);
     // Writes down what has been sent of it. What cannot be written is kept for Finish.
     bool Record(const Text& id, const SpooledSms& sms);
     // Moves it according to its result: Sent, Failed, TryAgain to `waiting`; Unsure stays. What

@@ -1,5 +1,6 @@
 #include "spool/SpooledSms.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -51,6 +52,14 @@ std::vector<std::int32_t> Numbers(std::string_view value) {
     return numbers;
 }
 
+std::string Joined(const std::vector<std::int32_t>& numbers) {
+    std::string joined;
+    for (const std::int32_t number : numbers) {
+        joined.append(joined.empty() ? "" : " ").append(std::to_string(number));
+    }
+    return joined;
+}
+
 Result ResultOf(std::string_view name) {
     for (std::size_t result = 0; result < ResultNames.size(); ++result) {
         if (ResultNames[result] == name) return Result(result);
@@ -72,10 +81,22 @@ void Take(SpooledSms& sms, std::string_view name, std::string_view value) {
     if (name == "PartsSent") sms.partsSent = Number(value);
     if (name == "Reference") sms.concatReference = Number(value);
     if (name == "NetworkReferences") sms.networkReferences = Numbers(value);
+    if (name == "Reports") sms.reports = Numbers(value);
     if (name == "WholeText") sms.wholeText = FromUtf8(value);
 }
 
 }  // namespace
+
+Arrival ArrivalOf(const SpooledSms& sms) {
+    constexpr std::int32_t StillTrying = 0x20;
+    constexpr std::int32_t GivenUp = 0x40;
+    const auto& reports = sms.reports;
+    const auto failed = [](std::int32_t status) { return status >= GivenUp; };
+    const auto arrived = [](std::int32_t status) { return status >= 0 && status < StillTrying; };
+    if (std::ranges::any_of(reports, failed)) return Arrival::Failed;
+    const bool all = !reports.empty() && reports.size() == sms.networkReferences.size();
+    return all && std::ranges::all_of(reports, arrived) ? Arrival::Delivered : Arrival::Unknown;
+}
 
 std::string ToFile(const SpooledSms& sms) {
     std::string file(FirstLine);
@@ -91,11 +112,8 @@ std::string ToFile(const SpooledSms& sms) {
     writer.PutTime("Finished", sms.finished);
     writer.Put("PartsSent", sms.partsSent);
     writer.Put("Reference", sms.concatReference);
-    std::string references;
-    for (const std::int32_t reference : sms.networkReferences) {
-        references.append(references.empty() ? "" : " ").append(std::to_string(reference));
-    }
-    writer.Put("NetworkReferences", references);
+    writer.Put("NetworkReferences", Joined(sms.networkReferences));
+    writer.Put("Reports", Joined(sms.reports));
     writer.Put("WholeText", sms.wholeText);
     const std::string text = ToUtf8(sms.text);
     writer.Put("Bytes", std::to_string(text.size()));

@@ -15,6 +15,8 @@ namespace tellwick::sender {
 // Of one long text: their number is a byte on the air.
 inline constexpr std::size_t MostParts = 255;
 
+inline constexpr std::int32_t NoReport = -1;
+
 // What the last try came to. Unknown: it was not tried, or ended without an answer.
 enum class Result { Unknown, TryAgain, Sent, Failed, Unsure };
 
@@ -37,6 +39,9 @@ struct SpooledSms {
     std::int32_t concatReference = 0;
     // The network's own reference of each part that was sent, which its report names.
     std::vector<std::int32_t> networkReferences;
+    // What the network has reported of each of them, as 3GPP TS 23.040 numbers it; NoReport for
+    // none. Empty: of none at all.
+    std::vector<std::int32_t> reports;
 
     // Of a text too long to be kept here whole: the file in the same folder that has all of it, in
     // the bytes it was queued in.
@@ -44,6 +49,10 @@ struct SpooledSms {
 
     bool operator==(const SpooledSms&) const = default;
 };
+
+// What the reports come to: Delivered once all parts are, Failed once one will never be.
+enum class Arrival { Unknown, Delivered, Failed };
+Arrival ArrivalOf(const SpooledSms& sms);
 
 // The file: "Tellwick SMS 1", lines of name=value, an empty line, and the text; UTF-8, lines end
 // with CR LF. Lines with other names are passed over, so that a newer version's files can be read.

@@ -20,14 +20,14 @@ Sender::Sender(const MainThread& mainThread)
       modem(modules.timers, *this),
       modemLine(modem, modules.timers, mainThread),
       pinKeeper(modem, secrets, modules.timers),
+      outlookInbox(mainThread),
       changeTimer(modules.timers.Create()) {}
 
 bool Sender::Start() {
     modules.inifilesLite.GetIniFile();
     const Text folder = modules.inifilesLite.SettingsFolder();
     if (folder.empty()) return false;
-    inbox.emplace(modules.fileSystem, modules.clock, folder);
-    inboxOpen = inbox->Open();
+    reception.emplace(modules.fileSystem, modules.clock, folder, outlookInbox, modules.timers);
     spool.emplace(modules.fileSystem, modules.clock, folder);
     queueReader.emplace(modules.registry, queueValues, modules.fileSystem, modules.locale,
                         modules.clock, modules.prefixes, *spool);
@@ -97,6 +97,7 @@ void Sender::ApplySettings() {
     SenderSettings settings = SenderSettings::Read(modules.inifilesLite);
     settings.gatewaySettings.password = secrets.Read(secret::Password);
     spool->SetLimits(settings.sent);
+    reception->SetLimits(settings.read);
     modem.SetOptions(settings.submit);
     UseCarrier(settings.gateway);
     if (settings.gateway) {
@@ -116,11 +117,11 @@ void Sender::UseCarrier(bool viaGateway) {
 }
 
 bool Sender::Arrived(const ReceivedPart& part, std::string_view unit) {
-    inboxOpen = inboxOpen || inbox->Open();
-    return inboxOpen && inbox->Keep(part, unit);
+    return reception->Arrived(part, unit);
 }
 
-// The spool keeps the network's references, and nothing is shown of reports yet.
-void Sender::Reported(const StatusReport&) {}
+void Sender::Reported(const StatusReport& report) {
+    if (delivery) delivery->Reported(report);
+}
 
 }  // namespace tellwick::sender

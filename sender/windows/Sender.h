@@ -7,10 +7,11 @@
 
 #include "carrier/Gateway.h"
 #include "delivery/Delivery.h"
-#include "delivery/Inbox.h"
 #include "delivery/PinKeeper.h"
+#include "delivery/Reception.h"
 #include "spool/QueueReader.h"
 #include "windows/ModemLine.h"
+#include "windows/OutlookThread.h"
 #include "windows/RegistryQueueValues.h"
 #include "windows/Secrets.h"
 #include "windows/SenderModules.h"
@@ -75,8 +76,8 @@ private:
     Modem modem;
     ModemLine modemLine;
     PinKeeper pinKeeper;
-    std::optional<Inbox> inbox;
-    bool inboxOpen = false;
+    OutlookThread outlookInbox;
+    std::optional<Reception> reception;
     std::optional<Spool> spool;
     std::optional<QueueReader> queueReader;
     std::optional<Delivery> delivery;

@@ -42,6 +42,12 @@ TextView NameOf(State state) {
     }
 }
 
+// Of one that was sent.
+TextView NameOf(Arrival arrival) {
+    if (arrival == Arrival::Unknown) return NameOf(State::Sent);
+    return arrival == Arrival::Delivered ? u"StateDelivered" : u"StateNotDelivered";
+}
+
 // As the user's regional settings have it.
 Text LocalTime(double time) {
     SYSTEMTIME moment;
@@ -164,7 +170,7 @@ const SpooledSms& SmsList::Read(const Row& row) {
 }
 
 Text SmsList::Cell(const Row& row, int column) {
-    if (column == Condition) return InWords(row.state, language);
+    if (column == Condition && row.state != State::Sent) return InWords(row.state, language);
     const SpooledSms& sms = Read(row);
     switch (column) {
         case Time:
@@ -173,6 +179,8 @@ Text SmsList::Cell(const Row& row, int column) {
             return sms.recipient;
         case Message:
             return OneLine(TextView(sms.text).substr(0, ShownOfText));
+        case Condition:
+            return SenderText(language, NameOf(ArrivalOf(sms)));
         case Parts:
             return NumberText(std::int64_t(CountOnAir(sms.text).parts.size()));
         default:

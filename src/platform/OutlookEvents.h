@@ -45,6 +45,7 @@ inline constexpr std::int32_t ButtonClick = 1;
 inline constexpr std::int32_t AppointmentClass = 26;
 inline constexpr std::int32_t ContactClass = 40;
 inline constexpr std::int32_t MailClass = 43;
+inline constexpr std::int32_t PostClass = 45;
 inline constexpr std::int32_t DistributionListClass = 69;
 
 // What folders hold (DefaultItemType).
@@ -54,6 +55,7 @@ inline constexpr std::int32_t ContactItemType = 2;
 inline constexpr std::int32_t DeletedFolder = 3;
 inline constexpr std::int32_t InboxFolder = 6;
 inline constexpr std::int32_t ContactsFolder = 10;
+inline constexpr std::int32_t DraftsFolder = 16;
 inline constexpr std::int32_t PublicFoldersFolder = 18;
 
 }  // namespace tellwick::outlook

@@ -1,5 +1,7 @@
 #include "windows/MonitorAwareness.h"
 
+#include <atomic>
+
 #include "windows/SystemFunction.h"
 
 namespace tellwick::windows {
@@ -11,6 +13,7 @@ namespace {
 const auto PerMonitor = reinterpret_cast<HANDLE>(INT_PTR(-3));
 const auto PerMonitorSecond = reinterpret_cast<HANDLE>(INT_PTR(-4));
 
+std::atomic<DWORD> outlooksThread = 0;
 HANDLE outlooks = nullptr;  // Outlook's context while the add-in runs in another one
 HANDLE loops = nullptr;     // the one that Outlook's message loop had last
 
@@ -30,6 +33,7 @@ HANDLE SetPerMonitor() {
 
 MonitorAware::MonitorAware(Entry entry) : before(SetPerMonitor()), outermost(!outlooks) {
     if (!outermost) return;
+    outlooksThread = GetCurrentThreadId();
     if (entry == Loop) loops = before;
     outlooks = entry == Window ? loops : before;
 }
@@ -40,9 +44,12 @@ MonitorAware::~MonitorAware() {
 }
 
 OutlooksContext::OutlooksContext()
-    : outlooksBefore(std::exchange(outlooks, nullptr)), before(SetContext(outlooksBefore)) {}
+    : called(outlooksThread == GetCurrentThreadId()),
+      outlooksBefore(called ? std::exchange(outlooks, nullptr) : nullptr),
+      before(SetContext(outlooksBefore)) {}
 
 OutlooksContext::~OutlooksContext() {
+    if (!called) return;
     SetContext(before);
     outlooks = outlooksBefore;
 }

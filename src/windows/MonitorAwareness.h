@@ -25,6 +25,7 @@ private:
 };
 
 // Around every call of Outlook: the context that it had when it called, until the call returns.
+// Nothing in a thread that Outlook never called.
 class OutlooksContext {
 public:
     OutlooksContext();
@@ -33,6 +34,7 @@ public:
     ~OutlooksContext();
 
 private:
+    bool called;
     HANDLE outlooksBefore;
     HANDLE before;
 };

@@ -1,7 +1,5 @@
 #include "model/Application.h"
 
-#include <map>
-
 #include "model/OutlookModel.h"
 #include "model/Stores.h"
 #include "platform/OutlookEvents.h"
@@ -137,15 +135,11 @@ const MemberTable& ApplicationObject::Table() const {
                     })
             .Method(u"CreateItem", {u"ItemType"},
                     [](ApplicationObject& self, const Arguments& arguments) -> Value {
-                        static const std::map<std::int32_t, std::int32_t> classes{
-                            {MailItem, MailClass},
-                            {AppointmentItem, AppointmentClass},
-                            {ContactItem, ContactClass}};
                         std::int32_t type = 0;
                         if (!Convert(arguments[0], type)) return self.Fail(error::TypeMismatch);
-                        const auto found = classes.find(type);
-                        if (found == classes.end()) return self.Fail(error::InvalidCall);
-                        return std::make_shared<Item>(self.outlook, found->second)->Handle();
+                        const auto itemClass = ClassOfType(type);
+                        if (!itemClass) return self.Fail(error::InvalidCall);
+                        return std::make_shared<Item>(self.outlook, *itemClass)->Handle();
                     })
             .Method(u"Quit", {}, [](ApplicationObject& self, const Arguments&) {
                 if (self.outlook.quitRequested) {

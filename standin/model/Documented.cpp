@@ -73,6 +73,8 @@ constexpr auto Rows = std::to_array<DocumentedRow>({
     {Documented::UnreadableProcess, u"unreadable-process", Oldest, Newest, false,
      DocumentedRow::OnDesktop,
      u"the sender runs with more rights: it is in the list of processes, and its path is not told"},
+    {Documented::RunningAfterFocus, u"running-after-focus", Oldest, Newest, true,
+     DocumentedRow::OnDesktop, u"other programs find it running once it has lost the focus"},
 });
 
 }  // namespace

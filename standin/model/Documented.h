@@ -43,6 +43,7 @@ enum class Documented {
     NoRedemption,
     ForeignUser,
     UnreadableProcess,
+    RunningAfterFocus,
 };
 
 struct DocumentedRow {

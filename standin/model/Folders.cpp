@@ -219,6 +219,11 @@ const MemberTable& Items::Table() const {
                         return itemAtNext(self);
                     })
             .Method(u"GetNext", {}, [](Items& self, const Arguments&) { return itemAtNext(self); })
+            .Method(u"Add", {u"Type"},
+                    [](Items& self, const Arguments& arguments) -> Value {
+                        const auto item = self.Add(arguments[0]);
+                        return item ? item->Handle() : self.Fail(error::InvalidCall);
+                    })
             .Method(u"SetColumns", {u"Columns"},
                     [](Items& self, const Arguments& arguments) -> Value {
                         std::vector<Text> columns = ColumnsOf(AsText(arguments[0]));
@@ -389,41 +394,6 @@ const MemberTable& TableRow::Table() const {
                     })
             .Default(u"Item");
     return table;
-}
-
-TextView SafeItem::ClassName() const {
-    return itemClass == MailClass ? u"SafeMailItem" : u"SafeDistList";
-}
-
-const MemberTable& SafeItem::Table() const {
-    static const auto make = [](std::int32_t itemClass, const Item& example) {
-        Members<SafeItem> members = PropertiesOfItem<SafeItem>(
-            example.Table(), [](SafeItem& self, const Member& member) -> Value {
-                return self.item ? member.get(*self.item, {}) : self.Fail(error::ObjectNotSet);
-            });
-        members.Property(
-            u"Item", [](SafeItem& self) { return HandleOf(self.item); },
-            [itemClass](SafeItem& self, const Value& value) {
-                const auto item = TargetAs<Item>(AsObject(value));
-                if (item && item->itemClass == itemClass) {
-                    self.item = item;
-                } else {
-                    self.Fail(error::TypeMismatch);
-                }
-            });
-        if (const Member* getMember = example.Table().Find(u"GetMember")) {
-            members.Method(u"GetMember", {u"Index"},
-                           [getMember](SafeItem& self, const Arguments& arguments) -> Value {
-                               return self.item ? getMember->get(*self.item, arguments)
-                                                : self.Fail(error::ObjectNotSet);
-                           });
-        }
-        return members;
-    };
-    static const MemberTable mail = make(MailClass, Item(outlook, MailClass));
-    static const MemberTable list =
-        make(DistributionListClass, Item(outlook, DistributionListClass));
-    return itemClass == MailClass ? mail : list;
 }
 
 }  // namespace tellwick::standin

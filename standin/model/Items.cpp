@@ -16,6 +16,8 @@ constexpr std::int32_t TextType = 1;
 constexpr std::int32_t NumberType = 3;
 constexpr std::int32_t TruthType = 6;
 
+constexpr TextView MailMessage = u"IPM.Note";
+
 // What a user property of the type begins with; empty for a type that is not played.
 Value FirstValue(std::int32_t type) {
     switch (type) {
@@ -109,7 +111,9 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
             self.outlook.DeleteItem(Self(self));
             return Value();
         });
+    members.Field(u"UnRead", &Item::unread);
     if (itemClass == MailClass) {
+        members.Property(u"Sent", [](Item& self) { return self.sent; });
         members.Property(u"ReceivedTime", [](Item& self) { return self.created; });
         // A handler that cancels takes the reply away from the caller, too.
         members.Method(u"Reply", {}, [](Item& self, const Arguments&) {
@@ -121,6 +125,21 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
 }
 
 }  // namespace
+
+std::optional<std::int32_t> ClassOfType(std::int32_t type) {
+    switch (type) {
+        case MailItem:
+            return MailClass;
+        case AppointmentItem:
+            return AppointmentClass;
+        case ContactItem:
+            return ContactClass;
+        case PostItem:
+            return PostClass;
+        default:
+            return {};
+    }
+}
 
 const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
     static const std::vector<TextView> mail{
@@ -157,6 +176,8 @@ const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
                                                u"OtherFaxNumber"};
     static const std::vector<TextView> appointment{u"Subject", u"Body", u"Location",
                                                    u"MessageClass", u"EntryID"};
+    static const std::vector<TextView> post{u"Subject", u"Body", u"SenderName", u"MessageClass",
+                                            u"EntryID"};
     static const std::vector<TextView> list{u"DLName", u"Subject", u"Body", u"MessageClass",
                                             u"EntryID"};
     switch (itemClass) {
@@ -166,6 +187,8 @@ const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
             return appointment;
         case DistributionListClass:
             return list;
+        case PostClass:
+            return post;
         default:
             return mail;
     }
@@ -244,6 +267,8 @@ TextView Item::ClassName() const {
             return u"ContactItem";
         case DistributionListClass:
             return u"DistListItem";
+        case PostClass:
+            return u"PostItem";
         default:
             return u"MailItem";
     }
@@ -254,7 +279,8 @@ const MemberTable& Item::Table() const {
         {AppointmentClass, ItemMembers(AppointmentClass)},
         {ContactClass, ItemMembers(ContactClass)},
         {DistributionListClass, ItemMembers(DistributionListClass)},
-        {MailClass, ItemMembers(MailClass)}};
+        {MailClass, ItemMembers(MailClass)},
+        {PostClass, ItemMembers(PostClass)}};
     const auto found = tables.find(itemClass);
     return found == tables.end() ? tables.at(MailClass) : found->second;
 }
@@ -264,6 +290,11 @@ const EventInterface* Item::Events() const {
 }
 
 void Item::OnHeld() {
+    // What was posted has been sent, and is what its message class says once it is opened anew.
+    if (itemClass == PostClass && !folder.expired() && Field(u"MessageClass") == MailMessage) {
+        itemClass = MailClass;
+        sent = true;
+    }
     for (const auto& [name, value] : storedMeanwhile) SetField(name, value);
     storedMeanwhile.clear();
 }

@@ -1,6 +1,7 @@
 // Outlook's items, the folders they lie in, and the outside library's way to read them.
 #pragma once
 
+#include <optional>
 #include <utility>
 
 #include "model/ModelObject.h"
@@ -15,6 +16,10 @@ inline constexpr std::int32_t CalendarFolder = 9;
 inline constexpr std::int32_t MailItem = 0;
 inline constexpr std::int32_t AppointmentItem = 1;
 inline constexpr std::int32_t ContactItem = 2;
+inline constexpr std::int32_t PostItem = 6;
+
+// The class of such items; empty for a type that is not played.
+std::optional<std::int32_t> ClassOfType(std::int32_t type);
 
 class UserProperty : public ModelObject {
 public:
@@ -37,7 +42,7 @@ public:
     std::vector<std::shared_ptr<UserProperty>> all;
 };
 
-// An item of one of the four kinds. Its plain text properties are fields by name; a field that was
+// An item of one of the five kinds. Its plain text properties are fields by name; a field that was
 // never set is the empty text.
 class Item : public ModelObject {
 public:
@@ -62,12 +67,16 @@ public:
         Text name, address;
     };
 
-    const std::int32_t itemClass;
+    std::int32_t itemClass;  // of a post, once it is seen again after it has become a mail, that
     std::vector<Person> people;  // the members of a distribution list
     double created = 0;          // dates, see Value; of the universal time
     double modified = 0;
     std::weak_ptr<Folder> folder;
+    std::weak_ptr<Folder> madeIn;  // by Items.Add: where it is saved
     bool deleted = false;
+    // Came in or went out; else a mail that is still being written.
+    bool sent = false;
+    bool unread = false;
     // Fields that the store has got while somebody held the item.
     std::vector<std::pair<Text, Text>> storedMeanwhile;
 
@@ -116,6 +125,9 @@ public:
     std::shared_ptr<Items> Restricted(TextView filter) const;
     // By a property, which may stand in brackets. False when it cannot be sorted by.
     bool Sort(TextView property, bool descending);
+    // A new item of the collection's folder, by its type or its message class. Null for one that is
+    // not played.
+    std::shared_ptr<Item> Add(const Value& type) const;
 
     std::weak_ptr<Folder> folder;
     std::vector<std::shared_ptr<Item>> all;
@@ -213,13 +225,14 @@ public:
 };
 
 // What "Redemption.SafeMailItem" and "Redemption.SafeDistList" create: any property of the item put
-// into it.
+// into it. A mail's Sent can be put, too, until it is saved for the first time.
 class SafeItem : public ModelObject {
 public:
     SafeItem(OutlookModel& outlook, std::int32_t itemClass)
         : ModelObject(outlook), itemClass(itemClass) {}
     TextView ClassName() const override;
     const MemberTable& Table() const override;
+    void Put(const Member& member, const Value& value) const;
 
     const std::int32_t itemClass;
     std::shared_ptr<Item> item;

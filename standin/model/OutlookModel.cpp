@@ -36,9 +36,11 @@ OutlookModel::OutlookModel(PendingError& errors, std::int32_t majorVersion)
               std::make_shared<Folder>(*this, u"Contacts", ContactsFolder)},
       stores{std::make_shared<Folder>(*this, u"Personal Folders", 0)},
       deleted(std::make_shared<Folder>(*this, u"Deleted Items", DeletedFolder)),
+      drafts(std::make_shared<Folder>(*this, u"Drafts", DraftsFolder)),
       navigation(std::make_shared<NavigationGroups>(*this)),
       application(std::make_shared<ApplicationObject>(*this)) {
     stores[0]->folders->all = folders;
+    stores[0]->folders->all.push_back(drafts);
     stores[0]->folders->all.push_back(deleted);
     for (const auto& folder : stores[0]->folders->all) folder->store = stores[0]->store;
     const auto mine =
@@ -79,15 +81,6 @@ std::shared_ptr<ComAddIn> OutlookModel::AddAddIn(TextView progId, TextView descr
     addIn->guid = guid;
     comAddIns->all.push_back(addIn);
     return addIn;
-}
-
-ObjectPtr OutlookModel::CreateSafeItem(std::int32_t itemClass) {
-    return std::make_shared<SafeItem>(*this, itemClass)->Handle();
-}
-
-// Long enough not to fit anywhere by chance.
-Text OutlookModel::NewEntryId() {
-    return u"000000005E4C1F3A9B27D84A8C61F0A2B3D4E5F60700" + HexText(0x1000000 + ++lastEntry);
 }
 
 std::shared_ptr<CommandBars> OutlookModel::NewBars(const std::shared_ptr<Window>& window) {
@@ -242,28 +235,6 @@ std::shared_ptr<Inspector> OutlookModel::ActiveInspector() const {
     return TopOf<Inspector>(stack);
 }
 
-OutlookModel::Answer OutlookModel::PrepareReply(const std::shared_ptr<Item>& item) {
-    auto response = std::make_shared<Item>(*this, MailClass);
-    Text sender = item->Field(u"SenderName");
-    if (sender.empty()) sender = item->Field(u"SentOnBehalfOfName");
-    const Text subject = item->Field(u"Subject");
-    response->SetField(u"To", sender);
-    response->SetField(u"Subject", u"RE: " + subject);
-    response->SetField(u"Body", u"\r\n\r\n-----Original Message-----\r\nFrom: " + sender +
-                                    u"\r\nSubject: " + subject + u"\r\n\r\n" +
-                                    item->Field(u"Body"));
-    Arguments arguments{response->Handle(), false};
-    item->Raise(event::ItemReply, arguments);
-    return {response, AsBoolean(arguments[1])};
-}
-
-bool OutlookModel::PressReply(const std::shared_ptr<Item>& item) {
-    if (!item || item->itemClass != MailClass || item->deleted) return false;
-    const Answer answer = PrepareReply(item);
-    if (!answer.cancelled) OpenInspector(answer.response);
-    return !answer.cancelled;
-}
-
 bool OutlookModel::ClickButton(const std::shared_ptr<CommandBarControl>& control) {
     const auto button = std::dynamic_pointer_cast<CommandBarButton>(control);
     if (!button || button->deleted || !button->visible || !button->enabled) return false;
@@ -276,32 +247,6 @@ void OutlookModel::Quit() {
     while (!explorers->all.empty()) CloseExplorer(explorers->all.back());
     if (shutDownAddIns && !Does(Documented::QuietEnd)) shutDownAddIns();
     application->Raise(event::ApplicationQuit);
-}
-
-std::shared_ptr<Item> OutlookModel::AddItem(std::int32_t itemClass, Fields fields) {
-    auto item = std::make_shared<Item>(*this, itemClass);
-    for (const auto& [name, value] : fields) item->SetField(name, value);
-    SaveItem(item);
-    return item;
-}
-
-void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
-    constexpr double Second = 1.0 / 86400;
-    item->modified = now += Second;
-    if (item->created == 0) item->created = now;
-    if (!item->folder.expired()) return;
-    if (item->Field(u"EntryID").empty()) item->SetField(u"EntryID", NewEntryId());
-    item->SetField(u"MessageClass", item->itemClass == ContactClass            ? u"IPM.Contact"
-                                    : item->itemClass == DistributionListClass ? u"IPM.DistList"
-                                    : item->itemClass == AppointmentClass      ? u"IPM.Appointment"
-                                                                               : u"IPM.Note");
-    const std::int32_t itemClass = item->itemClass;
-    const auto& folder = itemClass == AppointmentClass ? DefaultFolder(CalendarFolder)
-                         : itemClass == MailClass      ? DefaultFolder(InboxFolder)
-                                                       : DefaultFolder(ContactsFolder);
-    item->folder = folder;
-    folder->items->all.push_back(item);
-    Changed();
 }
 
 std::shared_ptr<Folder> OutlookModel::AddStore(TextView name) {
@@ -359,19 +304,6 @@ std::vector<std::shared_ptr<Folder>> OutlookModel::Roots() const {
     return roots;
 }
 
-std::shared_ptr<Item> OutlookModel::FindItem(TextView entryId) const {
-    std::vector<std::shared_ptr<Folder>> waiting = Roots();
-    while (!waiting.empty()) {
-        const std::shared_ptr<Folder> folder = waiting.back();
-        waiting.pop_back();
-        for (const auto& item : folder->items->all) {
-            if (item->Field(u"EntryID") == entryId) return item;
-        }
-        waiting.insert(waiting.end(), folder->folders->all.begin(), folder->folders->all.end());
-    }
-    return nullptr;
-}
-
 std::shared_ptr<Folder> OutlookModel::FindFolder(TextView entryId) const {
     std::vector<std::shared_ptr<Folder>> waiting = Roots();
     while (!waiting.empty()) {
@@ -383,36 +315,9 @@ std::shared_ptr<Folder> OutlookModel::FindFolder(TextView entryId) const {
     return nullptr;
 }
 
-void OutlookModel::MoveItem(const std::shared_ptr<Item>& item,
-                            const std::shared_ptr<Folder>& folder) {
-    if (const auto before = item->folder.lock()) std::erase(before->items->all, item);
-    item->folder = folder;
-    folder->items->all.push_back(item);
-}
-
-void OutlookModel::DeleteItem(const std::shared_ptr<Item>& item) {
-    item->deleted = true;
-    if (const auto folder = item->folder.lock()) std::erase(folder->items->all, item);
-    const auto open = explorers->all;
-    for (const auto& explorer : open) {
-        if (std::erase(explorer->selection, item) != 0) {
-            explorer->Raise(event::ExplorerSelectionChange);
-        }
-    }
-    Changed();
-}
-
-void OutlookModel::ChangeInStore(const std::shared_ptr<Item>& item, TextView field,
-                                 TextView value) {
-    if (item->IsHeld()) {
-        item->storedMeanwhile.emplace_back(field, value);
-    } else {
-        item->SetField(field, value);
-    }
-}
-
 const std::shared_ptr<Folder>& OutlookModel::DefaultFolder(std::int32_t number) const {
     if (number == DeletedFolder) return deleted;
+    if (number == DraftsFolder) return drafts;
     if (number == PublicFoldersFolder && publicFolders) return publicFolders;
     const auto found = std::find_if(folders.begin(), folders.end(),
                                     [&](const auto& folder) { return folder->number == number; });

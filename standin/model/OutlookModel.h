@@ -87,10 +87,11 @@ public:
     // controls.
     void Quit();
 
-    // Puts an item with these fields into the default folder of its kind. Any of the four item
-    // classes.
+    // Puts an item with these fields into the default folder of its kind, a mail as if it had come
+    // in. Any of the item classes.
     std::shared_ptr<Item> AddItem(std::int32_t itemClass, Fields fields = {});
-    // Puts an item that lies nowhere into the default folder of its kind. It is modified now.
+    // Puts an item that lies nowhere into the folder that it was made in, else into the default one
+    // of its kind. It is modified now.
     void SaveItem(const std::shared_ptr<Item>& item);
     void MoveItem(const std::shared_ptr<Item>& item, const std::shared_ptr<Folder>& folder);
     void DeleteItem(const std::shared_ptr<Item>& item);
@@ -166,6 +167,7 @@ public:
     std::vector<std::shared_ptr<Folder>> folders;  // the default ones
     std::vector<std::shared_ptr<Folder>> stores;   // the roots; the default ones lie in the first
     const std::shared_ptr<Folder> deleted;         // for what was deleted from the first store
+    const std::shared_ptr<Folder> drafts;          // for mails that are still being written
     std::shared_ptr<Folder> publicFolders;         // of the public store, see AddPublicStore
     std::shared_ptr<NavigationGroups> navigation;  // what the pane shows of contacts
 
@@ -195,6 +197,7 @@ public:
 
 private:
     std::vector<std::shared_ptr<Folder>> Roots() const;
+    const std::shared_ptr<Folder>& FolderFor(const Item& item) const;
     std::shared_ptr<CommandBars> NewBars(const std::shared_ptr<Window>& window);
     template <class Type>
     void CloseWindow(WindowCollection<Type>& windows, const std::shared_ptr<Type>& window);

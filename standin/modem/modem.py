@@ -13,6 +13,8 @@ has taken. Its faults come as lines on the standard input:
     cut NUMBER    is unplugged once so many characters of the next unit have come
     noise TEXT    says so, unasked, before each answer
     receive UNIT  an SMS arrives: an SMS-DELIVER in hexadecimal digits, service centre first
+    answer TEXT   an SMS arrives from the phone that the unit went to that it took last
+    report NUMBER the network says what became of the unit that it took last
     unplug, plug  the cable
 """
 
@@ -24,6 +26,7 @@ import tty
 
 CTRL_Z = 0x1A
 ESCAPE = 0x1B
+TIME = '62112231700004'  # 2026-11-22 13:07:00, an hour ahead of the universal time
 
 
 class Modem:
@@ -39,6 +42,7 @@ class Modem:
         self.noise = ''
         self.stored = {}
         self.reference = 0
+        self.taken = ''
         self.plug()
 
     def plug(self):
@@ -113,6 +117,7 @@ class Modem:
             self.fail('CMS', number)
         else:
             self.reference = (self.reference + 1) % 256
+            self.taken = unit
             print('SUBMIT', unit, flush=True)
             if self.lost:
                 self.lost = False
@@ -174,6 +179,28 @@ class Modem:
             self.tries = max(0, self.tries - 1)
             self.fail('CME', 16 if self.tries else 12)
 
+    def recipient(self):
+        """Of the last unit: length, type and digits of its address."""
+        header = 2 + 2 * int(self.taken[:2], 16)
+        digits = int(self.taken[header + 4:header + 6], 16)
+        return self.taken[header + 4:header + 8 + (digits + 1) // 2 * 2]
+
+    def report(self, status):
+        """A status report on the last unit (3GPP TS 23.040, 9.2.2.3)."""
+        unit = f'06{self.reference:02X}{self.recipient()}{2 * TIME}{status:02X}'
+        self.say(f'+CDS: {len(unit) // 2}\r\n00{unit}')
+
+    def receive(self, unit):
+        index = max(self.stored, default=0) + 1
+        self.stored[index] = unit
+        if self.master is not None:
+            self.say(f'+CMTI: "SM",{index}')
+
+    def answer_with(self, text):
+        """An SMS-DELIVER in UCS-2 (3GPP TS 23.040, 9.2.2.1)."""
+        data = text.encode('utf-16-be')
+        self.receive(f'0004{self.recipient()}0008{TIME}{len(data):02X}{data.hex().upper()}')
+
     def play(self, line):
         what, _, value = line.strip().partition(' ')
         if what == 'pin':
@@ -189,10 +216,11 @@ class Modem:
         elif what == 'noise':
             self.noise = value
         elif what == 'receive':
-            index = max(self.stored, default=0) + 1
-            self.stored[index] = value
-            if self.master is not None:
-                self.say(f'+CMTI: "SM",{index}')
+            self.receive(value)
+        elif what == 'answer':
+            self.answer_with(value)
+        elif what == 'report':
+            self.report(int(value))
         elif what in ('plug', 'unplug'):
             getattr(self, what)()
         print('PLAYED', what, flush=True)

@@ -75,11 +75,35 @@ RegisteredClass::~RegisteredClass() {
     ForgetClass(programmaticIdentifier, classIdentifier);
 }
 
-RunningObject::RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object) {
-    RegisterActiveObject(object.Get(), ToGuid(classIdentifier), ACTIVEOBJECT_WEAK, &cookie);
+RunningObject::RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object, Since since)
+    : classIdentifier(classIdentifier), object(object) {
+    if (since == Start) {
+        Register();
+        return;
+    }
+    WNDCLASSW type{};
+    type.lpfnWndProc = Procedure;
+    type.hInstance = GetModuleHandleW(nullptr);
+    type.lpszClassName = L"OutlookStandInRunning";
+    RegisterClassW(&type);
+    window = CreateWindowExW(WS_EX_TOOLWINDOW, type.lpszClassName, nullptr, WS_POPUP, 0, 0, 0, 0,
+                             nullptr, nullptr, type.hInstance, nullptr);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+LRESULT CALLBACK RunningObject::Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    auto* const self = reinterpret_cast<RunningObject*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self && message == WM_ACTIVATEAPP && !first) self->Register();
+    return DefWindowProcW(window, message, first, second);
+}
+
+void RunningObject::Register() {
+    if (cookie != 0) return;
+    RegisterActiveObject(object.Get(), ToGuid(classIdentifier), ACTIVEOBJECT_STRONG, &cookie);
 }
 
 RunningObject::~RunningObject() {
+    if (window) DestroyWindow(window);
     if (cookie != 0) RevokeActiveObject(cookie, nullptr);
 }
 

@@ -32,15 +32,23 @@ private:
 // Takes a class name out of the registry, as if its program were not installed.
 void ForgetClass(TextView programmaticIdentifier, TextView classIdentifier);
 
-// An entry of the running object table, from construction to destruction.
+// An entry of the running object table, until destruction; from construction on, or from the moment
+// that no window of this thread is the active one any more.
 class RunningObject {
 public:
-    RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object);
+    enum Since { Start, FocusLost };
+    RunningObject(TextView classIdentifier, const ComPtr<IDispatch>& object, Since since);
     ~RunningObject();
     RunningObject(const RunningObject&) = delete;
     RunningObject& operator=(const RunningObject&) = delete;
 
 private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    void Register();
+
+    const Text classIdentifier;
+    const ComPtr<IDispatch> object;
+    HWND window = nullptr;  // never seen
     DWORD cookie = 0;
 };
 

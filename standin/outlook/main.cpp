@@ -278,7 +278,9 @@ int Run(const Options& options) {
         const ComPtr<IDispatch> running = application();
         const RegisteredClass applicationClass(ApplicationProgId, ApplicationClass, true,
                                                application);
-        const RunningObject runningObject(ApplicationClass, running);
+        const bool late = outlook.Does(Documented::RunningAfterFocus);
+        const RunningObject runningObject(ApplicationClass, running,
+                                          late ? RunningObject::FocusLost : RunningObject::Start);
         const auto safeItem = [&](std::int32_t itemClass) {
             return [&, itemClass] { return objects.Wrap(outlook.CreateSafeItem(itemClass)); };
         };

@@ -4,6 +4,8 @@
 
 #include <doctest.h>
 
+#include <ole2.h>
+
 #include <map>
 
 #include "endtoend/Form.h"
@@ -118,6 +120,27 @@ void KnowsTheSender(Machine& machine, StandIn& outlook, bool) {
     CHECK(HasSent(machine));
 }
 
+bool FoundByOthers() {
+    CLSID identifier;
+    IUnknown* found = nullptr;
+    if (SUCCEEDED(CLSIDFromProgID(L"Outlook.Application", &identifier)))
+        GetActiveObject(identifier, nullptr, &found);
+    if (found) found->Release();
+    return found != nullptr;
+}
+
+void IsFoundByOthers(Machine&, StandIn& outlook, bool on) {
+    REQUIRE(SUCCEEDED(CoInitialize(nullptr)));
+    const HWND window = outlook.Window(1);
+    CHECK(WaitUntil([&] { return GetForegroundWindow() == window; }));
+    CHECK(FoundByOthers() == !on);
+    const HWND sender = FindWindowW(L"TellwickSender", nullptr);
+    ShowWindow(sender, SW_SHOWNORMAL);
+    SetForegroundWindow(sender);
+    CHECK(WaitUntil(FoundByOthers));
+    CoUninitialize();
+}
+
 const std::map<Documented, Proof>& Proofs() {
     static const std::map<Documented, Proof> proofs{
         {Documented::SystemDpiCalls, &EveryWindowFollowsItsMonitor},
@@ -126,6 +149,7 @@ const std::map<Documented, Proof>& Proofs() {
         {Documented::NoRedemption, &TellsAnSms},
         {Documented::ForeignUser, &SendsFromAForeignFolder},
         {Documented::UnreadableProcess, &KnowsTheSender},
+        {Documented::RunningAfterFocus, &IsFoundByOthers},
     };
     return proofs;
 }

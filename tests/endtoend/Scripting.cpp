@@ -117,6 +117,7 @@ TEST_CASE("a macro finds the button, takes the add-in out and in, answers SMS an
                   "folder Inbox: 4\r\n"
                   "folder Calendar: 1\r\n"
                   "folder Contacts: 5\r\n"
+                  "folder Drafts: 0\r\n"
                   "folder Deleted Items: 0\r\n"
                   "add-in TellwickOutlookAddIn.Connect, Tellwick, connected: yes\r\n" +
                   controls +

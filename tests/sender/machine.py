@@ -37,7 +37,14 @@ class Windows:
         shutil.rmtree(self.folder, ignore_errors=True)
         os.makedirs(self.folder)
         self.sender = None
+        self.program = BIN + SENDER
         self.write_settings(settings)
+
+    def name_as_shipped(self):
+        """The sender as the add-in looks for it, in a folder of its own."""
+        folder = f'{self.devices}/../drive_c/Sender'
+        os.makedirs(folder, exist_ok=True)
+        self.program = shutil.copy(BIN + SENDER, f'{folder}/Tellwick.exe')
 
     def command(self, *words):
         return [f'{ROOT}/tools/wine', BITS, *words]
@@ -64,7 +71,7 @@ class Windows:
         return found and found[1]
 
     def start(self, *words):
-        self.sender = subprocess.Popen(self.command(BIN + SENDER, *words),
+        self.sender = subprocess.Popen(self.command(self.program, *words),
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         assert wait_until(lambda: self.value('hWnd') not in (None, '0'))
 
@@ -72,7 +79,7 @@ class Windows:
         """As its user would, or with '/f' killed in the middle of its work."""
         if not self.sender:
             return
-        self.run('taskkill', '/im', SENDER, *words, check=False)
+        self.run('taskkill', '/im', os.path.basename(self.program), *words, check=False)
         self.sender.wait(20)
         self.sender = None
 
@@ -103,8 +110,11 @@ class Windows:
             result.append((values, text))
         return result
 
+    def files(self, folder, ending='sms'):
+        return glob.glob(f'{self.folder}/Spool/{folder}/*.{ending}')
+
     def count(self, state):
-        return len(glob.glob(f'{self.folder}/Spool/{state}/*.sms'))
+        return len(self.files(state))
 
 
 def free_ports(count):

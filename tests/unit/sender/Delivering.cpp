@@ -203,6 +203,51 @@ TEST_CASE("what was sent is kept within the limits; what is unsure goes at the u
     CHECK(host.carrier.underWay.value().concatReference == reference);
 }
 
+TEST_CASE("a report belongs to the newest SMS with its number and recipient, also after a start") {
+    SenderHost host;
+    const auto arrivals = [&host] {
+        std::vector<Arrival> found;
+        for (const SpooledSms& sms : host.All(State::Sent)) found.push_back(ArrivalOf(sms));
+        return found;
+    };
+    const auto report = [&host](std::int32_t reference, TextView recipient, std::int32_t status) {
+        host.running->delivery.Reported({reference, Text(recipient), {}, status});
+    };
+    constexpr Arrival Unknown = Arrival::Unknown, Delivered = Arrival::Delivered;
+    host.Start();
+    for (std::uint32_t number = 1; number <= 3; ++number) {
+        host.Enter(number, number == 2 ? "01729999999\tb" : "01711234567\ta");
+        host.running->delivery.Look();
+        host.Pass(2);
+    }
+    REQUIRE(arrivals().size() == 3);
+    const std::int32_t first = host.All(State::Sent)[0].networkReferences[0];
+    report(first, u"+491729999999", 0);
+    report(200, u"+491711234567", 0);
+    CHECK(arrivals() == std::vector<Arrival>(3, Unknown));
+    report(first, u"+491711234567", 0x30);
+    CHECK(arrivals()[0] == Unknown);
+    report(first, u"+491711234567", 0);
+    CHECK(arrivals() == std::vector<Arrival>{Delivered, Unknown, Unknown});
+    host.Stop();
+    host.Start();
+    host.Pass(1);
+    report(first + 1, u"+491729999999", 0x41);
+    CHECK(arrivals() == std::vector<Arrival>{Delivered, Arrival::Failed, Unknown});
+
+    // Of a part while the next one is being sent; the whole has arrived when both parts have.
+    host.Enter(4, "01711234567\t" + std::string(200, 'x'));
+    host.running->delivery.Look();
+    host.clock.milliseconds += 10;
+    host.timers.RunDue();
+    host.carrier.listener->PartSent(first);
+    report(first, u"+491711234567", 0);
+    host.carrier.Work();
+    CHECK(arrivals()[3] == Unknown);
+    report(host.All(State::Sent)[3].networkReferences[1], u"01711234567", 2);
+    CHECK(arrivals() == std::vector<Arrival>{Delivered, Arrival::Failed, Unknown, Delivered});
+}
+
 TEST_CASE("files of the spool: everything comes back, and what is damaged is told and kept") {
     SpooledSms sms;
     sms.recipient = u"+49171";
@@ -213,6 +258,7 @@ TEST_CASE("files of the spool: everything comes back, and what is damaged is tol
     sms.attempts = 3;
     sms.partsSent = 2;
     sms.networkReferences = {17, 255};
+    sms.reports = {0, NoReport};
     sms.concatReference = 65535;
     const std::string file = ToFile(sms);
     CHECK(FromFile(file) == sms);

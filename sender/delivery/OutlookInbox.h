@@ -1,0 +1,28 @@
+// Puts an SMS into the inbox of the Outlook that runs, as a mail that the add-in knows as an SMS.
+#pragma once
+
+#include "delivery/MailInbox.h"
+#include "platform/Object.h"
+
+namespace tellwick::sender {
+
+class OutlookInbox {
+public:
+    OutlookInbox(PendingError& errors, Automation& automation)
+        : errors(errors), automation(automation) {}
+
+    // Outlook is never started for it. What a failing call leaves behind is deleted again.
+    Stored Put(const ReceivedSms& sms);
+
+private:
+    ObjectPtr NewMail(const ObjectPtr& inbox, const ReceivedSms& sms, const ObjectPtr& safeItem);
+    ObjectPtr Reopened(const ObjectPtr& session, ObjectPtr item);
+
+    PendingError& errors;
+    Automation& automation;
+};
+
+// What a list of mails shows of it: its first line, or the beginning of that.
+Text SubjectOf(const ReceivedSms& sms);
+
+}  // namespace tellwick::sender
