@@ -118,7 +118,8 @@ def free_ports(count):
 class Kannel:
     PASSWORD = 'geheim & gr\u00fcn'
 
-    def __init__(self):
+    def __init__(self, core=''):
+        """With more lines for the group "core"."""
         self.folder = tempfile.mkdtemp(prefix='tellwick-kannel')
         admin, inner, self.carrier_port, self.port = free_ports(4)
         with open(f'{self.folder}/k.conf', 'w', encoding='utf-8') as file:
@@ -130,6 +131,7 @@ smsbox-port = {inner}
 box-allow-ip = "127.0.0.1"
 store-type = spool
 store-location = {self.folder}
+{core}
 
 group = smsc
 smsc = fake
@@ -158,24 +160,28 @@ max-messages = 10
         return {'Sender': {'Gateway': 1, 'Address': address, 'User': 'anna',
                            'Password': password}}
 
-    def start(self):
-        conf = f'{self.folder}/k.conf'
+    def run(self, *words):
+        with open(self.shown, 'ab') as output:
+            self.programs.append(subprocess.Popen(words, cwd=self.folder, stdout=output,
+                                                  stderr=output))
 
-        def run(*words):
-            with open(self.shown, 'ab') as output:
-                self.programs.append(subprocess.Popen(words, cwd=self.folder, stdout=output,
-                                                      stderr=output))
+    def start(self, carrier=True):
+        conf = f'{self.folder}/k.conf'
 
         def listens(port):
             with socket.socket() as one:
                 return one.connect_ex(('127.0.0.1', port)) == 0
 
-        run('/usr/sbin/bearerbox', '-v', '4', conf)
+        self.run('/usr/sbin/bearerbox', '-v', '4', conf)
         assert wait_until(lambda: listens(self.carrier_port))
-        run('/usr/lib/kannel/test/fakesmsc', '-H', '127.0.0.1', '-r', str(self.carrier_port),
-            '-i', '0.1', '-m', '0', '123 345 nop nop')
-        run('/usr/sbin/smsbox', '-v', '4', conf)
+        if carrier:
+            self.start_carrier()
+        self.run('/usr/sbin/smsbox', '-v', '4', conf)
         assert wait_until(lambda: listens(self.port))
+
+    def start_carrier(self):
+        self.run('/usr/lib/kannel/test/fakesmsc', '-H', '127.0.0.1', '-r', str(self.carrier_port),
+                 '-i', '0.1', '-m', '0', '123 345 nop nop')
 
     def stop(self):
         for program in reversed(self.programs):
