@@ -1,16 +1,17 @@
 #!/usr/bin/env python3
-"""What carriers do to the sender: faults of a modem, certificates, many SMS, a gateway that is full."""
+"""What carriers do to the sender: faults of a modem, many SMS, code pages, a gateway that is full."""
 
+import os
 import shutil
 import subprocess
 import tempfile
 import time
 import types
 import unittest
+from unittest import mock
 
 import sender_tests
-from https import LONG_AGO, Authority, Gateway
-from machine import BIN, Kannel, wait_until
+from machine import BIN, ROOT, Kannel, wait_until
 from modems import Modem
 
 
@@ -54,35 +55,6 @@ class FaultsOfAModem(sender_tests.ModemTest):
         self.one_goes_out('fail 331')
 
 
-class Https(sender_tests.SenderTest):
-    def sends(self, certificate):
-        """Why it does not; nothing where it does."""
-        gateway = Gateway(certificate)
-        self.addCleanup(gateway.close)
-        windows = self.windows
-        windows.write_settings(gateway.settings())
-        windows.start('nocheck')
-        windows.submit(('0171', 'eins'))
-        reasons = lambda: [values.get('Reason') for values, _ in windows.spool('waiting')]
-        self.assertTrue(wait_until(lambda: windows.count('sent') or any(reasons())))
-        windows.end()
-        self.assertEqual(len(gateway.received), windows.count('sent'))
-        found = reasons()
-        shutil.rmtree(f'{windows.folder}/Spool')
-        return found
-
-    def test_a_certificate_has_to_be_trusted_valid_and_the_servers(self):
-        self.begin({})
-        authority = Authority(self.windows)
-        self.addCleanup(authority.close)
-        right = authority.certificate('localhost')
-        self.assertEqual(self.sends(right), ['NotTrusted'])
-        authority.trust()
-        self.assertEqual(self.sends(right), [])
-        self.assertEqual(self.sends(authority.certificate('other.example')), ['NotTrusted'])
-        self.assertEqual(self.sends(authority.certificate('localhost', LONG_AGO)), ['NotTrusted'])
-
-
 class ManySms(sender_tests.SenderTest):
     received = sender_tests.ThroughGateway.received
 
@@ -101,6 +73,31 @@ class ManySms(sender_tests.SenderTest):
         self.assertTrue(wait_until(lambda: len(self.received()) >= count, 60))
         self.assertEqual(sorted(int(text) for _, _, text in self.received()),
                          list(range(1, count + 1)))
+
+    def arrives_in(self, country, text):
+        """On a Windows of that country, whose code page the queue's files are in."""
+        locales = f'{ROOT}/build/locales'
+        os.makedirs(locales, exist_ok=True)
+        if not os.path.isdir(f'{locales}/{country}.UTF-8'):
+            subprocess.run(['localedef', '-i', country, '-f', 'UTF-8', f'{locales}/{country}.UTF-8'],
+                           check=True)
+        with mock.patch.dict(os.environ, LOCPATH=locales, TELLWICK_LOCALE=f'{country}.UTF-8'):
+            self.kannel = Kannel(password='plain')
+            self.addCleanup(self.kannel.close)
+            windows = self.begin(self.kannel.settings())
+            self.kannel.start()
+            windows.start('nocheck')
+            windows.submit(('0171', text))
+            self.sent(1)
+            windows.end()
+        self.assertTrue(wait_until(self.received))
+        self.assertEqual(self.received(), [('0171', '', text)])
+
+    def test_cyrillic_letters_of_code_page_1251(self):
+        self.arrives_in('ru_RU', '\u041f\u0440\u0438\u0432\u0435\u0442, \u0401\u043b\u043a\u0430')
+
+    def test_all_letters_where_the_code_page_is_utf_8(self):
+        self.arrives_in('hi_IN', '\u0939\u0948\u0902 \u0416 \U0001f600')
 
     def test_a_gateway_that_is_full_is_asked_again(self):
         self.kannel = Kannel('sms-outgoing-queue-limit = 5')

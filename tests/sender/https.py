@@ -100,7 +100,7 @@ class Gateway:
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
     def settings(self):
-        address = f'https://localhost:{self.server.server_port}/?to={{to}}&text={{text}}'
+        address = f'https://127.0.0.1:{self.server.server_port}/?to={{to}}&text={{text}}'
         return {'Sender': {'Gateway': 1, 'Address': address}}
 
     def close(self):

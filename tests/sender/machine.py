@@ -43,7 +43,8 @@ class Windows:
         return [f'{ROOT}/tools/wine', BITS, *words]
 
     def run(self, *words, check=True):
-        done = subprocess.run(self.command(*words), capture_output=True, text=True, timeout=60)
+        done = subprocess.run(self.command(*words), capture_output=True, text=True,
+                              errors='replace', timeout=60)
         if check and done.returncode:
             raise AssertionError(f'{words}: {done.stderr}')
         return done.stdout
@@ -116,10 +117,9 @@ def free_ports(count):
 
 
 class Kannel:
-    PASSWORD = 'geheim & gr\u00fcn'
-
-    def __init__(self, core=''):
+    def __init__(self, core='', password='geheim & gr\u00fcn'):
         """With more lines for the group "core"."""
+        self.password = password
         self.folder = tempfile.mkdtemp(prefix='tellwick-kannel')
         admin, inner, self.carrier_port, self.port = free_ports(4)
         with open(f'{self.folder}/k.conf', 'w', encoding='utf-8') as file:
@@ -147,18 +147,18 @@ global-sender = 1234
 
 group = sendsms-user
 username = anna
-password = "{self.PASSWORD}"
+password = "{password}"
 concatenation = true
 max-messages = 10
 ''')
         self.programs = []
         self.shown = f'{self.folder}/shown'
 
-    def settings(self, password=PASSWORD):
+    def settings(self, password=None):
         address = (f'http://127.0.0.1:{self.port}/cgi-bin/sendsms?username={{user}}&'
                    'password={password}&to={to}&text={text}&charset=UTF-8&coding={coding}')
         return {'Sender': {'Gateway': 1, 'Address': address, 'User': 'anna',
-                           'Password': password}}
+                           'Password': password or self.password}}
 
     def run(self, *words):
         with open(self.shown, 'ab') as output:
