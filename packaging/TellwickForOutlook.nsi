@@ -1,7 +1,9 @@
 ; The set-up program: per user, without an administrator, 32-bit and 64-bit Outlook.
 ;
-; Silent: /S, and /D=FOLDER as the last word, without quotes. The uninstaller takes /S and, to take
-; the user's settings, numbers and unsent SMS along, /SETTINGS.
+; A sender is offered where the folder has none; one that is not from here is never touched.
+;
+; Silent: /S, and /D=FOLDER as the last word, without quotes; /NOSENDER for no sender. The uninstaller
+; takes /S and, to take the user's settings, numbers and unsent SMS along, /SETTINGS.
 ; Exit codes: 0 done, 1 the user cancelled, 2 nothing could be installed, 3 a newer version stays.
 ;
 ; Made by tools/dist, which defines VERSION, OUTPUT, STAGE (a folder with everything that is put
@@ -27,6 +29,9 @@ SetDateSave off
 !define LIBRARY32 "TellwickOutlookAddIn.dll"
 !define LIBRARY64 "TellwickOutlookAddIn64.dll"
 !define NO_NUMBERS "+999"
+!define SENDER "Tellwick.exe"
+; The name that the sender's version resource has for it inside.
+!define SENDER_MARK "TellwickSender"
 
 Name "${NAME}"
 BrandingText "${NAME} ${VERSION}"
@@ -47,6 +52,10 @@ Var Prefix        ; country codes; the one that no number begins with where they
 Var HasPrefix     ; 1 where the user has given codes already
 Var PrefixYes
 Var PrefixField
+Var Sender        ; in the folder: "own", "other", or none
+Var WithSender    ; checked where one is wanted if there is none
+Var SenderBox
+Var SenderRan     ; 0 where an earlier one ran, which was ended
 Var RemoveSettings
 Var SettingsBox
 Var InUse        ; "yes" where a program has one of the libraries loaded
@@ -69,6 +78,7 @@ Var Aside
 !insertmacro MUI_PAGE_WELCOME
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
+Page custom ShowSenderPage LeaveSenderPage
 Page custom ShowPrefixPage LeavePrefixPage
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -130,16 +140,18 @@ FunctionEnd
 ; What was put aside goes at once or, while Outlook has it loaded, when the user logs on next.
 Function ${UN}DeleteAside
     Delete "$INSTDIR\TellwickOutlookAddIn*.dll.old*"
+    Delete "$INSTDIR\${SENDER}.old*"
     ${If} ${FileExists} "$INSTDIR\TellwickOutlookAddIn*.dll.old*"
+    ${OrIf} ${FileExists} "$INSTDIR\${SENDER}.old*"
         WriteRegStr HKCU "${RUN_ONCE}" "TellwickForOutlook" \
-            'cmd.exe /c del /q "$INSTDIR\TellwickOutlookAddIn*.dll.old*"'
+            'cmd.exe /c del /q "$INSTDIR\TellwickOutlookAddIn*.dll.old*" "$INSTDIR\${SENDER}.old*"'
     ${Else}
         DeleteRegValue HKCU "${RUN_ONCE}" "TellwickForOutlook"
     ${EndIf}
 FunctionEnd
 
-; Puts the library aside whose name is on the stack: one that Outlook has loaded can be renamed,
-; but not deleted or written. Where it is then comes into $Aside.
+; Puts the file aside whose name is on the stack: a library that Outlook has loaded, or a program that
+; runs, can be renamed, but not deleted or written. Where it is then comes into $Aside.
 Function ${UN}PutAside
     Exch $0
     Push $1
@@ -151,6 +163,50 @@ Function ${UN}PutAside
     Rename "$INSTDIR\$0" $Aside
     Pop $1
     Pop $0
+FunctionEnd
+
+; Looks whether there is a sender in the folder, and whether it comes from here.
+Function ${UN}LookForSender
+    Push $0
+    Push $1
+    Push $2
+    Push $3
+    Push $4
+    StrCpy $Sender ""
+    ${If} ${FileExists} "$INSTDIR\${SENDER}"
+        StrCpy $Sender "other"
+        System::Call 'version::GetFileVersionInfoSizeW(w "$INSTDIR\${SENDER}", p 0) i .r0'
+        ${If} $0 > 0
+            System::Alloc $0
+            Pop $1
+            System::Call 'version::GetFileVersionInfoW(w "$INSTDIR\${SENDER}", i 0, i r0, p r1) i .r2'
+            ${If} $2 <> 0
+                System::Call 'version::VerQueryValueW(p r1, w "\StringFileInfo\040904E4\InternalName", *p .r3, *i .r4) i .r2'
+            ${EndIf}
+            ${If} $2 <> 0
+                System::Call 'kernel32::lstrcmpW(p r3, w "${SENDER_MARK}") i .r2'
+                ${If} $2 = 0
+                    StrCpy $Sender "own"
+                ${EndIf}
+            ${EndIf}
+            System::Free $1
+        ${EndIf}
+    ${EndIf}
+    Pop $4
+    Pop $3
+    Pop $2
+    Pop $1
+    Pop $0
+FunctionEnd
+
+; Ends a sender from here that runs, from whatever folder; 0 in $Status where one has run.
+Function ${UN}EndSender
+    ClearErrors
+    ExecWait '"$INSTDIR\${SENDER}" end' $Status
+    ${If} ${Errors}
+        StrCpy $Status "-1"
+    ${EndIf}
+    ClearErrors
 FunctionEnd
 
 ; The sender may have language files of its own, which are left alone: whether the one on the stack
@@ -175,7 +231,7 @@ FunctionEnd
 
 !macroend
 
-; Everything that the set-up has put there.
+; Everything that the set-up has put there, but for the sender.
 !macro TakeAll UN
     !insertmacro TakeLibrary "${UN}" "${LIBRARY32}"
     !insertmacro TakeLibrary "${UN}" "${LIBRARY64}"
@@ -255,6 +311,13 @@ FunctionEnd
 
 Function .onInit
     SetShellVarContext current
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/NOSENDER" $1
+    ${If} ${Errors}
+        StrCpy $WithSender ${BST_CHECKED}
+    ${EndIf}
+    ClearErrors
     ${If} $INSTDIR == ""
         Call FindSender
     ${EndIf}
@@ -311,11 +374,29 @@ Function LookForEarlier
 FunctionEnd
 
 Function LeaveFolderPage
-    ${IfNot} ${FileExists} "$INSTDIR\Tellwick.exe"
-        MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(NoSenderText)" IDYES +2
+    Call LookForEarlier
+    Call LookForSender
+FunctionEnd
+
+Function ShowSenderPage
+    ${If} $Sender != ""
         Abort
     ${EndIf}
-    Call LookForEarlier
+    !insertmacro MUI_HEADER_TEXT "$(SenderTitle)" "$(SenderSubtitle)"
+    nsDialogs::Create 1018
+    Pop $0
+    ${NSD_CreateLabel} 0 0 100% 26u "$(SenderMissing)"
+    Pop $0
+    ${NSD_CreateCheckbox} 0 30u 100% 12u "$(SenderLabel)"
+    Pop $SenderBox
+    ${NSD_SetState} $SenderBox $WithSender
+    ${NSD_CreateLabel} 12u 44u 95% 60u "$(SenderText)"
+    Pop $0
+    nsDialogs::Show
+FunctionEnd
+
+Function LeaveSenderPage
+    ${NSD_GetState} $SenderBox $WithSender
 FunctionEnd
 
 Function ShowPrefixPage
@@ -419,29 +500,44 @@ Section
     ${If} ${RunningX64}
         File "/oname=$INSTDIR\${LIBRARY64}.new" "${STAGE}/${LIBRARY64}"
     ${EndIf}
+    Call LookForSender
+    ${If} $Sender == ""
+    ${AndIf} $WithSender = ${BST_CHECKED}
+        StrCpy $Sender "own"
+        StrCpy $FinishNote "$\r$\n$\r$\n$(SenderNote)"
+    ${EndIf}
+    ${If} $Sender == "own"
+        File "/oname=$INSTDIR\${SENDER}.new" "${STAGE}/Sender/${SENDER}"
+    ${EndIf}
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     ${If} ${Errors}
     ${OrIf} $Failed == "yes"
         Push "$(NotCopiedText)"
         Call Fail
     ${EndIf}
-    !macro PutLibrary LIBRARY
-        ${If} ${FileExists} "$INSTDIR\${LIBRARY}"
-            Push "${LIBRARY}"
+    !macro PutProgram FILE
+        ${If} ${FileExists} "$INSTDIR\${FILE}"
+            Push "${FILE}"
             Call PutAside
         ${EndIf}
         ClearErrors
-        Rename "$INSTDIR\${LIBRARY}.new" "$INSTDIR\${LIBRARY}"
+        Rename "$INSTDIR\${FILE}.new" "$INSTDIR\${FILE}"
         ${If} ${Errors}
-            Rename $Aside "$INSTDIR\${LIBRARY}"
+            Rename $Aside "$INSTDIR\${FILE}"
             Push "$(NotCopiedText)"
             Call Fail
         ${EndIf}
     !macroend
-    !insertmacro PutLibrary "${LIBRARY32}"
+    !insertmacro PutProgram "${LIBRARY32}"
     ${If} ${RunningX64}
-        !insertmacro PutLibrary "${LIBRARY64}"
+        !insertmacro PutProgram "${LIBRARY64}"
     ${EndIf}
+    StrCpy $Status "-1"
+    ${If} $Sender == "own"
+        !insertmacro PutProgram "${SENDER}"
+        Call EndSender
+    ${EndIf}
+    StrCpy $SenderRan $Status
     Call DeleteAside
     ; In another folder than before: nothing of the add-in stays in that one.
     ReadRegStr $0 HKCU "${ENTRY}" "InstallLocation"
@@ -473,7 +569,7 @@ Section
         StrCpy $0 "64"
     ${EndIf}
     ${If} $0 != ""
-        StrCpy $FinishNote "$\r$\n$\r$\n$(OnePartText)"
+        StrCpy $FinishNote "$FinishNote$\r$\n$\r$\n$(OnePartText)"
     ${EndIf}
     ReadRegDWORD $0 HKCU "Software\Microsoft\Office\16.0\Outlook\Preferences" "UseNewOutlook"
     ${If} $0 = 1
@@ -482,6 +578,13 @@ Section
     ${If} $Prefix != ""
         Push '/s /n "/i:prefix=$Prefix" "$INSTDIR\${LIBRARY32}"'
         Call Run32
+    ${EndIf}
+
+    ${If} $Sender == "own"
+        CreateShortcut "$SMPROGRAMS\Tellwick.lnk" "$INSTDIR\${SENDER}"
+        ${If} $SenderRan = 0
+            Exec '"$INSTDIR\${SENDER}" nocheck'
+        ${EndIf}
     ${EndIf}
 
     WriteRegStr HKCU "${ENTRY}" "DisplayName" "${NAME}"
@@ -503,6 +606,7 @@ Function Fail
     MessageBox MB_OK|MB_ICONSTOP "$0" /SD IDOK
     Delete "$INSTDIR\${LIBRARY32}.new"
     Delete "$INSTDIR\${LIBRARY64}.new"
+    Delete "$INSTDIR\${SENDER}.new"
     ${If} $Updating == ""
         Call Unregister
         !insertmacro TakeAll ""
@@ -527,12 +631,20 @@ Function un.ShowSettingsPage
     !insertmacro MUI_HEADER_TEXT "$(RemoveTitle)" "$(RemoveSubtitle)"
     nsDialogs::Create 1018
     Pop $0
-    ${NSD_CreateLabel} 0 0 100% 36u "$(RemoveText)"
+    Call un.LookForSender
+    ${If} $Sender == "own"
+        StrCpy $1 "$(RemoveSenderText)"
+        StrCpy $2 "$(SpoolText)"
+    ${Else}
+        StrCpy $1 "$(RemoveText)"
+        StrCpy $2 "$(SettingsText)"
+    ${EndIf}
+    ${NSD_CreateLabel} 0 0 100% 36u $1
     Pop $0
     ${NSD_CreateCheckbox} 0 44u 100% 12u "$(SettingsLabel)"
     Pop $SettingsBox
     ${NSD_SetState} $SettingsBox $RemoveSettings
-    ${NSD_CreateLabel} 12u 58u 95% 36u "$(SettingsText)"
+    ${NSD_CreateLabel} 12u 58u 95% 48u $2
     Pop $0
     nsDialogs::Show
 FunctionEnd
@@ -555,9 +667,35 @@ Function un.DeleteQueue
     ${Loop}
 FunctionEnd
 
+; Everything in the settings folder but the SMS that the sender keeps.
+Function un.DeleteSettings
+    FindFirst $0 $1 "$APPDATA\Tellwick\*"
+    ${DoWhile} $1 != ""
+        ${If} ${FileExists} "$APPDATA\Tellwick\$1\*"
+            ${If} $1 != "."
+            ${AndIf} $1 != ".."
+            ${AndIf} $1 != "Spool"
+                RMDir /r "$APPDATA\Tellwick\$1"
+            ${EndIf}
+        ${Else}
+            Delete "$APPDATA\Tellwick\$1"
+        ${EndIf}
+        FindNext $0 $1
+    ${Loop}
+    FindClose $0
+    RMDir "$APPDATA\Tellwick"
+FunctionEnd
+
 Section Uninstall
     SetShellVarContext current
     Call un.Unregister
+    Call un.LookForSender
+    ${If} $Sender == "own"
+        Call un.EndSender
+        Push "${SENDER}"
+        Call un.PutAside
+        Delete "$SMPROGRAMS\Tellwick.lnk"
+    ${EndIf}
     !insertmacro TakeAll "un."
     ${If} $RemoveSettings = ${BST_CHECKED}
         Call un.DeleteQueue
@@ -570,6 +708,6 @@ Section Uninstall
         RMDir "$INSTDIR"
         DeleteRegKey HKCU "Software\Omberline\Tellwick"
         DeleteRegKey /ifempty HKCU "Software\Omberline"
-        RMDir /r "$APPDATA\Tellwick"
+        Call un.DeleteSettings
     ${EndIf}
 SectionEnd

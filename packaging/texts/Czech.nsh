@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Tento program nainstaluje ${NAME}, díky kterému můžete psát SMS v klasickém Outlooku.$\r$\n$\r$\nPráva správce nejsou potřeba. Doplněk se uloží do složky programu Tellwick, který vaše SMS odesílá.$\r$\n$\r$\nNež budete pokračovat, zavřete Outlook."
 !insertmacro Text FolderText \
-    "Zvolte složku, ve které je Tellwick.exe. Doplněk tam program Tellwick hledá."
-!insertmacro Text NoSenderText \
-    "V této složce není Tellwick.exe. SMS můžete psát, ale odešlou se, až tam Tellwick bude.$\r$\n$\r$\nChcete tuto složku přesto použít?"
+    "Zvolte složku, ve které je Tellwick.exe. Doplněk tam program Tellwick hledá. Pokud Tellwick ještě nemáte, ponechte složku, jak je."
+!insertmacro Text SenderTitle "Odesílání"
+!insertmacro Text SenderSubtitle "Co odesílá SMS, které píšete."
+!insertmacro Text SenderMissing \
+    "V této složce není Tellwick.exe. Bez něj můžete SMS psát, ale neodešlou se."
+!insertmacro Text SenderLabel "&Nainstalovat Tellwick, který je odesílá"
+!insertmacro Text SenderText \
+    "Tellwick odesílá přes modem nebo mobilní telefon u tohoto počítače, nebo přes SMS bránu v síti. Vyberete to v jeho nastavení.$\r$\n$\r$\nPokud už Tellwick máte, vraťte se a zvolte jeho složku."
+!insertmacro Text SenderNote \
+    "Před první SMS otevřete Tellwick v nabídce Start a v okně „Nastavení“ vyberte, přes co se vaše SMS odesílají."
 !insertmacro Text PrefixTitle "Předvolba země"
 !insertmacro Text PrefixSubtitle "Jak se zapisují čísla vašich kontaktů."
 !insertmacro Text PrefixQuestion "Začínají čísla mobilních telefonů ve vaší zemi nulou?"
@@ -34,5 +41,8 @@
 !insertmacro Text RemoveSubtitle "Doplněk se odebere z Outlooku."
 !insertmacro Text RemoveText \
     "Soubory doplňku se odstraní ze složky $INSTDIR. Samotný Tellwick zůstane."
+!insertmacro Text RemoveSenderText "Soubory doplňku a Tellwick se odstraní ze složky $INSTDIR."
 !insertmacro Text SettingsLabel "Odstranit &také nastavení, zapamatovaná čísla a neodeslané SMS"
 !insertmacro Text SettingsText "Tellwick používá stejné nastavení a přijde o ně také."
+!insertmacro Text SpoolText \
+    "SMS, které Tellwick odeslal nebo má ještě odeslat, zůstanou ve složce $APPDATA\Tellwick\Spool."

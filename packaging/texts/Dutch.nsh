@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Hiermee installeert u ${NAME}, waarmee u sms-berichten schrijft in het klassieke Microsoft Outlook.$\r$\n$\r$\nU hebt geen beheerdersrechten nodig. De invoegtoepassing komt in de map van Tellwick, dat uw sms-berichten verzendt.$\r$\n$\r$\nSluit Outlook voordat u doorgaat."
 !insertmacro Text FolderText \
-    "Kies de map waarin Tellwick.exe staat. Daar zoekt de invoegtoepassing Tellwick."
-!insertmacro Text NoSenderText \
-    "In deze map staat geen Tellwick.exe. U kunt sms-berichten schrijven, maar ze worden pas verzonden als Tellwick daar staat.$\r$\n$\r$\nWilt u deze map toch gebruiken?"
+    "Kies de map waarin Tellwick.exe staat. Daar zoekt de invoegtoepassing Tellwick. Hebt u Tellwick nog niet, laat de map dan zoals die is."
+!insertmacro Text SenderTitle "Verzenden"
+!insertmacro Text SenderSubtitle "Wat de sms-berichten verzendt die u schrijft."
+!insertmacro Text SenderMissing \
+    "In deze map staat geen Tellwick.exe. Zonder dat programma kunt u sms-berichten schrijven, maar ze worden niet verzonden."
+!insertmacro Text SenderLabel "&Tellwick installeren, dat ze verzendt"
+!insertmacro Text SenderText \
+    "Tellwick verzendt via een modem of mobiele telefoon aan deze computer, of via een sms-gateway in het netwerk. Welke, kiest u in de instellingen ervan.$\r$\n$\r$\nHebt u Tellwick al, ga dan terug en kies de map ervan."
+!insertmacro Text SenderNote \
+    "Open vóór het eerste sms-bericht Tellwick in het menu Start en kies onder $\"Instellingen$\" waarlangs uw sms-berichten gaan."
 !insertmacro Text PrefixTitle "Landnummer"
 !insertmacro Text PrefixSubtitle "Hoe de nummers van uw contactpersonen worden geschreven."
 !insertmacro Text PrefixQuestion "Beginnen mobiele nummers in uw land met 0?"
@@ -34,6 +41,10 @@
 !insertmacro Text RemoveSubtitle "De invoegtoepassing wordt uit Outlook verwijderd."
 !insertmacro Text RemoveText \
     "De bestanden van de invoegtoepassing worden uit de map $INSTDIR verwijderd. Tellwick zelf blijft staan."
+!insertmacro Text RemoveSenderText \
+    "De bestanden van de invoegtoepassing en Tellwick worden uit de map $INSTDIR verwijderd."
 !insertmacro Text SettingsLabel \
     "&Ook instellingen, onthouden nummers en niet-verzonden sms-berichten verwijderen"
 !insertmacro Text SettingsText "Tellwick gebruikt dezelfde instellingen en raakt ze dan ook kwijt."
+!insertmacro Text SpoolText \
+    "De sms-berichten die Tellwick heeft verzonden of nog moet verzenden, blijven in de map $APPDATA\Tellwick\Spool."

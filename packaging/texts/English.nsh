@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "This will install ${NAME}, which lets you write SMS messages in classic Microsoft Outlook.$\r$\n$\r$\nYou need no administrator rights. The add-in goes into the folder of Tellwick, which sends your messages.$\r$\n$\r$\nClose Outlook before you continue."
 !insertmacro Text FolderText \
-    "Choose the folder that Tellwick.exe is in. The add-in looks for Tellwick there."
-!insertmacro Text NoSenderText \
-    "There is no Tellwick.exe in this folder. You can write SMS messages, but they are not sent until Tellwick is there.$\r$\n$\r$\nDo you want to use this folder anyway?"
+    "Choose the folder that Tellwick.exe is in. The add-in looks for Tellwick there. If you do not have Tellwick yet, leave the folder as it is."
+!insertmacro Text SenderTitle "Sending"
+!insertmacro Text SenderSubtitle "What sends the messages that you write."
+!insertmacro Text SenderMissing \
+    "There is no Tellwick.exe in this folder. Without it you can write SMS messages, but they are not sent."
+!insertmacro Text SenderLabel "&Install Tellwick, which sends them"
+!insertmacro Text SenderText \
+    "Tellwick sends through a modem or mobile phone at this computer, or through an SMS gateway on the network. You choose which in its settings.$\r$\n$\r$\nIf you already have Tellwick, go back and choose its folder."
+!insertmacro Text SenderNote \
+    "Before the first SMS, open Tellwick in the Start menu and choose under $\"Settings$\" what your messages leave through."
 !insertmacro Text PrefixTitle "Country Code"
 !insertmacro Text PrefixSubtitle "How the numbers of your contacts are written."
 !insertmacro Text PrefixQuestion "Do mobile numbers in your country begin with 0?"
@@ -34,5 +41,9 @@
 !insertmacro Text RemoveSubtitle "The add-in is taken out of Outlook."
 !insertmacro Text RemoveText \
     "The add-in's files are removed from the folder $INSTDIR. Tellwick itself stays."
+!insertmacro Text RemoveSenderText \
+    "The add-in's files and Tellwick are removed from the folder $INSTDIR."
 !insertmacro Text SettingsLabel "Also &remove settings, remembered numbers and unsent messages"
 !insertmacro Text SettingsText "Tellwick uses the same settings and will lose them, too."
+!insertmacro Text SpoolText \
+    "The messages that Tellwick has sent, or has yet to send, stay in the folder $APPDATA\Tellwick\Spool."

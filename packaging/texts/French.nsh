@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Ce programme va installer ${NAME}, qui vous permet d'écrire des SMS dans la version classique de Microsoft Outlook.$\r$\n$\r$\nAucun droit d'administrateur n'est nécessaire. Le complément est placé dans le dossier de Tellwick, qui envoie vos SMS.$\r$\n$\r$\nFermez Outlook avant de continuer."
 !insertmacro Text FolderText \
-    "Choisissez le dossier qui contient Tellwick.exe. C'est là que le complément cherche Tellwick."
-!insertmacro Text NoSenderText \
-    "Ce dossier ne contient pas Tellwick.exe. Vous pourrez écrire des SMS, mais ils ne seront envoyés qu'une fois Tellwick présent.$\r$\n$\r$\nVoulez-vous tout de même utiliser ce dossier ?"
+    "Choisissez le dossier qui contient Tellwick.exe. C'est là que le complément cherche Tellwick. Si vous n'avez pas encore Tellwick, laissez le dossier tel quel."
+!insertmacro Text SenderTitle "Envoi"
+!insertmacro Text SenderSubtitle "Ce qui envoie les SMS que vous écrivez."
+!insertmacro Text SenderMissing \
+    "Ce dossier ne contient pas Tellwick.exe. Sans ce programme, vous pouvez écrire des SMS, mais ils ne sont pas envoyés."
+!insertmacro Text SenderLabel "&Installer Tellwick, qui les envoie"
+!insertmacro Text SenderText \
+    "Tellwick envoie par un modem ou un téléphone mobile relié à cet ordinateur, ou par une passerelle SMS du réseau. Vous choisissez dans ses paramètres.$\r$\n$\r$\nSi vous avez déjà Tellwick, revenez en arrière et choisissez son dossier."
+!insertmacro Text SenderNote \
+    "Avant le premier SMS, ouvrez Tellwick dans le menu Démarrer et choisissez sous « Paramètres » par où partent vos SMS."
 !insertmacro Text PrefixTitle "Indicatif de pays"
 !insertmacro Text PrefixSubtitle "Comment les numéros de vos contacts sont écrits."
 !insertmacro Text PrefixQuestion "Les numéros de mobile de votre pays commencent-ils par 0 ?"
@@ -34,6 +41,10 @@
 !insertmacro Text RemoveSubtitle "Le complément est retiré d'Outlook."
 !insertmacro Text RemoveText \
     "Les fichiers du complément sont supprimés du dossier $INSTDIR. Tellwick lui-même est conservé."
+!insertmacro Text RemoveSenderText \
+    "Les fichiers du complément et Tellwick sont supprimés du dossier $INSTDIR."
 !insertmacro Text SettingsLabel \
     "Supprimer &aussi les paramètres, les numéros mémorisés et les SMS non envoyés"
 !insertmacro Text SettingsText "Tellwick utilise les mêmes paramètres et les perdra également."
+!insertmacro Text SpoolText \
+    "Les SMS que Tellwick a envoyés ou doit encore envoyer restent dans le dossier $APPDATA\Tellwick\Spool."

@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Hiermit wird ${NAME} eingerichtet, mit dem Sie im klassischen Microsoft Outlook SMS schreiben.$\r$\n$\r$\nAdministratorrechte sind nicht nötig. Das Add-In kommt in den Ordner von Tellwick, das Ihre SMS sendet.$\r$\n$\r$\nBeenden Sie Outlook, bevor Sie fortfahren."
 !insertmacro Text FolderText \
-    "Wählen Sie den Ordner, in dem Tellwick.exe liegt. Das Add-In sucht Tellwick dort."
-!insertmacro Text NoSenderText \
-    "In diesem Ordner liegt kein Tellwick.exe. Sie können SMS schreiben, aber gesendet werden sie erst, wenn Tellwick dort liegt.$\r$\n$\r$\nMöchten Sie den Ordner trotzdem verwenden?"
+    "Wählen Sie den Ordner, in dem Tellwick.exe liegt. Das Add-In sucht Tellwick dort. Wenn Sie Tellwick noch nicht haben, lassen Sie den Ordner, wie er ist."
+!insertmacro Text SenderTitle "Senden"
+!insertmacro Text SenderSubtitle "Was die SMS sendet, die Sie schreiben."
+!insertmacro Text SenderMissing \
+    "In diesem Ordner liegt kein Tellwick.exe. Ohne dieses Programm können Sie SMS schreiben, aber sie werden nicht gesendet."
+!insertmacro Text SenderLabel "&Tellwick installieren, das sie sendet"
+!insertmacro Text SenderText \
+    "Tellwick sendet über ein Modem oder Mobiltelefon an diesem Computer oder über ein SMS-Gateway im Netz. Welches, wählen Sie in seinen Einstellungen.$\r$\n$\r$\nWenn Sie Tellwick schon haben, gehen Sie zurück und wählen Sie seinen Ordner."
+!insertmacro Text SenderNote \
+    "Öffnen Sie vor der ersten SMS Tellwick im Startmenü, und wählen Sie unter „Einstellungen“, worüber Ihre SMS hinausgehen."
 !insertmacro Text PrefixTitle "Ländervorwahl"
 !insertmacro Text PrefixSubtitle "Wie die Rufnummern Ihrer Kontakte geschrieben werden."
 !insertmacro Text PrefixQuestion "Beginnen Mobilfunknummern in Ihrem Land mit 0?"
@@ -34,7 +41,11 @@
 !insertmacro Text RemoveSubtitle "Das Add-In wird aus Outlook entfernt."
 !insertmacro Text RemoveText \
     "Die Dateien des Add-Ins werden aus dem Ordner $INSTDIR entfernt. Tellwick selbst bleibt."
+!insertmacro Text RemoveSenderText \
+    "Die Dateien des Add-Ins und Tellwick werden aus dem Ordner $INSTDIR entfernt."
 !insertmacro Text SettingsLabel \
     "Auch &Einstellungen, gemerkte Rufnummern und nicht gesendete SMS entfernen"
 !insertmacro Text SettingsText \
     "Tellwick verwendet dieselben Einstellungen und verliert sie dann ebenfalls."
+!insertmacro Text SpoolText \
+    "Die SMS, die Tellwick gesendet hat oder noch senden wird, bleiben im Ordner $APPDATA\Tellwick\Spool."

@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Ten program zainstaluje ${NAME}, dzięki któremu można pisać SMS-y w klasycznym programie Microsoft Outlook.$\r$\n$\r$\nUprawnienia administratora nie są potrzebne. Dodatek trafia do folderu programu Tellwick, który wysyła SMS-y.$\r$\n$\r$\nPrzed kontynuowaniem zamknij program Outlook."
 !insertmacro Text FolderText \
-    "Wybierz folder, w którym znajduje się plik Tellwick.exe. Tam dodatek szuka programu Tellwick."
-!insertmacro Text NoSenderText \
-    "W tym folderze nie ma pliku Tellwick.exe. SMS-y można pisać, ale zostaną wysłane dopiero, gdy Tellwick będzie się tam znajdował.$\r$\n$\r$\nCzy mimo to chcesz użyć tego folderu?"
+    "Wybierz folder, w którym znajduje się plik Tellwick.exe. Tam dodatek szuka programu Tellwick. Jeśli nie masz jeszcze programu Tellwick, pozostaw ten folder."
+!insertmacro Text SenderTitle "Wysyłanie"
+!insertmacro Text SenderSubtitle "Co wysyła SMS-y, które piszesz."
+!insertmacro Text SenderMissing \
+    "W tym folderze nie ma pliku Tellwick.exe. Bez niego można pisać SMS-y, ale nie będą one wysyłane."
+!insertmacro Text SenderLabel "&Zainstaluj program Tellwick, który je wysyła"
+!insertmacro Text SenderText \
+    "Tellwick wysyła przez modem lub telefon komórkowy podłączony do tego komputera albo przez bramkę SMS w sieci. Wybierasz to w jego ustawieniach.$\r$\n$\r$\nJeśli masz już program Tellwick, wróć i wybierz jego folder."
+!insertmacro Text SenderNote \
+    "Przed pierwszym SMS-em otwórz program Tellwick w menu Start i w oknie „Ustawienia” wybierz, przez co mają być wysyłane SMS-y."
 !insertmacro Text PrefixTitle "Numer kierunkowy kraju"
 !insertmacro Text PrefixSubtitle "Jak zapisywane są numery kontaktów."
 !insertmacro Text PrefixQuestion "Czy numery komórkowe w Twoim kraju zaczynają się od zera?"
@@ -34,5 +41,9 @@
 !insertmacro Text RemoveSubtitle "Dodatek zostanie usunięty z programu Outlook."
 !insertmacro Text RemoveText \
     "Pliki dodatku zostaną usunięte z folderu $INSTDIR. Sam Tellwick pozostanie."
+!insertmacro Text RemoveSenderText \
+    "Pliki dodatku i program Tellwick zostaną usunięte z folderu $INSTDIR."
 !insertmacro Text SettingsLabel "Usuń &także ustawienia, zapamiętane numery i niewysłane SMS-y"
 !insertmacro Text SettingsText "Tellwick używa tych samych ustawień i również je utraci."
+!insertmacro Text SpoolText \
+    "SMS-y, które Tellwick wysłał lub ma jeszcze wysłać, pozostaną w folderze $APPDATA\Tellwick\Spool."

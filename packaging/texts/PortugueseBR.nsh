@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Este programa instalará o ${NAME}, que permite escrever SMS no Microsoft Outlook clássico.$\r$\n$\r$\nNão são necessárias permissões de administrador. O suplemento é colocado na pasta do Tellwick, que envia seus SMS.$\r$\n$\r$\nFeche o Outlook antes de continuar."
 !insertmacro Text FolderText \
-    "Escolha a pasta em que está o Tellwick.exe. É lá que o suplemento procura o Tellwick."
-!insertmacro Text NoSenderText \
-    "Não há um Tellwick.exe nesta pasta. Você poderá escrever SMS, mas eles só serão enviados quando o Tellwick estiver lá.$\r$\n$\r$\nDeseja usar esta pasta mesmo assim?"
+    "Escolha a pasta em que está o Tellwick.exe. É lá que o suplemento procura o Tellwick. Se você ainda não tem o Tellwick, deixe a pasta como está."
+!insertmacro Text SenderTitle "Envio"
+!insertmacro Text SenderSubtitle "O que envia os SMS que você escreve."
+!insertmacro Text SenderMissing \
+    "Não há um Tellwick.exe nesta pasta. Sem ele você pode escrever SMS, mas eles não são enviados."
+!insertmacro Text SenderLabel "&Instalar o Tellwick, que os envia"
+!insertmacro Text SenderText \
+    "O Tellwick envia por um modem ou celular ligado a este computador, ou por um gateway de SMS na rede. Você escolhe qual nas configurações dele.$\r$\n$\r$\nSe você já tem o Tellwick, volte e escolha a pasta dele."
+!insertmacro Text SenderNote \
+    "Antes do primeiro SMS, abra o Tellwick no menu Iniciar e escolha em “Configurações” por onde saem seus SMS."
 !insertmacro Text PrefixTitle "Código de país"
 !insertmacro Text PrefixSubtitle "Como são escritos os números dos seus contatos."
 !insertmacro Text PrefixQuestion "Os números de celular do seu país começam com 0?"
@@ -34,6 +41,10 @@
 !insertmacro Text RemoveSubtitle "O suplemento é retirado do Outlook."
 !insertmacro Text RemoveText \
     "Os arquivos do suplemento são removidos da pasta $INSTDIR. O Tellwick permanece."
+!insertmacro Text RemoveSenderText \
+    "Os arquivos do suplemento e o Tellwick são removidos da pasta $INSTDIR."
 !insertmacro Text SettingsLabel \
     "Remover &também as configurações, os números guardados e os SMS não enviados"
 !insertmacro Text SettingsText "O Tellwick usa as mesmas configurações e também as perderá."
+!insertmacro Text SpoolText \
+    "Os SMS que o Tellwick enviou, ou que ainda tem de enviar, permanecem na pasta $APPDATA\Tellwick\Spool."

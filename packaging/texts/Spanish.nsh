@@ -1,9 +1,16 @@
 !insertmacro Text WelcomeText \
     "Este programa instalará ${NAME}, que le permite escribir SMS en el Microsoft Outlook clásico.$\r$\n$\r$\nNo se necesitan permisos de administrador. El complemento se coloca en la carpeta de Tellwick, que envía sus SMS.$\r$\n$\r$\nCierre Outlook antes de continuar."
 !insertmacro Text FolderText \
-    "Elija la carpeta en la que se encuentra Tellwick.exe. Es allí donde el complemento busca Tellwick."
-!insertmacro Text NoSenderText \
-    "En esta carpeta no está Tellwick.exe. Podrá escribir SMS, pero no se enviarán hasta que Tellwick esté allí.$\r$\n$\r$\n¿Desea utilizar esta carpeta de todos modos?"
+    "Elija la carpeta en la que se encuentra Tellwick.exe. Es allí donde el complemento busca Tellwick. Si aún no tiene Tellwick, deje la carpeta como está."
+!insertmacro Text SenderTitle "Envío"
+!insertmacro Text SenderSubtitle "Qué envía los SMS que usted escribe."
+!insertmacro Text SenderMissing \
+    "En esta carpeta no está Tellwick.exe. Sin él podrá escribir SMS, pero no se enviarán."
+!insertmacro Text SenderLabel "&Instalar Tellwick, que los envía"
+!insertmacro Text SenderText \
+    "Tellwick envía a través de un módem o teléfono móvil conectado a este equipo, o de una pasarela SMS de la red. Lo elige usted en su configuración.$\r$\n$\r$\nSi ya tiene Tellwick, vuelva atrás y elija su carpeta."
+!insertmacro Text SenderNote \
+    "Antes del primer SMS, abra Tellwick en el menú Inicio y elija en “Configuración” por dónde salen sus SMS."
 !insertmacro Text PrefixTitle "Prefijo de país"
 !insertmacro Text PrefixSubtitle "Cómo se escriben los números de sus contactos."
 !insertmacro Text PrefixQuestion "¿Los números de móvil de su país empiezan por 0?"
@@ -34,6 +41,10 @@
 !insertmacro Text RemoveSubtitle "El complemento se quita de Outlook."
 !insertmacro Text RemoveText \
     "Los archivos del complemento se eliminan de la carpeta $INSTDIR. Tellwick permanece."
+!insertmacro Text RemoveSenderText \
+    "Los archivos del complemento y Tellwick se eliminan de la carpeta $INSTDIR."
 !insertmacro Text SettingsLabel \
     "Eliminar &también la configuración, los números guardados y los SMS no enviados"
 !insertmacro Text SettingsText "Tellwick utiliza la misma configuración y también la perderá."
+!insertmacro Text SpoolText \
+    "Los SMS que Tellwick ha enviado o tiene por enviar permanecen en la carpeta $APPDATA\Tellwick\Spool."

@@ -92,6 +92,9 @@ Outcome JudgeAnswer(const GatewaySettings& settings, const HttpAnswer& answer) {
     if (answer.kind == HttpAnswer::Kind::NotSent) {
         return {Kind::Transient, {Text(reason::NoConnection), answer.problem}, true};
     }
+    if (answer.kind == HttpAnswer::Kind::NotTrusted) {
+        return {Kind::Transient, {Text(reason::NotTrusted), answer.problem}, true};
+    }
     if (answer.kind == HttpAnswer::Kind::Broken) {
         return {Kind::Unsure, {Text(reason::Broken), answer.problem}, false};
     }

@@ -17,8 +17,9 @@ struct HttpRequest {
 
 struct HttpAnswer {
     enum class Kind {
-        NotSent,  // no connection, or a certificate that is not trusted: nobody has the request
-        Broken,   // sent, in part or whole, and no whole answer came
+        NotSent,     // no connection: nobody has the request
+        NotTrusted,  // likewise, since who answers cannot prove to be the server
+        Broken,      // sent, in part or whole, and no whole answer came
         Answered,
     };
     Kind kind = Kind::NotSent;

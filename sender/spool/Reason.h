@@ -39,6 +39,7 @@ inline constexpr TextView NeedsPuk = u"NeedsPuk";    // locked: only a phone can
 inline constexpr TextView NoNetwork = u"NoNetwork";  // not registered in any
 // Of the gateway.
 inline constexpr TextView NoConnection = u"NoConnection";  // detail: the system's words
+inline constexpr TextView NotTrusted = u"NotTrusted";      // its certificate; detail: likewise
 inline constexpr TextView Broken = u"Broken";              // no answer came; detail: likewise
 inline constexpr TextView NotAllowed = u"NotAllowed";      // user and password; detail: the status
 inline constexpr TextView Gateway = u"Gateway";            // detail: status and answer

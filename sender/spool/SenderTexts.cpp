@@ -27,6 +27,9 @@ const std::vector<SenderTextEntry>& SenderTexts() {
         {reason::NeedsPuk, u"The SIM card is locked and asks for its PUK."},
         {reason::NoNetwork, u"The modem has no network."},
         {reason::NoConnection, u"The gateway cannot be reached: %d"},
+        {reason::NotTrusted,
+         u"The certificate of the gateway is not trusted, not valid today or that of another "
+         u"server: %d"},
         {reason::Broken, u"The gateway did not say whether it took the SMS: %d"},
         {reason::NotAllowed, u"The gateway does not accept user and password (status %d)."},
         {reason::Gateway, u"The gateway refuses the SMS: %d"},

@@ -57,6 +57,22 @@ bool NeverSent(DWORD error) {
     }
 }
 
+// Where it was the server's certificate. Systems tell it by one number or by several.
+bool NotTrusted(DWORD error) {
+    switch (error) {
+        case ERROR_WINHTTP_SECURE_FAILURE:
+        case ERROR_WINHTTP_SECURE_CHANNEL_ERROR:
+        case ERROR_WINHTTP_SECURE_CERT_DATE_INVALID:
+        case ERROR_WINHTTP_SECURE_CERT_CN_INVALID:
+        case ERROR_WINHTTP_SECURE_INVALID_CA:
+        case ERROR_WINHTTP_SECURE_INVALID_CERT:
+        case ERROR_WINHTTP_SECURE_CERT_REVOKED:
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool Connecting(DWORD stage) {
     return stage == WINHTTP_CALLBACK_STATUS_RESOLVING_NAME ||
            stage == WINHTTP_CALLBACK_STATUS_NAME_RESOLVED ||
@@ -143,8 +159,11 @@ bool WinHttpSession::Connect(const Text& host, std::uint16_t port) {
 
 HttpAnswer WinHttpSession::Failed(DWORD error, DWORD stage) const {
     HttpAnswer answer;
-    const bool notSent = NeverSent(error) || Connecting(stage);
-    answer.kind = notSent ? HttpAnswer::Kind::NotSent : HttpAnswer::Kind::Broken;
+    if (!NeverSent(error) && !Connecting(stage)) {
+        answer.kind = HttpAnswer::Kind::Broken;
+    } else if (NotTrusted(error)) {
+        answer.kind = HttpAnswer::Kind::NotTrusted;
+    }
     answer.problem = WordsOf(error);
     return answer;
 }

@@ -1,8 +1,10 @@
 // Tellwick: sends the SMS that the add-in for Outlook puts into the queue.
 //
-//   Tellwick [nocheck]
+//   Tellwick [nocheck | end]
 //
 //   nocheck   as the add-in starts it: minimised
+//   end       ends the one that runs, for the set-up program; 0 where there was one, 1 where there
+//             was none, 2 where it goes on
 //
 // One runs for each user; another start shows its window, or with "nocheck" has it look at the
 // queue, and ends.
@@ -35,6 +37,17 @@ bool IsFirst(HANDLE mutex, bool minimised) {
         if (SenderWindow::Call(!minimised)) return false;
     }
     return false;
+}
+
+int End(HANDLE mutex) {
+    int result = 1;
+    for (const DWORD start = GetTickCount(); GetTickCount() - start < LongestCalling; result = 0) {
+        const DWORD waited = WaitForSingleObject(mutex, result == 0 ? BetweenCalls : 0);
+        if (waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED) return result;
+        const HWND there = FindWindowW(SenderWindow::ClassName, nullptr);
+        if (there) PostMessageW(there, WM_CLOSE, 0, 0);
+    }
+    return 2;
 }
 
 int Run(bool minimised) {
@@ -78,8 +91,10 @@ void windows::ReportException() noexcept {
 }
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t* words, int) {
-    const bool minimised = Contains(LowerCase(windows::FromWide(words)), u"nocheck");
+    const Text wish = LowerCase(windows::FromWide(words));
+    const bool minimised = Contains(wish, u"nocheck");
     const windows::Handle mutex(CreateMutexW(nullptr, FALSE, OnlyOne));
+    if (Trimmed(wish) == u"end") return End(mutex.get());
     if (!IsFirst(mutex.get(), minimised)) return 0;
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     int result = 1;

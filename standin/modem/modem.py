@@ -12,6 +12,9 @@ has taken. Its faults come as lines on the standard input:
     lose          the next unit is taken, but no answer comes
     cut NUMBER    is unplugged once so many characters of the next unit have come
     noise TEXT    says so, unasked, before each answer
+    echo 1        repeats every command, whatever it is told
+    garbage TEXT  puts these bytes, in hexadecimal digits, before each answer
+    mute NUMBER   so many commands get no answer
     receive UNIT  an SMS arrives: an SMS-DELIVER in hexadecimal digits, service centre first
     answer TEXT   an SMS arrives from the phone that the unit went to that it took last
     report NUMBER the network says what became of the unit that it took last
@@ -28,6 +31,21 @@ CTRL_Z = 0x1A
 ESCAPE = 0x1B
 TIME = '62112231700004'  # 2026-11-22 13:07:00, an hour ahead of the universal time
 
+# What other programs ask of a modem before they send.
+ABOUT = {
+    'AT+CGMI': ['Stand-in'],
+    'AT+CGMM': ['Modem'],
+    'AT+CGMR': ['1'],
+    'AT+CGSN': ['490154203237518'],
+    'AT+CSCS=?': ['+CSCS: ("GSM")'],
+    'AT+CSCS?': ['+CSCS: "GSM"'],
+    'AT+CSCS="GSM"': [],
+    'AT+CMGF=?': ['+CMGF: (0)'],
+    'AT+CMGF?': ['+CMGF: 0'],
+    'AT+CPMS=?': ['+CPMS: ("SM"),("SM"),("SM")'],
+    'AT+CSCA?': ['+CSCA: "+491710760000",145'],
+}
+
 
 class Modem:
     def __init__(self, link):
@@ -40,6 +58,9 @@ class Modem:
         self.lost = False
         self.cut = None
         self.noise = ''
+        self.stubborn = False
+        self.garbage = b''
+        self.mute = 0
         self.stored = {}
         self.reference = 0
         self.taken = ''
@@ -71,6 +92,7 @@ class Modem:
             os.write(self.master, f'\r\n{line}\r\n'.encode())
 
     def answer(self, *lines):
+        os.write(self.master, self.garbage)
         if self.noise:
             self.say(self.noise)
         self.say(*lines)
@@ -88,7 +110,9 @@ class Modem:
                 if self.echo:
                     os.write(self.master, self.buffer + b'\r')
                 command, self.buffer = self.buffer.decode('latin-1').strip(), b''
-                if command:
+                if command and self.mute:
+                    self.mute -= 1
+                elif command:
                     self.command(command)
             elif byte not in b'\n':
                 self.buffer += bytes([byte])
@@ -127,12 +151,14 @@ class Modem:
     def command(self, line):
         name = line.upper()
         needs_sim = ('AT+CMG', 'AT+CREG', 'AT+CNMI', 'AT+CSQ')
-        if name.startswith(needs_sim) and self.pin is not None and name != 'AT+CMGF=0':
+        if name in ABOUT:
+            self.answer(*ABOUT[name], 'OK')
+        elif name.startswith(needs_sim) and self.pin is not None and name != 'AT+CMGF=0':
             self.fail('CME', 11)
         elif name in ('AT', 'ATZ'):
             self.answer('OK')
         elif name in ('ATE0', 'ATE1'):
-            self.echo = name == 'ATE1'
+            self.echo = self.stubborn or name == 'ATE1'
             self.answer('OK')
         elif name.startswith('AT+CMEE='):
             self.errors = int(name[8:])
@@ -215,6 +241,12 @@ class Modem:
             self.cut = int(value)
         elif what == 'noise':
             self.noise = value
+        elif what == 'echo':
+            self.stubborn = self.echo = value == '1'
+        elif what == 'garbage':
+            self.garbage = bytes.fromhex(value)
+        elif what == 'mute':
+            self.mute = int(value)
         elif what == 'receive':
             self.receive(value)
         elif what == 'answer':

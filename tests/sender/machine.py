@@ -50,7 +50,8 @@ class Windows:
         return [f'{ROOT}/tools/wine', BITS, *words]
 
     def run(self, *words, check=True):
-        done = subprocess.run(self.command(*words), capture_output=True, text=True, timeout=60)
+        done = subprocess.run(self.command(*words), capture_output=True, text=True,
+                              errors='replace', timeout=60)
         if check and done.returncode:
             raise AssertionError(f'{words}: {done.stderr}')
         return done.stdout
@@ -126,9 +127,9 @@ def free_ports(count):
 
 
 class Kannel:
-    PASSWORD = 'geheim & gr\u00fcn'
-
-    def __init__(self):
+    def __init__(self, core='', password='geheim & gr\u00fcn'):
+        """With more lines for the group "core"."""
+        self.password = password
         self.folder = tempfile.mkdtemp(prefix='tellwick-kannel')
         admin, inner, self.carrier_port, self.port = free_ports(4)
         with open(f'{self.folder}/k.conf', 'w', encoding='utf-8') as file:
@@ -140,6 +141,7 @@ smsbox-port = {inner}
 box-allow-ip = "127.0.0.1"
 store-type = spool
 store-location = {self.folder}
+{core}
 
 group = smsc
 smsc = fake
@@ -155,37 +157,41 @@ global-sender = 1234
 
 group = sendsms-user
 username = anna
-password = "{self.PASSWORD}"
+password = "{password}"
 concatenation = true
 max-messages = 10
 ''')
         self.programs = []
         self.shown = f'{self.folder}/shown'
 
-    def settings(self, password=PASSWORD):
+    def settings(self, password=None):
         address = (f'http://127.0.0.1:{self.port}/cgi-bin/sendsms?username={{user}}&'
                    'password={password}&to={to}&text={text}&charset=UTF-8&coding={coding}')
         return {'Sender': {'Gateway': 1, 'Address': address, 'User': 'anna',
-                           'Password': password}}
+                           'Password': password or self.password}}
 
-    def start(self):
+    def run(self, *words):
+        with open(self.shown, 'ab') as output:
+            self.programs.append(subprocess.Popen(words, cwd=self.folder, stdout=output,
+                                                  stderr=output))
+
+    def start(self, carrier=True):
         conf = f'{self.folder}/k.conf'
-
-        def run(*words):
-            with open(self.shown, 'ab') as output:
-                self.programs.append(subprocess.Popen(words, cwd=self.folder, stdout=output,
-                                                      stderr=output))
 
         def listens(port):
             with socket.socket() as one:
                 return one.connect_ex(('127.0.0.1', port)) == 0
 
-        run('/usr/sbin/bearerbox', '-v', '4', conf)
+        self.run('/usr/sbin/bearerbox', '-v', '4', conf)
         assert wait_until(lambda: listens(self.carrier_port))
-        run('/usr/lib/kannel/test/fakesmsc', '-H', '127.0.0.1', '-r', str(self.carrier_port),
-            '-i', '0.1', '-m', '0', '123 345 nop nop')
-        run('/usr/sbin/smsbox', '-v', '4', conf)
+        if carrier:
+            self.start_carrier()
+        self.run('/usr/sbin/smsbox', '-v', '4', conf)
         assert wait_until(lambda: listens(self.port))
+
+    def start_carrier(self):
+        self.run('/usr/lib/kannel/test/fakesmsc', '-H', '127.0.0.1', '-r', str(self.carrier_port),
+                 '-i', '0.1', '-m', '0', '123 345 nop nop')
 
     def stop(self):
         for program in reversed(self.programs):

@@ -121,7 +121,7 @@ class ThroughGateway(SenderTest):
         self.assertEqual(len(texts), len(set(texts)))
 
 
-class ThroughModem(SenderTest):
+class ModemTest(SenderTest):
     def begin_with_modem(self, *faults, pin='1234'):
         windows = self.begin({'Settings': {'ComPort': 'COM5', 'Baudrate': 115200},
                               'Sender': {'Pin': pin}})
@@ -136,6 +136,8 @@ class ThroughModem(SenderTest):
         # The decoder knows Latin-1, where the euro sign stands for another.
         return [(to, text.replace('\u00a4', '\u20ac')) for to, text in joined(self.modem.received())]
 
+
+class ThroughModem(ModemTest):
     def test_what_was_queued_is_what_a_phone_gets(self):
         windows = self.begin_with_modem('pin 1234', 'noise ^RSSI: 20')
         windows.submit(*(('0171 1234; +49 172 5', text) for text in TEXTS))

@@ -70,6 +70,7 @@ TEST_CASE("what an answer says of an SMS") {
                           {How::Answered, 503, "", Kind::Transient},
                           {How::Answered, 504, "", Kind::Unsure},
                           {How::NotSent, 0, "", Kind::Transient, true},
+                          {How::NotTrusted, 0, "", Kind::Transient, true},
                           {How::Broken, 0, "", Kind::Unsure}}) {
         CAPTURE(c.status);
         Desk desk;
