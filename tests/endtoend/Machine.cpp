@@ -113,9 +113,11 @@ Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for
         fs::create_directories(folder);
     }
     WriteBytes(SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
-    for (const wchar_t* file : {L"TellwickOutlookAddIn.dll", L"Tellwick.exe"}) {
-        fs::copy(BuildFolder() + file, programFolder + file);
-    }
+    // Where the tests' settings say so, the library that stops at undefined behaviour.
+    const std::wstring library = L"TellwickOutlookAddIn.dll";
+    fs::copy(BuildFolder() + (_wgetenv(L"TELLWICK_CHECKED") ? L"checked\\" : L"") + library,
+             programFolder + library);
+    fs::copy(BuildFolder() + L"Tellwick.exe", programFolder + L"Tellwick.exe");
     fs::copy(BuildFolder() + L"lang", programFolder + L"lang");
     SetEnvironmentVariableW(L"TELLWICK_SENDER_LOG", (programFolder + L"sent.txt").c_str());
     Register();
