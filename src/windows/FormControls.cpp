@@ -97,6 +97,22 @@ void FormControls::MakeToolTips() {
     for (const ControlPlan& part : plan) part.control->AttachToolTips(toolTips);
 }
 
+namespace {
+
+// What a group box frames is its form's to paint, and the system leaves the old frame there.
+void EraseFrame(HWND control, const RECT& next) {
+    if ((GetWindowLongW(control, GWL_EXSTYLE) & WS_EX_TRANSPARENT) == 0) return;
+    const HWND form = GetParent(control);
+    RECT before{};
+    GetWindowRect(control, &before);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&before), 2);
+    if (EqualRect(&before, &next)) return;
+    InvalidateRect(form, &before, TRUE);
+    InvalidateRect(control, nullptr, FALSE);
+}
+
+}  // namespace
+
 Placement::Placement() : positions(BeginDeferWindowPos(40)) {}
 
 Placement::~Placement() {
@@ -105,6 +121,7 @@ Placement::~Placement() {
 
 void Placement::Move(const WindowControl& control, int x, int y, int width, int height) {
     if (!positions || !control.Window()) return;
+    EraseFrame(control.Window(), {x, y, x + width, y + height});
     positions = DeferWindowPos(positions, control.Window(), nullptr, x, y, std::max(width, 0),
                                std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
 }
