@@ -29,14 +29,15 @@ std::size_t MostOf(const SentLimits& limits) {
 
 }  // namespace
 
-Spool::Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder)
-    : files(fileSystem, settingsFolder), clock(clock) {}
+Spool::Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder,
+             std::size_t mostInFolder)
+    : files(fileSystem, settingsFolder, mostInFolder), clock(clock) {}
 
 bool Spool::Open() {
     waiting.clear();
     unsure.clear();
     if (!files.MakeFolders()) return false;
-    const std::optional<std::vector<Text>> toSend = files.Ids(State::Waiting);
+    const std::optional<std::vector<Text>> toSend = files.FindWaiting();
     const std::optional<std::vector<Text>> handedOver = files.Ids(State::Sending);
     if (!toSend || !handedOver) return false;
     for (const Text& id : *toSend) waiting.emplace(id, 0);
@@ -76,7 +77,7 @@ Text Spool::Key(TextView origin, std::size_t number) {
 Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number) {
     const State state = sms.result == Result::Failed ? State::Failed : State::Waiting;
     const Text id = NewId(origin, number);
-    if (!files.Write(state, id, sms)) return {};
+    if (!files.Add(state, id, sms)) return {};
     if (state == State::Waiting) waiting.emplace(id, 0);
     Tell(id, state);
     return id;
@@ -86,7 +87,7 @@ Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeTex
     const Text id = NewId(origin, 1);
     sms.wholeText = SpoolFiles::WholeTextName(id);
     if (!files.WriteWholeText(id, wholeText)) return {};
-    if (!files.Write(State::Failed, id, sms)) {
+    if (!files.Add(State::Failed, id, sms)) {
         files.DeleteWholeText(id);
         return {};
     }
@@ -96,7 +97,10 @@ Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeTex
 
 std::optional<std::set<Text>> Spool::Keys() {
     std::set<Text> keys;
-    for (const State state : {State::Waiting, State::Sending, State::Sent, State::Failed}) {
+    for (const State state : {State::Waiting, State::Sending, State::Unsure}) {
+        for (const Text& id : Ids(state)) keys.emplace(KeyOf(id));
+    }
+    for (const State state : {State::Sent, State::Failed}) {
         const std::optional<std::vector<Text>> ids = files.Ids(state);
         if (!ids) return {};
         for (const Text& id : *ids) keys.emplace(KeyOf(id));

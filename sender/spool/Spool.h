@@ -33,8 +33,9 @@ struct SentLimits {
 // origin. Functions that fail change nothing that counts, and can be called again.
 class Spool {
 public:
-    // The settings folder ends in "\".
-    Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder);
+    // The settings folder ends in "\". No more waiting ones lie in one folder than given.
+    Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder,
+          std::size_t mostInFolder = 256);
 
     // Makes the folders, finds out what is there, and brings to its place what was answered when
     // the program ended. False when the folders cannot be made or read: nothing else may be called

@@ -18,14 +18,19 @@ constexpr TextView ReadMe = u"readme.txt";
 constexpr std::string_view ReadMeText =
     "SMS of Tellwick, one a file. While Tellwick runs, leave them to it.\r\n";
 
+Text SubfolderName(std::uint32_t number) {
+    const Text digits = NumberText(std::int64_t(number));
+    return Text(5 - std::min<std::size_t>(5, digits.size()), u'0') + digits;
+}
+
 bool IsId(TextView id) {
     return std::count(id.begin(), id.end(), u'-') == 3;
 }
 
 }  // namespace
 
-SpoolFiles::SpoolFiles(FileSystem& fileSystem, TextView settingsFolder)
-    : fileSystem(fileSystem), root(Text(settingsFolder) + u"Spool\\") {}
+SpoolFiles::SpoolFiles(FileSystem& fileSystem, TextView settingsFolder, std::size_t mostInFolder)
+    : fileSystem(fileSystem), root(Text(settingsFolder) + u"Spool\\"), mostInFolder(mostInFolder) {}
 
 Text SpoolFiles::Folder(State state) const {
     switch (state) {
@@ -41,7 +46,58 @@ Text SpoolFiles::Folder(State state) const {
 }
 
 Text SpoolFiles::Path(State state, const Text& id) const {
-    return Folder(state).append(id).append(Ending);
+    const Text folder = state == State::Waiting ? Subfolder(SubfolderOf(id)) : Folder(state);
+    return folder + id + Text(Ending);
+}
+
+Text SpoolFiles::Subfolder(std::uint32_t number) const {
+    const Text folder = Folder(State::Waiting);
+    return number == 0 ? folder : folder + SubfolderName(number) + u"\\";
+}
+
+std::uint32_t SpoolFiles::SubfolderOf(const Text& id) const {
+    const auto found = inSubfolder.find(id);
+    return found == inSubfolder.end() ? 0 : found->second;
+}
+
+std::uint32_t SpoolFiles::SubfolderWithRoom() {
+    if (inWaiting < mostInFolder) return 0;
+    std::uint32_t number = 1;
+    if (!subfolders.empty()) {
+        const auto& [last, count] = *subfolders.rbegin();
+        if (count < mostInFolder) return last;
+        number = last + 1;
+    }
+    // A full folder is better than none.
+    if (!MakeFolder(Subfolder(number))) return 0;
+    subfolders[number] = 0;
+    return number;
+}
+
+void SpoolFiles::Placed(const Text& id, std::uint32_t subfolder) {
+    if (subfolder == 0) {
+        ++inWaiting;
+    } else {
+        inSubfolder[id] = subfolder;
+        ++subfolders[subfolder];
+    }
+}
+
+void SpoolFiles::Left(const Text& id) {
+    const std::uint32_t number = SubfolderOf(id);
+    if (number == 0) {
+        --inWaiting;
+    } else {
+        inSubfolder.erase(id);
+        if (--subfolders[number] == 0) DeleteSubfolder(number);
+    }
+}
+
+void SpoolFiles::DeleteSubfolder(std::uint32_t number) {
+    subfolders.erase(number);
+    const Text folder = Subfolder(number);
+    fileSystem.Delete(folder + Text(ReadMe));
+    fileSystem.DeleteFolder(folder);
 }
 
 bool SpoolFiles::MakeFolders() {
@@ -66,8 +122,36 @@ std::optional<std::vector<Text>> SpoolFiles::Names(const Text& folder) {
     return names;
 }
 
+std::optional<std::vector<Text>> SpoolFiles::FindWaiting() {
+    subfolders.clear();
+    inSubfolder.clear();
+    inWaiting = 0;
+    const std::optional<std::vector<Text>> names = fileSystem.FolderNames(Subfolder(0));
+    if (!names) return {};
+    std::vector<std::uint32_t> numbers{0};
+    for (const Text& name : *names) {
+        const auto number = std::uint32_t(LeadingNumber(name));
+        if (number > 0 && name == SubfolderName(number)) numbers.push_back(number);
+    }
+    std::vector<Text> all;
+    for (const std::uint32_t number : numbers) {
+        // The program may have ended while it made or deleted this one.
+        if (!MakeFolder(Subfolder(number))) return {};
+        const std::optional<std::vector<Text>> ids = IdsIn(Subfolder(number));
+        if (!ids) return {};
+        for (const Text& id : *ids) Placed(id, number);
+        all.insert(all.end(), ids->begin(), ids->end());
+        if (number != 0 && ids->empty()) DeleteSubfolder(number);
+    }
+    return all;
+}
+
 std::optional<std::vector<Text>> SpoolFiles::Ids(State state) {
-    std::optional<std::vector<Text>> names = Names(Folder(state));
+    return IdsIn(Folder(state));
+}
+
+std::optional<std::vector<Text>> SpoolFiles::IdsIn(const Text& folder) {
+    std::optional<std::vector<Text>> names = Names(folder);
     if (!names) return {};
     std::vector<Text> ids;
     for (Text& name : *names) {
@@ -77,6 +161,14 @@ std::optional<std::vector<Text>> SpoolFiles::Ids(State state) {
     }
     std::sort(ids.begin(), ids.end());
     return ids;
+}
+
+bool SpoolFiles::Add(State state, const Text& id, const SpooledSms& sms) {
+    if (state != State::Waiting) return Write(state, id, sms);
+    const std::uint32_t subfolder = SubfolderWithRoom();
+    if (!Put(Subfolder(subfolder) + id + Text(Ending), ToFile(sms))) return false;
+    Placed(id, subfolder);
+    return true;
 }
 
 bool SpoolFiles::Write(State state, const Text& id, const SpooledSms& sms) {
@@ -111,11 +203,18 @@ std::optional<SpooledSms> SpoolFiles::Read(State state, const Text& id) {
 }
 
 bool SpoolFiles::Move(const Text& id, State from, State to) {
-    return fileSystem.Rename(Path(from, id), Path(to, id));
+    const std::uint32_t subfolder = to == State::Waiting ? SubfolderWithRoom() : 0;
+    const Text folder = to == State::Waiting ? Subfolder(subfolder) : Folder(to);
+    if (!fileSystem.Rename(Path(from, id), folder + id + Text(Ending))) return false;
+    if (from == State::Waiting) Left(id);
+    if (to == State::Waiting) Placed(id, subfolder);
+    return true;
 }
 
 bool SpoolFiles::Delete(State state, const Text& id) {
-    return fileSystem.Delete(Path(state, id));
+    if (!fileSystem.Delete(Path(state, id))) return false;
+    if (state == State::Waiting) Left(id);
+    return true;
 }
 
 Text SpoolFiles::WholeTextName(const Text& id) {

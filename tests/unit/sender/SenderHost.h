@@ -81,7 +81,7 @@ struct SenderHost : SettingsModules {
 
     struct Running {
         explicit Running(SenderHost& host)
-            : spool(host.disk, host.clock, u"C:\\Data\\Tellwick\\"),
+            : spool(host.disk, host.clock, u"C:\\Data\\Tellwick\\", host.mostInFolder),
               reader(host.platform.registry, host.values, host.disk, host.locale, host.clock,
                      host.prefixes, spool),
               delivery(reader, spool, host.carrier, host.clock, host.timers) {
@@ -139,6 +139,7 @@ struct SenderHost : SettingsModules {
     MemoryQueueValues values{platform};
     MemoryCarrier carrier{platform};
     bool storeSent = true;
+    std::size_t mostInFolder = 256;
     std::unique_ptr<Running> running;
 };
 
