@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "air/AirCount.h"
-#include "platform/Product.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientList.h"
 #include "spool/Recipients.h"
@@ -22,10 +21,6 @@ constexpr std::size_t MostBytes = 262'144;
 constexpr std::size_t ShownOfWholeText = 1000;
 
 constexpr std::size_t LongestName = 40;
-
-Text QueueKey() {
-    return Text(RootKey) + u"\\SMSQueue";
-}
 
 bool IsNumber(TextView name) {
     return !name.empty() && name.size() <= 7 && std::all_of(name.begin(), name.end(), IsDigit);
@@ -46,10 +41,9 @@ Text OriginOf(TextView path, std::uint64_t modified) {
 
 }  // namespace
 
-QueueReader::QueueReader(Registry& registry, QueueValues& queueValues, FileSystem& fileSystem,
-                         Locale& locale, Clock& clock, Prefixes& prefixes, Spool& spool)
-    : registry(registry),
-      queueValues(queueValues),
+QueueReader::QueueReader(QueueValues& queueValues, FileSystem& fileSystem, Locale& locale,
+                         Clock& clock, Prefixes& prefixes, Spool& spool)
+    : queueValues(queueValues),
       fileSystem(fileSystem),
       locale(locale),
       clock(clock),
@@ -67,8 +61,7 @@ std::optional<std::vector<QueueReader::Entry>> QueueReader::Entries() {
         }
     }
     // The counter names the newest one: the oldest one possible is the next behind it.
-    const auto last = std::uint32_t(
-        LeadingNumber(registry.Read(Hive::CurrentUser, QueueKey(), Counter).value_or(Text())));
+    const auto last = std::uint32_t(LeadingNumber(queueValues.Read(Counter).value_or(Text())));
     const auto age = [last](const Entry& entry) {
         return (entry.number - last - 1) % EntryNumbers;
     };
@@ -124,7 +117,7 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
 }
 
 QueueReader::Taken QueueReader::TakeEntry(const Entry& entry) {
-    const Text path = registry.Read(Hive::CurrentUser, QueueKey(), entry.name).value_or(Text());
+    const Text path = queueValues.Read(entry.name).value_or(Text());
     const std::uint64_t modified = fileSystem.ModifiedTime(path);
     const Text origin = OriginOf(path, modified);
     const auto known = progress.find(origin);
@@ -154,7 +147,7 @@ QueueReader::Taken QueueReader::TakeMissing(const Entry& entry, const Text& path
     told = told || !spool.Add(Refused({}, {}, reason::NoFile, path), origin).empty();
     if (!told) return Taken::Failed;
     // What cannot be read is not ours to delete.
-    if (!registry.DeleteValue(Hive::CurrentUser, QueueKey(), entry.name)) return Taken::Failed;
+    if (!queueValues.Delete(entry.name)) return Taken::Failed;
     progress.erase(origin);
     misses.erase(entry.name);
     return Taken::Done;
@@ -208,7 +201,7 @@ bool QueueReader::AcceptOne(const Text& origin, Progress& state, std::size_t num
 }
 
 bool QueueReader::Remove(const Entry& entry, const Text& path, const Text& origin) {
-    if (!registry.DeleteValue(Hive::CurrentUser, QueueKey(), entry.name)) {
+    if (!queueValues.Delete(entry.name)) {
         // It will be seen again, in this run or the next.
         bool& remembered = progress[origin].remembered;
         remembered = remembered || spool.Remember(origin);

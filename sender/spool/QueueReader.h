@@ -17,7 +17,6 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
-#include "platform/Registry.h"
 #include "platform/Text.h"
 #include "spool/QueueValues.h"
 #include "spool/Spool.h"
@@ -30,8 +29,8 @@ namespace tellwick::sender {
 
 class QueueReader {
 public:
-    QueueReader(Registry& registry, QueueValues& queueValues, FileSystem& fileSystem,
-                Locale& locale, Clock& clock, Prefixes& prefixes, Spool& spool);
+    QueueReader(QueueValues& queueValues, FileSystem& fileSystem, Locale& locale, Clock& clock,
+                Prefixes& prefixes, Spool& spool);
 
     enum class Look {
         Done,   // the queue is empty
@@ -74,7 +73,6 @@ private:
     bool Remove(const Entry& entry, const Text& path, const Text& origin);
     SpooledSms Refused(TextView recipient, TextView text, TextView why, TextView detail = {});
 
-    Registry& registry;
     QueueValues& queueValues;
     FileSystem& fileSystem;
     Locale& locale;

@@ -3,26 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Utf8.h"
 #include "spool/Times.h"
 
 namespace tellwick::sender {
 
 namespace {
 
-constexpr TextView Ending = u".sms";
-constexpr TextView BeingWritten = u"being-written.tmp";
-constexpr TextView WholeTextEnding = u".txt";
 constexpr double LongestPause = 15.0 / (24 * 60);  // days
 constexpr double PauseAfterFailure = 1.0 / (24 * 60);
 constexpr std::size_t OldestAtOnce = 1000;
-
-// Tells a person what the folder is, and us that an empty list of its files is no failure.
-constexpr TextView ReadMe = u"readme.txt";
-constexpr std::string_view ReadMeText =
-    "SMS of Tellwick, one a file. While Tellwick runs, leave them to it.\r\n";
-
-constexpr TextView TakenFolder = u"taken\\";
 
 // "20261122-130700250-sms1A2B.01DA5F3C-00001": date, time, origin, number.
 TextView OriginOf(TextView id) {
@@ -38,69 +27,18 @@ std::size_t MostOf(const SentLimits& limits) {
     return limits.store ? std::size_t(std::max(limits.most, 0)) : 0;
 }
 
-bool IsId(TextView id) {
-    return std::count(id.begin(), id.end(), u'-') == 3;
-}
-
 }  // namespace
 
-Spool::Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder)
-    : fileSystem(fileSystem), clock(clock), root(Text(settingsFolder) + u"Spool\\") {}
-
-Text Spool::Folder(State state) const {
-    switch (state) {
-        case State::Waiting:
-            return root + u"waiting\\";
-        case State::Sent:
-            return root + u"sent\\";
-        case State::Failed:
-            return root + u"failed\\";
-        default:
-            return root + u"sending\\";
-    }
-}
-
-Text Spool::Path(State state, const Text& id) const {
-    return Folder(state).append(id).append(Ending);
-}
-
-bool Spool::MakeFolder(const Text& folder) {
-    const Text path = folder + Text(ReadMe);
-    if (fileSystem.Exists(path)) return true;
-    if (!fileSystem.FolderExists(folder)) fileSystem.CreateFolder(folder);
-    return fileSystem.Write(path, ReadMeText, WriteMode::Replace);
-}
-
-std::optional<std::vector<Text>> Spool::Names(const Text& folder) {
-    std::vector<Text> names = fileSystem.FileNames(folder, {});
-    if (names.empty()) return {};
-    std::erase(names, ReadMe);
-    return names;
-}
-
-std::optional<std::vector<Text>> Spool::ReadIds(State state) {
-    std::optional<std::vector<Text>> names = Names(Folder(state));
-    if (!names) return {};
-    std::vector<Text> ids;
-    for (Text& name : *names) {
-        if (!name.ends_with(Ending)) continue;
-        name.resize(name.size() - Ending.size());
-        if (IsId(name)) ids.push_back(std::move(name));
-    }
-    std::sort(ids.begin(), ids.end());
-    return ids;
-}
+Spool::Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder,
+             std::size_t mostInFolder)
+    : files(fileSystem, settingsFolder, mostInFolder), clock(clock) {}
 
 bool Spool::Open() {
     waiting.clear();
     unsure.clear();
-    if (!fileSystem.FolderExists(root)) fileSystem.CreateFolder(root);
-    for (const State state : {State::Waiting, State::Sending, State::Sent, State::Failed}) {
-        if (!MakeFolder(Folder(state))) return false;
-    }
-    if (!MakeFolder(root + Text(TakenFolder))) return false;
-    const std::optional<std::vector<Text>> toSend = ReadIds(State::Waiting);
-    const std::optional<std::vector<Text>> handedOver = ReadIds(State::Sending);
+    if (!files.MakeFolders()) return false;
+    const std::optional<std::vector<Text>> toSend = files.FindWaiting();
+    const std::optional<std::vector<Text>> handedOver = files.Ids(State::Sending);
     if (!toSend || !handedOver) return false;
     for (const Text& id : *toSend) waiting.emplace(id, 0);
     for (const Text& id : *handedOver) Recover(id);
@@ -108,7 +46,7 @@ bool Spool::Open() {
 }
 
 void Spool::Recover(const Text& id) {
-    std::optional<SpooledSms> sms = Load(State::Sending, id);
+    std::optional<SpooledSms> sms = files.Read(State::Sending, id);
     if (sms && sms->result != Result::Unknown && sms->result != Result::Unsure) {
         Finish(id, std::move(*sms));
         return;
@@ -117,7 +55,7 @@ void Spool::Recover(const Text& id) {
     if (!sms || sms->result == Result::Unsure) return;
     sms->result = Result::Unsure;
     sms->reason = {Text(reason::Interrupted), {}};
-    Write(Path(State::Sending, id), *sms);
+    files.Write(State::Sending, id, *sms);
 }
 
 Text Spool::NewId(TextView origin, std::size_t number) {
@@ -139,7 +77,7 @@ Text Spool::Key(TextView origin, std::size_t number) {
 Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number) {
     const State state = sms.result == Result::Failed ? State::Failed : State::Waiting;
     const Text id = NewId(origin, number);
-    if (!Write(Path(state, id), sms)) return {};
+    if (!files.Add(state, id, sms)) return {};
     if (state == State::Waiting) waiting.emplace(id, 0);
     Tell(id, state);
     return id;
@@ -147,11 +85,10 @@ Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number) {
 
 Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeText) {
     const Text id = NewId(origin, 1);
-    sms.wholeText = id + Text(WholeTextEnding);
-    const Text folder = Folder(State::Failed);
-    if (!Put(folder + sms.wholeText, wholeText)) return {};
-    if (!Write(Path(State::Failed, id), sms)) {
-        fileSystem.Delete(folder + sms.wholeText);
+    sms.wholeText = SpoolFiles::WholeTextName(id);
+    if (!files.WriteWholeText(id, wholeText)) return {};
+    if (!files.Add(State::Failed, id, sms)) {
+        files.DeleteWholeText(id);
         return {};
     }
     Tell(id, State::Failed);
@@ -160,8 +97,11 @@ Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeTex
 
 std::optional<std::set<Text>> Spool::Keys() {
     std::set<Text> keys;
-    for (const State state : {State::Waiting, State::Sending, State::Sent, State::Failed}) {
-        const std::optional<std::vector<Text>> ids = ReadIds(state);
+    for (const State state : {State::Waiting, State::Sending, State::Unsure}) {
+        for (const Text& id : Ids(state)) keys.emplace(KeyOf(id));
+    }
+    for (const State state : {State::Sent, State::Failed}) {
+        const std::optional<std::vector<Text>> ids = files.Ids(state);
         if (!ids) return {};
         for (const Text& id : *ids) keys.emplace(KeyOf(id));
     }
@@ -170,18 +110,6 @@ std::optional<std::set<Text>> Spool::Keys() {
 
 void Spool::Release(TextView origin) {
     held.erase(Text(origin));
-}
-
-bool Spool::Remember(TextView origin) {
-    return fileSystem.Write(root + Text(TakenFolder).append(origin), "1", WriteMode::Replace);
-}
-
-void Spool::Forget(TextView origin) {
-    fileSystem.Delete(root + Text(TakenFolder).append(origin));
-}
-
-std::optional<std::vector<Text>> Spool::Remembered() {
-    return Names(root + Text(TakenFolder));
 }
 
 Text Spool::Next() const {
@@ -206,7 +134,7 @@ std::optional<double> Spool::UntilNextTry() const {
 std::optional<SpooledSms> Spool::Begin(const Text& id) {
     // Another one's turn, should a step fail.
     waiting[id] = clock.Now() + PauseAfterFailure;
-    std::optional<SpooledSms> sms = Load(State::Waiting, id);
+    std::optional<SpooledSms> sms = files.Read(State::Waiting, id);
     if (!sms) return {};
     if (sms->reason.name == reason::Damaged) {
         if (Move(id, State::Waiting, State::Failed)) Tell(id, State::Failed);
@@ -215,7 +143,7 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
     if (sms->result != Result::Unknown) {
         // Or the next start would take the answer of the last try for that of this one.
         sms->result = Result::Unknown;
-        if (!Write(Path(State::Waiting, id), *sms)) return {};
+        if (!files.Write(State::Waiting, id, *sms)) return {};
     }
     if (!Move(id, State::Waiting, State::Sending)) return {};
     inFlight = id;
@@ -224,13 +152,13 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
 }
 
 bool Spool::Update(State state, const Text& id, const SpooledSms& sms) {
-    const bool written = Write(Path(state, id), sms);
+    const bool written = files.Write(state, id, sms);
     if (written) Tell(id, state);
     return written;
 }
 
 bool Spool::Record(const Text& id, const SpooledSms& sms) {
-    return Write(Path(State::Sending, id), sms);
+    return files.Write(State::Sending, id, sms);
 }
 
 void Spool::Finish(const Text& id, SpooledSms sms) {
@@ -246,7 +174,7 @@ bool Spool::Settle() {
 }
 
 bool Spool::TrySettle(const Text& id, const SpooledSms& sms) {
-    const bool written = Write(Path(State::Sending, id), sms);
+    const bool written = files.Write(State::Sending, id, sms);
     // The folder alone says enough of one that was sent.
     if (!written && sms.result != Result::Sent) return false;
     State to = State::Unsure;
@@ -254,7 +182,7 @@ bool Spool::TrySettle(const Text& id, const SpooledSms& sms) {
         case Result::Sent:
             to = State::Sent;
             if (MostOf(limits) == 0) {
-                if (!fileSystem.Delete(Path(State::Sending, id))) return false;
+                if (!files.Delete(State::Sending, id)) return false;
                 Tell(id, {});
                 return true;
             }
@@ -278,26 +206,12 @@ bool Spool::TrySettle(const Text& id, const SpooledSms& sms) {
 }
 
 bool Spool::Move(const Text& id, State from, State to) {
-    if (!fileSystem.Rename(Path(from, id), Path(to, id))) return false;
+    if (!files.Move(id, from, to)) return false;
     waiting.erase(id);
     unsure.erase(id);
     if (to == State::Waiting) waiting.emplace(id, 0);
     if (to == State::Sent && sentCount) ++*sentCount;
     return true;
-}
-
-bool Spool::Write(const Text& path, const SpooledSms& sms) {
-    return Put(path, ToFile(sms));
-}
-
-bool Spool::Put(const Text& path, std::string_view contents) {
-    // In the small folder: where there are many files a new name takes longer.
-    const Text aside = root + Text(BeingWritten);
-    if (fileSystem.Write(aside, contents, WriteMode::Replace) && fileSystem.Rename(aside, path)) {
-        return true;
-    }
-    fileSystem.Delete(aside);
-    return false;
 }
 
 std::vector<Text> Spool::Ids(State state) {
@@ -313,29 +227,12 @@ std::vector<Text> Spool::Ids(State state) {
         case State::Unsure:
             return {unsure.begin(), unsure.end()};
         default:
-            return ReadIds(state).value_or(ids);
+            return files.Ids(state).value_or(ids);
     }
-}
-
-std::optional<SpooledSms> Spool::Load(State state, const Text& id) {
-    const std::optional<std::string> file = fileSystem.Read(Path(state, id));
-    if (!file) return {};
-    if (std::optional<SpooledSms> sms = FromFile(*file)) {
-        // Its file may have stayed that of an earlier try.
-        if (state == State::Sent) sms->result = Result::Sent;
-        if (state == State::Sent) sms->reason = {};
-        return sms;
-    }
-    SpooledSms damaged;
-    damaged.text = FromUtf8(*file);
-    damaged.result =
-        state == State::Sending || state == State::Unsure ? Result::Unsure : Result::Failed;
-    damaged.reason = {Text(reason::Damaged), id + Text(Ending)};
-    return damaged;
 }
 
 bool Spool::SendAgain(State state, const Text& id) {
-    std::optional<SpooledSms> sms = Load(state, id);
+    std::optional<SpooledSms> sms = files.Read(state, id);
     if (!sms || sms->reason.name == reason::Damaged || !sms->wholeText.empty()) return false;
     if (state == State::Sent) {
         SpooledSms copy;
@@ -349,19 +246,17 @@ bool Spool::SendAgain(State state, const Text& id) {
     sms->reason = {};
     sms->attempts = 0;
     sms->firstTried = sms->nextTry = sms->finished = 0;
-    if (!Write(Path(state, id), *sms) || !Move(id, state, State::Waiting)) return false;
+    if (!files.Write(state, id, *sms) || !Move(id, state, State::Waiting)) return false;
     Tell(id, State::Waiting);
     return true;
 }
 
 bool Spool::Delete(State state, const Text& id) {
     if (state == State::Sending) return false;
-    const auto sms = state == State::Failed ? Load(state, id) : std::nullopt;
-    if (!fileSystem.Delete(Path(state, id))) return false;
+    const auto sms = state == State::Failed ? files.Read(state, id) : std::nullopt;
+    if (!files.Delete(state, id)) return false;
     // The name is taken from our own folder, whatever the file says.
-    if (sms && sms->wholeText == id + Text(WholeTextEnding)) {
-        fileSystem.Delete(Folder(state) + sms->wholeText);
-    }
+    if (sms && sms->wholeText == SpoolFiles::WholeTextName(id)) files.DeleteWholeText(id);
     waiting.erase(id);
     unsure.erase(id);
     if (state == State::Sent && sentCount && *sentCount > 0) --*sentCount;
@@ -380,7 +275,7 @@ void Spool::TrimSent() {
     const std::size_t most = MostOf(limits);
     while (!sentCount || *sentCount > most) {
         if (!sentCount || oldestSent.empty()) {
-            std::optional<std::vector<Text>> ids = ReadIds(State::Sent);
+            std::optional<std::vector<Text>> ids = files.Ids(State::Sent);
             if (!ids) return;
             sentCount = ids->size();
             if (*sentCount <= most) return;

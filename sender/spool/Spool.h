@@ -1,9 +1,6 @@
 // Everything the sender has to send and has sent: a file for each SMS and recipient, in one of four
 // folders below the settings folder, moved from one to the next by renaming.
 //
-//   Spool\waiting   to be sent, at once or later       Spool\sent      the carrier has it
-//   Spool\sending   handed over, and no answer yet     Spool\failed    with the reason
-//
 // The program can end between any two calls into the system, and nothing is lost, and nothing that
 // a carrier may have is sent again without the user's word: an SMS is in `sending` before the
 // carrier gets it, and its file there says what came of it before it leaves. What a start finds in
@@ -20,13 +17,10 @@
 #include <vector>
 
 #include "platform/Clock.h"
-#include "platform/FileSystem.h"
 #include "platform/Text.h"
-#include "spool/SpooledSms.h"
+#include "spool/SpoolFiles.h"
 
 namespace tellwick::sender {
-
-enum class State { Waiting, Sending, Unsure, Sent, Failed };
 
 // What is kept of what was sent: the settings StoreSentSMS and MaxSentSMS.
 struct SentLimits {
@@ -39,8 +33,9 @@ struct SentLimits {
 // origin. Functions that fail change nothing that counts, and can be called again.
 class Spool {
 public:
-    // The settings folder ends in "\".
-    Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder);
+    // The settings folder ends in "\". No more waiting ones lie in one folder than given.
+    Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder,
+          std::size_t mostInFolder = 256);
 
     // Makes the folders, finds out what is there, and brings to its place what was answered when
     // the program ended. False when the folders cannot be made or read: nothing else may be called
@@ -65,9 +60,9 @@ public:
 
     // Origins that stay known although nothing of them may be left. False when that cannot be
     // written; empty optional when they cannot be read.
-    bool Remember(TextView origin);
-    void Forget(TextView origin);
-    std::optional<std::vector<Text>> Remembered();
+    bool Remember(TextView origin) { return files.Remember(origin); }
+    void Forget(TextView origin) { files.Forget(origin); }
+    std::optional<std::vector<Text>> Remembered() { return files.Remembered(); }
 
     // The first one that is to be sent now; empty when none is.
     Text Next() const;
@@ -93,7 +88,7 @@ public:
     std::size_t Waiting() const { return waiting.size(); }
     // Empty when the file cannot be read. A damaged one comes with the reason, its text being what
     // the file holds.
-    std::optional<SpooledSms> Load(State state, const Text& id);
+    std::optional<SpooledSms> Load(State state, const Text& id) { return files.Read(state, id); }
 
     // The user's wishes, for failed and unsure ones; of one that was sent a new one is made. False
     // when the file cannot be written.
@@ -107,13 +102,6 @@ public:
     void SetListener(Listener newListener) { listener = std::move(newListener); }
 
 private:
-    Text Folder(State state) const;
-    Text Path(State state, const Text& id) const;
-    bool MakeFolder(const Text& folder);
-    std::optional<std::vector<Text>> Names(const Text& folder);
-    std::optional<std::vector<Text>> ReadIds(State state);
-    bool Write(const Text& path, const SpooledSms& sms);
-    bool Put(const Text& path, std::string_view contents);
     bool Move(const Text& id, State from, State to);
     bool TrySettle(const Text& id, const SpooledSms& sms);
     void Recover(const Text& id);
@@ -121,9 +109,8 @@ private:
     void TrimSent();
     void Tell(const Text& id, std::optional<State> state);
 
-    FileSystem& fileSystem;
+    SpoolFiles files;
     Clock& clock;
-    Text root;
     SentLimits limits;
     Listener listener;
 

@@ -29,8 +29,8 @@ bool Sender::Start() {
     if (folder.empty()) return false;
     reception.emplace(modules.fileSystem, modules.clock, folder, outlookInbox, modules.timers);
     spool.emplace(modules.fileSystem, modules.clock, folder);
-    queueReader.emplace(modules.registry, queueValues, modules.fileSystem, modules.locale,
-                        modules.clock, modules.prefixes, *spool);
+    queueReader.emplace(queueValues, modules.fileSystem, modules.locale, modules.clock,
+                        modules.prefixes, *spool);
     const bool neverSwitched =
         modules.regEdit.ReadValue(Hive::CurrentUser, RootKey, SwitchValue).empty();
     if (neverSwitched) SwitchOn(true);

@@ -53,10 +53,16 @@ public:
     // Creates the last level only. False, with 58, 75 or 76 noted, when that fails.
     virtual bool CreateFolder(TextView path) = 0;
 
+    // False, with 70, 75 or 76 noted, when it cannot be deleted, or is not empty.
+    virtual bool DeleteFolder(TextView path) = 0;
+
     // Names, without the folder, of the files in a folder (given with a trailing "\") that end so,
     // letter case ignored, in no order to rely on. Empty when the folder cannot be read. Notes
     // nothing.
     virtual std::vector<Text> FileNames(TextView folder, TextView ending) = 0;
+
+    // Those of the folders in it. Empty optional when it cannot be read. Notes nothing.
+    virtual std::optional<std::vector<Text>> FolderNames(TextView folder) = 0;
 
     // The folder a path lies in, without trailing "\"; empty for a root.
     virtual Text ParentFolderName(TextView path) = 0;

@@ -75,6 +75,20 @@ private:
     Text name;  // empty when there is none
 };
 
+// Calls visit with the name of each file and folder in a folder, and whether it is one. False when
+// they cannot be read, or not to the end.
+template <class Visit>
+bool EachIn(TextView folder, const Visit& visit) {
+    WIN32_FIND_DATAW found;
+    // All of them: a pattern with an ending would match short names as well.
+    const FileSearch search(FindFirstFileW(Wide(Text(folder) + u"*"), &found));
+    if (search.get() == INVALID_HANDLE_VALUE) return false;
+    do {
+        visit(FromWide(found.cFileName), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
+    } while (FindNextFileW(search.get(), &found));
+    return GetLastError() == ERROR_NO_MORE_FILES;
+}
+
 // The automation error for one of the system's.
 std::int32_t NumberOf(DWORD systemError) {
     switch (systemError) {
@@ -243,18 +257,24 @@ bool WindowsFileSystem::CreateFolder(TextView path) {
     return CreateDirectoryW(Wide(Text(path)), nullptr) || NoteLastError();
 }
 
+bool WindowsFileSystem::DeleteFolder(TextView path) {
+    return RemoveDirectoryW(Wide(Text(path))) || NoteLastError();
+}
+
 std::vector<Text> WindowsFileSystem::FileNames(TextView folder, TextView ending) {
     std::vector<Text> names;
-    WIN32_FIND_DATAW found;
-    // All files: a pattern with the ending would match short names as well.
-    const FileSearch search(FindFirstFileW(Wide(Text(folder) + u"*"), &found));
-    if (search.get() == INVALID_HANDLE_VALUE) return names;
-    do {
-        Text name = FromWide(found.cFileName);
-        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
-        if (EndsWithFolded(name, ending)) names.push_back(std::move(name));
-    } while (FindNextFileW(search.get(), &found));
+    EachIn(folder, [&](Text name, bool isFolder) {
+        if (!isFolder && EndsWithFolded(name, ending)) names.push_back(std::move(name));
+    });
     return names;
+}
+
+std::optional<std::vector<Text>> WindowsFileSystem::FolderNames(TextView folder) {
+    std::vector<Text> names;
+    const bool read = EachIn(folder, [&](Text name, bool isFolder) {
+        if (isFolder && name != u"." && name != u"..") names.push_back(std::move(name));
+    });
+    return read ? std::optional(names) : std::nullopt;
 }
 
 Text WindowsFileSystem::ParentFolderName(TextView path) {

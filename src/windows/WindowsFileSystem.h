@@ -21,7 +21,9 @@ public:
     bool Rename(TextView from, TextView to) override;
     bool Delete(TextView path) override;
     bool CreateFolder(TextView path) override;
+    bool DeleteFolder(TextView path) override;
     std::vector<Text> FileNames(TextView folder, TextView ending) override;
+    std::optional<std::vector<Text>> FolderNames(TextView folder) override;
     Text ParentFolderName(TextView path) override;
     Text TempFolder() override;
     Text CreateTempFile(TextView folder, TextView prefix) override;

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "windows/Com.h"
 #include "windows/WindowsLocale.h"
 
 namespace tellwick::windows {
@@ -52,11 +51,14 @@ bool IsText(DWORD type) {
 }  // namespace
 
 std::optional<Text> WindowsRegistry::Read(Hive hive, TextView key, TextView name) {
-    const RegistryKey opened = OpenKey(hive, key);
-    if (!opened) return {};
+    return ReadText(OpenKey(hive, key), name);
+}
+
+std::optional<Text> ReadText(const RegistryKey& key, TextView name) {
+    if (!key) return {};
     const std::string valueName = ToAnsi(name);
     const auto query = [&](DWORD* type, BYTE* bytes, DWORD* size) {
-        return RegQueryValueExA(opened.get(), valueName.c_str(), nullptr, type, bytes, size);
+        return RegQueryValueExA(key.get(), valueName.c_str(), nullptr, type, bytes, size);
     };
     std::string data;
     DWORD type = 0;

@@ -2,8 +2,12 @@
 #pragma once
 
 #include "platform/Registry.h"
+#include "windows/Com.h"
 
 namespace tellwick::windows {
+
+// Of an open key, as WindowsRegistry::Read does it.
+std::optional<Text> ReadText(const RegistryKey& key, TextView name);
 
 // Texts are bytes of the code page, as other programs of the system exchange them; but the places
 // of programs and folders may have letters that it lacks, and are wide.

@@ -158,6 +158,19 @@ public:
         folders[WithoutSlash(path)] = true;
         return true;
     }
+    bool DeleteFolder(TextView path) override {
+        const Text inside = WithoutSlash(path) + u"\\";
+        const auto isInside = [&](const auto& entry) {
+            return StartsWithFolded(entry.first, inside);
+        };
+        if (Fails(error::PathFileAccess)) return false;
+        if (std::ranges::none_of(files, isInside) && std::ranges::none_of(folders, isInside) &&
+            folders.erase(WithoutSlash(path)) != 0) {
+            return true;
+        }
+        errors.Note(error::PathFileAccess, u"Path/File access error");
+        return false;
+    }
     std::vector<Text> FileNames(TextView folder, TextView ending) override {
         std::vector<Text> names;
         if (Fails(0)) return names;
@@ -165,6 +178,17 @@ public:
             const std::size_t name = path.rfind(u'\\') + 1;
             if (EqualFolded(TextView(path).substr(0, name), folder) &&
                 EndsWithFolded(path, ending)) {
+                names.push_back(path.substr(name));
+            }
+        }
+        return names;
+    }
+    std::optional<std::vector<Text>> FolderNames(TextView folder) override {
+        if (Fails(0) || !FolderExists(folder)) return {};
+        std::vector<Text> names;
+        for (const auto& [path, exists] : folders) {
+            const std::size_t name = path.rfind(u'\\') + 1;
+            if (EqualFolded(TextView(path).substr(0, name), folder)) {
                 names.push_back(path.substr(name));
             }
         }

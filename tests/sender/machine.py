@@ -101,7 +101,7 @@ class Windows:
     def spool(self, state):
         """Of each SMS there: recipient, text and the values of its file."""
         result = []
-        for path in sorted(glob.glob(f'{self.folder}/Spool/{state}/*.sms')):
+        for path in sorted(self.files(state), key=os.path.basename):
             try:
                 with open(path, newline='', encoding='utf-8') as file:
                     head, _, text = file.read().partition('\r\n\r\n')
@@ -112,7 +112,7 @@ class Windows:
         return result
 
     def files(self, folder, ending='sms'):
-        return glob.glob(f'{self.folder}/Spool/{folder}/*.{ending}')
+        return glob.glob(f'{self.folder}/Spool/{folder}/**/*.{ending}', recursive=True)
 
     def count(self, state):
         return len(self.files(state))

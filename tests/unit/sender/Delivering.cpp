@@ -64,6 +64,10 @@ void CheckAll(SenderHost& host, bool killed) {
     }
     CHECK(host.values.Names() == Texts{u"cOut"});
     CHECK(host.Registry(Queue, u"cOut") == u"2");
+    // A folder that could not be deleted goes with the next start.
+    host.Start();
+    host.Pass(1);
+    CHECK((host.disk.FolderNames(SpoolFolder + u"waiting\\") == Texts{}));
 }
 
 }  // namespace
@@ -280,11 +284,43 @@ TEST_CASE("files of the spool: everything comes back, and what is damaged is tol
     CHECK(host.All(State::Unsure)[0].reason.name == u"Damaged");
 }
 
+TEST_CASE("many that wait lie in folders of their own, which go with them") {
+    SenderHost host;
+    host.mostInFolder = 2;
+    host.carrier.away = {u"Unplugged", {}};
+    const auto folders = [&] { return *host.disk.FolderNames(SpoolFolder + u"waiting\\"); };
+    Texts inOrder;
+    for (char number = '0'; number < '7'; ++number) {
+        host.Enter(std::uint32_t(number), std::string("0171\t") + number);
+        inOrder.push_back(u"0171 " + Text(1, char16_t(number)));
+    }
+    host.Start();
+    host.Pass(1);
+    CHECK((folders() == Texts{u"00001", u"00002", u"00003"}));
+    host.Stop();
+    // As the program kept them before it had such folders, and a folder of the user's own.
+    const Text first = SpoolFolder + u"waiting\\20000101-000000000-a-00001.sms";
+    SpooledSms old;
+    old.recipient = u"0170";
+    host.disk.files[first] = {ToFile(old)};
+    host.disk.folders[SpoolFolder + u"waiting\\1"] = true;
+    inOrder.insert(inOrder.begin(), u"0170");
+    host.Start();
+    host.Pass(1);
+    CHECK(host.Shown(State::Waiting) == inOrder);
+    host.carrier.away = {};
+    host.carrier.listener->ReadinessChanged();
+    host.Pass(20);
+    CHECK(host.Shown(State::Sent) == inOrder);
+    CHECK((folders() == Texts{u"1"}));
+}
+
 TEST_CASE("every call fails once: all goes out, once") {
     int runs = 0;
     for (int failAt = 1, calls = 1; failAt <= calls; ++failAt, ++runs) {
         CAPTURE(failAt);
         SenderHost host;
+        host.mostInFolder = 1;
         EnterSome(host);
         host.platform.faults = {0, failAt};
         host.Start();
@@ -306,6 +342,7 @@ TEST_CASE("the program ends at every call: nothing is lost, nothing is sent twic
         CAPTURE(failAfter);
         SenderHost host;
         host.storeSent = storeSent;
+        host.mostInFolder = 1;
         EnterSome(host);
         host.platform.faults = {0, failAt, killAt};
         bool killed = false;
@@ -331,7 +368,7 @@ TEST_CASE("the program ends at every call: nothing is lost, nothing is sent twic
     // forgotten at once.
     std::minstd_rand numbers;
     for (int walk = 0; walk < 4000; ++walk) {
-        const int failAt = int(numbers() % 120), killAt = failAt + 1 + int(numbers() % 60);
+        const int failAt = int(numbers() % 160), killAt = failAt + 1 + int(numbers() % 60);
         run(failAt, killAt, int(numbers() % 60), false);
     }
     MESSAGE("ends of the program survived: ", kills);

@@ -29,6 +29,12 @@ public:
         }
         return names;
     }
+    std::optional<Text> Read(TextView name) override {
+        return platform.registry.Read(Hive::CurrentUser, Queue, name);
+    }
+    bool Delete(TextView name) override {
+        return platform.registry.DeleteValue(Hive::CurrentUser, Queue, name);
+    }
 
 private:
     MemoryPlatform& platform;
@@ -81,9 +87,8 @@ struct SenderHost : SettingsModules {
 
     struct Running {
         explicit Running(SenderHost& host)
-            : spool(host.disk, host.clock, u"C:\\Data\\Tellwick\\"),
-              reader(host.platform.registry, host.values, host.disk, host.locale, host.clock,
-                     host.prefixes, spool),
+            : spool(host.disk, host.clock, u"C:\\Data\\Tellwick\\", host.mostInFolder),
+              reader(host.values, host.disk, host.locale, host.clock, host.prefixes, spool),
               delivery(reader, spool, host.carrier, host.clock, host.timers) {
             if (!host.storeSent) spool.SetLimits({false, 0});
         }
@@ -139,6 +144,7 @@ struct SenderHost : SettingsModules {
     MemoryQueueValues values{platform};
     MemoryCarrier carrier{platform};
     bool storeSent = true;
+    std::size_t mostInFolder = 256;
     std::unique_ptr<Running> running;
 };
 
