@@ -5,8 +5,8 @@
 //   Spool\taken     the origins that stay known
 //
 // Where many files lie, a new name takes long. So `waiting` has a limited number of files, and what
-// is more lies in folders of its own, "00001" and so on, which go when they are empty. An order
-// they do not have: the ids have one.
+// is more lies in folders of its own, "00001" and so on, which go when they are empty. In which one
+// a file lies says nothing: the order is that of the ids.
 //
 // A file is whole from the moment it has its name, and goes from one folder to the next by being
 // renamed. Functions that fail change nothing that counts, and can be called again.

@@ -215,6 +215,7 @@ LRESULT SenderWindow::Tick(UINT_PTR timer) {
             break;
         case RefreshTimer:
             KillTimer(window, RefreshTimer);
+            refreshDue = false;
             Refresh();
             break;
         case StateTimer:
@@ -224,8 +225,6 @@ LRESULT SenderWindow::Tick(UINT_PTR timer) {
         case SearchTimer:
             SearchOn();
             break;
-        default:
-            break;
     }
     return 0;
 }
@@ -234,7 +233,10 @@ void SenderWindow::SpoolChanged(const Text& id, std::optional<State> state) {
     list.Changed(id, state);
     dialogs.SpoolChanged(id, state);
     if (state == State::Failed) icon.Failed(id);
-    if (window) SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
+    // Set anew by each of many changes it would never come.
+    if (window && !refreshDue) {
+        refreshDue = SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr) != 0;
+    }
 }
 
 void SenderWindow::Refresh() {
@@ -320,8 +322,6 @@ void SenderWindow::Command(int control) {
             break;
         case SenderControls::ButtonPin:
             dialogs.OpenPin();
-            break;
-        default:
             break;
     }
 }

@@ -69,6 +69,7 @@ private:
     HWND lastFocus = nullptr;  // while another window is active
 
     bool toldPin = false;
+    bool refreshDue = false;
 
     UINT callMessage;
     UINT taskbarMessage;
