@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "addin/FirstUse.h"
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/Ribbon.h"
@@ -97,6 +98,7 @@ public:
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;
+    FirstUse firstUse;
     FormSmsPreview formSmsPreview;
     FormSmsSend formSmsSend;
     FormSmsSendRouter formSmsSendRouter;
