@@ -10,17 +10,22 @@
 #include "compose/AirCountLine.h"
 #include "compose/AwaitedRecipients.h"
 #include "compose/Draft.h"
+#include "compose/FieldMenu.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendRouter.h"
+#include "compose/LastRun.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
+#include "compose/PersonalSubmission.h"
+#include "compose/PersonalTexts.h"
 #include "compose/Process.h"
 #include "compose/SmsQueue.h"
 #include "compose/Submission.h"
 #include "compose/Tellwick.h"
+#include "compose/TextFields.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
 #include "platform/ProcessValues.h"
@@ -29,6 +34,7 @@
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
 #include "recipients/RecipientLookup.h"
+#include "recipients/RecipientPeople.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
@@ -82,6 +88,7 @@ public:
     Prefixes prefixes;
     Addresses addresses;
     Contacts contacts;
+    RecipientPeople recipientPeople;
     RecipientLookup recipientLookup;
     Process process;
     Tellwick tellwick;
@@ -89,10 +96,15 @@ public:
     Forms forms;
     MessageText messageText;
     RecipientField recipientField;
+    TextFields textFields;
+    PersonalTexts personalTexts;
     AirCountLine airCountLine;
     AwaitedRecipients awaitedRecipients;
     TextTemplates textTemplates;
     LostCharacters lostCharacters;
+    LastRun lastRun;
+    FieldMenu fieldMenu;
+    PersonalSubmission personalSubmission;
     Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
