@@ -11,17 +11,22 @@
 #include "compose/AirCountLine.h"
 #include "compose/AwaitedRecipients.h"
 #include "compose/Draft.h"
+#include "compose/FieldMenu.h"
 #include "compose/FormOptions.h"
 #include "compose/FormSmsPreview.h"
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendRouter.h"
+#include "compose/LastRun.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
+#include "compose/PersonalSubmission.h"
+#include "compose/PersonalTexts.h"
 #include "compose/Process.h"
 #include "compose/SmsQueue.h"
 #include "compose/Submission.h"
 #include "compose/Tellwick.h"
+#include "compose/TextFields.h"
 #include "language/Language.h"
 #include "platform/Platform.h"
 #include "platform/ProcessValues.h"
@@ -30,6 +35,7 @@
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
 #include "recipients/RecipientLookup.h"
+#include "recipients/RecipientPeople.h"
 #include "recipients/TextTemplates.h"
 #include "settings/Debug.h"
 #include "settings/Documents.h"
@@ -83,6 +89,7 @@ public:
     Prefixes prefixes;
     Addresses addresses;
     Contacts contacts;
+    RecipientPeople recipientPeople;
     RecipientLookup recipientLookup;
     Process process;
     Tellwick tellwick;
@@ -90,10 +97,15 @@ public:
     Forms forms;
     MessageText messageText;
     RecipientField recipientField;
+    TextFields textFields;
+    PersonalTexts personalTexts;
     AirCountLine airCountLine;
     AwaitedRecipients awaitedRecipients;
     TextTemplates textTemplates;
     LostCharacters lostCharacters;
+    LastRun lastRun;
+    FieldMenu fieldMenu;
+    PersonalSubmission personalSubmission;
     Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;

@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "compose/FormSmsSendView.h"
+#include "compose/PersonalTexts.h"
 #include "compose/QueueText.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientPeople.h"
 #include "settings/LanguageTexts.h"
 
 namespace tellwick {
@@ -13,15 +15,20 @@ namespace {
 
 constexpr TextView Separator = u" · ";
 
-TextView EncodingName(AirEncoding encoding) {
-    return encoding == AirEncoding::Gsm7 ? u"GSM" : u"Unicode";
-}
-
 }  // namespace
 
 AirCountLine::AirCountLine(const Services& services, FormSmsSendView& view,
-                           const RecipientField& recipientField, Locale& locale)
-    : Services(services), view(view), recipientField(recipientField), locale(locale) {}
+                           const RecipientField& recipientField, RecipientPeople& recipientPeople,
+                           const PersonalTexts& personalTexts, Locale& locale)
+    : Services(services),
+      view(view),
+      recipientField(recipientField),
+      personalTexts(personalTexts),
+      locale(locale) {
+    recipientPeople.SetListener([this] {
+        if (this->personalTexts.Wanted()) Update();
+    });
+}
 
 void AirCountLine::SwitchOn(bool newOn) {
     on = newOn;
@@ -33,28 +40,57 @@ void AirCountLine::Update() {
         view.StatusBar1().SetPane({}, {});
         return;
     }
-    const QueueText through = ThroughQueue(view.Message().GetText(), locale);
-    const AirCount count = CountOnAir(through.arrives);
-    const std::size_t all =
-        count.parts.size() * std::max(recipientField.Recipients().size(), std::size_t(1));
-    const Text shortLine = Text(EncodingName(count.encoding))
-                               .append(Separator)
-                               .append(NumberText(std::int64_t(all)))
-                               .append(u" SMS");
-    view.StatusBar1().SetPane(Describe(count, through.lost.size()), shortLine);
+    const Sum sum = CountAll();
+    const Text shortLine =
+        EncodingOf(sum).append(Separator).append(NumberText(std::int64_t(sum.all))).append(u" SMS");
+    view.StatusBar1().SetPane(Describe(sum), shortLine);
 }
 
-Text AirCountLine::Describe(const AirCount& count, std::size_t lost) const {
-    const auto parts = std::int64_t(count.parts.size());
-    const auto recipients = std::int64_t(recipientField.Recipients().size());
-    Text line(EncodingName(count.encoding));
-    line.append(Separator).append(NumberText(parts)).append(u" SMS");
-    if (recipients > 1) {
-        line.append(u" × ").append(NumberText(recipients));
-        line.append(u" = ").append(NumberText(parts * recipients));
+AirCountLine::Sum AirCountLine::CountAll() const {
+    Sum sum;
+    if (personalTexts.Wanted()) {
+        for (const PersonalText& each : personalTexts.All()) Count(sum, each.filled.text.text);
+        if (sum.recipients > 0) return sum;
     }
-    line.append(Separator).append(Number(u"AirFree", count.free));
-    if (lost > 0) line.append(Separator).append(Number(u"AirLost", std::int64_t(lost)));
+    Count(sum, view.Message().GetText());
+    sum.recipients = std::max(recipientField.Recipients().size(), std::size_t(1));
+    sum.all = sum.most * sum.recipients;
+    return sum;
+}
+
+// One more recipient.
+void AirCountLine::Count(Sum& sum, TextView text) const {
+    const QueueText through = ThroughQueue(text, locale);
+    const AirCount count = CountOnAir(through.arrives);
+    const std::size_t parts = count.parts.size();
+    const bool first = sum.recipients++ == 0;
+    (count.encoding == AirEncoding::Gsm7 ? sum.gsm : sum.unicode) = true;
+    sum.least = first ? parts : std::min(sum.least, parts);
+    sum.most = std::max(sum.most, parts);
+    sum.all += parts;
+    sum.free = first ? count.free : std::min(sum.free, count.free);
+    sum.lost = std::max(sum.lost, through.lost.size());
+}
+
+Text AirCountLine::EncodingOf(const Sum& sum) {
+    return !sum.unicode ? u"GSM" : !sum.gsm ? u"Unicode" : u"GSM/Unicode";
+}
+
+Text AirCountLine::Describe() const {
+    return Describe(CountAll());
+}
+
+Text AirCountLine::Describe(const Sum& sum) const {
+    Text line = EncodingOf(sum);
+    line.append(Separator).append(NumberText(std::int64_t(sum.least)));
+    if (sum.most > sum.least) line.append(u"–").append(NumberText(std::int64_t(sum.most)));
+    line.append(u" SMS");
+    if (sum.recipients > 1) {
+        line.append(u" × ").append(NumberText(std::int64_t(sum.recipients)));
+        line.append(u" = ").append(NumberText(std::int64_t(sum.all)));
+    }
+    line.append(Separator).append(Number(u"AirFree", sum.free));
+    if (sum.lost > 0) line.append(Separator).append(Number(u"AirLost", std::int64_t(sum.lost)));
     return line;
 }
 

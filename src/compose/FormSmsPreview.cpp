@@ -45,8 +45,10 @@ std::int64_t PartsWithout(TextView text, TextView kept) {
 
 FormSmsPreview::FormSmsPreview(const Services& services, FormSmsPreviewView& view, Forms& forms,
                                MessageText& messageText, const AirCountLine& airCountLine,
+                               const PersonalTexts& personalTexts, const TextFields& textFields,
                                Locale& locale)
     : Services(services),
+      people(services, view, personalTexts, textFields),
       arrivesAsGsm([&locale](TextView character) {
           return InGsm(character) && SurvivesQueue(character, locale);
       }),
@@ -80,29 +82,58 @@ void FormSmsPreview::Unload() {
     if (!view.Loaded()) return;
     view.Unload();
     forms.Remove(*this);
+    people.Forget();
 }
 
 void FormSmsPreview::Refresh() {
     if (!view.Loaded()) return;
+    view.LabelCount().SetCaption(airCountLine.Describe());
+    people.Refresh();
+    ShowText();
+}
+
+void FormSmsPreview::ShowText() {
     const Text text = messageText.GetText();
-    const QueueText through = ThroughQueue(text, locale);
+    const PersonalText* const personal = people.Shown();
+    const QueueText through = ThroughQueue(personal ? personal->filled.text.text : text, locale);
     const AirCount count = CountOnAir(through.arrives);
-    view.LabelCount().SetCaption(airCountLine.Describe(count, through.lost.size()));
     ShowParts(through, count);
     FindRows(text, through, count);
     ShowRows();
+    if (!personal) return;
+    Enable(view.ButtonBack(), people.Has(-1));
+    Enable(view.ButtonForward(), people.Has(1));
+}
+
+// Of each unit that arrives.
+std::vector<StyledText::Style> FormSmsPreview::StylesOf(const QueueText& through,
+                                                        const AirCount& count) const {
+    using Style = StyledText::Style;
+    const TextView text = through.arrives;
+    std::vector<Style> styles(text.size(), Style::Plain);
+    const auto set = [&](std::size_t start, std::size_t length, Style style) {
+        std::fill_n(styles.begin() + std::ptrdiff_t(start), length, style);
+    };
+    if (const PersonalText* const personal = people.Shown()) {
+        const MarkedText& filled = personal->filled.text;
+        const auto arrives = [&](std::size_t end) {
+            return ThroughQueue(TextView(filled.text).substr(0, end), locale).arrives.size();
+        };
+        for (const auto& [start, length] : filled.marks) {
+            const std::size_t from = arrives(start);
+            set(from, arrives(start + length) - from, Style::Filled);
+        }
+    }
+    for (const std::size_t at : count.forcing) set(at, CharacterLength(text, at), Style::Marked);
+    for (const LostCharacter& lost : through.lost)
+        set(lost.position, lost.arrives.size(), Style::Marked);
+    return styles;
 }
 
 void FormSmsPreview::ShowParts(const QueueText& through, const AirCount& count) {
     using Style = StyledText::Style;
     const TextView text = through.arrives;
-    std::vector<bool> marked(text.size());
-    for (const std::size_t at : count.forcing) {
-        for (std::size_t i = 0; i < CharacterLength(text, at); ++i) marked[at + i] = true;
-    }
-    for (const LostCharacter& lost : through.lost) {
-        for (std::size_t i = 0; i < lost.arrives.size(); ++i) marked[lost.position + i] = true;
-    }
+    const std::vector<Style> styles = StylesOf(through, count);
     std::vector<StyledText::Piece> pieces;
     const std::int32_t limit = count.parts.back().units + count.free;
     std::int64_t number = 0;
@@ -113,9 +144,8 @@ void FormSmsPreview::ShowParts(const QueueText& through, const AirCount& count) 
         pieces.push_back({Style::Heading, (number == 1 ? u"" : u"\r\n\r\n") + heading + u"\r\n"});
         const std::size_t end = part.start + part.length;
         for (std::size_t from = part.start, to = from; from < end; from = to) {
-            while (to < end && marked[to] == marked[from]) ++to;
-            pieces.push_back(
-                {marked[from] ? Style::Marked : Style::Plain, Text(text.substr(from, to - from))});
+            while (to < end && styles[to] == styles[from]) ++to;
+            pieces.push_back({styles[from], Text(text.substr(from, to - from))});
         }
         if (CutsCharacter(text, end)) {
             pieces.push_back({Style::Heading, u"\r\n" + FormText(u"CutsCharacter")});
@@ -124,7 +154,9 @@ void FormSmsPreview::ShowParts(const QueueText& through, const AirCount& count) 
     view.TextParts().SetPieces(pieces);
 }
 
+// None for what is not in the form's text but in a person's name.
 std::optional<Text> FormSmsPreview::Replacement(TextView text, TextView character) const {
+    if (text.find(character) == TextView::npos) return {};
     std::optional<Text> replacement = LookAlike(character, arrivesAsGsm);
     if (!replacement || !replacement->empty()) return replacement;
     // An accent becomes one with its letter, where that can be.
@@ -202,6 +234,22 @@ void FormSmsPreview::ListCharacters_Click() {
     const std::int32_t row = view.ListCharacters().SelectedIndex();
     Enable(view.ButtonReplace(),
            row >= 0 && std::size_t(row) < rows.size() && rows[std::size_t(row)].replacement);
+}
+
+void FormSmsPreview::ButtonBack_Click() {
+    Procedure procedure{debug, u"ButtonBack_Click"};
+    if (people.Move(-1)) ShowText();
+}
+
+void FormSmsPreview::ButtonForward_Click() {
+    Procedure procedure{debug, u"ButtonForward_Click"};
+    if (people.Move(1)) ShowText();
+}
+
+void FormSmsPreview::ListMissing_Click() {
+    Procedure procedure{debug, u"ListMissing_Click"};
+    people.MoveToChosen();
+    ShowText();
 }
 
 void FormSmsPreview::ButtonReplace_Click() {

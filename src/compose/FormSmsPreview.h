@@ -8,6 +8,7 @@
 #include "air/AirCount.h"
 #include "compose/FormSmsPreviewView.h"
 #include "compose/LookAlikes.h"
+#include "compose/PreviewPeople.h"
 #include "settings/Services.h"
 
 namespace tellwick {
@@ -20,16 +21,21 @@ struct QueueText;
 class FormSmsPreview : public Form, public FormSmsPreviewEvents, private Services {
 public:
     FormSmsPreview(const Services& services, FormSmsPreviewView& view, Forms& forms,
-                   MessageText& messageText, const AirCountLine& airCountLine, Locale& locale);
+                   MessageText& messageText, const AirCountLine& airCountLine,
+                   const PersonalTexts& personalTexts, const TextFields& textFields,
+                   Locale& locale);
     ~FormSmsPreview() override;
 
     void Show();
     void Unload() override;
 
-    // Shows the form's text as it is now; nothing while the window is closed.
+    // Shows the form's text as it is now, or one person's; nothing while the window is closed.
     void Refresh();
 
     void ListCharacters_Click() override;
+    void ButtonBack_Click() override;
+    void ButtonForward_Click() override;
+    void ListMissing_Click() override;
     // Both replace at once, in the form's text; the user can undo it there.
     void ButtonReplace_Click() override;
     void ButtonReplaceAll_Click() override;
@@ -42,7 +48,9 @@ private:
         std::optional<Text> replacement;  // as it is shown
     };
 
+    void ShowText();
     void ShowParts(const QueueText& through, const AirCount& count);
+    std::vector<StyledText::Style> StylesOf(const QueueText& through, const AirCount& count) const;
     void ShowRows();
     bool HasRow(TextView character) const;
     void Enable(Control& button, bool enabled);
@@ -53,6 +61,7 @@ private:
     void Exchange(TextView only);
     Text FormText(TextView key) const;
 
+    PreviewPeople people;
     std::vector<Row> rows;
     const Usable arrivesAsGsm;
 

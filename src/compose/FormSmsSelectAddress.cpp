@@ -8,6 +8,7 @@
 #include "recipients/Addresses.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientPeople.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
@@ -39,6 +40,7 @@ Text WidthKey(std::size_t column) {
 
 FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view,
                                            Forms& forms, Prefixes& prefixes, Addresses& addresses,
+                                           RecipientPeople& recipientPeople,
                                            RecipientField& recipientField, Clock& clock,
                                            Timers& timers)
     : Services(services),
@@ -47,6 +49,7 @@ FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSele
       forms(forms),
       prefixes(prefixes),
       addresses(addresses),
+      recipientPeople(recipientPeople),
       recipientField(recipientField),
       clock(clock),
       timers(timers) {
@@ -286,8 +289,10 @@ void FormSmsSelectAddress::ButtonAdd_Click() {
     for (const std::size_t index : chosenRows) {
         if (index >= rows.Shown().size()) continue;
         const AddressRow row = addresses.List().Row(rows.Shown()[index]);
-        for (const Text& part : Split(row.number, u";")) {
-            Text number = prefixes.NationalNumber(part);
+        std::vector<Text> numbers = Split(row.number, u";");
+        for (Text& number : numbers) number = prefixes.NationalNumber(number);
+        recipientPeople.ChooseRow(rows.Shown()[index], numbers);
+        for (Text& number : numbers) {
             const bool isNew = std::none_of(
                 chosen.begin(), chosen.end(),
                 [&](const Recipient& recipient) { return recipient.number == number; });

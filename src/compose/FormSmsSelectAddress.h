@@ -18,12 +18,13 @@ namespace tellwick {
 class Addresses;
 class Prefixes;
 class RecipientField;
+class RecipientPeople;
 
 class FormSmsSelectAddress : public Form, public FormSmsSelectAddressEvents, private Services {
 public:
     FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view, Forms& forms,
-                         Prefixes& prefixes, Addresses& addresses, RecipientField& recipientField,
-                         Clock& clock, Timers& timers);
+                         Prefixes& prefixes, Addresses& addresses, RecipientPeople& recipientPeople,
+                         RecipientField& recipientField, Clock& clock, Timers& timers);
     ~FormSmsSelectAddress() override;
 
     void Show();
@@ -75,6 +76,7 @@ private:
     Forms& forms;
     Prefixes& prefixes;
     Addresses& addresses;
+    RecipientPeople& recipientPeople;
     RecipientField& recipientField;
     Clock& clock;
     Timers& timers;

@@ -237,6 +237,10 @@ void FormSmsSend::Contents_Change() {
     formSmsPreview.Refresh();
 }
 
+void FormSmsSend::Form_Close() {
+    if (!parts.submission.Writing()) Unload();
+}
+
 bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {
     Procedure procedure{debug, u"Form_KeyDown"};
     if (keyCode == key::F1) {
@@ -244,7 +248,7 @@ bool FormSmsSend::Form_KeyDown(std::int32_t keyCode, std::int32_t shift) {
         return true;
     }
     if (keyCode == key::Escape) {
-        Unload();
+        Form_Close();
         return true;
     }
     if (keyCode == u'P' && shift == key::Control) {

@@ -19,6 +19,7 @@ class FormOptions;
 class FormSmsPreview;
 class FormSmsSelectAddress;
 class FormSmsSendView;
+class FieldMenu;
 class HelpViewer;
 class MessageText;
 class RecipientField;
@@ -31,6 +32,7 @@ struct FormSmsSendParts {
     MessageText& messageText;
     RecipientField& recipientField;
     TextTemplates& textTemplates;
+    FieldMenu& fieldMenu;
 };
 
 // There is one; its window comes and goes, its fields stay.
@@ -73,7 +75,7 @@ public:
     // The user goes on elsewhere, or the system ends.
     void Form_Deactivate();
     // The user closed the window by its frame.
-    void Form_Close() { Unload(); }
+    void Form_Close();
     void Form_Resize();
     // Message or recipients have changed, whoever did it. Comes after their owners have heard it.
     void Contents_Change();

@@ -1,5 +1,6 @@
 #include "compose/FormSmsSendRouter.h"
 
+#include "compose/FieldMenu.h"
 #include "compose/MessageText.h"
 #include "compose/Submission.h"
 #include "platform/Keys.h"
@@ -100,6 +101,10 @@ void FormSmsSendRouter::ButtonDel_Click() {
 
 void FormSmsSendRouter::ButtonInsert_Click() {
     parts.textTemplates.ButtonInsert_Click();
+}
+
+void FormSmsSendRouter::ButtonFields_Click() {
+    parts.fieldMenu.ButtonFields_Click();
 }
 
 }  // namespace tellwick

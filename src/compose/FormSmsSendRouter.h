@@ -46,6 +46,7 @@ public:
     void ButtonAdd_Click() override;
     void ButtonDel_Click() override;
     void ButtonInsert_Click() override;
+    void ButtonFields_Click() override;
 
 private:
     bool TextTo_KeyDown(std::int32_t keyCode, std::int32_t shift);

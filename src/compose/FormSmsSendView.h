@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/Forms.h"
 
@@ -52,6 +53,7 @@ public:
     virtual void ButtonAdd_Click() = 0;
     virtual void ButtonDel_Click() = 0;
     virtual void ButtonInsert_Click() = 0;
+    virtual void ButtonFields_Click() = 0;
 };
 
 // Exists once; its window comes and goes with Load and Unload.
@@ -87,6 +89,10 @@ public:
     // Places ListBoxNumbers below the recipient field, as wide as the field and `rows` rows high
     // (1 to 10), above the other controls. Showing and hiding it goes through its visibility.
     virtual void PlaceListBoxNumbers(std::int32_t rows) = 0;
+
+    // Opens a menu below the button ButtonFields; an empty entry is a line between others. The
+    // index of the chosen entry, -1 for none.
+    virtual std::int32_t ButtonFields_Menu(const std::vector<Text>& entries) = 0;
 
     // Font of the message box; an empty name or a size of 0 stands for the system's.
     virtual void SetMessageFont(TextView name, std::int32_t points) = 0;

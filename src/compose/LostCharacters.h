@@ -1,6 +1,9 @@
 // The question before a text goes into the queue that would not get through it whole.
 #pragma once
 
+#include <vector>
+
+#include "platform/Dialogs.h"
 #include "platform/Text.h"
 #include "settings/Services.h"
 
@@ -8,6 +11,7 @@ namespace tellwick {
 
 class Locale;
 class MessageText;
+struct LostCharacter;
 
 class LostCharacters : private Services {
 public:
@@ -18,7 +22,13 @@ public:
     // where that has no room for them the user is told, and nothing goes.
     bool Settle(Text& text);
 
+    // The same for texts that are filled already: what is replaced is so in all of them, and not in
+    // the form.
+    bool SettleFilled(const std::vector<Text*>& texts);
+
 private:
+    Answer Ask(const std::vector<LostCharacter>& lost, bool replaceable);
+
     MessageText& messageText;
     Locale& locale;
 };

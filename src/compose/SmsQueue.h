@@ -2,6 +2,10 @@
 // registry value per entry.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <vector>
+
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -11,6 +15,10 @@ class Files;
 class Locks;
 class RegEdit;
 
+struct QueueEntry {
+    Text recipient, message;
+};
+
 class SmsQueue {
 public:
     SmsQueue(RegEdit& regEdit, Files& files, FileSystem& fileSystem, Locks& locks);
@@ -19,7 +27,17 @@ public:
     // file that cannot be written is reported to the user and entered all the same.
     void AddEntry(TextView recipient, TextView message);
 
+    // All of them or none: enters the files when all are written. Those of a run that fails are
+    // taken away again; the user is told, and false comes back. `written` hears after each file how
+    // many there are.
+    bool AddEntries(const std::vector<QueueEntry>& entries,
+                    const std::function<void(std::size_t)>& written);
+
 private:
+    class Unfinished;
+
+    bool Enter(TextView path, Text& number, TextView before = {});
+
     RegEdit& regEdit;
     Files& files;
     FileSystem& fileSystem;

@@ -1,14 +1,19 @@
 #include "compose/Submission.h"
 
+#include <utility>
+
 #include "compose/Draft.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
+#include "compose/PersonalSubmission.h"
+#include "compose/PersonalTexts.h"
 #include "compose/SmsQueue.h"
 #include "compose/Tellwick.h"
 #include "platform/MessageLoop.h"
 #include "recipients/RecipientField.h"
+#include "recipients/RecipientList.h"
 #include "settings/Debug.h"
 #include "settings/LanguageTexts.h"
 #include "settings/QuestionBox.h"
@@ -24,14 +29,17 @@ constexpr std::int32_t TextMissing = 4;
 
 Submission::Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
                        RecipientField& recipientField, MessageText& messageText,
-                       LostCharacters& lostCharacters, Draft& draft, MessageLoop& messageLoop,
-                       SmsQueue& queue, Tellwick& tellwick)
+                       LostCharacters& lostCharacters, const PersonalTexts& personalTexts,
+                       PersonalSubmission& personalSubmission, Draft& draft,
+                       MessageLoop& messageLoop, SmsQueue& queue, Tellwick& tellwick)
     : Services(services),
       form(form),
       view(view),
       recipientField(recipientField),
       messageText(messageText),
       lostCharacters(lostCharacters),
+      personalTexts(personalTexts),
+      personalSubmission(personalSubmission),
       draft(draft),
       messageLoop(messageLoop),
       queue(queue),
@@ -93,12 +101,19 @@ void Submission::RemoveKeyLineBreak() {
     view.Message().SetText(text.erase(start, LineBreak.size()));
 }
 
+Submission::Outcome Submission::RefuseRecipient() {
+    MsgBox(RecipientMissing);
+    view.TextTo().SetFocus();
+    return Outcome::Refused;
+}
+
+Submission::Outcome Submission::Withdraw() {
+    messageText.SetFocus();
+    return Outcome::Withdrawn;
+}
+
 Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty) {
-    if (recipient.empty()) {
-        MsgBox(RecipientMissing);
-        view.TextTo().SetFocus();
-        return Outcome::Refused;
-    }
+    if (recipient.empty()) return RefuseRecipient();
     Text message = messageText.GetText();
     if (message.empty() && !mayBeEmpty) {
         MsgBox(TextMissing);
@@ -106,12 +121,16 @@ Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty
         return Outcome::Refused;
     }
     // Digits are sent as they stand.
-    if (form.Settings().askLostCharacters && !messageText.ShowsDigits() &&
-        !lostCharacters.Settle(message)) {
-        messageText.SetFocus();
-        return Outcome::Withdrawn;
+    const bool digits = messageText.ShowsDigits();
+    if (!digits && personalTexts.HasFields(message)) {
+        std::vector<PersonalText> texts = personalTexts.Of(message, RecipientsIn(recipient));
+        if (texts.empty()) return RefuseRecipient();
+        if (!personalSubmission.Queue(std::move(texts), form.Settings())) return Withdraw();
+    } else {
+        if (form.Settings().askLostCharacters && !digits && !lostCharacters.Settle(message))
+            return Withdraw();
+        queue.AddEntry(recipient, message);
     }
-    queue.AddEntry(recipient, message);
     // It is queued, whatever fails from here on. Busy until the sender application has been told: a
     // click that comes meanwhile must not queue a second entry.
     debug.Guarded([this] {
@@ -121,6 +140,10 @@ Submission::Outcome Submission::QueueMessage(TextView recipient, bool mayBeEmpty
     });
     busy = false;
     return Outcome::Queued;
+}
+
+bool Submission::Writing() const {
+    return personalSubmission.Running();
 }
 
 bool Submission::RequestClose() {

@@ -114,7 +114,7 @@ public:
 // A text to be read, put together from pieces.
 class StyledText : public virtual Control {
 public:
-    enum class Style { Plain, Heading, Marked };
+    enum class Style { Plain, Heading, Filled, Marked };
     struct Piece {
         Style style;
         Text text;

@@ -39,8 +39,8 @@ public:
 
     // A box with a check box under its text and a button for each choice; the first one is the
     // default button. `icon` is one of the icons or 0. `checked` is the state of the check box,
-    // before and after; its caption is `checkBoxText`. Closing the box without an answer gives the
-    // last choice and leaves it unchecked.
+    // before and after; its caption is `checkBoxText`, and without one there is none. Closing the
+    // box without an answer gives the last choice and leaves it unchecked.
     virtual Answer CheckedMessageBox(TextView text, const std::vector<Choice>& choices,
                                      std::uint32_t icon, TextView title, TextView checkBoxText,
                                      bool& checked) = 0;

@@ -8,6 +8,8 @@ namespace tellwick::key {
 inline constexpr std::int32_t Back = 8;
 inline constexpr std::int32_t Enter = 13;
 inline constexpr std::int32_t Escape = 27;
+inline constexpr std::int32_t PageUp = 33;
+inline constexpr std::int32_t PageDown = 34;
 inline constexpr std::int32_t Left = 37;
 inline constexpr std::int32_t Up = 38;
 inline constexpr std::int32_t Right = 39;

@@ -23,6 +23,22 @@ std::uint32_t LastDigits(TextView number) {
     return digits;
 }
 
+// Whether two numbers with the same last digits are the same to dial: one goes on before the other
+// with its prefix, or with a zero.
+bool SameToDial(TextView left, TextView right) {
+    const auto significant = [](TextView number) {
+        Text digits;
+        for (const char16_t unit : number) {
+            if (IsDigit(unit) && (unit != u'0' || !digits.empty())) digits += unit;
+        }
+        return digits;
+    };
+    const Text one = significant(left), other = significant(right);
+    constexpr std::size_t Least = 7;
+    return one == other || (std::min(one.size(), other.size()) >= Least &&
+                            (one.ends_with(other) || other.ends_with(one)));
+}
+
 }  // namespace
 
 // A set of entries.
@@ -84,6 +100,28 @@ std::optional<std::size_t> AddressList::RowOfNumber(TextView number) const {
         if (LastDigits(At(rows[row].number)) == digits) return row;
     }
     return {};
+}
+
+std::vector<std::vector<std::uint32_t>> AddressList::RowsOf(
+    const std::vector<Text>& numbers) const {
+    std::vector<std::vector<std::uint32_t>> found(numbers.size());
+    std::vector<std::pair<std::uint32_t, std::size_t>> wanted;  // by the last digits
+    for (std::size_t at = 0; at < numbers.size(); ++at) {
+        if (const std::uint32_t digits = LastDigits(numbers[at])) wanted.emplace_back(digits, at);
+    }
+    std::sort(wanted.begin(), wanted.end());
+    for (std::size_t row = 0; row < rows.size() && !wanted.empty(); ++row) {
+        if (rows[row].kind == NumberKind::List) continue;
+        const TextView number = At(rows[row].number);
+        const std::uint32_t digits = LastDigits(number);
+        for (auto same =
+                 std::lower_bound(wanted.begin(), wanted.end(), std::pair(digits, std::size_t(0)));
+             same != wanted.end() && same->first == digits; ++same) {
+            if (SameToDial(numbers[same->second], number))
+                found[same->second].push_back(std::uint32_t(row));
+        }
+    }
+    return found;
 }
 
 void AddressList::SetRecent(const std::vector<Text>& numbers) {

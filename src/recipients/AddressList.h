@@ -62,6 +62,10 @@ public:
     // The first row whose number is the same to dial, with or without its prefix.
     std::optional<std::size_t> RowOfNumber(TextView number) const;
 
+    // For each of the numbers the rows of all people who have it, with or without its prefix;
+    // distribution lists have none.
+    std::vector<std::vector<std::uint32_t>> RowsOf(const std::vector<Text>& numbers) const;
+
     // The row of the person whom a text names first, letter case ignored; of several names that
     // begin there the longest, of equal ones the first. A name counts where it stands by itself,
     // not within a word; the names by which contacts are filed, and distribution lists, do not

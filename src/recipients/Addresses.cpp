@@ -21,6 +21,7 @@ constexpr double WithoutPause = 13;
 constexpr std::uint32_t Interval = 15;
 constexpr double ProgressInterval = 100;
 const Text NoFolder;
+const std::vector<Text> NoMembers;
 
 }  // namespace
 
@@ -102,6 +103,11 @@ Text Addresses::FolderTitle(std::uint16_t folder) const {
     const std::size_t end = path.rfind(u'\\');
     if (end == Text::npos) return path;
     return path.substr(end + 1).append(u" (").append(path, 0, end).append(u")");
+}
+
+const std::vector<Text>& Addresses::MembersOf(std::uint32_t item) const {
+    const auto members = book.members.find(item);
+    return members == book.members.end() ? NoMembers : members->second;
 }
 
 const Text& Addresses::FolderBeingRead() const {

@@ -43,6 +43,8 @@ public:
     Text FolderName(std::uint16_t folder) const { return book.folders[folder].name; }
     // The same with its own name first: "Club (Personal Folders\Contacts)".
     Text FolderTitle(std::uint16_t folder) const;
+    // The names in a distribution list, by its item; empty when the item is none.
+    const std::vector<Text>& MembersOf(std::uint32_t item) const;
     // Bytes that compare as the texts do in the user's language.
     std::string SortKey(TextView text) const { return surroundings.locale.SortKey(text); }
     std::size_t Folders() const { return book.folders.size(); }

@@ -14,6 +14,17 @@ Text Contacts::NumberOfContact(const ObjectPtr& contact) {
     return Dialable(number);
 }
 
+Person Contacts::PersonOfContact(const ObjectPtr& contact) {
+    const auto name = [&](TextView member) {
+        return OneLine(AsText(Get(errors, contact, member)));
+    };
+    Person person{name(u"FirstName"), name(u"LastName"), name(u"FullName"), name(u"CompanyName")};
+    // One that another program has put there may have no more than its whole name.
+    if (person.firstName.empty() && person.lastName.empty())
+        return PersonNamed(person.fullName, {}, person.company);
+    return person;
+}
+
 Text Contacts::Dialable(TextView number) {
     return prefixes.NationalNumber(number);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Object.h"
+#include "recipients/Person.h"
 
 namespace tellwick {
 
@@ -15,6 +16,9 @@ public:
     // A contact's number as the user's settings have it dialled: the mobile one, else the one at
     // home; empty when there is none.
     Text NumberOfContact(const ObjectPtr& contact);
+
+    // What a contact is called.
+    Person PersonOfContact(const ObjectPtr& contact);
 
     // A number as the user's settings have it dialled.
     Text Dialable(TextView number);

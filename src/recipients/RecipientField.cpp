@@ -8,6 +8,7 @@
 #include "recipients/Addresses.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientList.h"
+#include "recipients/RecipientPeople.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
@@ -39,11 +40,13 @@ std::size_t SearchStart(TextView field) {
 }  // namespace
 
 RecipientField::RecipientField(const Services& services, Prefixes& prefixes, Addresses& addresses,
-                               ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
+                               RecipientPeople& recipientPeople, ComboBox& textTo,
+                               ListBox& listBoxNumbers, StatusBar& statusBar1,
                                ProgressBar& progressBar1, ListPlacer placeList)
     : Services(services),
       prefixes(prefixes),
       addresses(addresses),
+      recipientPeople(recipientPeople),
       textTo(textTo),
       listBoxNumbers(listBoxNumbers),
       statusBar1(statusBar1),
@@ -140,6 +143,7 @@ void RecipientField::StopSearch() {
 void RecipientField::StopReading() {
     searching = false;
     addresses.Stop();
+    recipientPeople.Forget();
 }
 
 void RecipientField::SetText(TextView text) {
@@ -290,21 +294,32 @@ void RecipientField::TakeMatch(bool firstIfNone) {
     std::int32_t row = listBoxNumbers.SelectedIndex();
     if (row < 0 && firstIfNone) row = 0;
     if (row >= 0 && row < listBoxNumbers.Count()) {
-        const Text field = textTo.GetText();
-        SetText(field.substr(0, SearchStart(field)) + NumbersOf(listBoxNumbers.Item(row)));
+        Text field = textTo.GetText();
+        field.resize(SearchStart(field));
+        const Text entry = listBoxNumbers.Item(row);
+        const std::vector<Text> numbers = NumbersOf(entry);
+        if (std::size_t(row) < matches.size()) {
+            const AddressList& list = addresses.List();
+            const std::uint32_t match = matches[std::size_t(row)];
+            if (match < list.Size() && list.EntryText(match) == entry)
+                recipientPeople.ChooseRow(list.EntryAt(match).row, numbers);
+        }
+        for (const Text& number : numbers) {
+            if (&number != &numbers[0]) field += u';';
+            field += number;
+        }
+        SetText(field);
     }
     CloseMatches();
 }
 
-Text RecipientField::NumbersOf(TextView entry) {
+std::vector<Text> RecipientField::NumbersOf(TextView entry) {
     const std::size_t open = entry.rfind(u'(');
     if (open == TextView::npos || entry.find(u';', open) == TextView::npos)
-        return prefixes.GetNumber(entry);
-    Text numbers;
-    for (const Text& number : Split(entry.substr(open + 1), u";")) {
-        if (!numbers.empty()) numbers += u';';
-        numbers += prefixes.GetNumber(u"(" + number);
-    }
+        return {prefixes.GetNumber(entry)};
+    std::vector<Text> numbers;
+    for (const Text& number : Split(entry.substr(open + 1), u";"))
+        numbers.push_back(prefixes.GetNumber(u"(" + number));
     return numbers;
 }
 

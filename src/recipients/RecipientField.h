@@ -14,6 +14,7 @@ namespace tellwick {
 
 class Addresses;
 class Prefixes;
+class RecipientPeople;
 
 class RecipientField : private Services {
 public:
@@ -21,8 +22,8 @@ public:
     using ListPlacer = std::function<void(std::int32_t rows)>;
 
     RecipientField(const Services& services, Prefixes& prefixes, Addresses& addresses,
-                   ComboBox& textTo, ListBox& listBoxNumbers, StatusBar& statusBar1,
-                   ProgressBar& progressBar1, ListPlacer placeList);
+                   RecipientPeople& recipientPeople, ComboBox& textTo, ListBox& listBoxNumbers,
+                   StatusBar& statusBar1, ProgressBar& progressBar1, ListPlacer placeList);
 
     // The intended length of the list.
     std::int32_t NumUsedNumber = 10;
@@ -39,7 +40,7 @@ public:
     // Writes the list back to the settings.
     void Save();
 
-    // The form goes: Outlook's contacts are read no further.
+    // The form goes: Outlook's contacts are read no further, and who was chosen is forgotten.
     void StopReading();
     // The match list goes, and does not come back before the user types again.
     void StopSearch();
@@ -89,7 +90,7 @@ private:
     void FillMatches(std::size_t rows);
     void Addresses_Change(bool listChanged);
     // The number, or numbers of a distribution list, of an entry as they are put into the field.
-    Text NumbersOf(TextView entry);
+    std::vector<Text> NumbersOf(TextView entry);
 
     std::vector<Text> NumberList{1};   // most recent first
     std::int32_t NumberListBound = 0;  // upper index; -1 once the list was cleared
@@ -103,6 +104,7 @@ private:
 
     Prefixes& prefixes;
     Addresses& addresses;
+    RecipientPeople& recipientPeople;
     ComboBox& textTo;
     ListBox& listBoxNumbers;
     StatusBar& statusBar1;

@@ -11,6 +11,7 @@
 #include "recipients/Contacts.h"
 #include "recipients/Conversation.h"
 #include "recipients/NumberInText.h"
+#include "recipients/RecipientPeople.h"
 #include "settings/Debug.h"
 
 namespace tellwick {
@@ -29,14 +30,15 @@ constexpr std::uint32_t Interval = 20;
 
 RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
                                  const ProcessValues& processValues, Contacts& contacts,
-                                 Addresses& addresses, Clock& clock, Timers& timers,
-                                 MessageLoop& messageLoop)
+                                 Addresses& addresses, RecipientPeople& recipientPeople,
+                                 Clock& clock, Timers& timers, MessageLoop& messageLoop)
     : errors(errors),
       debug(debug),
       automation(automation),
       processValues(processValues),
       contacts(contacts),
       addresses(addresses),
+      recipientPeople(recipientPeople),
       clock(clock),
       timers(timers),
       messageLoop(messageLoop) {}
@@ -153,7 +155,11 @@ void RecipientLookup::LookAtNext() {
         following.erase(following.begin());
     }
     const std::int32_t itemClass = item.Class();
-    if (itemClass == outlook::ContactClass) Found(contacts.NumberOfContact(item.Reference()));
+    if (itemClass == outlook::ContactClass) {
+        const Text number = contacts.NumberOfContact(item.Reference());
+        if (Found(number))
+            recipientPeople.Choose(number, contacts.PersonOfContact(item.Reference()));
+    }
     if (itemClass == outlook::MailClass) LookAtMail(item.Reference());
 }
 
@@ -191,17 +197,21 @@ bool RecipientLookup::FindPerson() {
         if (!addresses.Known() && addresses.Reading()) return false;
     }
     const AddressList& list = addresses.List();
-    if (const auto row = list.RowNamedFirstIn(std::exchange(body, {})))
-        Found(contacts.Dialable(list.Row(*row).number));
+    if (const auto row = list.RowNamedFirstIn(std::exchange(body, {}))) {
+        const Text number = contacts.Dialable(list.Row(*row).number);
+        if (Found(number)) recipientPeople.ChooseRow(*row, {number});
+    }
     step = Step::Item;
     return true;
 }
 
-void RecipientLookup::Found(const Text& number) {
-    if (number.empty() || std::ranges::find(taken, number) != taken.end()) return;
+// False when it is none, or was found before.
+bool RecipientLookup::Found(const Text& number) {
+    if (number.empty() || std::ranges::find(taken, number) != taken.end()) return false;
     if (!found.empty()) found += u';';
     found += number;
     taken.push_back(number);
+    return true;
 }
 
 }  // namespace tellwick

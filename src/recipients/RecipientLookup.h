@@ -19,6 +19,7 @@ class Clock;
 class Contacts;
 class Debug;
 class MessageLoop;
+class RecipientPeople;
 
 class RecipientLookup {
 public:
@@ -30,7 +31,8 @@ public:
 
     RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
                     const ProcessValues& processValues, Contacts& contacts, Addresses& addresses,
-                    Clock& clock, Timers& timers, MessageLoop& messageLoop);
+                    RecipientPeople& recipientPeople, Clock& clock, Timers& timers,
+                    MessageLoop& messageLoop);
 
     void SetListener(Listener newListener) { listener = std::move(newListener); }
 
@@ -61,7 +63,7 @@ private:
     void LookAtMail(const ObjectPtr& item);
     void ReadReply();
     bool FindPerson();
-    void Found(const Text& number);
+    bool Found(const Text& number);
     void End();
     void Tick();
     void LendApplicationOf(const ObjectPtr& object);
@@ -90,6 +92,7 @@ private:
     const ProcessValues& processValues;
     Contacts& contacts;
     Addresses& addresses;
+    RecipientPeople& recipientPeople;
     Clock& clock;
     Timers& timers;
     MessageLoop& messageLoop;

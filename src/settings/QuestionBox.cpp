@@ -62,6 +62,13 @@ Answer QuestionBox::MsgBoxChoice(std::int32_t number, std::uint32_t icon, TextVi
     return AskRemembered(number, icon, MessageText(number, placeholder, replacement), {}, choices);
 }
 
+Answer QuestionBox::MsgBoxAsk(std::int32_t number, std::uint32_t icon, TextView placeholder,
+                              TextView replacement, const std::vector<Choice>& choices) {
+    bool unchecked = false;
+    return dialogs.CheckedMessageBox(ShownPart(MessageText(number, placeholder, replacement)),
+                                     choices, icon, ApplicationName, {}, unchecked);
+}
+
 Answer QuestionBox::AskRemembered(std::int32_t number, std::uint32_t icon, TextView text,
                                   TextView title, const std::vector<Choice>& choices) {
     const auto remembered = Answer(inifilesLite.GetIniSettingNum(AnswerSection, AnswerKey(number)));

@@ -29,6 +29,10 @@ public:
     Answer MsgBoxChoice(std::int32_t number, std::uint32_t icon, TextView placeholder,
                         TextView replacement, const std::vector<Choice>& choices);
 
+    // The same, asked each time.
+    Answer MsgBoxAsk(std::int32_t number, std::uint32_t icon, TextView placeholder,
+                     TextView replacement, const std::vector<Choice>& choices);
+
     // Whether any answer is remembered.
     bool AnswersRemembered();
     // Takes back every remembered answer.

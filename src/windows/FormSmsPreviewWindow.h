@@ -16,6 +16,11 @@ public:
     bool Load() override;
 
     Control& LabelCount() override { return labelCount; }
+    void SetPersonal(bool newPersonal) override;
+    Control& LabelPerson() override { return labelPerson; }
+    Control& ButtonBack() override { return buttonBack; }
+    Control& ButtonForward() override { return buttonForward; }
+    ListBox& ListMissing() override { return listMissing; }
     StyledText& TextParts() override { return textParts; }
     ListBox& ListCharacters() override { return listCharacters; }
     Control& ButtonReplace() override { return buttonReplace; }
@@ -24,6 +29,7 @@ public:
 
 private:
     SIZE LeastClient() const override;
+    int PersonalHeight() const;
     SIZE UsualClient() const override { return LeastClient(); }
     void OnClose() override { events->ButtonOK_Click(); }
     void OnSize() override;
@@ -32,10 +38,16 @@ private:
 
     const FormWindow& owner;
     FormSmsPreviewEvents* events = nullptr;
+    bool personal = false;
 
     WindowLabel labelCount;
+    WindowLabel labelPerson;
+    WindowControl buttonBack;
+    WindowControl buttonForward;
     WindowControl labelParts;
     WindowStyledText textParts;
+    WindowControl labelMissing;
+    WindowListBox listMissing;
     WindowControl labelCharacters;
     WindowListBox listCharacters;
     WindowControl buttonReplace;

@@ -56,6 +56,7 @@ std::vector<ControlPlan> FormSmsSendControls::Plan() {
         {u"ButtonAdd", &buttonAdd, L"BUTTON", style::Button, 0, {}, Later},
         {u"ButtonDel", &buttonDel, L"BUTTON", style::Button, 0, {}, Later},
         {u"ButtonInsert", &buttonInsert, L"BUTTON", style::Button, 0, {}, Later},
+        {u"ButtonFields", &buttonFields, L"BUTTON", style::Button, 0, {}, Later},
         {u"LabelStatus", &labelStatus, L"STATIC", WS_GROUP | SS_LEFT | SS_NOPREFIX, 0},
         {u"ProgressBar1", &progressBar1, PROGRESS_CLASSW, 0, 0, {u"LabelProgress", &labelProgress}},
         {u"StatusBar1", &statusBar1, STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0},
@@ -63,7 +64,8 @@ std::vector<ControlPlan> FormSmsSendControls::Plan() {
 }
 
 std::vector<WindowControl*> FormSmsSendControls::Templates() {
-    return {&frameTextbausteine, &comboBoxTextbausteine, &buttonAdd, &buttonDel, &buttonInsert};
+    return {&frameTextbausteine, &comboBoxTextbausteine, &buttonAdd,
+            &buttonDel,          &buttonInsert,          &buttonFields};
 }
 
 }  // namespace tellwick::windows

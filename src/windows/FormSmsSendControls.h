@@ -37,6 +37,7 @@ struct FormSmsSendControls {
     WindowControl buttonAdd;
     WindowControl buttonDel;
     WindowControl buttonInsert;
+    WindowControl buttonFields;
     WindowLabel labelStatus;
     WindowProgressBar progressBar1;
     WindowStatusBar statusBar1;

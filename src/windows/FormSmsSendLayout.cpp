@@ -66,9 +66,9 @@ SIZE FormSmsSendLayout::Least(bool expanded) const {
         rowHeight + metrics.Vertical(LeastMessage + CounterHeight) + OptionsHeight() + 3 * gapY,
         ColumnHeight());
     if (expanded) {
-        int templates = metrics.Horizontal(LeastTemplate) + 5 * gapX;
-        for (const WindowControl* button :
-             {&controls.buttonAdd, &controls.buttonDel, &controls.buttonInsert}) {
+        int templates = metrics.Horizontal(LeastTemplate) + 6 * gapX;
+        for (const WindowControl* button : {&controls.buttonAdd, &controls.buttonDel,
+                                            &controls.buttonInsert, &controls.buttonFields}) {
             templates += Width(*button);
         }
         width = std::max(width, templates);
@@ -138,8 +138,8 @@ void FormSmsSendLayout::ArrangeTemplates(Placement& placement, int top, int righ
     placement.Move(controls.frameTextbausteine, margin, top, right - margin,
                    TemplatesHeight() - gapY);
     int left = right - gapX;
-    for (const WindowControl* button :
-         {&controls.buttonInsert, &controls.buttonDel, &controls.buttonAdd}) {
+    for (const WindowControl* button : {&controls.buttonFields, &controls.buttonInsert,
+                                        &controls.buttonDel, &controls.buttonAdd}) {
         const int width = Width(*button);
         left -= width;
         placement.Move(*button, left, top + frameTop, width, rowHeight);

@@ -113,6 +113,21 @@ void FormSmsSendWindow::PlaceListBoxNumbers(std::int32_t rows) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+std::int32_t FormSmsSendWindow::ButtonFields_Menu(const std::vector<Text>& entries) {
+    if (!Loaded()) return -1;
+    const HMENU menu = CreatePopupMenu();
+    for (std::size_t entry = 0; entry < entries.size(); ++entry) {
+        AppendMenuW(menu, entries[entry].empty() ? MF_SEPARATOR : MF_STRING, entry + 1,
+                    Wide(entries[entry]));
+    }
+    RECT button;
+    GetWindowRect(controls.buttonFields.Window(), &button);
+    const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, button.left,
+                                      button.bottom, 0, FormWindow::Window(), nullptr);
+    DestroyMenu(menu);
+    return chosen - 1;
+}
+
 // The area that goes must not keep the focus.
 void FormSmsSendWindow::LeaveTemplates() {
     for (const WindowControl* part : controls.Templates()) {
@@ -206,6 +221,7 @@ void FormSmsSendWindow::ClickButton(HWND control) {
         {controls.buttonAdd, &FormSmsSendEvents::ButtonAdd_Click},
         {controls.buttonDel, &FormSmsSendEvents::ButtonDel_Click},
         {controls.buttonInsert, &FormSmsSendEvents::ButtonInsert_Click},
+        {controls.buttonFields, &FormSmsSendEvents::ButtonFields_Click},
     };
     for (const auto& [button, click] : clicks) {
         if (button.Window() != control) continue;

@@ -38,6 +38,7 @@ public:
     void Resize(bool nowExpanded) override;
     void LoadBackGround() override;
     void PlaceListBoxNumbers(std::int32_t rows) override;
+    std::int32_t ButtonFields_Menu(const std::vector<Text>& entries) override;
     void SetMessageFont(TextView name, std::int32_t points) override;
     void SetEvents(FormSmsSendEvents& newEvents) override { events = &newEvents; }
 

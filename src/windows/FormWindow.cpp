@@ -38,6 +38,14 @@ BOOL CALLBACK DestroyForm(HWND window, LPARAM) {
     return TRUE;
 }
 
+// An open menu has keys and mouse for itself.
+bool InMenu() {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    constexpr DWORD Menu = GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & Menu) != 0;
+}
+
 }  // namespace
 
 FormWindow::~FormWindow() {
@@ -260,6 +268,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM first, LPARAM second) {
 }
 
 bool FormWindow::HandleInput(MSG& message) {
+    const bool isInput = (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
+                         (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST);
+    if (isInput && InMenu()) return false;
     if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST)
         controls.RelayMouse(message);
     if (message.message == WM_LBUTTONDBLCLK) return OnDoubleClick(message.hwnd);

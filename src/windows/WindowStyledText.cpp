@@ -6,13 +6,18 @@ namespace tellwick::windows {
 
 namespace {
 
-// Marked is not by colour alone.
+// Neither marked nor filled in is so by colour alone.
 CHARFORMAT2W FormatOf(StyledText::Style style) {
     CHARFORMAT2W format{};
     format.cbSize = sizeof format;
-    format.dwMask = CFM_BOLD | CFM_UNDERLINE | CFM_BACKCOLOR | CFM_COLOR;
+    format.dwMask = CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_BACKCOLOR | CFM_COLOR;
     format.dwEffects = CFE_AUTOBACKCOLOR | CFE_AUTOCOLOR;
     if (style == StyledText::Style::Heading) format.dwEffects |= CFE_BOLD;
+    if (style == StyledText::Style::Filled) {
+        format.dwEffects = CFE_ITALIC;
+        format.crBackColor = GetSysColor(COLOR_INFOBK);
+        format.crTextColor = GetSysColor(COLOR_INFOTEXT);
+    }
     if (style == StyledText::Style::Marked) {
         format.dwEffects = CFE_UNDERLINE;
         format.crBackColor = GetSysColor(COLOR_HIGHLIGHT);

@@ -211,9 +211,11 @@ Answer WindowsDialogs::CheckedMessageBox(TextView text, const std::vector<Choice
                                          bool& checked) {
     SmallDialog dialog(title, text, SystemIcon(icon));
     const bool before = std::exchange(checked, false);
-    dialog.AddControl(L"BUTTON", BS_AUTOCHECKBOX, 0, checkBoxText, [&](HWND control, Answer) {
-        checked = SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    });
+    if (!checkBoxText.empty()) {
+        dialog.AddControl(L"BUTTON", BS_AUTOCHECKBOX, 0, checkBoxText, [&](HWND control, Answer) {
+            checked = SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+        });
+    }
     dialog.checkFirst = before;
     return dialog.Run(choices, choices.back().answer);
 }

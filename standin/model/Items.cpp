@@ -303,7 +303,13 @@ Text Item::Field(TextView name) const {
     for (const auto& [known, value] : fields) {
         if (EqualFolded(known, name)) return value;
     }
-    return {};
+    // Outlook takes both from the full name, unless they are set.
+    const bool first = itemClass == ContactClass && name == u"FirstName";
+    if (!first && (itemClass != ContactClass || name != u"LastName")) return {};
+    const Text full = Field(u"FullName");
+    const std::size_t blank = full.rfind(u' ');
+    if (blank == Text::npos) return first ? full : Text();
+    return first ? full.substr(0, full.find(u' ')) : full.substr(blank + 1);
 }
 
 void Item::SetField(TextView name, TextView value) {

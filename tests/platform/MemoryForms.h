@@ -261,6 +261,10 @@ public:
     }
     void Resize(bool nowExpanded) override { expanded = nowExpanded; }
     void PlaceListBoxNumbers(std::int32_t newRows) override { rows = newRows; }
+    std::int32_t ButtonFields_Menu(const std::vector<Text>& entries) override {
+        menu = entries;
+        return chosen;
+    }
     void SetMessageFont(TextView name, std::int32_t points) override {
         messageFont = Text(name) + u" " + NumberText(points);
     }
@@ -272,7 +276,9 @@ public:
 
     bool expanded = false;
     std::int32_t rows = 0;
-    Text messageFont;  // name and points
+    std::vector<Text> menu;
+    std::int32_t chosen = -1;  // of the menu
+    Text messageFont;          // name and points
 
 private:
     std::array<MemoryCheckBox, 6> bar;
@@ -304,13 +310,15 @@ public:
     void SetEvents(FormOptionsEvents&) override {}
 };
 
-// Pieces one behind the other, a marked one in "<" and ">".
+// Pieces one behind the other, a marked one in "<" and ">", one filled in between "[" and "]".
 class MemoryStyledText : public StyledText, public MemoryControl {
 public:
     void SetPieces(const std::vector<Piece>& pieces) override {
         text.clear();
         for (const Piece& piece : pieces) {
-            text += piece.style == Style::Marked ? u"<" + piece.text + u">" : piece.text;
+            text += piece.style == Style::Marked   ? u"<" + piece.text + u">"
+                    : piece.style == Style::Filled ? u"[" + piece.text + u"]"
+                                                   : piece.text;
         }
     }
     Text text;
@@ -319,8 +327,15 @@ public:
 class MemoryFormSmsPreviewView final : public MemoryFormView<FormSmsPreviewView> {
 public:
     MemoryFormSmsPreviewView() {
-        Have(LabelCount(), TextParts(), ListCharacters(), ButtonReplace(), ButtonReplaceAll());
+        Have(LabelCount(), TextParts(), ListCharacters(), ButtonReplace(), ButtonReplaceAll(),
+             LabelPerson(), ButtonBack(), ButtonForward(), ListMissing());
     }
+    void SetPersonal(bool newPersonal) override { personal = newPersonal; }
+    MemoryControl& LabelPerson() override { return Own(u"LabelPerson"); }
+    MemoryControl& ButtonBack() override { return Own(u"ButtonBack"); }
+    MemoryControl& ButtonForward() override { return Own(u"ButtonForward"); }
+    MemoryListBox& ListMissing() override { return Own(u"ListMissing"); }
+    bool personal = false;
     MemoryControl& LabelCount() override { return Own(u"LabelCount"); }
     MemoryStyledText& TextParts() override { return Own(u"TextParts"); }
     MemoryListBox& ListCharacters() override { return Own(u"ListCharacters"); }

@@ -55,11 +55,11 @@ constexpr ShippedLanguage Languages[] = {
     {u"Cesky.lng", 1250, u"áčďéěíňóřšťúůýžČŠŽ„“"},
     {u"Deutsch.lng", 1252, u"äöüßÄÖÜ„“"},
     {u"English.lng", 1252, u"“”"},
-    {u"Espanol.lng", 1252, u"áéíñóúü¿“”"},
+    {u"Espanol.lng", 1252, u"áéíñóúüÚ¿“”"},
     {u"Francais.lng", 1252, u"àâçèéêîôùûÀÉ«»\u00A0"},
     {u"Nederlands.lng", 1252, u"éëï"},
     {u"Polski.lng", 1250, u"ąćęłńóśźżŁŚŻ„”"},
-    {u"Portugues-BR.lng", 1252, u"áâãçéêíóôõú“”"},
+    {u"Portugues-BR.lng", 1252, u"áâãçéêíóôõúÚ“”"},
 };
 
 struct ShippedFile {

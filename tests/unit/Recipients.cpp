@@ -123,8 +123,8 @@ TEST_CASE("AddNumberToList: cells, shown items and growth") {
     form.Open();
     auto& log = form.To().items;
     RecipientField field(form.program.services, form.program.prefixes, form.program.addresses,
-                         form.To(), form.view.ListBoxNumbers(), form.view.StatusBar1(),
-                         form.view.ProgressBar1(), [](std::int32_t) {});
+                         form.program.recipientPeople, form.To(), form.view.ListBoxNumbers(),
+                         form.view.StatusBar1(), form.view.ProgressBar1(), [](std::int32_t) {});
     field.NumUsedNumber = 2;
     field.GetListNumbers();
     using Texts = std::vector<Text>;
