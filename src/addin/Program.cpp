@@ -85,7 +85,9 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       formT1(debug, forms, platform.timers),
       smsReply(errors, debug, processValues, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
-      ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, formSmsSend),
+      smsForward(errors, contacts, formSmsSend, formSmsSendView, recipientField, messageText),
+      ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, smsForward,
+             formSmsSend),
       olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop) {}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {

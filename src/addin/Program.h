@@ -7,6 +7,7 @@
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/Ribbon.h"
+#include "addin/SmsForward.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
 #include "compose/AwaitedRecipients.h"
@@ -116,6 +117,7 @@ public:
     FormSmsSendRouter formSmsSendRouter;
     FormT1 formT1;
     SmsReply smsReply;
+    SmsForward smsForward;
     Ribbon ribbon;
     OlButtons olButtons;
 };

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "addin/SmsForward.h"
 #include "addin/SmsReply.h"
 #include "compose/FormSmsSend.h"
 #include "platform/Bitmaps.h"
@@ -38,24 +39,24 @@ Text RibbonButton(TextView id, TextView key, TextView action) {
         .append(u"\"/>");
 }
 
-// A group of its own, with one button, on one of Outlook's tabs: behind one of Outlook's groups or,
-// where none is named, at the end.
-Text TabWith(TextView tab, TextView behind, TextView id, const Text& button) {
+// A group of its own on one of Outlook's tabs: behind one of Outlook's groups or, where none is
+// named, at the end.
+Text TabWith(TextView tab, TextView behind, TextView id, const Text& buttons) {
     Text xml = Text(u"<tab idMso=\"").append(tab).append(u"\"><group id=\"SMSGroup").append(id);
     if (!behind.empty()) xml.append(u"\" insertAfterMso=\"").append(behind);
-    return xml.append(u"\" getLabel=\"Ribbon_getGroupLabel\">").append(button) + u"</group></tab>";
+    return xml.append(u"\" getLabel=\"Ribbon_getGroupLabel\">").append(buttons) + u"</group></tab>";
 }
 
-Text ContextMenu(TextView menu) {
-    return Text(u"<contextMenu idMso=\"")
+// The identifier is unique with the menu's name behind it.
+Text MenuEntry(TextView menu, TextView id, TextView key, TextView action) {
+    return Text(u"<button getImage=\"Ribbon_getSmallImage\" getLabel=\"Ribbon_getLabel\" tag=\"")
+        .append(key)
+        .append(u"\" onAction=\"")
+        .append(action)
+        .append(u"\" id=\"")
+        .append(id)
         .append(menu)
-        .append(
-            u"\"><button getImage=\"Ribbon_getSmallImage\" getLabel=\"Ribbon_getLabel\""
-            u" onAction=\"RibbonSMSContact_Click\" tag=\"")
-        .append(u"RibbonMenu")
-        .append(u"\" id=\"SMS")
-        .append(menu)
-        .append(u"\"/></contextMenu>");
+        .append(u"\"/>");
 }
 
 Text ExplorerTabs() {
@@ -69,7 +70,11 @@ Text ExplorerMenus() {
     Text menus;
     for (const TextView menu : {u"ContextMenuMailItem", u"ContextMenuContactItem",
                                 u"ContextMenuFlaggedContactItem", u"ContextMenuMultipleItems"}) {
-        menus += ContextMenu(menu);
+        menus.append(u"<contextMenu idMso=\"").append(menu).append(u"\">");
+        menus += MenuEntry(menu, u"SMS", u"RibbonMenu", u"RibbonSMSContact_Click");
+        if (menu == u"ContextMenuMailItem")
+            menus += MenuEntry(menu, u"SMSForward", u"RibbonForward", u"RibbonSMSForward_Click");
+        menus += u"</contextMenu>";
     }
     return u"<contextMenus>" + menus + u"</contextMenus>";
 }
@@ -91,18 +96,21 @@ std::span<const Ribbon::Callback> Ribbon::Callbacks() {
         {u"Ribbon_getSmallImage", &Ribbon::Ribbon_getSmallImage},
         {u"RibbonSMSNew_Click", &Ribbon::RibbonSMSNew_Click},
         {u"RibbonSMSReply_Click", &Ribbon::RibbonSMSReply_Click},
+        {u"RibbonSMSForward_Click", &Ribbon::RibbonSMSForward_Click},
         {u"RibbonSMSContact_Click", &Ribbon::RibbonSMSContact_Click}};
     return callbacks;
 }
 
 Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
-               RecipientLookup& recipientLookup, SmsReply& smsReply, FormSmsSend& formSmsSend)
+               RecipientLookup& recipientLookup, SmsReply& smsReply, SmsForward& smsForward,
+               FormSmsSend& formSmsSend)
     : errors(errors),
       debug(debug),
       language(language),
       bitmaps(bitmaps),
       recipientLookup(recipientLookup),
       smsReply(smsReply),
+      smsForward(smsForward),
       formSmsSend(formSmsSend) {}
 
 Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connection connection) {
@@ -114,8 +122,10 @@ Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connect
         tabs = ExplorerTabs();
         menus = ExplorerMenus();
     } else if (ribbonId == u"Microsoft.Outlook.Mail.Read") {
-        tabs = TabWith(u"TabReadMessage", u"GroupRespond", u"Read",
-                       RibbonButton(u"SMSReply", u"RibbonReply", u"RibbonSMSReply_Click"));
+        tabs =
+            TabWith(u"TabReadMessage", u"GroupRespond", u"Read",
+                    RibbonButton(u"SMSReply", u"RibbonReply", u"RibbonSMSReply_Click") +
+                        RibbonButton(u"SMSForward", u"RibbonForward", u"RibbonSMSForward_Click"));
     } else if (ribbonId == u"Microsoft.Outlook.Contact") {
         tabs = TabWith(u"TabContact", {}, u"Contact",
                        RibbonButton(u"SMSContact", u"RibbonContact", u"RibbonSMSContact_Click"));
@@ -214,6 +224,17 @@ Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
         mail.reset();
         formSmsSend.Open(recipient);
     }
+    return {};
+}
+
+Value Ribbon::RibbonSMSForward_Click(const ObjectPtr& control) {
+    ObjectPtr context = ContextOf(control);
+    ObjectPtr mail =
+        (TypeName(context) == u"Inspector" ? outlook::Inspector(errors, context).CurrentItem()
+                                           : outlook::Selection(errors, context).Item(1))
+            .Reference();
+    context.reset();
+    smsForward.Open(std::move(mail));
     return {};
 }
 

@@ -15,12 +15,14 @@ class Debug;
 class FormSmsSend;
 class LanguageTexts;
 class RecipientLookup;
+class SmsForward;
 class SmsReply;
 
 class Ribbon {
 public:
     Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
-           RecipientLookup& recipientLookup, SmsReply& smsReply, FormSmsSend& formSmsSend);
+           RecipientLookup& recipientLookup, SmsReply& smsReply, SmsForward& smsForward,
+           FormSmsSend& formSmsSend);
 
     // The XML for a kind of window ("Microsoft.Outlook.Explorer"), in the namespace that the major
     // version of Outlook knows; empty for a kind that the add-in has nothing for. Of a connection
@@ -57,6 +59,7 @@ private:
     Value Ribbon_getSmallImage(const ObjectPtr& control);
     Value RibbonSMSNew_Click(const ObjectPtr& control);
     Value RibbonSMSReply_Click(const ObjectPtr& control);
+    Value RibbonSMSForward_Click(const ObjectPtr& control);
     Value RibbonSMSContact_Click(const ObjectPtr& control);
 
     ObjectPtr ContextOf(const ObjectPtr& control);
@@ -73,6 +76,7 @@ private:
     Bitmaps& bitmaps;
     RecipientLookup& recipientLookup;
     SmsReply& smsReply;
+    SmsForward& smsForward;
     FormSmsSend& formSmsSend;
 };
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "air/AirCount.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/QueueText.h"
 #include "platform/Keys.h"
 #include "platform/Locale.h"
 #include "settings/Debug.h"
@@ -178,6 +180,11 @@ void MessageText::ShowText() {
 
 void MessageText::Insert(TextView text) {
     view.Message().ReplaceSelection(hexFlag ? ToDigits(text) : Text(text));
+}
+
+bool MessageText::Fits(TextView text) const {
+    return std::int32_t(text.size()) <= LongestText(PartSize) &&
+           CountOnAir(ThroughQueue(text, locale).arrives).parts.size() <= MostParts;
 }
 
 void MessageText::Replace(TextView text) {

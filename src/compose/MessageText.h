@@ -40,6 +40,9 @@ public:
     // Puts a text in place of the selection, as digits while the box shows digits.
     void Insert(TextView text);
 
+    // Whether a text stays whole in the box, and makes five SMS at most on the air.
+    bool Fits(TextView text) const;
+
     // Puts a text in place of the whole, shown as text, with the caret before it. What stood there
     // comes back when the user undoes it.
     void Replace(TextView text);

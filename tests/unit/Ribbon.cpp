@@ -4,6 +4,8 @@
 
 #include <doctest.h>
 
+#include <tuple>
+
 #include "platform/TestHost.h"
 
 using namespace tellwick;
@@ -43,10 +45,10 @@ struct RibbonHost : Host {
         }
         return count;
     }
-    // What a click puts into the form.
-    Text RecipientsOfClick(const Entries& entries) {
-        REQUIRE(entries.size() == 1);
-        entries[0].click();
+    // What a click on an entry, the first one unless told otherwise, puts into the form.
+    Text RecipientsOfClick(const Entries& entries, std::size_t entry = 0) {
+        REQUIRE(entries.size() > entry);
+        entries[entry].click();
         CHECK(view.Loaded());
         Settle();
         CHECK(HeldOf(u"IRibbonControl") == 0);
@@ -90,15 +92,18 @@ TEST_CASE("what stands on the ribbon of each window, in each version that has on
               (explorers ? u"TabContacts> [" + create : Text()));
         CHECK(Described(host.Of(host.mail)) ==
               u"TabReadMessage>GroupRespond [SMS] Per SMS antworten: Per SMS antworten: Dem "
-              u"Absender dieser Nachricht "
-              u"eine SMS schreiben large10032\n");
+              u"Absender dieser Nachricht eine SMS schreiben large10032\n"
+              u"TabReadMessage>GroupRespond [SMS] Per SMS weiterleiten: Per SMS weiterleiten: "
+              u"Absender, Betreff und Text dieser Nachricht als SMS weitergeben large10032\n");
         CHECK(Described(host.Of(host.eva)) ==
               u"TabContact> [SMS] " + contact + contact +
                   u"Diesem Kontakt eine SMS schreiben large10032\n");
         const auto menu = [&](TextView name) {
             return explorers ? Text(name) + u"> [] SMS schreiben: : 10016\n" : Text();
         };
-        CHECK(Described(host.Menu({host.mail})) == menu(u"ContextMenuMailItem"));
+        CHECK(Described(host.Menu({host.mail})) ==
+              menu(u"ContextMenuMailItem") +
+                  (explorers ? u"ContextMenuMailItem> [] Per SMS weiterleiten: : 10016\n" : u""));
         CHECK(Described(host.Menu({host.eva})) == menu(u"ContextMenuContactItem"));
         CHECK(Described(host.Menu({host.eva, host.sms})) == menu(u"ContextMenuMultipleItems"));
         // A mail being written has no sender.
@@ -178,6 +183,58 @@ TEST_CASE("replying by the ribbon takes an SMS for what it is, with and without 
         CHECK(host.message == u"Hallo");
         CHECK(host.outlook.inspectors->all.size() == 2);  // and no reply of Outlook's own
     }
+}
+
+TEST_CASE("a mail is handed on: sender, subject, its own words, as much as makes five SMS") {
+    for (const bool redemption : {true, false}) {
+        CAPTURE(redemption);
+        RibbonHost host;
+        if (!redemption) host.platform.automation.factories.clear();
+        const Text body =
+            u"Hallo,\r\n\r\n\r\n \r\num 10 im B\u00fcro?  \r\n"
+            u"Plan <https://example.com/a/very/long/way/to/the/plan>: "
+            u"https://www.example.com/karte?x=0123456789012345678901234567890 bis dann\r\n"
+            u"Ort: B\u00fcro\r\nUhr: 10\r\n"
+            u"> alt\r\nAm Freitag schrieb Jo:\r\n\r\n> Wann?\r\nGru\u00df\r\n";
+        const Text whole =
+            u"Eva: Treffen\r\nHallo,\r\n\r\num 10 im B\u00fcro?\r\nPlan: www.example.com bis "
+            u"dann\r\nOrt: B\u00fcro\r\nUhr: 10\r\n\r\nGru\u00df";
+        for (const TextView end :
+             {u"-- \r\nEva Maier, Musterstra\u00dfe 1", u"-----Original Message-----\r\nx",
+              u"________________________________\r\nFrom: Jo\r\nx",
+              u"Von: Jo\r\nGesendet: Freitag\r\nAn: Eva\r\nx", u""}) {
+            CAPTURE(end);
+            const auto mail = host.outlook.AddItem(
+                outlook::MailClass,
+                {{u"SenderName", u"Eva"}, {u"Subject", u"Treffen"}, {u"Body", body + Text(end)}});
+            CHECK(host.RecipientsOfClick(host.Of(mail), 1).empty());
+            CHECK(host.message == whole);
+            CHECK(host.RecipientsOfClick(host.Menu({mail}), 1).empty());
+            CHECK(host.message == whole);
+        }
+        // Cut between words where there are some; letters that no short SMS has make it shorter.
+        Text words;
+        while (words.size() < 2000) words += u"Wort ";
+        for (const auto& [long_, most, least] :
+             {std::tuple<Text, std::size_t, std::size_t>{words, 764, 755},
+              {Text(2000, u'x'), 764, 764},
+              {u"\u20AC " + words, 764, 755}}) {
+            host.RecipientsOfClick(
+                host.Of(host.outlook.AddItem(outlook::MailClass, {{u"Body", long_}})), 1);
+            CHECK(host.message.ends_with(u"..."));
+            CHECK(host.message.size() <= most);
+            CHECK(host.message.size() >= least);
+        }
+        CHECK(host.message.ends_with(u" Wort..."));
+    }
+    // What was typed stays where it belongs: recipients of an open form, the text behind an undo.
+    RibbonHost host;
+    host.Of(host.eva)[0].click();
+    host.Settle();
+    const Text recipients = host.view.TextTo().GetText();
+    host.Of(host.mail)[1].click();
+    CHECK(host.view.TextTo().GetText() == recipients);
+    CHECK(host.view.Message().GetText() == u"x");
 }
 
 TEST_CASE("Office's ribbons are held from loading to the end, even one within a callback") {
