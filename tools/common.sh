@@ -43,8 +43,8 @@ distIsDue() {
     local setup=$build/dist/TellwickForOutlook-$1.exe
     [ ! -f "$setup" ] ||
         [ -n "$(find "$build"/win{32,64}/bin/TellwickOutlookAddIn.dll \
-            "$build/win32/bin/TellwickSender.exe" \
-            "$root"/{packaging,lang,manual} "$tools/dist" -newer "$setup")" ]
+            "$build/win32/bin/Tellwick.exe" \
+            "$root"/{packaging,lang,manual} "$tools"/{dist,msi} -newer "$setup")" ]
 }
 
 # useDisplay 32|64: from here on, where `tools/with-display --each` made two.

@@ -43,6 +43,7 @@ void Connect::Start(const ObjectPtr& application, const ObjectPtr& addInInstance
     program.processValues.applicationTitle = ComponentTitle;
     const Text progId = AsText(Get(errors, addInInstance, u"ProgId"));
     program.inifilesLite.GetIniFile();
+    program.firstUse.SetUp();
     AddIn().Initialise(application, progId);
     program.debug.DebugInit(false, false);
 }

@@ -72,6 +72,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                       formSmsSend.ApplySettings();
                       addresses.ApplySettings();
                   }),
+      firstUse(regEdit, formOptions),
       formSmsPreview(services, formSmsPreviewView, forms, messageText, airCountLine, personalTexts,
                      textFields, platform.locale),
       formSmsSend(services, formSmsSendView, forms,

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "addin/FirstUse.h"
 #include "addin/FormT1.h"
 #include "addin/OlButtons.h"
 #include "addin/Ribbon.h"
@@ -109,6 +110,7 @@ public:
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
     FormOptions formOptions;
+    FirstUse firstUse;
     FormSmsPreview formSmsPreview;
     FormSmsSend formSmsSend;
     FormSmsSendRouter formSmsSendRouter;

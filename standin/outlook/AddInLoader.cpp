@@ -73,12 +73,21 @@ Text ReadText(HKEY hive, const Text& key, const wchar_t* name = nullptr) {
     return type == REG_SZ || type == REG_EXPAND_SZ ? FromWide(buffer) : Text();
 }
 
-DWORD ReadNumber(HKEY hive, const Text& key, const wchar_t* name) {
-    DWORD number = 0;
+// False when there is no number.
+bool ReadNumber(HKEY hive, const Text& key, const wchar_t* name, DWORD& number) {
     DWORD size = sizeof number;
     DWORD type = 0;
-    if (SHGetValueW(hive, Wide(key), name, &type, &number, &size) != ERROR_SUCCESS) return 0;
-    return type == REG_DWORD ? number : 0;
+    return SHGetValueW(hive, Wide(key), name, &type, &number, &size) == ERROR_SUCCESS &&
+           type == REG_DWORD;
+}
+
+DWORD LoadBehavior(const Text& progId) {
+    const Text key = AddInsKey + u"\\" + progId;
+    DWORD value = 0;
+    return ReadNumber(HKEY_CURRENT_USER, key, L"LoadBehavior", value) ||
+                   ReadNumber(HKEY_LOCAL_MACHINE, key, L"LoadBehavior", value)
+               ? value
+               : 0;
 }
 
 std::vector<Text> SubKeys(HKEY hive, const Text& key) {
@@ -117,15 +126,18 @@ AddInLoader::AddInLoader(OutlookModel& outlook, ComObjects& objects)
 AddInLoader::~AddInLoader() = default;
 
 void AddInLoader::List() {
-    for (const Text& progId : SubKeys(HKEY_CURRENT_USER, AddInsKey)) {
-        const auto& known = outlook.comAddIns->all;
-        if (std::any_of(known.begin(), known.end(),
-                        [&](const auto& addIn) { return EqualFolded(addIn->progId, progId); })) {
-            continue;
+    // The user's own first: one that is registered for the machine, too, is what the user's says.
+    for (const HKEY hive : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+        for (const Text& progId : SubKeys(hive, AddInsKey)) {
+            const auto& known = outlook.comAddIns->all;
+            if (std::any_of(known.begin(), known.end(), [&](const auto& addIn) {
+                    return EqualFolded(addIn->progId, progId);
+                })) {
+                continue;
+            }
+            outlook.AddAddIn(progId, ReadText(hive, AddInsKey + u"\\" + progId, L"FriendlyName"),
+                             ReadText(HKEY_CLASSES_ROOT, progId + u"\\CLSID"));
         }
-        outlook.AddAddIn(progId,
-                         ReadText(HKEY_CURRENT_USER, AddInsKey + u"\\" + progId, L"FriendlyName"),
-                         ReadText(HKEY_CLASSES_ROOT, progId + u"\\CLSID"));
     }
 }
 
@@ -134,8 +146,7 @@ std::size_t AddInLoader::LoadAll(ConnectMode mode) {
     std::size_t count = 0;
     const auto known = outlook.comAddIns->all;
     for (const auto& addIn : known) {
-        const Text key = AddInsKey + u"\\" + addIn->progId;
-        if (!(ReadNumber(HKEY_CURRENT_USER, key, L"LoadBehavior") & LoadAtStartup)) continue;
+        if (!(LoadBehavior(addIn->progId) & LoadAtStartup)) continue;
         if (Connect(addIn, mode)) ++count;
     }
     return count;

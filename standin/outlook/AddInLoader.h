@@ -21,7 +21,7 @@ public:
     AddInLoader(const AddInLoader&) = delete;
     AddInLoader& operator=(const AddInLoader&) = delete;
 
-    // Reads the current user's add-ins key into COMAddIns.
+    // Reads the add-ins keys of user and machine into COMAddIns.
     void List();
     // Lists, and connects every add-in whose load behaviour asks for loading at start-up. The
     // number of add-ins connected.

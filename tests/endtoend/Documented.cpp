@@ -39,7 +39,8 @@ void Send(StandIn& outlook) {
 }
 
 bool HasSent(const Machine& machine) {
-    return WaitUntil([&] { return machine.Sent() == "1\t0171 2345678\tHallo\n"; });
+    return WaitUntil(
+        [&] { return machine.Taken() == std::vector<std::string>{"01712345678\tHallo"}; });
 }
 
 void EveryWindowFollowsItsMonitor(Machine& machine, StandIn& outlook, bool on) {
@@ -99,7 +100,7 @@ void TellsAnSms(Machine&, StandIn& outlook, bool) {
 }
 
 void SendsFromAForeignFolder(Machine& machine, StandIn& outlook, bool) {
-    REQUIRE(FindTopWindow(L"Tellwick"));
+    REQUIRE(FindWindowW(L"TellwickSender", nullptr));
     // Kept in the queue, to be looked at.
     EndSender();
     Send(outlook);
@@ -136,7 +137,9 @@ void IsFoundByOthers(Machine&, StandIn& outlook, bool on) {
     CHECK(FoundByOthers() == !on);
     const HWND sender = FindWindowW(L"TellwickSender", nullptr);
     ShowWindow(sender, SW_SHOWNORMAL);
-    SetForegroundWindow(sender);
+    // A window that is just being shown may have no use for the foreground yet.
+    CHECK(
+        WaitUntil([&] { return SetForegroundWindow(sender) && GetForegroundWindow() == sender; }));
     CHECK(WaitUntil(FoundByOthers));
     CoUninitialize();
 }

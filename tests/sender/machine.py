@@ -12,7 +12,7 @@ import time
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 BITS = os.environ.get('TELLWICK_BITS', '64')
 BIN = f'{ROOT}/build/win{BITS}/bin/'
-SENDER = 'TellwickSender.exe'
+SENDER = 'Tellwick.exe'
 KEY = r'HKCU\Software\Omberline\Tellwick'
 
 
@@ -37,14 +37,7 @@ class Windows:
         shutil.rmtree(self.folder, ignore_errors=True)
         os.makedirs(self.folder)
         self.sender = None
-        self.program = BIN + SENDER
         self.write_settings(settings)
-
-    def name_as_shipped(self):
-        """The sender as the add-in looks for it, in a folder of its own."""
-        folder = f'{self.devices}/../drive_c/Sender'
-        os.makedirs(folder, exist_ok=True)
-        self.program = shutil.copy(BIN + SENDER, f'{folder}/Tellwick.exe')
 
     def command(self, *words):
         return [f'{ROOT}/tools/wine', BITS, *words]
@@ -72,7 +65,7 @@ class Windows:
         return found and found[1]
 
     def start(self, *words):
-        self.sender = subprocess.Popen(self.command(self.program, *words),
+        self.sender = subprocess.Popen(self.command(BIN + SENDER, *words),
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         assert wait_until(lambda: self.value('hWnd') not in (None, '0'))
 
@@ -80,7 +73,7 @@ class Windows:
         """As its user would, or with '/f' killed in the middle of its work."""
         if not self.sender:
             return
-        self.run('taskkill', '/im', os.path.basename(self.program), *words, check=False)
+        self.run('taskkill', '/im', SENDER, *words, check=False)
         self.sender.wait(20)
         self.sender = None
 
@@ -88,15 +81,28 @@ class Windows:
         """Pairs of recipients and text, as the add-in queues them."""
         self.run(BIN + 'fire.exe', 'sms', *(word for pair in messages for word in pair))
 
-    def press(self, *keys):
-        """On the keyboard of its display."""
+    def xdotool(self, *words):
+        """On its display."""
         environment = dict(os.environ)
         if BITS == '32' and 'TELLWICK_DISPLAY32' in environment:
             environment['DISPLAY'] = environment['TELLWICK_DISPLAY32']
             environment['XAUTHORITY'] = environment['TELLWICK_AUTHORITY32']
+        return subprocess.run(['xdotool', *words], env=environment, capture_output=True, text=True,
+                              check=False).stdout.strip()
+
+    def press(self, window, *keys):
+        """On the keyboard, once the window with that title has it."""
+        name = None
+
+        def active():
+            nonlocal name
+            name = self.xdotool('getactivewindow', 'getwindowname')
+            return name == window
+
+        assert wait_until(active), f'"{name}" is active instead of "{window}"'
         for key in keys:
-            subprocess.run(['xdotool', 'key', key], env=environment, check=True)
             time.sleep(0.5)
+            self.xdotool('key', key)
 
     def spool(self, state):
         """Of each SMS there: recipient, text and the values of its file."""

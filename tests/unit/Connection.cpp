@@ -22,6 +22,29 @@ TEST_CASE("Outlook without any window: nothing is touched, and shutting down is 
     CHECK_FALSE(host.platform.fileSystem.files.contains(TraceFile));
 }
 
+TEST_CASE("an administrator's set-up leaves a user's part to the first use, once") {
+    struct Case {
+        Hive hive;
+        TextView due, given, expected;
+    };
+    for (const Case& c :
+         {Case{Hive::LocalMachine, u"1", u"", u"+49"}, Case{Hive::CurrentUser, u"1", u"", u"+49"},
+          Case{Hive::LocalMachine, u"1", u"+43", u"+43"},
+          Case{Hive::LocalMachine, u"", u"", u""}}) {
+        CAPTURE(c.given);
+        Host host;
+        host.platform.locale.country = u"DE";
+        host.platform.registry.WriteString(c.hive, AddInKey, u"FirstUse", c.due);
+        if (!c.given.empty()) host.SetSetting(u"Prefixes", u"Remove0InPrefixes", c.given);
+        host.Connect();
+        CHECK(host.Setting(u"Prefixes", u"Remove0InPrefixes") == c.expected);
+        host.Disconnect();
+        host.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"");
+        host.Connect();
+        CHECK(host.Setting(u"Prefixes", u"Remove0InPrefixes").empty());
+    }
+}
+
 TEST_CASE("the first window gets button and entry at once, and a click on them opens the form") {
     for (const std::int32_t version : {9, 10, 11, 12, 16}) {
         CAPTURE(version);
