@@ -47,8 +47,7 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
           [&formSmsSendView](std::int32_t rows) { formSmsSendView.PlaceListBoxNumbers(rows); }),
       textFields(language),
       personalTexts(textFields, messageText, recipientField, recipientPeople),
-      airCountLine(services, formSmsSendView, recipientField, recipientPeople, personalTexts,
-                   platform.locale),
+      airCountLine(services, formSmsSendView, recipientField, personalTexts, platform.locale),
       awaitedRecipients(services, recipientLookup, recipientField, formSmsSendView),
       textTemplates(services, formSmsSendView.ComboBoxTextbausteine(),
                     [this](TextView text) { messageText.Insert(text); }),
@@ -88,7 +87,9 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       smsForward(errors, contacts, formSmsSend, formSmsSendView, recipientField, messageText),
       ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, smsForward,
              formSmsSend),
-      olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop) {}
+      olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop) {
+    recipientPeople.SetListener([this] { formSmsSend.People_Change(); });
+}
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     const auto openSms = [this](const ObjectPtr& application) {

@@ -6,7 +6,6 @@
 #include "compose/PersonalTexts.h"
 #include "compose/QueueText.h"
 #include "recipients/RecipientField.h"
-#include "recipients/RecipientPeople.h"
 #include "settings/LanguageTexts.h"
 
 namespace tellwick {
@@ -18,17 +17,13 @@ constexpr TextView Separator = u" · ";
 }  // namespace
 
 AirCountLine::AirCountLine(const Services& services, FormSmsSendView& view,
-                           const RecipientField& recipientField, RecipientPeople& recipientPeople,
-                           const PersonalTexts& personalTexts, Locale& locale)
+                           const RecipientField& recipientField, const PersonalTexts& personalTexts,
+                           Locale& locale)
     : Services(services),
       view(view),
       recipientField(recipientField),
       personalTexts(personalTexts),
-      locale(locale) {
-    recipientPeople.SetListener([this] {
-        if (this->personalTexts.Wanted()) Update();
-    });
-}
+      locale(locale) {}
 
 void AirCountLine::SwitchOn(bool newOn) {
     on = newOn;

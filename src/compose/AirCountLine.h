@@ -10,13 +10,12 @@ class FormSmsSendView;
 class Locale;
 class PersonalTexts;
 class RecipientField;
-class RecipientPeople;
 
 class AirCountLine : private Services {
 public:
     AirCountLine(const Services& services, FormSmsSendView& view,
-                 const RecipientField& recipientField, RecipientPeople& recipientPeople,
-                 const PersonalTexts& personalTexts, Locale& locale);
+                 const RecipientField& recipientField, const PersonalTexts& personalTexts,
+                 Locale& locale);
 
     // Whether there is a line; shows it or takes it away.
     void SwitchOn(bool newOn);

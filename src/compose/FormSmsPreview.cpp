@@ -87,8 +87,8 @@ void FormSmsPreview::Unload() {
 
 void FormSmsPreview::Refresh() {
     if (!view.Loaded()) return;
-    view.LabelCount().SetCaption(airCountLine.Describe());
     people.Refresh();
+    view.LabelCount().SetCaption(airCountLine.Describe());
     ShowText();
 }
 

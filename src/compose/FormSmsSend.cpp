@@ -237,6 +237,12 @@ void FormSmsSend::Contents_Change() {
     formSmsPreview.Refresh();
 }
 
+void FormSmsSend::People_Change() {
+    if (!view.Loaded()) return;
+    airCountLine.Update();
+    formSmsPreview.Refresh();
+}
+
 void FormSmsSend::Form_Close() {
     if (!parts.submission.Writing()) Unload();
 }

@@ -79,6 +79,8 @@ public:
     void Form_Resize();
     // Message or recipients have changed, whoever did it. Comes after their owners have heard it.
     void Contents_Change();
+    // Somebody is known now who was not, or another: a text with fields is another one for them.
+    void People_Change();
     // The form's own keys; true when the key was used up.
     bool Form_KeyDown(std::int32_t keyCode, std::int32_t shift);
     void ButtonTo_Click();

@@ -87,9 +87,9 @@ std::vector<Person> RecipientPeople::Of(const std::vector<Text>& numbers) {
     }
     lastNumbers = numbers;
     lastPeople = people;
-    // The listener hears what comes of it, perhaps at once.
     if (missing) addresses.RefreshOnce();
-    return people;
+    // A short list is read at once.
+    return lastNumbers.empty() ? Of(numbers) : people;
 }
 
 }  // namespace tellwick

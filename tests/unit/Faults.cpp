@@ -67,7 +67,16 @@ struct Session : Host {
         ClickRibbon(inspector);
         ClickRibbon(outlook.InspectorOf(plain));
         ClickRibbon(outlook.OpenInspector(contact));
-        Type(u"0176", u"five");
+        Type(u"0171;0176", u"five {Vorname}");
+        Inside([this] {
+            program.formSmsSend.AirCount_Click();
+            program.formSmsPreview.ButtonForward_Click();
+        });
+        Inside([this] { program.submission.ButtonSend_Click(); });
+        CheckAllOrNone();
+        CheckNothingLost();
+        outlook.ClickButton(Button(first));
+        Type(u"0177", u"six");
         outlook.shutDownAddIns = [this] { Inside([this] { Host::Disconnect(); }); };
         outlook.Quit();
     }
@@ -85,6 +94,18 @@ struct Session : Host {
             CHECK_MESSAGE(Contains(kept, one.second), "lost");
         }
         typed.clear();
+    }
+    // Of the text to two people.
+    void CheckAllOrNone() {
+        const Meanwhile noFaults(platform.faults, Faults());
+        int entered = 0;
+        for (const auto& [name, path] : platform.registry.values) {
+            const auto file = platform.fileSystem.files.find(path);
+            if (!Contains(name, u"\\SMSQueue\\") || file == platform.fileSystem.files.end())
+                continue;
+            entered += file->second.contents.find("\tfive") != std::string::npos;
+        }
+        CHECK(entered % 2 == 0);
     }
     void CheckNothingHeld() {
         CHECK(outlook.thrownAtHost == 0);

@@ -13,7 +13,7 @@ constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
 
 // Outlook with people in it, whom the address list knows, and a form that is open.
 struct ToMany : Host {
-    ToMany() {
+    explicit ToMany(bool read = true) {
         anna = Add(u"Anna Berger", u"Berger, Anna", u"+49 171 1000001", u"Nordwerk");
         hans = Add(u"Dr. Hans von der Heide", u"von der Heide, Hans", u"+49 172 2000002", u"");
         Add(u"Eva Ost", u"", u"+49 173 3000003", u"");
@@ -25,7 +25,7 @@ struct ToMany : Host {
         SetRegistry(RootKey, u"hWnd", u"4711");
         SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
         Connect();
-        program.addresses.Refresh();
+        if (read) program.addresses.Refresh();
         Settle();
     }
     std::shared_ptr<standin::Item> Add(TextView name, TextView fileAs, TextView mobile,
@@ -400,6 +400,19 @@ TEST_CASE("the status bar sums up what each person gets, and the preview shows i
     form.view.Message().SetText(u"x");
     CHECK_FALSE(preview.personal);
     CHECK(form.view.StatusBar1().pane == u"GSM · 1 SMS × 2 = 2 · 159 frei");
+    form.Disconnect();
+}
+
+TEST_CASE("a text with fields has the contacts read, and what it says of them follows") {
+    ToMany form(false);
+    form.program.formSmsSend.Open(u"01711000001");
+    CHECK(form.program.addresses.List().Size() == 0);
+    form.view.Message().SetText(u"{Vorname}");
+    form.program.formSmsSend.AirCount_Click();
+    form.Settle();
+    CHECK(form.view.StatusBar1().pane == u"GSM · 1 SMS · 156 frei");
+    CHECK(form.previewView.LabelCount().Caption() == form.view.StatusBar1().pane);
+    CHECK(EndsWith(form.previewView.TextParts().text, u"[Anna]"));
     form.Disconnect();
 }
 
