@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The sender's figures, with Kannel as its gateway: bench/sender.py, with TELLWICK_BITS 32 or 64."""
+"""The sender's figures, with Kannel and the stand-in modem: bench/sender.py, with TELLWICK_BITS."""
 
 import os
 import subprocess
@@ -8,16 +8,30 @@ import time
 
 sys.path.insert(0, f'{os.path.dirname(os.path.abspath(__file__))}/../tests/sender')
 from machine import BIN, SENDER, Kannel, Windows, wait_until  # noqa: E402
+from modems import Modem  # noqa: E402
 
 TAKEN = 10000
-SENT = 1000
+SENT = 2000
+BY_MODEM = 50
+SHOWN = 100000
 PATIENCE = 300  # seconds
 
 
-def seconds_until(condition, began):
-    if not wait_until(condition, PATIENCE):
-        sys.exit('error: not done in time')
+def seconds_until(condition, began, pause):
+    """What is looked at too often is held up by that."""
+    while not condition():
+        if time.monotonic() - began > PATIENCE:
+            sys.exit('error: not done in time')
+        time.sleep(pause)
     return time.monotonic() - began
+
+
+def lie(windows, state):
+    """So many, without a look at each."""
+    names = 0
+    for _, _, files in os.walk(f'{windows.folder}/Spool/{state}'):
+        names += len(files)
+    return names - 1  # the one that explains the folder
 
 
 def queue(windows, count):
@@ -25,26 +39,68 @@ def queue(windows, count):
                    capture_output=True)
 
 
-def main():
-    size = os.path.getsize(BIN + SENDER)
-    print(f'sender: {size} bytes (target: below 1500000)')
+def take():
     # Without a modem nothing is sent, and the spool fills.
     windows = Windows({})
     queue(windows, TAKEN)
+    began = time.monotonic()
     windows.start('nocheck')
-    taken = seconds_until(lambda: windows.count('waiting') >= TAKEN, time.monotonic())
+    taken = seconds_until(lambda: lie(windows, 'waiting') >= TAKEN, began, 0.5)
     print(f'{TAKEN} entries from the queue into the spool: {taken:.1f} s (target: below 5)')
     windows.end('/f')
 
+
+def send():
     kannel = Kannel()
     windows = Windows(kannel.settings() | {'SMS': {'MaxSentSMS': 99999}})
     queue(windows, SENT)
     kannel.start()
+    began = time.monotonic()
     windows.start('nocheck')
-    rate = SENT / seconds_until(lambda: windows.count('sent') >= SENT, time.monotonic())
-    print(f'SMS a second from queue to Kannel: {rate:.0f} (target: 200)', flush=True)
+    rate = SENT / seconds_until(lambda: lie(windows, 'sent') >= SENT, began, 0.2)
+    print(f'SMS a second from queue to Kannel: {rate:.0f} (target: 200)')
     windows.end('/f')
     kannel.close()
+
+
+def wait_for_modem():
+    windows = Windows({'Settings': {'ComPort': 'COM5', 'Baudrate': 115200}})
+    modem = Modem(windows)
+    queue(windows, BY_MODEM)
+    windows.start('nocheck')
+    assert wait_until(lambda: len(modem.lines('SUBMIT')) == BY_MODEM, PATIENCE)
+    waits = sorted(int(wait) / 1000 for wait in modem.lines('NEXT'))
+    print(f"a modem's wait from its answer to the next command: median {waits[len(waits) // 2]:.1f} "
+          f'ms, longest {waits[-1]:.1f} ms (target: below 5)')
+    windows.end('/f')
+    modem.close()
+
+
+def show():
+    windows = Windows({'SMS': {'MaxSentSMS': 999999}})
+    folder = f'{windows.folder}/Spool/sent'
+    os.makedirs(folder)
+    for number in range(SHOWN):
+        with open(f'{folder}/20260101-{number:09}-bench-00001.sms', 'wb') as file:
+            file.write(b'Tellwick SMS 1\r\nTo=0171\r\nAccepted=2026-01-01 10:00:00.000\r\n'
+                       b'Result=Sent\r\nBytes=5\r\n\r\nHallo')
+    began = time.monotonic()
+    sender = subprocess.Popen(windows.command(BIN + SENDER), stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL)
+    visible = ('search', '--onlyvisible', '--name', '^Tellwick$')
+    shown = seconds_until(lambda: windows.xdotool(*visible), began, 0.01)
+    print(f'window with {SHOWN} sent SMS: {1000 * shown:.0f} ms (target: below 200)', flush=True)
+    windows.run('taskkill', '/im', SENDER, '/f', check=False)
+    sender.wait(20)
+    Windows({})
+
+
+def main():
+    size = os.path.getsize(BIN + SENDER)
+    print(f'sender: {size} bytes (target: below 1500000)')
+    for part in (take, send, wait_for_modem, show):
+        part()
+        sys.stdout.flush()
 
 
 if __name__ == '__main__':

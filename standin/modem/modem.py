@@ -4,7 +4,7 @@
     modem.py LINK
 
 The terminal's name becomes the target of LINK. Prints "SUBMIT UNIT" for each SMS that the network
-has taken. Its faults come as lines on the standard input:
+has taken, and "NEXT MICROSECONDS" when another follows, since the answer to that one. Its faults come as lines on the standard input:
 
     pin 1234      the SIM asks for this PIN, three times
     network 0|1   registered in none, or again
@@ -25,6 +25,7 @@ import os
 import re
 import select
 import sys
+import time
 import tty
 
 CTRL_Z = 0x1A
@@ -54,6 +55,7 @@ class Modem:
         self.pin = None
         self.tries = 3
         self.registered = True
+        self.answered = None  # when the last unit was
         self.failure = None
         self.lost = False
         self.cut = None
@@ -147,9 +149,13 @@ class Modem:
                 self.lost = False
                 return
             self.answer(f'+CMGS: {self.reference}', 'OK')
+            self.answered = time.monotonic()
 
     def command(self, line):
         name = line.upper()
+        if name.startswith('AT+CMGS=') and self.answered is not None:
+            print('NEXT', round(1e6 * (time.monotonic() - self.answered)), flush=True)
+            self.answered = None
         needs_sim = ('AT+CMG', 'AT+CREG', 'AT+CNMI', 'AT+CSQ')
         if name in ABOUT:
             self.answer(*ABOUT[name], 'OK')
