@@ -20,6 +20,7 @@ FieldMenu::FieldMenu(const Services& services, FormSmsSendView& view, const Text
 void FieldMenu::ButtonFields_Click() {
     Procedure procedure{debug, u"ButtonFields_Click"};
     std::vector<Text> entries;
+    entries.reserve(Fields.size() + 2);
     for (const Field field : Fields) entries.push_back(u"{" + textFields.Word(field) + u"}");
     if (lastRun.Known()) {
         entries.emplace_back();

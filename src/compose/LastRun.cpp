@@ -27,8 +27,9 @@ Text TwoDigits(std::int64_t number) {
 Text DateText(double date) {
     const std::chrono::sys_days start =
         std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
-    const auto minutes = std::int64_t(std::floor(date * 24 * 60 + 0.5));
-    const std::chrono::year_month_day day(start + std::chrono::days(minutes / (24 * 60)));
+    constexpr std::int64_t MinutesADay = 1440;
+    const auto minutes = std::int64_t(std::floor(date * MinutesADay + 0.5));
+    const std::chrono::year_month_day day(start + std::chrono::days(minutes / MinutesADay));
     return NumberText(int(day.year())) + u"-" + TwoDigits(unsigned(day.month())) + u"-" +
            TwoDigits(unsigned(day.day())) + u" " + TwoDigits(minutes / 60 % 24) + u":" +
            TwoDigits(minutes % 60);

@@ -61,6 +61,7 @@ bool PersonalSubmission::Queue(std::vector<PersonalText> texts, const SmsSetting
     if (!SettleMissing(texts)) return false;
     if (settings.askLostCharacters) {
         std::vector<Text*> all;
+        all.reserve(texts.size());
         for (PersonalText& each : texts) all.push_back(&each.filled.text.text);
         if (!lostCharacters.SettleFilled(all)) return false;
     }

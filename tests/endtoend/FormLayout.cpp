@@ -123,9 +123,16 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             CheckLayout(outlook);
             Click(form.message);
             REQUIRE(WaitUntil([&] { return Focus() == form.message; }));
-            Press('P', {VK_CONTROL});
-            REQUIRE(WaitUntil([&] { return !IsWindowEnabled(form.window); }));
-            CheckLayout(outlook, 8);
+            // Of one text for everybody, and of one by name.
+            for (const bool byName : {false, true}) {
+                if (byName) TypeCharacters(L"{Name}");
+                Press('P', {VK_CONTROL});
+                REQUIRE(WaitUntil([&] { return !IsWindowEnabled(form.window); }));
+                CheckLayout(outlook, byName ? 13 : 8);
+                if (byName) break;
+                Press(VK_ESCAPE);
+                REQUIRE(WaitUntil([&] { return Focus() == form.message; }));
+            }
             PostMessageW(GetLastActivePopup(form.window), WM_CLOSE, 0, 0);
             REQUIRE(WaitUntil([&] { return IsWindowEnabled(form.window) != 0; }));
             for (const HWND button : Descendants(form.window)) {

@@ -95,8 +95,9 @@ struct Session : Host {
         }
         typed.clear();
     }
-    // Of the text to two people.
+    // Of the text to two people. Without any memory for good nothing can be taken back.
     void CheckAllOrNone() {
+        if (failingAllocations.forGood) return;
         const Meanwhile noFaults(platform.faults, Faults());
         int entered = 0;
         for (const auto& [name, path] : platform.registry.values) {
