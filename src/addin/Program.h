@@ -41,6 +41,7 @@
 #include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
 #include "settings/PhoneModels.h"
+#include "settings/Policies.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 #include "settings/SettingsLocator.h"
@@ -71,6 +72,7 @@ public:
     Paths paths;
     Files files;
     IniFile iniFile;
+    Policies policies;
     InifilesLite inifilesLite;
     PhoneModels phoneModels;
     Language language;

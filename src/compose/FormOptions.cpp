@@ -51,6 +51,7 @@ FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms&
       forms(forms),
       locale(locale),
       traceSwitch(traceSwitch),
+      fixedOptions(view, inifilesLite, language),
       applied(std::move(applied)) {
     view.SetEvents(*this);
 }
@@ -75,8 +76,10 @@ void FormOptions::Form_Load() {
     forms.Add(*this);
     language.GetLanguageStringsForForm(FormName, view);
 
-    // The sender application may have changed the settings since they were last read.
+    // The sender application may have changed the settings since they were last read, and an
+    // administrator what he has given.
     constexpr std::int16_t LookForChanges = 1;
+    inifilesLite.LookForPolicies();
     const auto read = [&](TextView section, TextView key, TextView defaultValue) {
         return inifilesLite.GetIniSetting(section, key, defaultValue, false, LookForChanges);
     };
@@ -106,6 +109,7 @@ void FormOptions::Form_Load() {
     view.CheckForgetAnswers().SetEnabled(questionBox.AnswersRemembered());
     traceShown = traceSwitch.SwitchedOn();
     view.CheckTrace().SetChecked(traceShown);
+    fixedOptions.Show();
     shown = Entered();
     // What is only proposed is not set yet: OK writes it.
     for (Setting& setting : shown) {
@@ -204,6 +208,7 @@ void FormOptions::EnableNumUsedNumber() {
     const bool store = view.CheckStoreNumbers().Checked();
     view.LabelNumUsedNumber().SetEnabled(store);
     view.TextNumUsedNumber().SetEnabled(store);
+    fixedOptions.Show();
 }
 
 void FormOptions::OptionNational_Click() {
@@ -219,6 +224,7 @@ void FormOptions::OptionInternational_Click() {
 // Not by which one was clicked: an option button may say so of itself when it only gets the focus.
 void FormOptions::EnablePrefixes() {
     view.TextPrefixes().SetEnabled(view.OptionNational().Checked());
+    fixedOptions.Show();
 }
 
 void FormOptions::ButtonOK_Click() {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "compose/FixedOptions.h"
 #include "compose/FormOptionsView.h"
 #include "platform/Locale.h"
 #include "settings/LanguageTexts.h"
@@ -70,6 +71,7 @@ private:
     Forms& forms;
     Locale& locale;
     TraceSwitch& traceSwitch;
+    FixedOptions fixedOptions;
     std::function<void()> applied;
 };
 

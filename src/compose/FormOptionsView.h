@@ -38,6 +38,8 @@ public:
     virtual CheckBox& CheckAskLostCharacters() = 0;
     virtual CheckBox& CheckForgetAnswers() = 0;
     virtual CheckBox& CheckTrace() = 0;
+    // Takes no place without a caption.
+    virtual Control& LabelFixed() = 0;
 
     // Names of the installed fonts that letters can be written in, in alphabetical order.
     virtual std::vector<Text> FontNames() = 0;

@@ -53,6 +53,7 @@ bool FormOptionsWindow::Load() {
          {u"CheckForgetAnswers", &checkForgetAnswers, L"BUTTON", style::Check, 0},
          {u"CheckTrace", &checkTrace, L"BUTTON", style::Check, 0},
          {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", style::Help, 0},
+         {u"LabelFixed", &labelFixed, L"STATIC", style::Help, 0},
          {u"ButtonOK", &buttonOK, L"BUTTON", style::Button | WS_GROUP, 0},
          {u"ButtonCancel", &buttonCancel, L"BUTTON", style::Button, 0}},
         owner.Window());
@@ -137,6 +138,7 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.Wrapped(labelTraceHelp);
     rows.End(frameMisc);
 
+    if (!labelFixed.Caption().empty()) rows.Wrapped(labelFixed);
     rows.Drop(2);
     return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
 }

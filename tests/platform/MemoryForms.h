@@ -284,7 +284,7 @@ public:
         Have(CheckStoreNumbers(), CheckNumberCache(), LabelNumUsedNumber(), TextNumUsedNumber(),
              OptionNational(), OptionInternational(), TextPrefixes(), BoxFont(), BoxFontSize(),
              BoxLanguage(), CheckAirCount(), CheckAskLostCharacters(), CheckForgetAnswers(),
-             CheckTrace());
+             CheckTrace(), LabelFixed());
     }
     MemoryCheckBox& CheckStoreNumbers() override { return Own(u"CheckStoreNumbers"); }
     MemoryCheckBox& CheckNumberCache() override { return Own(u"CheckNumberCache"); }
@@ -300,6 +300,7 @@ public:
     MemoryCheckBox& CheckAskLostCharacters() override { return Own(u"CheckAskLostCharacters"); }
     MemoryCheckBox& CheckForgetAnswers() override { return Own(u"CheckForgetAnswers"); }
     MemoryCheckBox& CheckTrace() override { return Own(u"CheckTrace"); }
+    MemoryControl& LabelFixed() override { return Own(u"LabelFixed"); }
     std::vector<Text> FontNames() override { return {u"Arial", u"Tahoma"}; }
     void SetEvents(FormOptionsEvents&) override {}
 };
