@@ -31,15 +31,16 @@ HANDLE SetPerMonitor() {
 
 }  // namespace
 
-MonitorAware::MonitorAware(Entry entry) : before(SetPerMonitor()), outermost(!outlooks) {
-    if (!outermost) return;
+MonitorAware::MonitorAware(Entry entry) : before(SetPerMonitor()), outlooksBefore(outlooks) {
+    // In a box or a wait of the add-in's own only Outlook's calls come in a context of Outlook's.
+    if (outlooks && entry != Call) return;
     outlooksThread = GetCurrentThreadId();
     if (entry == Loop) loops = before;
     outlooks = entry == Window ? loops : before;
 }
 
 MonitorAware::~MonitorAware() {
-    if (outermost) outlooks = nullptr;
+    outlooks = outlooksBefore;
     SetContext(before);
 }
 

@@ -21,7 +21,7 @@ public:
 
 private:
     HANDLE before;
-    bool outermost;
+    HANDLE outlooksBefore;
 };
 
 // Around every call of Outlook: the context that it had when it called, until the call returns.

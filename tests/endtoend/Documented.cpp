@@ -136,7 +136,8 @@ void IsFoundByOthers(Machine&, StandIn& outlook, bool on) {
     CHECK(FoundByOthers() == !on);
     const HWND sender = FindWindowW(L"TellwickSender", nullptr);
     ShowWindow(sender, SW_SHOWNORMAL);
-    SetForegroundWindow(sender);
+    // A window that is just being shown may have no use for the foreground yet.
+    CHECK(WaitUntil([&] { return SetForegroundWindow(sender) && GetForegroundWindow() == sender; }));
     CHECK(WaitUntil(FoundByOthers));
     CoUninitialize();
 }

@@ -95,24 +95,6 @@ TEST_CASE("ribbon and menus have the add-in's buttons instead of the bars, while
     }
 }
 
-TEST_CASE("the add-in is taken out within a tick, and its library stays until that is over") {
-    Machine machine;
-    StandIn outlook(16);
-    outlook.Command("many-contacts 50 1");
-    outlook.Command("slow-store \"Personal Folders\" 300 pump");
-    outlook.Command("select 1");
-    outlook.Command("click-ribbon 1 \"Neue SMS\"");
-    outlook.Command("push An:");
-    // The first answer tells that a tick runs: its command is taken while Outlook is called.
-    Sleep(500);
-    CHECK(outlook.Command("disconnect").empty());
-    CHECK(outlook.Command("unload") == "loaded");
-    outlook.Command("slow-store \"Personal Folders\" 0");
-    outlook.Command("wait 1000");
-    CHECK(outlook.Command("unload") == "unloaded");
-    CheckClean(outlook.Quit());
-}
-
 TEST_CASE(
     "an Outlook that was started without a window has the add-in on the ribbon of the first") {
     for (const int version : {14, 16}) {

@@ -88,15 +88,28 @@ class Windows:
         """Pairs of recipients and text, as the add-in queues them."""
         self.run(BIN + 'fire.exe', 'sms', *(word for pair in messages for word in pair))
 
-    def press(self, *keys):
-        """On the keyboard of its display."""
+    def xdotool(self, *words):
+        """On its display."""
         environment = dict(os.environ)
         if BITS == '32' and 'TELLWICK_DISPLAY32' in environment:
             environment['DISPLAY'] = environment['TELLWICK_DISPLAY32']
             environment['XAUTHORITY'] = environment['TELLWICK_AUTHORITY32']
+        return subprocess.run(['xdotool', *words], env=environment, capture_output=True, text=True,
+                              check=False).stdout.strip()
+
+    def press(self, window, *keys):
+        """On the keyboard, once the window with that title has it."""
+        name = None
+
+        def active():
+            nonlocal name
+            name = self.xdotool('getactivewindow', 'getwindowname')
+            return name == window
+
+        assert wait_until(active), f'"{name}" is active instead of "{window}"'
         for key in keys:
-            subprocess.run(['xdotool', 'key', key], env=environment, check=True)
             time.sleep(0.5)
+            self.xdotool('key', key)
 
     def spool(self, state):
         """Of each SMS there: recipient, text and the values of its file."""
