@@ -206,6 +206,7 @@ void FormSettings::ShowFixed() {
             if (control) control->SetEnabled(!fixed);
         }
     }
+    fields.labelFixed.SetVisible(any);
     fields.labelFixed.SetCaption(any ? Words(u"LabelFixed") : Text());
 }
 

@@ -7,7 +7,8 @@ namespace tellwick {
 
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormSmsSelectAddressView& formSmsSelectAddressView,
-                 FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView)
+                 FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView,
+                 FormSupportView& formSupportView)
     : errors(platform.errors),
       messageBoxes(platform.dialogs),
       errorBoxes(messageBoxes),
@@ -58,7 +59,13 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  lostCharacters, draft, platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientField, platform.clock, platform.timers),
-      formOptions(services, formOptionsView, forms, platform.locale, traceSwitch,
+      supportFile(errors, debug, regEdit, inifilesLite, platform.fileSystem, platform.programs,
+                  [this] {
+                      const std::shared_ptr<OutlookAddIn> addIn = outlookAddIn.lock();
+                      return addIn ? addIn->GetOlApp() : nullptr;
+                  }),
+      formSupport(services, formSupportView, forms, supportFile),
+      formOptions(services, formOptionsView, forms, platform.locale, traceSwitch, formSupport,
                   [this] {
                       prefixes.Forget();
                       formSmsSend.ApplySettings();
@@ -86,9 +93,11 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
                                              processValues, ribbon, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses,
-                                          recipientLookup, forms, smsReply, ribbon, processValues,
-                                          createExplorer);
+    auto created =
+        std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses, recipientLookup,
+                                       forms, smsReply, ribbon, processValues, createExplorer);
+    outlookAddIn = created;
+    return created;
 }
 
 }  // namespace tellwick

@@ -16,6 +16,7 @@
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendRouter.h"
+#include "compose/FormSupport.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
 #include "compose/Process.h"
@@ -45,6 +46,7 @@
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 #include "settings/SettingsLocator.h"
+#include "settings/SupportFile.h"
 #include "settings/TraceSwitch.h"
 
 namespace tellwick {
@@ -56,7 +58,7 @@ class Program {
 public:
     Program(const Platform& platform, FormSmsSendView& formSmsSendView,
             FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView,
-            FormSmsPreviewView& formSmsPreviewView);
+            FormSmsPreviewView& formSmsPreviewView, FormSupportView& formSupportView);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -99,6 +101,8 @@ public:
     Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
+    SupportFile supportFile;
+    FormSupport formSupport;
     FormOptions formOptions;
     FirstUse firstUse;
     FormSmsPreview formSmsPreview;
@@ -108,6 +112,9 @@ public:
     SmsReply smsReply;
     Ribbon ribbon;
     OlButtons olButtons;
+
+private:
+    std::weak_ptr<OutlookAddIn> outlookAddIn;  // the one made last
 };
 
 }  // namespace tellwick

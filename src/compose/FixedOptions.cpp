@@ -36,6 +36,7 @@ void FixedOptions::Show() {
             if (control) control->SetEnabled(false);
         }
     }
+    view.LabelFixed().SetVisible(any);
     view.LabelFixed().SetCaption(any ? language.TextOrBuiltIn(u"FormOptions", u"LabelFixed")
                                      : Text());
 }

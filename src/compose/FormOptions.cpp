@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "compose/FormSupport.h"
 #include "recipients/Countries.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
@@ -45,12 +46,14 @@ Text Chosen(const ItemList& box) {
 }  // namespace
 
 FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms& forms,
-                         Locale& locale, TraceSwitch& traceSwitch, std::function<void()> applied)
+                         Locale& locale, TraceSwitch& traceSwitch, FormSupport& formSupport,
+                         std::function<void()> applied)
     : Services(services),
       view(view),
       forms(forms),
       locale(locale),
       traceSwitch(traceSwitch),
+      formSupport(formSupport),
       fixedOptions(view, inifilesLite, language),
       applied(std::move(applied)) {
     view.SetEvents(*this);
@@ -252,6 +255,11 @@ void FormOptions::ButtonOK_Click() {
     applied();
 }
 
+void FormOptions::ButtonSupport_Click() {
+    Procedure procedure{debug, u"ButtonSupport_Click"};
+    formSupport.Show();
+}
+
 void FormOptions::ButtonCancel_Click() {
     Procedure procedure{debug, u"ButtonCancel_Click"};
     Unload();
@@ -259,6 +267,7 @@ void FormOptions::ButtonCancel_Click() {
 
 void FormOptions::Unload() {
     if (!view.Loaded()) return;
+    formSupport.Unload();
     view.Unload();
     forms.Remove(*this);
 }

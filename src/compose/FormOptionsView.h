@@ -13,6 +13,7 @@ public:
     virtual void CheckStoreNumbers_Click() = 0;
     virtual void OptionNational_Click() = 0;
     virtual void OptionInternational_Click() = 0;
+    virtual void ButtonSupport_Click() = 0;
     // The default button.
     virtual void ButtonOK_Click() = 0;
     // Also for Escape and the window's frame.

@@ -71,6 +71,7 @@ private:
     WindowCheckBox checkTrace;
     WindowControl labelTraceHelp;
     WindowControl labelFixed;
+    WindowControl buttonSupport;
     WindowControl buttonOK;
     WindowControl buttonCancel;
 };

@@ -137,7 +137,8 @@ void IsFoundByOthers(Machine&, StandIn& outlook, bool on) {
     const HWND sender = FindWindowW(L"TellwickSender", nullptr);
     ShowWindow(sender, SW_SHOWNORMAL);
     // A window that is just being shown may have no use for the foreground yet.
-    CHECK(WaitUntil([&] { return SetForegroundWindow(sender) && GetForegroundWindow() == sender; }));
+    CHECK(
+        WaitUntil([&] { return SetForegroundWindow(sender) && GetForegroundWindow() == sender; }));
     CHECK(WaitUntil(FoundByOthers));
     CoUninitialize();
 }

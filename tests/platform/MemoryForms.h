@@ -14,6 +14,7 @@
 #include "compose/FormSmsPreviewView.h"
 #include "compose/FormSmsSelectAddressView.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/FormSupportView.h"
 
 namespace tellwick::test {
 
@@ -276,6 +277,13 @@ public:
 
 private:
     std::array<MemoryCheckBox, 6> bar;
+};
+
+class MemoryFormSupportView final : public MemoryFormView<FormSupportView> {
+public:
+    MemoryFormSupportView() { Have(TextContents()); }
+    MemoryTextBox& TextContents() override { return Own(u"TextContents"); }
+    void SetEvents(FormSupportEvents&) override {}
 };
 
 class MemoryFormOptionsView final : public MemoryFormView<FormOptionsView> {

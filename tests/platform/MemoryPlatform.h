@@ -304,6 +304,7 @@ public:
     Text FirstModulePath(std::uint32_t process) override {
         return faults.Hit() ? Text() : paths.at(process);
     }
+    std::vector<Text> MissingFunctions() override { return {u"user32.dll GetDpiForWindow"}; }
     bool Start(TextView application, TextView startLine, WindowStyle style) override {
         started.push_back({Text(application), Text(startLine), style});
         const bool fails = failStart || faults.Hit();
