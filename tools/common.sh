@@ -43,7 +43,7 @@ distIsDue() {
     local setup=$build/dist/TellwickForOutlook-$1.exe
     [ ! -f "$setup" ] ||
         [ -n "$(find "$build"/win{32,64}/bin/TellwickOutlookAddIn.dll \
-            "$build/win32/bin/TellwickSender.exe" \
+            "$build/win32/bin/Tellwick.exe" \
             "$root"/{packaging,lang,manual} "$tools"/{dist,msi} -newer "$setup")" ]
 }
 

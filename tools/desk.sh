@@ -32,10 +32,9 @@ newUser() {
     "$tools/register" "$bits" 'C:\Tellwick for Outlook\TellwickOutlookAddIn.dll'
 }
 
-# The sender's own program as the add-in finds it, with a stand-in modem on a port: what the modem
-# says of the network goes to a file, what happens to it comes through a pipe (see modem.py).
+# A stand-in modem on a port for the sender: what it says of the network goes to a file, what happens
+# to it comes through a pipe (see modem.py).
 useModem() {
-    cp "$bin/TellwickSender.exe" "$folder/Tellwick.exe"
     sed -i 's/^\[Settings\]\r$/&\nComPort=COM5\r\nBaudrate=115200\r/' "$settings/corvane.ini"
     rm -f "$shots/phone" && mkfifo "$shots/phone"
     python3 "$root/standin/modem/modem.py" "$prefix/dosdevices/com5" <"$shots/phone" \
@@ -47,9 +46,8 @@ useModem() {
 startOutlook() {
     rm -f "$shots/commands" && mkfifo "$shots/commands"
     : >"$shots/answers"
-    TELLWICK_SENDER_LOG='C:\Tellwick for Outlook\sent.txt' "$tools/wine" "$bits" \
-        "$bin/OutlookStandIn.exe" --version "$@" --language "$language" --commands \
-        <"$shots/commands" >"$shots/answers" 2>>"$log" &
+    "$tools/wine" "$bits" "$bin/OutlookStandIn.exe" --version "$@" --language "$language" \
+        --commands <"$shots/commands" >"$shots/answers" 2>>"$log" &
     outlook=$!
     trap 'kill $outlook 2>/dev/null || true' EXIT
     exec 4>"$shots/commands"

@@ -68,6 +68,7 @@ bool SenderWindow::Open(bool minimised) {
     // The window shows itself before a spool of many thousand SMS is read.
     SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr);
     sender.Publish(window);
+    sender.Look();  // what was queued since its first look has told nobody
     return true;
 }
 
@@ -234,9 +235,8 @@ void SenderWindow::SpoolChanged(const Text& id, std::optional<State> state) {
     dialogs.SpoolChanged(id, state);
     if (state == State::Failed) icon.Failed(id);
     // Set anew by each of many changes it would never come.
-    if (window && !refreshDue) {
-        refreshDue = SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr) != 0;
-    }
+    if (refreshDue || !window) return;
+    refreshDue = SetTimer(window, RefreshTimer, BetweenRefreshes, nullptr) != 0;
 }
 
 void SenderWindow::Refresh() {

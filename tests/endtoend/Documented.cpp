@@ -39,7 +39,8 @@ void Send(StandIn& outlook) {
 }
 
 bool HasSent(const Machine& machine) {
-    return WaitUntil([&] { return machine.Sent() == "1\t0171 2345678\tHallo\n"; });
+    return WaitUntil(
+        [&] { return machine.Taken() == std::vector<std::string>{"01712345678\tHallo"}; });
 }
 
 void EveryWindowFollowsItsMonitor(Machine& machine, StandIn& outlook, bool on) {
@@ -99,7 +100,7 @@ void TellsAnSms(Machine&, StandIn& outlook, bool) {
 }
 
 void SendsFromAForeignFolder(Machine& machine, StandIn& outlook, bool) {
-    REQUIRE(FindTopWindow(L"Tellwick"));
+    REQUIRE(FindWindowW(L"TellwickSender", nullptr));
     // Kept in the queue, to be looked at.
     EndSender();
     Send(outlook);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "endtoend/Child.h"
 
@@ -119,12 +120,23 @@ Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for
              programFolder + library);
     fs::copy(BuildFolder() + L"Tellwick.exe", programFolder + L"Tellwick.exe");
     fs::copy(BuildFolder() + L"lang", programFolder + L"lang");
-    SetEnvironmentVariableW(L"TELLWICK_SENDER_LOG", (programFolder + L"sent.txt").c_str());
     Register();
 }
 
-std::string Machine::Sent() const {
-    return ReadBytes(programFolder + L"sent.txt");
+std::vector<std::string> Machine::Taken() const {
+    std::map<fs::path, fs::path> files;  // by their names, which are in order
+    const fs::path waiting = SettingsFolder() + L"Spool\\waiting";
+    if (!fs::exists(waiting)) return {};
+    for (const auto& file : fs::recursive_directory_iterator(waiting))
+        if (file.path().extension() == L".sms") files[file.path().filename()] = file.path();
+    std::vector<std::string> taken;
+    for (const auto& [name, path] : files) {
+        const std::string sms = ReadBytes(path.wstring());
+        const std::size_t to = sms.find("\r\nTo=") + 5;
+        taken.push_back(sms.substr(to, sms.find("\r\n", to) - to) + "\t" +
+                        sms.substr(sms.find("\r\n\r\n") + 4));
+    }
+    return taken;
 }
 
 Machine::~Machine() {

@@ -52,8 +52,9 @@ public:
     // As the system's profile functions read it; "(none)" where there is none.
     std::wstring Setting(const wchar_t* section, const wchar_t* key) const;
 
-    // What the sender has taken, one line an SMS: entry number, recipient, text, in ANSI bytes.
-    std::string Sent() const;
+    // What the sender has taken, in that order: of each SMS recipient, TAB and text. With no modem
+    // and no gateway it keeps them all.
+    std::vector<std::string> Taken() const;
 
     void Register();
     void Unregister();

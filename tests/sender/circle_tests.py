@@ -3,7 +3,7 @@
 
 import unittest
 
-from machine import Windows, wait_until
+from machine import BIN, SENDER, Windows, wait_until
 from modems import Modem
 from outlook import Outlook
 
@@ -20,7 +20,6 @@ class Circle(unittest.TestCase):
         self.addCleanup(windows.end, '/f')
         modem = Modem(windows)
         self.addCleanup(modem.close)
-        windows.name_as_shipped()
         windows.start('nocheck')
         modem.play(f'receive {UNIT}')
         self.assertTrue(wait_until(lambda: windows.files('received', 'pdu')))
@@ -28,7 +27,7 @@ class Circle(unittest.TestCase):
         self.addCleanup(outlook.close)
         self.assertEqual(outlook.ask('items'), '')
         # Others find it running once another window is the active one.
-        windows.run(windows.program)
+        windows.run(BIN + SENDER)
         self.assertTrue(wait_until(lambda: outlook.ask('items')))
         self.assertIn('How are you?', outlook.ask('items'))
         self.assertTrue(wait_until(lambda: not windows.files('received', 'pdu')))

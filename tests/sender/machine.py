@@ -12,7 +12,7 @@ import time
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 BITS = os.environ.get('TELLWICK_BITS', '64')
 BIN = f'{ROOT}/build/win{BITS}/bin/'
-SENDER = 'TellwickSender.exe'
+SENDER = 'Tellwick.exe'
 KEY = r'HKCU\Software\Omberline\Tellwick'
 
 
@@ -37,14 +37,7 @@ class Windows:
         shutil.rmtree(self.folder, ignore_errors=True)
         os.makedirs(self.folder)
         self.sender = None
-        self.program = BIN + SENDER
         self.write_settings(settings)
-
-    def name_as_shipped(self):
-        """The sender as the add-in looks for it, in a folder of its own."""
-        folder = f'{self.devices}/../drive_c/Sender'
-        os.makedirs(folder, exist_ok=True)
-        self.program = shutil.copy(BIN + SENDER, f'{folder}/Tellwick.exe')
 
     def command(self, *words):
         return [f'{ROOT}/tools/wine', BITS, *words]
@@ -72,7 +65,7 @@ class Windows:
         return found and found[1]
 
     def start(self, *words):
-        self.sender = subprocess.Popen(self.command(self.program, *words),
+        self.sender = subprocess.Popen(self.command(BIN + SENDER, *words),
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         assert wait_until(lambda: self.value('hWnd') not in (None, '0'))
 
@@ -80,7 +73,7 @@ class Windows:
         """As its user would, or with '/f' killed in the middle of its work."""
         if not self.sender:
             return
-        self.run('taskkill', '/im', os.path.basename(self.program), *words, check=False)
+        self.run('taskkill', '/im', SENDER, *words, check=False)
         self.sender.wait(20)
         self.sender = None
 
