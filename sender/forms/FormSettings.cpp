@@ -88,6 +88,7 @@ void FormSettings::Show() {
 
 void FormSettings::Load() {
     constexpr std::int16_t LookForChanges = 1;
+    inifilesLite.LookForPolicies();
     const bool gateway = inifilesLite.GetIniSettingBool(Sender, u"Gateway", {}, LookForChanges);
     fields.optionGateway.SetChecked(gateway);
     fields.optionModem.SetChecked(!gateway);
@@ -99,6 +100,7 @@ void FormSettings::Load() {
     testing = false;
     ShowTestState();
     EnableFields();
+    ShowFixed();
     ShowCarrier();
     shown = Entered();
 }
@@ -186,6 +188,26 @@ void FormSettings::ShowCarrier() {
 void FormSettings::EnableFields() {
     fields.textServiceCentre.SetEnabled(fields.checkServiceCentre.Checked());
     fields.textMaxSent.SetEnabled(fields.checkStoreSent.Checked());
+}
+
+// What an administrator has fixed is grey, with a word why.
+void FormSettings::ShowFixed() {
+    struct Field {
+        TextView key;
+        Control* controls[2];
+    };
+    bool any = false;
+    for (const Field& field : {Field{u"Gateway", {&fields.optionModem, &fields.optionGateway}},
+                               Field{u"Address", {&fields.textAddress, &fields.buttonKannel}},
+                               Field{u"User", {&fields.textUser, nullptr}}}) {
+        const bool fixed = inifilesLite.IsFixed(Sender, field.key);
+        any = any || fixed;
+        for (Control* control : field.controls) {
+            if (control) control->SetEnabled(!fixed);
+        }
+    }
+    fields.labelFixed.SetVisible(any);
+    fields.labelFixed.SetCaption(any ? Words(u"LabelFixed") : Text());
 }
 
 bool FormSettings::Complain(TextView name, Control& field, TextView what) {

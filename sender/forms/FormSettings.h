@@ -56,6 +56,7 @@ private:
     void LoadGateway();
     void ShowCarrier();
     void EnableFields();
+    void ShowFixed();
     Text Words(TextView name) const;
     Text Stored(TextView section, TextView key, TextView otherwise = {}) const;
     bool StoredYes(TextView section, TextView key, TextView otherwise = {}) const;

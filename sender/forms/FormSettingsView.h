@@ -41,6 +41,7 @@ struct FormSettingsFields {
 
     TextBox& textAddress;
     ItemList& boxMethod;
+    Control& buttonKannel;
     TextBox& textUser;
     TextBox& textPassword;  // is not to be read on the screen
     TextBox& textExpected;
@@ -49,6 +50,7 @@ struct FormSettingsFields {
     TextBox& textMaxSent;
     TextBox& textTestNumber;
     Control& labelTestState;
+    Control& labelFixed;  // takes no place without a caption
 };
 
 // A dialog of the sender's window.

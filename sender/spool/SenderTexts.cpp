@@ -110,6 +110,7 @@ const std::vector<SenderTextEntry>& SenderTexts() {
         {u"FrameTest", u"Test"},
         {u"LabelTestNumber", u"&Number:", Entry::Settings},
         {u"ButtonTest", u"Send a &test SMS", Entry::Settings},
+        {u"LabelFixed", u"Your administrator has fixed some of these settings. They are grey."},
         {u"TestText", u"This is a test SMS from Tellwick."},
         {u"BadChoice", u"%d cannot be used here. Please choose another entry."},
         {u"BadServiceCentre",

@@ -80,6 +80,7 @@ bool FormSettingsWindow::Load() {
                 {u"TextTestNumber", &textTestNumber, L"EDIT", style::Field, style::Edge},
                 {u"ButtonTest", &buttonTest, L"BUTTON", style::Button, 0},
                 {u"LabelTestState", &labelTestState, L"STATIC", style::Help | SS_ENDELLIPSIS, 0},
+                {u"LabelFixed", &labelFixed, L"STATIC", style::Help, 0},
                 {u"ButtonOK", &buttonOK, L"BUTTON", style::Button | WS_GROUP, 0},
                 {u"ButtonCancel", &buttonCancel, L"BUTTON", style::Button, 0}},
                owner);
@@ -90,12 +91,12 @@ bool FormSettingsWindow::Load() {
 }
 
 FormSettingsFields FormSettingsWindow::Fields() {
-    return {optionModem,       optionGateway, boxPort,           boxBaudrate,
-            boxParity,         boxStopbits,   checkRts,          checkServiceCentre,
-            textServiceCentre, checkFlash,    checkStatusReport, boxValidity,
-            boxLong,           textAddress,   boxMethod,         textUser,
-            textPassword,      textExpected,  checkStoreSent,    textMaxSent,
-            textTestNumber,    labelTestState};
+    return {optionModem,       optionGateway,  boxPort,           boxBaudrate,
+            boxParity,         boxStopbits,    checkRts,          checkServiceCentre,
+            textServiceCentre, checkFlash,     checkStatusReport, boxValidity,
+            boxLong,           textAddress,    boxMethod,         buttonKannel,
+            textUser,          textPassword,   textExpected,      checkStoreSent,
+            textMaxSent,       textTestNumber, labelTestState,    labelFixed};
 }
 
 void FormSettingsWindow::ShowGateway(bool gateway) {
@@ -262,6 +263,7 @@ int FormSettingsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.EndRow();
     rows.End(frameTest);
 
+    if (!labelFixed.Caption().empty()) rows.Wrapped(labelFixed);
     rows.Drop(2);
     return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
 }

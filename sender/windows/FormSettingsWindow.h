@@ -59,7 +59,7 @@ private:
     Control frameTest, labelTestNumber, buttonTest;
     windows::WindowTextBox textTestNumber;
     windows::WindowLabel labelTestState;
-    Control buttonOK, buttonCancel;
+    Control labelFixed, buttonOK, buttonCancel;
 };
 
 }  // namespace tellwick::sender

@@ -10,6 +10,7 @@
 #include "settings/InifilesLite.h"
 #include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
+#include "settings/Policies.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 #include "settings/SettingsLocator.h"
@@ -44,7 +45,8 @@ struct SenderModules {
     Paths paths{regEdit, programs};
     Files files{errors, debug, messageBoxes, fileSystem, locale};
     IniFile iniFile{debug, files, fileSystem, locks, locale};
-    InifilesLite inifilesLite{debug, regEdit, iniFile};
+    Policies policies{registry, debug};
+    InifilesLite inifilesLite{debug, regEdit, iniFile, policies};
     Language language{debug, regEdit,      iniFile,    inifilesLite,
                       paths, messageBoxes, fileSystem, locale};
     QuestionBox questionBox{debug, language, inifilesLite, dialogs};

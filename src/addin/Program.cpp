@@ -7,7 +7,8 @@ namespace tellwick {
 
 Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormSmsSelectAddressView& formSmsSelectAddressView,
-                 FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView)
+                 FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView,
+                 FormSupportView& formSupportView)
     : errors(platform.errors),
       messageBoxes(platform.dialogs),
       errorBoxes(messageBoxes),
@@ -17,7 +18,8 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       paths(regEdit, platform.programs),
       files(errors, debug, messageBoxes, platform.fileSystem, platform.locale),
       iniFile(debug, files, platform.fileSystem, platform.locks, platform.locale),
-      inifilesLite(debug, regEdit, iniFile),
+      policies(platform.registry, debug),
+      inifilesLite(debug, regEdit, iniFile, policies),
       phoneModels(iniFile, inifilesLite),
       language(debug, regEdit, iniFile, inifilesLite, paths, messageBoxes, platform.fileSystem,
                platform.locale),
@@ -66,7 +68,13 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientPeople, recipientField, platform.clock, platform.timers),
-      formOptions(services, formOptionsView, forms, platform.locale, traceSwitch,
+      supportFile(errors, debug, regEdit, inifilesLite, platform.fileSystem, platform.programs,
+                  [this] {
+                      const std::shared_ptr<OutlookAddIn> addIn = outlookAddIn.lock();
+                      return addIn ? addIn->GetOlApp() : nullptr;
+                  }),
+      formSupport(services, formSupportView, forms, supportFile),
+      formOptions(services, formOptionsView, forms, platform.locale, traceSwitch, formSupport,
                   [this] {
                       prefixes.Forget();
                       formSmsSend.ApplySettings();
@@ -99,9 +107,11 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
                                              processValues, ribbon, openSms);
     };
-    return std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses,
-                                          recipientLookup, forms, smsReply, ribbon, processValues,
-                                          createExplorer);
+    auto created =
+        std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses, recipientLookup,
+                                       forms, smsReply, ribbon, processValues, createExplorer);
+    outlookAddIn = created;
+    return created;
 }
 
 }  // namespace tellwick

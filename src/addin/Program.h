@@ -18,6 +18,7 @@
 #include "compose/FormSmsSelectAddress.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendRouter.h"
+#include "compose/FormSupport.h"
 #include "compose/LastRun.h"
 #include "compose/LostCharacters.h"
 #include "compose/MessageText.h"
@@ -48,9 +49,11 @@
 #include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
 #include "settings/PhoneModels.h"
+#include "settings/Policies.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 #include "settings/SettingsLocator.h"
+#include "settings/SupportFile.h"
 #include "settings/TraceSwitch.h"
 
 namespace tellwick {
@@ -62,7 +65,7 @@ class Program {
 public:
     Program(const Platform& platform, FormSmsSendView& formSmsSendView,
             FormSmsSelectAddressView& formSmsSelectAddressView, FormOptionsView& formOptionsView,
-            FormSmsPreviewView& formSmsPreviewView);
+            FormSmsPreviewView& formSmsPreviewView, FormSupportView& formSupportView);
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
@@ -78,6 +81,7 @@ public:
     Paths paths;
     Files files;
     IniFile iniFile;
+    Policies policies;
     InifilesLite inifilesLite;
     PhoneModels phoneModels;
     Language language;
@@ -110,6 +114,8 @@ public:
     Draft draft;
     Submission submission;
     FormSmsSelectAddress formSmsSelectAddress;
+    SupportFile supportFile;
+    FormSupport formSupport;
     FormOptions formOptions;
     FirstUse firstUse;
     FormSmsPreview formSmsPreview;
@@ -120,6 +126,9 @@ public:
     SmsForward smsForward;
     Ribbon ribbon;
     OlButtons olButtons;
+
+private:
+    std::weak_ptr<OutlookAddIn> outlookAddIn;  // the one made last
 };
 
 }  // namespace tellwick

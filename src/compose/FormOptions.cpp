@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "compose/FormSupport.h"
 #include "recipients/Countries.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
@@ -45,12 +46,15 @@ Text Chosen(const ItemList& box) {
 }  // namespace
 
 FormOptions::FormOptions(const Services& services, FormOptionsView& view, Forms& forms,
-                         Locale& locale, TraceSwitch& traceSwitch, std::function<void()> applied)
+                         Locale& locale, TraceSwitch& traceSwitch, FormSupport& formSupport,
+                         std::function<void()> applied)
     : Services(services),
       view(view),
       forms(forms),
       locale(locale),
       traceSwitch(traceSwitch),
+      formSupport(formSupport),
+      fixedOptions(view, inifilesLite, language),
       applied(std::move(applied)) {
     view.SetEvents(*this);
 }
@@ -75,8 +79,10 @@ void FormOptions::Form_Load() {
     forms.Add(*this);
     language.GetLanguageStringsForForm(FormName, view);
 
-    // The sender application may have changed the settings since they were last read.
+    // The sender application may have changed the settings since they were last read, and an
+    // administrator what he has given.
     constexpr std::int16_t LookForChanges = 1;
+    inifilesLite.LookForPolicies();
     const auto read = [&](TextView section, TextView key, TextView defaultValue) {
         return inifilesLite.GetIniSetting(section, key, defaultValue, false, LookForChanges);
     };
@@ -106,6 +112,7 @@ void FormOptions::Form_Load() {
     view.CheckForgetAnswers().SetEnabled(questionBox.AnswersRemembered());
     traceShown = traceSwitch.SwitchedOn();
     view.CheckTrace().SetChecked(traceShown);
+    fixedOptions.Show();
     shown = Entered();
     // What is only proposed is not set yet: OK writes it.
     for (Setting& setting : shown) {
@@ -204,6 +211,7 @@ void FormOptions::EnableNumUsedNumber() {
     const bool store = view.CheckStoreNumbers().Checked();
     view.LabelNumUsedNumber().SetEnabled(store);
     view.TextNumUsedNumber().SetEnabled(store);
+    fixedOptions.Show();
 }
 
 void FormOptions::OptionNational_Click() {
@@ -219,6 +227,7 @@ void FormOptions::OptionInternational_Click() {
 // Not by which one was clicked: an option button may say so of itself when it only gets the focus.
 void FormOptions::EnablePrefixes() {
     view.TextPrefixes().SetEnabled(view.OptionNational().Checked());
+    fixedOptions.Show();
 }
 
 void FormOptions::ButtonOK_Click() {
@@ -246,6 +255,11 @@ void FormOptions::ButtonOK_Click() {
     applied();
 }
 
+void FormOptions::ButtonSupport_Click() {
+    Procedure procedure{debug, u"ButtonSupport_Click"};
+    formSupport.Show();
+}
+
 void FormOptions::ButtonCancel_Click() {
     Procedure procedure{debug, u"ButtonCancel_Click"};
     Unload();
@@ -253,6 +267,7 @@ void FormOptions::ButtonCancel_Click() {
 
 void FormOptions::Unload() {
     if (!view.Loaded()) return;
+    formSupport.Unload();
     view.Unload();
     forms.Remove(*this);
 }

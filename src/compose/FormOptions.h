@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "compose/FixedOptions.h"
 #include "compose/FormOptionsView.h"
 #include "platform/Locale.h"
 #include "settings/LanguageTexts.h"
@@ -12,6 +13,7 @@
 
 namespace tellwick {
 
+class FormSupport;
 class TraceSwitch;
 
 class FormOptions : public Form, public FormOptionsEvents, private Services {
@@ -20,7 +22,7 @@ public:
 
     // `applied` is called once the user's changes are written.
     FormOptions(const Services& services, FormOptionsView& view, Forms& forms, Locale& locale,
-                TraceSwitch& traceSwitch, std::function<void()> applied);
+                TraceSwitch& traceSwitch, FormSupport& formSupport, std::function<void()> applied);
     ~FormOptions() override;
 
     // Opens the window, or brings the open one to the front, with the focus in a field.
@@ -38,6 +40,8 @@ public:
     void CheckStoreNumbers_Click() override;
     void OptionNational_Click() override;
     void OptionInternational_Click() override;
+    // Shows what a support file would hold.
+    void ButtonSupport_Click() override;
     // Writes what was changed, to the current settings file in one go. Country codes that are none
     // are told of first, and nothing is written.
     void ButtonOK_Click() override;
@@ -70,6 +74,8 @@ private:
     Forms& forms;
     Locale& locale;
     TraceSwitch& traceSwitch;
+    FormSupport& formSupport;
+    FixedOptions fixedOptions;
     std::function<void()> applied;
 };
 

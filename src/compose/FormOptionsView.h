@@ -13,6 +13,7 @@ public:
     virtual void CheckStoreNumbers_Click() = 0;
     virtual void OptionNational_Click() = 0;
     virtual void OptionInternational_Click() = 0;
+    virtual void ButtonSupport_Click() = 0;
     // The default button.
     virtual void ButtonOK_Click() = 0;
     // Also for Escape and the window's frame.
@@ -38,6 +39,8 @@ public:
     virtual CheckBox& CheckAskLostCharacters() = 0;
     virtual CheckBox& CheckForgetAnswers() = 0;
     virtual CheckBox& CheckTrace() = 0;
+    // Takes no place without a caption.
+    virtual Control& LabelFixed() = 0;
 
     // Names of the installed fonts that letters can be written in, in alphabetical order.
     virtual std::vector<Text> FontNames() = 0;

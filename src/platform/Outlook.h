@@ -145,6 +145,15 @@ public:
 
 using Selection = Collection<Item>;
 
+class ComAddIn : public View {
+public:
+    using View::View;
+    Text ProgId() const { return AsText(Get(u"ProgId")); }
+    bool Connected() const { return AsBoolean(Get(u"Connect")); }
+};
+
+using ComAddIns = Collection<ComAddIn>;
+
 class Application : public View {
 public:
     using View::View;
@@ -155,6 +164,7 @@ public:
     outlook::Explorers Explorers() const { return As<outlook::Explorers>(Get(u"Explorers")); }
     outlook::Inspectors Inspectors() const { return As<outlook::Inspectors>(Get(u"Inspectors")); }
     Explorer ActiveExplorer() const { return As<Explorer>(Call(u"ActiveExplorer")); }
+    outlook::ComAddIns ComAddIns() const { return As<outlook::ComAddIns>(Get(u"COMAddIns")); }
 };
 
 Collection<Item> Explorer::Selection() const {

@@ -38,6 +38,9 @@ public:
     // Full path of the first module of a process; empty when it may not be opened.
     virtual Text FirstModulePath(std::uint32_t process) = 0;
 
+    // The system's functions that were looked for in vain, as "library.dll Function".
+    virtual std::vector<Text> MissingFunctions() = 0;
+
     // Starts a program. `application` is the full path of the executable and decides what is
     // started; an empty one leaves it to the command line. False, with 53 noted, when the start
     // fails.

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -17,6 +18,13 @@ enum class Hive : std::uint32_t {
 
 enum class RegistryType : std::uint32_t { String = 1, ExpandString = 2, Number = 4 };
 
+struct RegistryValue {
+    Text name;
+    // String also for an expandable one; empty for every other type but these two.
+    std::optional<RegistryType> type;
+    Text text;  // as Registry::ReadExpanded or Registry::Read gives it
+};
+
 // Key paths are relative to the hive, without a leading "\". A value name of "" is the key's
 // default value. No function notes a pending error: the caller decides from the result.
 class Registry {
@@ -30,6 +38,9 @@ public:
     // A string whatever letters it has, with the environment variables in one of type ExpandString
     // replaced; empty for what is no string.
     virtual std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) = 0;
+
+    // All values of a key; none where there is no key or it cannot be read.
+    virtual std::vector<RegistryValue> Values(Hive hive, TextView key) = 0;
 
     // Creates the key with its missing levels, then writes. False when either fails.
     virtual bool WriteString(Hive hive, TextView key, TextView name, TextView value) = 0;

@@ -6,6 +6,9 @@
 #include "platform/Keys.h"
 #include "settings/Debug.h"
 #include "settings/InifilesLite.h"
+#include "settings/LanguageTexts.h"
+#include "settings/Policies.h"
+#include "settings/QuestionBox.h"
 
 namespace tellwick {
 
@@ -47,17 +50,39 @@ TextTemplates::TextTemplates(const Services& services, ComboBox& comboBoxTextbau
 
 void TextTemplates::GetTextbausteine() {
     Procedure procedure{debug, u"GetTextbausteine"};
-    TemplateList.clear();
+    inifilesLite.LookForPolicies();
+    const Policies& policies = inifilesLite.Given();
+    fixed = !policies.FixedTemplates().empty();
+    TemplateList = fixed ? policies.FixedTemplates() : OwnTemplates();
+    given = TemplateList.empty();
+    if (given) TemplateList = policies.DefaultTemplates();
+    if (TemplateList.size() > std::size_t(MostTemplates)) {
+        TemplateList.resize(std::size_t(MostTemplates));
+    };
+    if (TemplateList.empty()) TemplateList.emplace_back();
+    TemplateListBound = std::int32_t(TemplateList.size()) - 1;
+    SortList(debug, TemplateList, TemplateListBound);
+    loaded = TemplateList;
+}
+
+std::vector<Text> TextTemplates::OwnTemplates() {
+    std::vector<Text> templates;
     for (std::int32_t index = 0; index < MostTemplates; ++index) {
         // The first read looks whether the file has changed.
         Text text = inifilesLite.GetIniSetting(Section, TemplateKey(index), {}, false,
                                                std::int16_t(index == 0 ? -1 : 0));
         if (text.empty()) break;
-        TemplateList.push_back(std::move(text));
+        templates.push_back(std::move(text));
     }
-    if (TemplateList.empty()) TemplateList.emplace_back();
-    TemplateListBound = std::int32_t(TemplateList.size()) - 1;
-    SortList(debug, TemplateList, TemplateListBound);
+    return templates;
+}
+
+bool TextTemplates::Fixed() {
+    if (fixed) {
+        questionBox.MsgBoxEx(language.TextOrBuiltIn(u"FormSmsSend", u"TemplatesFixed"),
+                             box::IconInformation);
+    }
+    return fixed;
 }
 
 void TextTemplates::Fill() {
@@ -71,6 +96,8 @@ void TextTemplates::Refill() {
 }
 
 void TextTemplates::Save() {
+    // What an administrator has given does not become the user's own.
+    if (fixed || (given && TemplateList == loaded)) return;
     for (std::int32_t index = 0; index <= TemplateListBound; ++index) {
         const Text& text = TemplateList[std::size_t(index)];
         inifilesLite.SetIniSetting(Section, TemplateKey(index), ToSetting(text));
@@ -91,7 +118,7 @@ bool TextTemplates::ComboBoxTextbausteine_KeyDown(std::int32_t keyCode, std::int
 void TextTemplates::ButtonAdd_Click() {
     Procedure procedure{debug, u"ButtonAdd_Click"};
     const Text text = comboBoxTextbausteine.GetText();
-    if (text.empty()) return;
+    if (text.empty() || Fixed()) return;
     if (std::find(TemplateList.begin(), TemplateList.end(), text) != TemplateList.end()) return;
     if (IsEmpty()) {
         TemplateList[0] = text;
@@ -108,7 +135,7 @@ void TextTemplates::ButtonAdd_Click() {
 void TextTemplates::ButtonDel_Click() {
     Procedure procedure{debug, u"ButtonDel_Click"};
     const std::int32_t chosen = comboBoxTextbausteine.SelectedIndex();
-    if (chosen < 0 || chosen > TemplateListBound || IsEmpty()) return;
+    if (chosen < 0 || chosen > TemplateListBound || IsEmpty() || Fixed()) return;
     TemplateList.erase(TemplateList.begin() + chosen);
     --TemplateListBound;
     if (TemplateList.empty()) {

@@ -21,7 +21,8 @@ public:
 
     TextTemplates(const Services& services, ComboBox& comboBoxTextbausteine, Inserter insert);
 
-    // Loads the templates, 100 at most, and sorts them.
+    // Loads the templates, 100 at most, and sorts them: those that an administrator has fixed, else
+    // the user's, else those that an administrator has given for a beginning.
     void GetTextbausteine();
     // Fills the drop-down, unless it is filled: for when it comes to be seen.
     void Fill();
@@ -38,12 +39,18 @@ public:
     void ButtonInsert_Click();
 
 private:
+    std::vector<Text> OwnTemplates();
+    // Tells the user so where an administrator has fixed the templates.
+    bool Fixed();
     void Refill();
     void InsertText(TextView text);
     bool IsEmpty() const { return TemplateListBound < 1 && TemplateList[0].empty(); }
 
     std::vector<Text> TemplateList{1};  // never shorter; one empty text stands for no template
     std::int32_t TemplateListBound = 0;
+    std::vector<Text> loaded;  // as TemplateList was at first
+    bool fixed = false;        // by an administrator
+    bool given = false;        // the user has none of his own
 
     ComboBox& comboBoxTextbausteine;
     Inserter insert;

@@ -6,6 +6,7 @@
 #include "platform/Product.h"
 #include "settings/Debug.h"
 #include "settings/IniFile.h"
+#include "settings/Policies.h"
 #include "settings/RegEdit.h"
 
 namespace tellwick {
@@ -30,11 +31,20 @@ Text FromSetting(TextView value) {
     return ReplaceAll(ReplaceAll(value, u"\\13", u"\r"), u"\\10", u"\n");
 }
 
-InifilesLite::InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile)
-    : debug(debug), regEdit(regEdit), iniFile(iniFile) {}
+InifilesLite::InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Policies& policies)
+    : debug(debug), regEdit(regEdit), iniFile(iniFile), policies(policies) {}
+
+bool InifilesLite::IsFixed(TextView section, TextView key) const {
+    return policies.Fixed(section, key).has_value();
+}
+
+void InifilesLite::LookForPolicies() {
+    policies.Load();
+}
 
 void InifilesLite::GetIniFile() {
     Procedure procedure{debug, u"GetIniFile"};
+    policies.Load();
     Once locating(located);
     if (locate) locate();
     locating.Done();
@@ -55,6 +65,9 @@ Text InifilesLite::SettingsFolder() {
 
 Text InifilesLite::Read(const Text& file, TextView section, TextView key, TextView defaultValue,
                         bool registryFallback, std::int16_t flags) {
+    if (auto fixed = policies.Fixed(section, key)) {
+        return fixed->empty() ? Text(defaultValue) : *std::move(fixed);
+    }
     Text value;
     if (places.saveIn == SettingsPlaces::InRegistry) {
         value = regEdit.ReadValue(Hive::CurrentUser, RegistryKey(RootKey, section), key);
@@ -67,6 +80,7 @@ Text InifilesLite::Read(const Text& file, TextView section, TextView key, TextVi
     } else {
         value = iniFile.ReadFromIniFile(file, WithoutTrailingBackslash(section), key, {}, flags);
     }
+    if (value.empty()) value = policies.Default(section, key).value_or(Text());
     return value.empty() ? Text(defaultValue) : value;
 }
 

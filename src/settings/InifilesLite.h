@@ -11,6 +11,7 @@ namespace tellwick {
 
 class Debug;
 class IniFile;
+class Policies;
 class RegEdit;
 
 // A text of several lines as the value of a setting, which is one line, and back: its line breaks
@@ -38,7 +39,7 @@ public:
     // A section below that of the program's settings is named so, followed by its own name.
     static constexpr TextView NestedPrefix = u"SETTINGS\\";
 
-    InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile);
+    InifilesLite(Debug& debug, RegEdit& regEdit, IniFile& iniFile, Policies& policies);
 
     // Locates all settings files and loads the language. Until then reads yield their defaults.
     void GetIniFile();
@@ -55,6 +56,14 @@ public:
 
     // The folder of the base file, ending in "\"; empty when there is none.
     Text SettingsFolder();
+
+    // What an administrator has fixed wins over every file; what he has given as a default holds
+    // where the user has set nothing.
+    const Policies& Given() const { return policies; }
+    // Whether the user's own setting counts for nothing.
+    bool IsFixed(TextView section, TextView key) const;
+    // Looks whether an administrator has given other ones.
+    void LookForPolicies();
 
     // A missing or empty entry yields the default. Never raises. Flags other than 0 look first
     // whether another program changed the settings file; else what is in memory answers.
@@ -102,6 +111,7 @@ private:
     Debug& debug;
     RegEdit& regEdit;
     IniFile& iniFile;
+    Policies& policies;
 };
 
 // While one exists, settings are written to memory only; the end of the last one writes the file

@@ -15,6 +15,12 @@ bool MoveFocus(HWND dialog, bool backwards) {
     return true;
 }
 
+// Of a text box: one that is only read leaves Enter to the default button.
+bool TakesLineBreaks(LONG style) {
+    constexpr LONG Both = ES_MULTILINE | ES_WANTRETURN;
+    return (style & Both) == Both;
+}
+
 }  // namespace
 
 bool IsPushButton(HWND control) {
@@ -49,7 +55,7 @@ bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std:
     const HWND parent = GetParent(focus);
     const HWND combo = parent == dialog ? focus : parent;
     if (SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) return false;  // the key chooses in the list
-    const bool multiLine = (code & DLGC_HASSETSEL) && (style & ES_MULTILINE);
+    const bool multiLine = (code & DLGC_HASSETSEL) && TakesLineBreaks(style);
     const HWND pushed = IsPushButton(focus) ? focus : defaultButton;
     if (multiLine || !pushed || !IsWindowEnabled(pushed)) return false;
     SendMessageW(pushed, BM_CLICK, 0, 0);
@@ -59,8 +65,7 @@ bool HandleDialogKey(HWND dialog, HWND defaultButton, std::int32_t keyCode, std:
 void DispatchDialogMessage(HWND dialog, MSG& message) {
     const bool lineBreak = (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) ||
                            (message.message == WM_CHAR && message.wParam == '\r');
-    const bool multiLine = (GetWindowLongW(message.hwnd, GWL_STYLE) &
-                            (ES_MULTILINE | ES_WANTRETURN)) == (ES_MULTILINE | ES_WANTRETURN);
+    const bool multiLine = TakesLineBreaks(GetWindowLongW(message.hwnd, GWL_STYLE));
     if ((lineBreak && multiLine) || !IsDialogMessageW(dialog, &message)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);

@@ -53,7 +53,9 @@ bool FormOptionsWindow::Load() {
          {u"CheckForgetAnswers", &checkForgetAnswers, L"BUTTON", style::Check, 0},
          {u"CheckTrace", &checkTrace, L"BUTTON", style::Check, 0},
          {u"LabelTraceHelp", &labelTraceHelp, L"STATIC", style::Help, 0},
-         {u"ButtonOK", &buttonOK, L"BUTTON", style::Button | WS_GROUP, 0},
+         {u"LabelFixed", &labelFixed, L"STATIC", style::Help, 0},
+         {u"ButtonSupport", &buttonSupport, L"BUTTON", style::Button | WS_GROUP, 0},
+         {u"ButtonOK", &buttonOK, L"BUTTON", style::Button, 0},
          {u"ButtonCancel", &buttonCancel, L"BUTTON", style::Button, 0}},
         owner.Window());
     if (!made) return false;
@@ -137,7 +139,10 @@ int FormOptionsWindow::Arrange(int innerWidth, Placement* placement) const {
     rows.Wrapped(labelTraceHelp);
     rows.End(frameMisc);
 
+    if (!labelFixed.Caption().empty()) rows.Wrapped(labelFixed);
     rows.Drop(2);
+    rows.Button(buttonSupport, rows.frameLeft,
+                rows.frameLeft + Font().CaptionWidth(buttonSupport.Caption()));
     return rows.LastRow(buttonOK, buttonCancel, rows.frameRight);
 }
 
@@ -156,6 +161,7 @@ void FormOptionsWindow::OnCommand(HWND control, WORD notification, WORD) {
     if (control == checkStoreNumbers.Window()) events->CheckStoreNumbers_Click();
     if (control == optionNational.Window()) events->OptionNational_Click();
     if (control == optionInternational.Window()) events->OptionInternational_Click();
+    if (control == buttonSupport.Window()) events->ButtonSupport_Click();
     if (control == buttonOK.Window()) events->ButtonOK_Click();
     if (control == buttonCancel.Window()) events->ButtonCancel_Click();
 }

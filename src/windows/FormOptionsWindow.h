@@ -28,6 +28,7 @@ public:
     CheckBox& CheckAskLostCharacters() override { return checkAskLostCharacters; }
     CheckBox& CheckForgetAnswers() override { return checkForgetAnswers; }
     CheckBox& CheckTrace() override { return checkTrace; }
+    Control& LabelFixed() override { return labelFixed; }
     std::vector<Text> FontNames() override { return InstalledFonts(); }
     void SetEvents(FormOptionsEvents& newEvents) override { events = &newEvents; }
 
@@ -69,6 +70,8 @@ private:
     WindowCheckBox checkForgetAnswers;
     WindowCheckBox checkTrace;
     WindowControl labelTraceHelp;
+    WindowControl labelFixed;
+    WindowControl buttonSupport;
     WindowControl buttonOK;
     WindowControl buttonCancel;
 };

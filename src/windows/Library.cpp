@@ -11,6 +11,7 @@
 #include "windows/FormSmsPreviewWindow.h"
 #include "windows/FormSmsSelectAddressWindow.h"
 #include "windows/FormSmsSendWindow.h"
+#include "windows/FormSupportWindow.h"
 #include "windows/Lifetime.h"
 #include "windows/ModulePath.h"
 #include "windows/Server.h"
@@ -50,12 +51,14 @@ struct Assembly {
     FormSmsSelectAddressWindow formSmsSelectAddress;
     FormOptionsWindow formOptions{formSmsSend};
     FormSmsPreviewWindow formSmsPreview{formSmsSend};
+    FormSupportWindow formSupport{formOptions};
     Program program{{errors, registry, fileSystem, programs, messageLoop, dialogs, clock, locale,
                      automation, bitmaps, timers, locks},
                     formSmsSend,
                     formSmsSelectAddress,
                     formOptions,
-                    formSmsPreview};
+                    formSmsPreview,
+                    formSupport};
 };
 
 // Ended by DllCanUnloadNow, never by the end of the process: by then the system's parts that it

@@ -1,6 +1,8 @@
 // Functions of system libraries that not every system has.
 #pragma once
 
+#include <vector>
+
 #include "windows/Com.h"
 
 namespace tellwick::windows {
@@ -9,12 +11,15 @@ namespace tellwick::windows {
 // on a share, is never taken. Null when there is none.
 HMODULE SystemLibrary(const wchar_t* name);
 
-// Null when the library or the function is missing.
+// The address of a function; null when the library or the function is missing.
+void* SystemAddress(const wchar_t* library, const char* name);
+
+// What was missing up to now, as "library.dll Function", each once.
+const std::vector<Text>& MissingFunctions();
+
 template <class Function>
 Function SystemFunction(const wchar_t* library, const char* name) {
-    const HMODULE module = SystemLibrary(library);
-    if (!module) return nullptr;
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+    return reinterpret_cast<Function>(SystemAddress(library, name));
 }
 
 }  // namespace tellwick::windows

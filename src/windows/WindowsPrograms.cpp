@@ -104,6 +104,10 @@ Text WindowsPrograms::FirstModulePath(std::uint32_t process) {
     return FromAnsi({path, length});
 }
 
+std::vector<Text> WindowsPrograms::MissingFunctions() {
+    return windows::MissingFunctions();
+}
+
 bool WindowsPrograms::Start(TextView application, TextView commandLine, WindowStyle style) {
     const Text program(application);
     Text line(commandLine);

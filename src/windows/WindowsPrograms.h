@@ -18,6 +18,7 @@ public:
     std::vector<Text> SnapshotNames() override;
     std::vector<std::uint32_t> ProcessIdentifiers(std::size_t entries) override;
     Text FirstModulePath(std::uint32_t process) override;
+    std::vector<Text> MissingFunctions() override;
     bool Start(TextView application, TextView commandLine, WindowStyle style) override;
     bool OpenAssociated(TextView document) override;
 

@@ -96,6 +96,39 @@ std::optional<Text> WindowsRegistry::ReadExpanded(Hive hive, TextView key, TextV
     return expanded;
 }
 
+std::optional<std::vector<Text>> ValueNames(const RegistryKey& key) {
+    constexpr DWORD LongestName = 16'383;
+    std::vector<Text> names;
+    Text name(LongestName + 1, u'\0');
+    for (DWORD index = 0;; ++index) {
+        auto length = DWORD(name.size());
+        const LSTATUS listed =
+            RegEnumValueW(key.get(), index, reinterpret_cast<wchar_t*>(name.data()), &length,
+                          nullptr, nullptr, nullptr, nullptr);
+        if (listed == ERROR_NO_MORE_ITEMS) return names;
+        if (listed != ERROR_SUCCESS) return {};
+        names.push_back(name.substr(0, length));
+    }
+}
+
+std::vector<RegistryValue> WindowsRegistry::Values(Hive hive, TextView key) {
+    std::vector<RegistryValue> values;
+    const RegistryKey opened = OpenKey(hive, key);
+    if (!opened) return values;
+    for (Text& name : ValueNames(opened).value_or(std::vector<Text>())) {
+        RegistryValue value{std::move(name), {}, {}};
+        if (auto text = ReadExpanded(hive, key, value.name)) {
+            value.type = RegistryType::String;
+            value.text = std::move(*text);
+        } else if (auto number = ReadText(opened, value.name)) {
+            value.type = RegistryType::Number;
+            value.text = std::move(*number);
+        }
+        values.push_back(std::move(value));
+    }
+    return values;
+}
+
 bool WindowsRegistry::WriteString(Hive hive, TextView key, TextView name, TextView value) {
     const std::string data = ToAnsi(value);
     return SetValue(CreateKey(hive, key), name, REG_SZ, data.c_str(), DWORD(data.size() + 1));

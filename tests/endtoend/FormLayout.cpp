@@ -151,6 +151,13 @@ TEST_CASE("every caption fits and nothing overlaps, in every language at every r
             REQUIRE(WaitUntil([&] { return GetForegroundWindow() == form.window; }));
             Push(form, Options);
             CheckLayout(outlook);
+            const HWND options = GetLastActivePopup(form.window);
+            for (const HWND button : Descendants(options)) {
+                if (ClassOf(button) == L"Button" && TextOf(button).ends_with(L"..."))
+                    PostMessageW(button, BM_CLICK, 0, 0);
+            }
+            REQUIRE(WaitUntil([&] { return !IsWindowEnabled(options); }));
+            CheckLayout(outlook, 4);
         }
     }
 }

@@ -14,6 +14,7 @@
 #include "compose/FormSmsPreviewView.h"
 #include "compose/FormSmsSelectAddressView.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/FormSupportView.h"
 
 namespace tellwick::test {
 
@@ -284,13 +285,20 @@ private:
     std::array<MemoryCheckBox, 6> bar;
 };
 
+class MemoryFormSupportView final : public MemoryFormView<FormSupportView> {
+public:
+    MemoryFormSupportView() { Have(TextContents()); }
+    MemoryTextBox& TextContents() override { return Own(u"TextContents"); }
+    void SetEvents(FormSupportEvents&) override {}
+};
+
 class MemoryFormOptionsView final : public MemoryFormView<FormOptionsView> {
 public:
     MemoryFormOptionsView() {
         Have(CheckStoreNumbers(), CheckNumberCache(), LabelNumUsedNumber(), TextNumUsedNumber(),
              OptionNational(), OptionInternational(), TextPrefixes(), BoxFont(), BoxFontSize(),
              BoxLanguage(), CheckAirCount(), CheckAskLostCharacters(), CheckForgetAnswers(),
-             CheckTrace());
+             CheckTrace(), LabelFixed());
     }
     MemoryCheckBox& CheckStoreNumbers() override { return Own(u"CheckStoreNumbers"); }
     MemoryCheckBox& CheckNumberCache() override { return Own(u"CheckNumberCache"); }
@@ -306,6 +314,7 @@ public:
     MemoryCheckBox& CheckAskLostCharacters() override { return Own(u"CheckAskLostCharacters"); }
     MemoryCheckBox& CheckForgetAnswers() override { return Own(u"CheckForgetAnswers"); }
     MemoryCheckBox& CheckTrace() override { return Own(u"CheckTrace"); }
+    MemoryControl& LabelFixed() override { return Own(u"LabelFixed"); }
     std::vector<Text> FontNames() override { return {u"Arial", u"Tahoma"}; }
     void SetEvents(FormOptionsEvents&) override {}
 };

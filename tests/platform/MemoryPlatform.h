@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -52,14 +53,31 @@ public:
         if (value) value = ReplaceAll(*value, u"%Programs%", u"C:\\Programs");
         return value;
     }
+    std::vector<RegistryValue> Values(Hive hive, TextView key) override {
+        std::vector<RegistryValue> found;
+        if (faults.Hit()) return found;
+        const Text path = ValuePath(hive, key, {});
+        for (const auto& [name, value] : values) {
+            if (!StartsWithFolded(name, path) ||
+                Contains(TextView(name).substr(path.size()), u"\\"))
+                continue;
+            found.push_back({name.substr(path.size()),
+                             numbers.contains(name) ? RegistryType::Number : RegistryType::String,
+                             value});
+        }
+        return found;
+    }
     bool WriteString(Hive hive, TextView key, TextView name, TextView value) override {
         if (failWrites || faults.Hit()) return false;
         writes.push_back(Text(key).append(u"\\").append(name).append(u"=").append(value));
         values[ValuePath(hive, key, name)] = value;
+        numbers.erase(ValuePath(hive, key, name));
         return true;
     }
     bool WriteNumber(Hive hive, TextView key, TextView name, std::uint32_t value) override {
-        return WriteString(hive, key, name, NumberText(value));
+        const bool written = WriteString(hive, key, name, NumberText(value));
+        if (written) numbers.insert(ValuePath(hive, key, name));
+        return written;
     }
     bool DeleteValue(Hive hive, TextView key, TextView name) override {
         return !faults.Hit() && values.erase(ValuePath(hive, key, name)) != 0;
@@ -74,7 +92,8 @@ public:
 
     // Hive, key and name in one text, "80000001\Software\...\name".
     std::map<Text, Text, FoldedLess> values;
-    std::vector<Text> writes;  // key, name and value of every write, "key\name=value"
+    std::set<Text, FoldedLess> numbers;  // the paths of those that are no strings
+    std::vector<Text> writes;            // key, name and value of every write, "key\name=value"
     bool failWrites = false;
     int reads = 0;
 
@@ -285,6 +304,7 @@ public:
     Text FirstModulePath(std::uint32_t process) override {
         return faults.Hit() ? Text() : paths.at(process);
     }
+    std::vector<Text> MissingFunctions() override { return {u"user32.dll GetDpiForWindow"}; }
     bool Start(TextView application, TextView startLine, WindowStyle style) override {
         started.push_back({Text(application), Text(startLine), style});
         const bool fails = failStart || faults.Hit();

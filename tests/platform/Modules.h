@@ -12,6 +12,7 @@
 #include "settings/MessageBoxes.h"
 #include "settings/Paths.h"
 #include "settings/PhoneModels.h"
+#include "settings/Policies.h"
 #include "settings/QuestionBox.h"
 #include "settings/RegEdit.h"
 #include "settings/SettingsLocator.h"
@@ -31,7 +32,8 @@ struct Modules {
     Paths paths{regEdit, ports.programs};
     Files files{ports.errors, debug, messageBoxes, ports.fileSystem, ports.locale};
     IniFile iniFile{debug, files, ports.fileSystem, ports.locks, ports.locale};
-    InifilesLite inifilesLite{debug, regEdit, iniFile};
+    Policies policies{ports.registry, debug};
+    InifilesLite inifilesLite{debug, regEdit, iniFile, policies};
     PhoneModels phoneModels{iniFile, inifilesLite};
     Language language{debug, regEdit,      iniFile,          inifilesLite,
                       paths, messageBoxes, ports.fileSystem, ports.locale};

@@ -50,7 +50,8 @@ struct People : TestProgram {
     }
     // As a new start of Outlook: another program over the same machine.
     std::vector<Text> Read() {
-        Program fresh(platform.Ports(), view, selectAddressView, optionsView, previewView);
+        Program fresh(platform.Ports(), view, selectAddressView, optionsView, previewView,
+                      supportView);
         return ReadWith(fresh.addresses);
     }
     std::vector<Text> ReadWith(Addresses& addresses) {

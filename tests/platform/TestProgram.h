@@ -15,7 +15,9 @@ struct TestProgram {
     MemoryFormSmsSelectAddressView selectAddressView;
     MemoryFormOptionsView optionsView;
     MemoryFormSmsPreviewView previewView;
-    Program program{platform.Ports(), view, selectAddressView, optionsView, previewView};
+    MemoryFormSupportView supportView;
+    Program program{platform.Ports(), view,        selectAddressView,
+                    optionsView,      previewView, supportView};
 
     TestProgram() {
         SetRegistry(u"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",

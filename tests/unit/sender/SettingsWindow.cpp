@@ -23,9 +23,9 @@ struct MemorySettingsView : FormSettingsView {
     void SetCaption(TextView) override {}
     void ForEachControl(const std::function<void(TextView, Control&)>&) override {}
     FormSettingsFields Fields() override {
-        return {modem,    gateway, port,   baudrate, parity, stopbits, rts,    ownCentre,
-                centre,   flash,   report, validity, longs,  address,  method, user,
-                password, answer,  store,  most,     number, state};
+        return {modem,  gateway,  port,   baudrate, parity, stopbits, rts,    ownCentre,
+                centre, flash,    report, validity, longs,  address,  method, kannel,
+                user,   password, answer, store,    most,   number,   state,  fixed};
     }
     void ShowGateway(bool shown) override { gatewayShown = shown; }
     std::vector<Text> Ports() override { return {u"COM1", u"COM10"}; }
@@ -46,7 +46,7 @@ struct MemorySettingsView : FormSettingsView {
     MemoryCheckBox modem, gateway, rts, ownCentre, flash, report, store;
     MemoryListBox port, baudrate, parity, stopbits, validity, longs, method;
     MemoryTextBox centre, address, user, password, answer, most, number;
-    MemoryControl state;
+    MemoryControl kannel, state, fixed;
     bool loaded = false;
     bool gatewayShown = false;
     std::vector<Text> told;
@@ -182,4 +182,25 @@ TEST_CASE("the test SMS goes out with the settings as they are entered, to a num
     CHECK(desk.Kept().serial.port == u"COM1");
     CHECK(desk.view.state.caption == u"sent");
     CHECK(desk.view.loaded);
+}
+
+TEST_CASE("a gateway that an administrator has fixed is used, and grey") {
+    Desk desk("[Sender]\r\nGateway=0\r\nAddress=http://own/?{to}{text}\r\n");
+    CHECK((desk.view.gateway.Enabled() && desk.view.kannel.Enabled() &&
+           desk.view.fixed.Caption().empty()));
+    desk.form.ButtonCancel_Click();
+    const Text key(PolicyKey);
+    desk.platform.registry.WriteNumber(Hive::LocalMachine, key, u"UseGateway", 1);
+    desk.SetRegistry(key, u"GatewayAddress", u"http://company/?{to}{text}", Hive::LocalMachine);
+    desk.form.Show();
+    CHECK(desk.view.gateway.Checked());
+    CHECK(desk.view.address.GetText() == u"http://company/?{to}{text}");
+    for (const Control* control : std::initializer_list<const Control*>{
+             &desk.view.modem, &desk.view.gateway, &desk.view.address, &desk.view.kannel}) {
+        CHECK_FALSE(control->Enabled());
+    }
+    CHECK(desk.view.user.Enabled());
+    CHECK_FALSE(desk.view.fixed.Caption().empty());
+    CHECK(desk.Kept().gateway);
+    CHECK(desk.Kept().gatewaySettings.address == u"http://company/?{to}{text}");
 }
