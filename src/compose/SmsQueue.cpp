@@ -1,5 +1,7 @@
 #include "compose/SmsQueue.h"
 
+#include <utility>
+
 #include "platform/Locks.h"
 #include "platform/Product.h"
 #include "settings/Files.h"
@@ -86,32 +88,37 @@ bool SmsQueue::Enter(TextView path, Text& number, TextView before) {
 
 bool SmsQueue::AddEntries(const std::vector<QueueEntry>& entries,
                           const std::function<void(std::size_t)>& written) {
+    const std::optional<Text> failed = TryEntries(entries, written);
+    // All is taken back before the user reads of it.
+    if (failed) files.ReportFailure(*failed);
+    return !failed;
+}
+
+// The file that could not be written or entered, if one could not.
+std::optional<Text> SmsQueue::TryEntries(const std::vector<QueueEntry>& entries,
+                                         const std::function<void(std::size_t)>& written) {
     Unfinished run(*this);
     run.paths.reserve(entries.size());
     run.numbers.reserve(entries.size());
     const Text folder = fileSystem.TempFolder();
     for (const QueueEntry& entry : entries) {
         Text path = fileSystem.CreateTempFile(folder, u"sms");
-        if (path.empty()) {
-            files.ReportFailure(path);
-            return false;
-        }
-        run.paths.push_back(path);
-        if (!files.WriteFileConents(path, Contents(entry.recipient, entry.message), false, 0, true))
-            return false;
+        if (path.empty()) return path;
+        Text& kept = run.paths.emplace_back(std::move(path));
+        if (!files.WriteFileConents(kept, Contents(entry.recipient, entry.message), false, 0,
+                                    false))
+            return kept;
         written(run.paths.size());
     }
     const std::unique_ptr<Lock> lock = locks.Take(u"Queue");
     Text last;
     for (const Text& path : run.paths) {
         const bool entered = Enter(path, run.numbers.emplace_back(), last);
+        if (!entered) return path;
         last = run.numbers.back();
-        if (entered) continue;
-        files.ReportFailure(path);
-        return false;
     }
     run.Finish();
-    return true;
+    return {};
 }
 
 }  // namespace tellwick

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/FileSystem.h"
@@ -36,6 +37,8 @@ public:
 private:
     class Unfinished;
 
+    std::optional<Text> TryEntries(const std::vector<QueueEntry>& entries,
+                                   const std::function<void(std::size_t)>& written);
     bool Enter(TextView path, Text& number, TextView before = {});
 
     RegEdit& regEdit;

@@ -86,10 +86,10 @@ std::vector<Person> RecipientPeople::Of(const std::vector<Text>& numbers) {
         missing = missing || people.back() == Person();
     }
     lastNumbers = numbers;
-    lastPeople = people;
+    lastPeople = std::move(people);
+    // A short list is read at once, and the listener has asked meanwhile.
     if (missing) addresses.RefreshOnce();
-    // A short list is read at once.
-    return lastNumbers.empty() ? Of(numbers) : people;
+    return lastNumbers == numbers ? lastPeople : Of(numbers);
 }
 
 }  // namespace tellwick
