@@ -58,7 +58,7 @@ void TextTemplates::GetTextbausteine() {
     if (given) TemplateList = policies.DefaultTemplates();
     if (TemplateList.size() > std::size_t(MostTemplates)) {
         TemplateList.resize(std::size_t(MostTemplates));
-    };
+    }
     if (TemplateList.empty()) TemplateList.emplace_back();
     TemplateListBound = std::int32_t(TemplateList.size()) - 1;
     SortList(debug, TemplateList, TemplateListBound);

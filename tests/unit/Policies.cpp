@@ -1,14 +1,7 @@
-// What an administrator gives: read, shown in the windows, and described for his tools.
+// What an administrator gives: read, and shown in the windows.
 #include "settings/Policies.h"
 
 #include <doctest.h>
-#include <rapidxml.hpp>
-
-#include <algorithm>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <set>
 
 #include "SettingsModules.h"
 #include "platform/TestProgram.h"
@@ -158,81 +151,4 @@ TEST_CASE("text templates: for a beginning until the user has his own, or fixed"
     CHECK(window.platform.dialogs.shown.size() == 1);
     CHECK(window.Templates() == std::vector<Text>{u"Fixed"});
     CHECK(window.Setting(u"Texte", u"Text0") == u"Own");
-}
-
-namespace {
-
-// An XML file of packaging/policies; it is read in place.
-struct Template {
-    std::string text;
-    rapidxml::xml_document<> xml;
-
-    explicit Template(const std::string& name) {
-        std::ifstream stream(SOURCE_FOLDER "/packaging/policies/" + name, std::ios::binary);
-        text.assign(std::istreambuf_iterator<char>(stream), {});
-        REQUIRE_FALSE(text.empty());
-        xml.parse<rapidxml::parse_default>(text.data());
-    }
-};
-using Node = rapidxml::xml_node<>;
-
-std::string Attribute(const Node* node, const char* name) {
-    const auto* const found = node ? node->first_attribute(name) : nullptr;
-    return found ? found->value() : "";
-}
-template <class Action>
-void ForAll(const Node* node, const Action& action) {
-    for (; node; node = node->next_sibling()) {
-        action(node);
-        ForAll(node->first_node(), action);
-    }
-}
-
-}  // namespace
-
-TEST_CASE("the templates for administrators describe what is read, in every language") {
-    const std::string fixedKey(FixedKey.begin(), FixedKey.end());
-    Template policies("TellwickForOutlook.admx");
-    std::map<std::string, std::set<std::string>> described;  // by key: values, "+" before numbers
-    std::set<std::string> strings, presentations;
-    ForAll(policies.xml.first_node(), [&](const Node* node) {
-        const std::string name = node->name();
-        for (auto* one = node->first_attribute(); one; one = one->next_attribute()) {
-            const std::string value = one->value();
-            if (value.starts_with("$(string.")) strings.insert(value.substr(9, value.size() - 10));
-            if (value.starts_with("$(presentation."))
-                presentations.insert(value.substr(15, value.size() - 16));
-        }
-        const std::string value = Attribute(node, "valueName");
-        if (name == "policy" && !value.empty())
-            described[Attribute(node, "key")].insert("+" + value);
-        // A decimal without a name is the value of a policy that is yes or no.
-        if (name == "list" || (name != "policy" && !value.empty())) {
-            const Node* policy = node->parent()->parent();
-            const std::string key = Attribute(node, "key");
-            described[key.empty() ? Attribute(policy, "key") : key].insert(
-                (name == "decimal" ? "+" : "") + value);
-        }
-    });
-    std::set<std::string> known;
-    for (const Policies::Known& policy : Policies::All()) {
-        known.insert((policy.type == RegistryType::Number ? "+" : "") +
-                     std::string(policy.name.begin(), policy.name.end()));
-    }
-    CHECK(described[fixedKey] == known);
-    CHECK(described[fixedKey + "\\Defaults"] == known);
-    CHECK(described.contains(fixedKey + "\\Templates"));
-    CHECK(described.contains(fixedKey + "\\Defaults\\Templates"));
-    CHECK(described.size() == 4);
-    for (const std::string language : {"en-US", "de-DE"}) {
-        Template texts(language + "/TellwickForOutlook.adml");
-        std::set<std::string> has, shows;
-        ForAll(texts.xml.first_node(), [&](const Node* node) {
-            const std::string name = node->name();
-            if (name == "string") has.insert(Attribute(node, "id"));
-            if (name == "presentation") shows.insert(Attribute(node, "id"));
-        });
-        CHECK(has == strings);
-        CHECK(shows == presentations);
-    }
 }
