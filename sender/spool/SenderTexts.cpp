@@ -34,6 +34,7 @@ const std::vector<SenderTextEntry>& SenderTexts() {
         {reason::NotAllowed, u"The gateway does not accept user and password (status %d)."},
         {reason::Gateway, u"The gateway refuses the SMS: %d"},
         {reason::NoAddress, u"No address of a gateway is set."},
+        {u"NoFolder", u"The folder of the settings cannot be found or made."},
         {u"CheckOn", u"&Send SMS", Entry::Window},
         {u"ButtonAgain", u"Send &again", Entry::Window},
         {u"ButtonDelete", u"&Delete", Entry::Window},

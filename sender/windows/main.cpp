@@ -14,6 +14,7 @@
 
 #include <optional>
 
+#include "spool/SenderTexts.h"
 #include "windows/Sender.h"
 #include "windows/SenderWindow.h"
 #include "windows/Server.h"
@@ -59,7 +60,7 @@ int Run(bool minimised) {
     if (sender.Start()) {
         window.emplace(sender);
     } else {
-        MessageBoxW(nullptr, L"The folder of the settings cannot be found or made.", L"Tellwick",
+        MessageBoxW(nullptr, windows::Wide(SenderText(sender.Texts(), u"NoFolder")), L"Tellwick",
                     MB_OK | MB_ICONERROR);
     }
     if (window && window->Open(minimised)) {
