@@ -17,7 +17,7 @@ std::string ButtonCaption(StandIn& outlook) {
         if (controls.empty()) controls = outlook.List("toolbar 1");
         for (const std::string& control : controls) {
             if (control.find("tag=\"101\"") == std::string::npos &&
-                control.find("at=TabMail") == std::string::npos) {
+                control.find("at=Tab") == std::string::npos) {
                 continue;
             }
             const std::size_t begin = control.find('"') + 1;

@@ -36,11 +36,11 @@ TEST_CASE("each person gets a text of their own, but for those whom the user lea
             "1234567\"");
         outlook.Command("folder 1 contacts");
         outlook.Command("select 1 1 2");
-        outlook.ClickButton(1, "Neue SMS");
-        const Form form = Form::Opened();
+        const Form form = Form::Open(outlook);
         CHECK(WaitUntil([&] { return TextOf(form.to) == L"0491712345678;01701234567"; }));
         // Typed later, and in no contact's.
         Click(form.to);
+        CHECK(WaitUntil([&] { return Focus() == form.to; }));
         Press(VK_END);
         Type(L";112");
         Form::Fill(form.message, L"Hallo , kommt ");
