@@ -1,7 +1,7 @@
 // The add-in on the ribbon of newer Outlooks: asked for through COM, drawn, clicked, taken away.
 #include <doctest.h>
 
-#include "endtoend/StandIn.h"
+#include "endtoend/Form.h"
 
 using namespace tellwick::endtoend;
 
@@ -72,6 +72,12 @@ TEST_CASE("ribbon and menus have the add-in's buttons instead of the bars, while
         begins("ribbon-inspector 2", "\"SMS an diesen Kontakt\" at=TabContact group=\"SMS\" ");
         outlook.Command("click-ribbon-inspector 2 \"SMS an diesen Kontakt\"");
         CHECK(TakeRecipient().find(L"01712345678") != std::wstring::npos);
+        outlook.Command(std::string("open-inspector ") + Mail);
+        outlook.Command("click-ribbon-inspector 3 \"Per SMS weiterleiten\"");
+        const Form forwarded = Form::Opened();
+        CHECK(TextOf(forwarded.message).starts_with(L"Anna Berger: Minutes of Tuesday's meeting"));
+        CHECK(Focus() == forwarded.to);
+        CHECK(TakeRecipient().empty());
         const std::string connected = outlook.Command("references");
         CHECK(connected.find("IRibbonControl") == std::string::npos);
         CHECK(connected.find("IRibbonUI") != std::string::npos);
