@@ -21,7 +21,7 @@ sampleOf() {
             ;;
         Deutsch)
             country=+49 nation=94 recipient='0171 2345678'
-            template='Ich verspäte mich um 10 Minuten.'
+            template='Ich komme 10 Minuten später.'
             message=('Schöne Grüße aus Köln,' 'wir freuen uns auf euch am Wochenende!')
             preview=('Schöne Grüße aus Köln,'
                 'wir kommen am Samstag um acht – bis dahin alles Gute, eure Anna und Jörg')
