@@ -92,16 +92,20 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
       formT1(debug, forms, platform.timers),
       smsReply(errors, debug, processValues, platform.messageLoop, contacts, formSmsSend,
                recipientField, messageText),
-      smsForward(errors, contacts, formSmsSend, formSmsSendView, recipientField, messageText),
+      smsForward(errors, contacts, formSmsSend, formSmsSendView, messageText),
+      reminderText(language, inifilesLite, platform.locale, textFields),
+      smsReminder(errors, platform.automation, processValues, platform.clock, recipientLookup,
+                  reminderText, formSmsSend, messageText),
       ribbon(errors, debug, language, platform.bitmaps, recipientLookup, smsReply, smsForward,
-             formSmsSend),
+             smsReminder, formSmsSend),
       olButtons(errors, regEdit, platform.bitmaps, platform.messageLoop) {
     recipientPeople.SetListener([this] { formSmsSend.People_Change(); });
 }
 
 std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     const auto openSms = [this](const ObjectPtr& application) {
-        formSmsSend.Open(recipientLookup.LookInSelection(application));
+        if (!smsReminder.OpenSelected(application))
+            formSmsSend.Open(recipientLookup.LookInSelection(application));
     };
     const auto createExplorer = [this, openSms] {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,

@@ -8,6 +8,7 @@
 #include "addin/OlButtons.h"
 #include "addin/Ribbon.h"
 #include "addin/SmsForward.h"
+#include "addin/SmsReminder.h"
 #include "addin/SmsReply.h"
 #include "compose/AirCountLine.h"
 #include "compose/AwaitedRecipients.h"
@@ -25,6 +26,7 @@
 #include "compose/PersonalSubmission.h"
 #include "compose/PersonalTexts.h"
 #include "compose/Process.h"
+#include "compose/ReminderText.h"
 #include "compose/SmsQueue.h"
 #include "compose/Submission.h"
 #include "compose/Tellwick.h"
@@ -124,6 +126,8 @@ public:
     FormT1 formT1;
     SmsReply smsReply;
     SmsForward smsForward;
+    ReminderText reminderText;
+    SmsReminder smsReminder;
     Ribbon ribbon;
     OlButtons olButtons;
 

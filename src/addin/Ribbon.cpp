@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "addin/SmsForward.h"
+#include "addin/SmsReminder.h"
 #include "addin/SmsReply.h"
 #include "compose/FormSmsSend.h"
 #include "platform/Bitmaps.h"
@@ -63,7 +64,8 @@ Text ExplorerTabs() {
     constexpr TextView Key = u"ButtonSMS";
     constexpr TextView Action = u"RibbonSMSNew_Click";
     return TabWith(u"TabMail", u"GroupMailNew", u"Mail", RibbonButton(u"SMSNewMail", Key, Action)) +
-           TabWith(u"TabContacts", {}, u"Contacts", RibbonButton(u"SMSNewContacts", Key, Action));
+           TabWith(u"TabContacts", {}, u"Contacts", RibbonButton(u"SMSNewContacts", Key, Action)) +
+           TabWith(u"TabCalendar", {}, u"Calendar", RibbonButton(u"SMSNewCalendar", Key, Action));
 }
 
 Text ExplorerMenus() {
@@ -76,6 +78,10 @@ Text ExplorerMenus() {
             menus += MenuEntry(menu, u"SMSForward", u"RibbonForward", u"RibbonSMSForward_Click");
         menus += u"</contextMenu>";
     }
+    constexpr TextView Calendar = u"ContextMenuCalendarItem";
+    menus.append(u"<contextMenu idMso=\"").append(Calendar).append(u"\">");
+    menus += MenuEntry(Calendar, u"SMSReminder", u"RibbonReminder", u"RibbonSMSReminder_Click");
+    menus += u"</contextMenu>";
     return u"<contextMenus>" + menus + u"</contextMenus>";
 }
 
@@ -97,13 +103,14 @@ std::span<const Ribbon::Callback> Ribbon::Callbacks() {
         {u"RibbonSMSNew_Click", &Ribbon::RibbonSMSNew_Click},
         {u"RibbonSMSReply_Click", &Ribbon::RibbonSMSReply_Click},
         {u"RibbonSMSForward_Click", &Ribbon::RibbonSMSForward_Click},
+        {u"RibbonSMSReminder_Click", &Ribbon::RibbonSMSReminder_Click},
         {u"RibbonSMSContact_Click", &Ribbon::RibbonSMSContact_Click}};
     return callbacks;
 }
 
 Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
                RecipientLookup& recipientLookup, SmsReply& smsReply, SmsForward& smsForward,
-               FormSmsSend& formSmsSend)
+               SmsReminder& smsReminder, FormSmsSend& formSmsSend)
     : errors(errors),
       debug(debug),
       language(language),
@@ -111,6 +118,7 @@ Ribbon::Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitm
       recipientLookup(recipientLookup),
       smsReply(smsReply),
       smsForward(smsForward),
+      smsReminder(smsReminder),
       formSmsSend(formSmsSend) {}
 
 Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connection connection) {
@@ -129,6 +137,9 @@ Text Ribbon::GetCustomUI(TextView ribbonId, std::int32_t outlookVersion, Connect
     } else if (ribbonId == u"Microsoft.Outlook.Contact") {
         tabs = TabWith(u"TabContact", {}, u"Contact",
                        RibbonButton(u"SMSContact", u"RibbonContact", u"RibbonSMSContact_Click"));
+    } else if (ribbonId == u"Microsoft.Outlook.Appointment") {
+        tabs = TabWith(u"TabAppointment", {}, u"Appointment",
+                       RibbonButton(u"SMSReminder", u"RibbonReminder", u"RibbonSMSReminder_Click"));
     } else {
         return {};
     }
@@ -206,8 +217,10 @@ Value Ribbon::Ribbon_getSmallImage(const ObjectPtr&) {
 }
 
 Value Ribbon::RibbonSMSNew_Click(const ObjectPtr& control) {
-    const Text recipients = recipientLookup.LookInSelection(
-        outlook::Explorer(errors, ContextOf(control)).Parent().Reference());
+    ObjectPtr application = outlook::Explorer(errors, ContextOf(control)).Parent().Reference();
+    if (smsReminder.OpenSelected(application)) return {};
+    const Text recipients = recipientLookup.LookInSelection(application);
+    application.reset();
     formSmsSend.Open(recipients);
     return {};
 }
@@ -228,13 +241,12 @@ Value Ribbon::RibbonSMSReply_Click(const ObjectPtr& control) {
 }
 
 Value Ribbon::RibbonSMSForward_Click(const ObjectPtr& control) {
-    ObjectPtr context = ContextOf(control);
-    ObjectPtr mail =
-        (TypeName(context) == u"Inspector" ? outlook::Inspector(errors, context).CurrentItem()
-                                           : outlook::Selection(errors, context).Item(1))
-            .Reference();
-    context.reset();
-    smsForward.Open(std::move(mail));
+    smsForward.Open(ItemOf(control));
+    return {};
+}
+
+Value Ribbon::RibbonSMSReminder_Click(const ObjectPtr& control) {
+    smsReminder.Open(ItemOf(control), RecipientLookup::Origin::Connection);
     return {};
 }
 
@@ -251,6 +263,14 @@ Value Ribbon::RibbonSMSContact_Click(const ObjectPtr& control) {
 
 ObjectPtr Ribbon::ContextOf(const ObjectPtr& control) {
     return AsObject(Get(errors, control, u"Context"));
+}
+
+// The item of the window, or the first one selected.
+ObjectPtr Ribbon::ItemOf(const ObjectPtr& control) {
+    const ObjectPtr context = ContextOf(control);
+    return (TypeName(context) == u"Inspector" ? outlook::Inspector(errors, context).CurrentItem()
+                                              : outlook::Selection(errors, context).Item(1))
+        .Reference();
 }
 
 Text Ribbon::TagOf(const ObjectPtr& control) {

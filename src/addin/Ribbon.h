@@ -16,13 +16,14 @@ class FormSmsSend;
 class LanguageTexts;
 class RecipientLookup;
 class SmsForward;
+class SmsReminder;
 class SmsReply;
 
 class Ribbon {
 public:
     Ribbon(PendingError& errors, Debug& debug, LanguageTexts& language, Bitmaps& bitmaps,
            RecipientLookup& recipientLookup, SmsReply& smsReply, SmsForward& smsForward,
-           FormSmsSend& formSmsSend);
+           SmsReminder& smsReminder, FormSmsSend& formSmsSend);
 
     // The XML for a kind of window ("Microsoft.Outlook.Explorer"), in the namespace that the major
     // version of Outlook knows; empty for a kind that the add-in has nothing for. Of a connection
@@ -60,9 +61,11 @@ private:
     Value RibbonSMSNew_Click(const ObjectPtr& control);
     Value RibbonSMSReply_Click(const ObjectPtr& control);
     Value RibbonSMSForward_Click(const ObjectPtr& control);
+    Value RibbonSMSReminder_Click(const ObjectPtr& control);
     Value RibbonSMSContact_Click(const ObjectPtr& control);
 
     ObjectPtr ContextOf(const ObjectPtr& control);
+    ObjectPtr ItemOf(const ObjectPtr& control);
     Text TagOf(const ObjectPtr& control);
     Value Image(std::int32_t size);
 
@@ -77,6 +80,7 @@ private:
     RecipientLookup& recipientLookup;
     SmsReply& smsReply;
     SmsForward& smsForward;
+    SmsReminder& smsReminder;
     FormSmsSend& formSmsSend;
 };
 

@@ -5,26 +5,21 @@
 #include "compose/MailExcerpt.h"
 #include "compose/MessageText.h"
 #include "recipients/Contacts.h"
-#include "recipients/RecipientField.h"
 
 namespace tellwick {
 
 SmsForward::SmsForward(PendingError& errors, Contacts& contacts, FormSmsSend& formSmsSend,
-                       FormSmsSendView& view, RecipientField& recipientField,
-                       MessageText& messageText)
+                       FormSmsSendView& view, MessageText& messageText)
     : errors(errors),
       contacts(contacts),
       formSmsSend(formSmsSend),
       view(view),
-      recipientField(recipientField),
       messageText(messageText) {}
 
 void SmsForward::Open(ObjectPtr mail) {
     const Text text = TextOf(mail);
     mail.reset();
-    const bool opened = !view.Loaded();
-    formSmsSend.Open({});
-    if (opened) recipientField.SetText({});
+    formSmsSend.Open({}, FormSmsSend::Remembered::Forget);
     messageText.Replace(CutToFit(text, [this](TextView cut) { return messageText.Fits(cut); }));
     view.TextTo().SetFocus();
 }

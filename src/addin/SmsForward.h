@@ -9,12 +9,11 @@ class Contacts;
 class FormSmsSend;
 class FormSmsSendView;
 class MessageText;
-class RecipientField;
 
 class SmsForward {
 public:
     SmsForward(PendingError& errors, Contacts& contacts, FormSmsSend& formSmsSend,
-               FormSmsSendView& view, RecipientField& recipientField, MessageText& messageText);
+               FormSmsSendView& view, MessageText& messageText);
 
     // Opens the form with who wrote a mail, its subject and its own words, cut to what fits; the
     // user is asked for the recipient. A form that was open already keeps its recipients.
@@ -27,7 +26,6 @@ private:
     Contacts& contacts;
     FormSmsSend& formSmsSend;
     FormSmsSendView& view;
-    RecipientField& recipientField;
     MessageText& messageText;
 };
 

@@ -42,7 +42,7 @@ FormSmsSend::~FormSmsSend() {
     forms.Remove(*this);
 }
 
-void FormSmsSend::Open(TextView recipients) {
+void FormSmsSend::Open(TextView recipients, Remembered remembered) {
     if (view.Loaded()) {
         Form_Initialize_();
         parts.recipientField.Add(recipients);
@@ -52,7 +52,7 @@ void FormSmsSend::Open(TextView recipients) {
     }
     if (!view.Load()) return;
     try {
-        OpenAnew(recipients);
+        OpenAnew(recipients, remembered);
     } catch (...) {
         // The next time it opens as it should, and not as far as it came now.
         view.Unload();
@@ -62,9 +62,10 @@ void FormSmsSend::Open(TextView recipients) {
     }
 }
 
-void FormSmsSend::OpenAnew(TextView recipients) {
+void FormSmsSend::OpenAnew(TextView recipients, Remembered remembered) {
     Form_Load();
     Form_Initialize_();
+    if (remembered == Remembered::Forget) parts.recipientField.SetText({});
     if (!recipients.empty() && restored) {
         parts.recipientField.Add(recipients);
     } else if (!recipients.empty()) {

@@ -51,8 +51,10 @@ public:
     // Shows the form, initialised anew. The recipients, unless empty, take the place of the
     // remembered ones; in a form that is open already they join those in the field, and nothing
     // that stands in it changes. Those that are still looked up follow when they are found, unless
-    // the user has changed the field meanwhile.
-    void Open(TextView recipients);
+    // the user has changed the field meanwhile. Recipients that are not to get what the form is
+    // opened for are forgotten, not remembered from the last time.
+    enum class Remembered { Keep, Forget };
+    void Open(TextView recipients, Remembered remembered = Remembered::Keep);
 
     // Resets the form's state, reads its settings and lists, and restores the last texts, or those
     // of a form that an Outlook before did not come to close. Lists and texts of a form that was
@@ -96,7 +98,7 @@ public:
     void ButtonOptions_Click();
 
 private:
-    void OpenAnew(TextView recipients);
+    void OpenAnew(TextView recipients, Remembered remembered);
     void Form_Load();
     void Form_SetLanguage();
     void LoadBackGround();

@@ -1,12 +1,11 @@
 #include "compose/LastRun.h"
 
-#include <chrono>
-#include <cmath>
 #include <string>
 
 #include "compose/PersonalTexts.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/LocalDate.h"
 #include "platform/Utf8.h"
 #include "settings/Documents.h"
 #include "settings/InifilesLite.h"
@@ -25,14 +24,10 @@ Text TwoDigits(std::int64_t number) {
 
 // "2026-11-22 14:05"
 Text DateText(double date) {
-    const std::chrono::sys_days start =
-        std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
-    constexpr std::int64_t MinutesADay = 1440;
-    const auto minutes = std::int64_t(std::floor(date * MinutesADay + 0.5));
-    const std::chrono::year_month_day day(start + std::chrono::days(minutes / MinutesADay));
-    return NumberText(int(day.year())) + u"-" + TwoDigits(unsigned(day.month())) + u"-" +
-           TwoDigits(unsigned(day.day())) + u" " + TwoDigits(minutes / 60 % 24) + u":" +
-           TwoDigits(minutes % 60);
+    const LocalDate local(date);
+    return NumberText(local.Year()) + u"-" + TwoDigits(local.Month()) + u"-" +
+           TwoDigits(local.Day()) + u" " + TwoDigits(local.Hour()) + u":" +
+           TwoDigits(local.Minute());
 }
 
 }  // namespace

@@ -11,8 +11,10 @@ namespace tellwick {
 namespace {
 
 constexpr TextView Section = u"TextFields";
-constexpr TextView Keys[] = {u"FirstName", u"LastName", u"FullName", u"Company"};
-constexpr TextView English[] = {u"FirstName", u"LastName", u"Name", u"Company"};
+constexpr TextView Keys[] = {u"FirstName", u"LastName", u"FullName", u"Company",
+                             u"Subject",   u"Date",     u"Time",     u"Place"};
+constexpr TextView English[] = {u"FirstName", u"LastName", u"Name", u"Company",
+                                u"Subject",   u"Date",     u"Time", u"Place"};
 constexpr TextView BehindLeftOut = u" .,;:!?)\r\n";
 
 Text WithoutBlanks(TextView text) {
@@ -21,7 +23,7 @@ Text WithoutBlanks(TextView text) {
     return without;
 }
 
-const Text& ValueOf(Field field, const Person& person) {
+TextView NameOf(const Person& person, Field field) {
     switch (field) {
         case Field::FirstName:
             return person.firstName;
@@ -30,9 +32,10 @@ const Text& ValueOf(Field field, const Person& person) {
         case Field::FullName:
             return person.fullName;
         case Field::Company:
-            break;
+            return person.company;
+        default:
+            return {};
     }
-    return person.company;
 }
 
 // The blank before what is left out goes where a word's end, or another blank, follows, and the one
@@ -58,17 +61,17 @@ Text TextFields::Words(const std::vector<Field>& fields) const {
     return words;
 }
 
-std::vector<FieldPlace> TextFields::Find(TextView text) const {
+std::vector<FieldPlace> TextFields::Find(TextView text, std::span<const Field> wanted) const {
     std::vector<FieldPlace> places;
     if (text.find(u'{') == TextView::npos) return places;
-    std::array<Text, Fields.size()> words;
-    for (const Field field : Fields) words[std::size_t(field)] = WithoutBlanks(Word(field));
+    std::array<Text, std::size(Keys)> words;
+    for (const Field field : wanted) words[std::size_t(field)] = WithoutBlanks(Word(field));
     const auto fieldOf = [&](TextView inside) -> std::optional<Field> {
         const Text word = WithoutBlanks(inside);
-        for (const Field field : Fields) {
+        for (const Field field : wanted) {
             if (EqualFolded(word, words[std::size_t(field)])) return field;
         }
-        for (const Field field : Fields) {
+        for (const Field field : wanted) {
             if (EqualFolded(word, English[std::size_t(field)])) return field;
         }
         return {};
@@ -87,13 +90,18 @@ std::vector<FieldPlace> TextFields::Find(TextView text) const {
 
 FilledText TextFields::Fill(TextView text, const std::vector<FieldPlace>& places,
                             const Person& person) {
+    return FillWith(text, places, [&](Field field) { return NameOf(person, field); });
+}
+
+FilledText TextFields::FillWith(TextView text, const std::vector<FieldPlace>& places,
+                                const ValueOf& valueOf) {
     FilledText filled;
     Text& out = filled.text.text;
     std::size_t next = 0;
     for (const FieldPlace& place : places) {
         out += text.substr(next, place.start - next);
         next = place.start + place.length;
-        const Text& value = ValueOf(place.field, person);
+        const TextView value = valueOf(place.field);
         if (!value.empty()) {
             filled.text.marks.push_back({out.size(), value.size()});
             out += value;

@@ -164,6 +164,7 @@ public:
     outlook::Explorers Explorers() const { return As<outlook::Explorers>(Get(u"Explorers")); }
     outlook::Inspectors Inspectors() const { return As<outlook::Inspectors>(Get(u"Inspectors")); }
     Explorer ActiveExplorer() const { return As<Explorer>(Call(u"ActiveExplorer")); }
+    Inspector ActiveInspector() const { return As<Inspector>(Call(u"ActiveInspector")); }
     outlook::ComAddIns ComAddIns() const { return As<outlook::ComAddIns>(Get(u"COMAddIns")); }
 };
 

@@ -32,7 +32,8 @@ RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation&
                                  const ProcessValues& processValues, Contacts& contacts,
                                  Addresses& addresses, RecipientPeople& recipientPeople,
                                  Clock& clock, Timers& timers, MessageLoop& messageLoop)
-    : errors(errors),
+    : appointmentPeople(errors, automation),
+      errors(errors),
       debug(debug),
       automation(automation),
       processValues(processValues),
@@ -59,6 +60,28 @@ Text RecipientLookup::LookInItems(const ObjectPtr& collection) {
 Text RecipientLookup::LookInItem(const ObjectPtr& item) {
     LendApplicationOf(item);
     return Begin(item, Origin::Connection, true);
+}
+
+Text RecipientLookup::LookInAppointment(const ObjectPtr& appointment, Origin newOrigin) {
+    LendApplicationOf(appointment);
+    Stop();
+    if (!appointment) return {};
+    origin = newOrigin;
+    looking = inAppointment = true;
+    const bool trusted = IsTrusted();
+    appointmentPeople.Begin(
+        appointment,
+        trusted ? AppointmentPeople::Access::Straight : AppointmentPeople::Access::Redemption,
+        processValues.outlookVersion);
+    if (!looking) {  // Outlook may have ended meanwhile
+        appointmentPeople.Clear();
+        return {};
+    }
+    step = Step::Attendee;
+    if (!appointmentPeople.HasAttendees())
+        body = OneLine(AsText(Get(errors, appointment, u"Subject")));
+    GoOnLater();
+    return {};
 }
 
 // A connection without a window handed no application over that contacts could be read from.
@@ -88,11 +111,17 @@ Text RecipientLookup::Begin(const ObjectPtr& collection, Origin newOrigin, bool 
         while (looking && step == Step::Item && clock.Milliseconds() < end && DoStep()) {
         }
     }
-    if (looking) {
-        timer = timers.Create();
-        timer->Start(Interval, [this] { Tick(); });
-    }
+    if (looking) GoOnLater();
     return std::exchange(found, {});
+}
+
+void RecipientLookup::GoOnLater() {
+    timer = timers.Create();
+    timer->Start(Interval, [this] { Tick(); });
+}
+
+bool RecipientLookup::IsTrusted() const {
+    return origin == Origin::Connection && processValues.outlookVersion >= FirstTrusting;
 }
 
 void RecipientLookup::Stop() {
@@ -110,6 +139,8 @@ void RecipientLookup::End() {
     mail.reset();
     safeMail.reset();
     body.clear();
+    onlyName = inAppointment = false;
+    appointmentPeople.Clear();
     next = 1;
     count = 0;
     step = Step::Item;
@@ -137,6 +168,9 @@ bool RecipientLookup::DoStep() {
             return looking;
         case Step::Person:
             return FindPerson();
+        case Step::Attendee:
+            LookAtAttendee();
+            return looking;
     }
     return false;
 }
@@ -166,10 +200,8 @@ void RecipientLookup::LookAtNext() {
 // The sender's own number, as messages from a telephone have it. Without Redemption only where
 // Outlook does not ask the user before it hands out sender and body.
 void RecipientLookup::LookAtMail(const ObjectPtr& item) {
-    const bool trusted =
-        origin == Origin::Connection && processValues.outlookVersion >= FirstTrusting;
     safeMail = contacts.SafeMail(item);
-    if (!safeMail && !trusted) return;
+    if (!safeMail && !IsTrusted()) return;
     const Text own =
         NumberInText(AsText(Get(errors, safeMail ? safeMail : item, u"SentOnBehalfOfName")));
     if (!own.empty()) {
@@ -191,17 +223,38 @@ void RecipientLookup::ReadReply() {
     step = Step::Person;
 }
 
+void RecipientLookup::LookAtAttendee() {
+    const std::optional<AppointmentPeople::One> one = appointmentPeople.Next();
+    if (!looking) return;  // Outlook may have ended meanwhile
+    if (!one) {
+        step = body.empty() ? Step::Item : Step::Person;
+        onlyName = inAppointment = false;
+        return;
+    }
+    if (one->contact) {
+        const Text number = contacts.NumberOfContact(one->contact);
+        if (Found(number)) recipientPeople.Choose(number, contacts.PersonOfContact(one->contact));
+        if (!number.empty()) return;
+    }
+    if (one->name.empty()) return;
+    body = one->name;
+    onlyName = true;
+    step = Step::Person;
+}
+
 bool RecipientLookup::FindPerson() {
     if (!addresses.Known()) {
         addresses.Refresh();
         if (!addresses.Known() && addresses.Reading()) return false;
     }
     const AddressList& list = addresses.List();
-    if (const auto row = list.RowNamedFirstIn(std::exchange(body, {}))) {
+    const auto row = list.RowNamedFirstIn(body);
+    if (row && (!onlyName || EqualFolded(list.Row(*row).name, body))) {
         const Text number = contacts.Dialable(list.Row(*row).number);
         if (Found(number)) recipientPeople.ChooseRow(*row, {number});
     }
-    step = Step::Item;
+    body.clear();
+    step = inAppointment ? Step::Attendee : Step::Item;
     return true;
 }
 

@@ -10,6 +10,7 @@
 #include "platform/Outlook.h"
 #include "platform/ProcessValues.h"
 #include "platform/Timer.h"
+#include "recipients/AppointmentPeople.h"
 
 namespace tellwick {
 
@@ -36,7 +37,10 @@ public:
 
     void SetListener(Listener newListener) { listener = std::move(newListener); }
 
-    // Each of these three ends a look that is going on and begins its own. It returns those who are
+    // Whether Outlook trusts the program with what it reaches from there.
+    enum class Origin { Connection, RunningObject };
+
+    // Each of these ends a look that is going on and begins its own. It returns those who are
     // known at once, without doubles, separated by ";"; the listener hears the others.
     // What is selected in the active window of the application, or of the running Outlook:
     Text LookInSelection(const ObjectPtr& application);
@@ -44,6 +48,9 @@ public:
     Text LookInItems(const ObjectPtr& items);
     // One item:
     Text LookInItem(const ObjectPtr& item);
+    // An appointment: the contacts linked to it and its attendees; where it has none, or Outlook
+    // would ask the user for them, the person whom its subject names first.
+    Text LookInAppointment(const ObjectPtr& appointment, Origin origin);
 
     bool Looking() const { return looking; }
     // Whether more was selected than became recipients.
@@ -52,9 +59,7 @@ public:
     void Stop();
 
 private:
-    // Whether Outlook trusts the program with what it reaches from there.
-    enum class Origin { Connection, RunningObject };
-    enum class Step { Item, Reply, Person };
+    enum class Step { Item, Reply, Person, Attendee };
 
     Text Begin(const ObjectPtr& collection, Origin newOrigin, bool single = false);
     // One step; false when there is nothing left, or it has to be waited.
@@ -62,9 +67,12 @@ private:
     void LookAtNext();
     void LookAtMail(const ObjectPtr& item);
     void ReadReply();
+    void LookAtAttendee();
     bool FindPerson();
+    bool IsTrusted() const;
     bool Found(const Text& number);
     void End();
+    void GoOnLater();
     void Tick();
     void LendApplicationOf(const ObjectPtr& object);
 
@@ -77,7 +85,10 @@ private:
     Step step = Step::Item;
     ObjectPtr mail;  // whose reply is to be read
     ObjectPtr safeMail;
-    Text body;                // of the reply
+    Text body;              // of the reply, or whatever else names a person
+    bool onlyName = false;  // it is nothing but a name
+    AppointmentPeople appointmentPeople;
+    bool inAppointment = false;
     std::vector<Text> taken;  // each recipient once
     Text found;               // and not told yet
     bool looking = false;

@@ -44,6 +44,8 @@ const MemberTable& NameSpace::Table() const {
                 [](NameSpace& self) { return std::make_shared<Stores>(self.outlook)->Handle(); })
             .From(12)
             .Property(u"Type", [](NameSpace&) { return Text(u"MAPI"); })
+            .Property(u"CurrentUser", [](NameSpace& self) { return CurrentUserOf(self.outlook); })
+            .Guarded()
             .Method(u"GetItemFromID", {u"EntryIDItem", u"EntryIDStore"},
                     [](NameSpace& self, const Arguments& arguments) -> Value {
                         const auto item = self.outlook.FindItem(AsText(arguments[0]));

@@ -83,6 +83,7 @@ Members<Item> ItemMembers(std::int32_t itemClass) {
     Members<Item> members = OutlookMembers<Item>(itemClass);
     AddDates(members);
     if (itemClass == DistributionListClass) AddPeople(members);
+    if (itemClass == AppointmentClass) AddAppointmentMembers(members);
     for (const TextView name : FieldNames(itemClass)) {
         members.Property(
             name, [name](Item& self) { return self.Field(name); },
@@ -252,7 +253,9 @@ std::shared_ptr<UserProperty> UserProperties::Find(TextView name) const {
 }
 
 Item::Item(OutlookModel& outlook, std::int32_t itemClass)
-    : ModelObject(outlook), itemClass(itemClass) {}
+    : ModelObject(outlook), itemClass(itemClass) {
+    if (itemClass == AppointmentClass) appointment = std::make_unique<Appointment>();
+}
 
 const std::shared_ptr<UserProperties>& Item::Properties() {
     if (!userProperties) userProperties = std::make_shared<UserProperties>(outlook);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "model/Appointments.h"
 #include "model/ModelObject.h"
 
 namespace tellwick::standin {
@@ -72,7 +73,8 @@ public:
     double created = 0;          // dates, see Value; of the universal time
     double modified = 0;
     std::weak_ptr<Folder> folder;
-    std::weak_ptr<Folder> madeIn;  // by Items.Add: where it is saved
+    std::weak_ptr<Folder> madeIn;              // by Items.Add: where it is saved
+    std::unique_ptr<Appointment> appointment;  // null for any other item
     bool deleted = false;
     // Came in or went out; else a mail that is still being written.
     bool sent = false;
@@ -224,8 +226,9 @@ public:
     const std::shared_ptr<ItemTable> table;
 };
 
-// What "Redemption.SafeMailItem" and "Redemption.SafeDistList" create: any property of the item put
-// into it. A mail's Sent can be put, too, until it is saved for the first time.
+// What "Redemption.SafeMailItem", "...SafeDistList" and "...SafeAppointmentItem" create: any
+// property of the item put into it. A mail's Sent can be put, too, until it is saved for the first
+// time.
 class SafeItem : public ModelObject {
 public:
     SafeItem(OutlookModel& outlook, std::int32_t itemClass)

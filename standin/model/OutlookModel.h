@@ -35,8 +35,8 @@ public:
     // Adds an add-in to COMAddIns; its handle is what OnConnection gets.
     std::shared_ptr<ComAddIn> AddAddIn(TextView progId, TextView description = {},
                                        TextView guid = {});
-    // What Create("Redemption.SafeMailItem") and, for the other class, Create(
-    // "Redemption.SafeDistList") give.
+    // What Create("Redemption.SafeMailItem") and, for the other classes, Create(
+    // "Redemption.SafeDistList") and Create("Redemption.SafeAppointmentItem") give.
     ObjectPtr CreateSafeItem(std::int32_t itemClass);
 
     // Opens a window: NewExplorer (it counts already, but another one may be the active one), then
@@ -152,6 +152,7 @@ public:
     std::shared_ptr<WindowCollection<Inspector>> inspectors;
     std::shared_ptr<ComAddIns> comAddIns;
     std::shared_ptr<NameSpace> session;
+    Text user = u"Me";  // who uses this Outlook
     // The date, see Value. Every creation moves it on by a second.
     double now = 46000.5;
     // What the user's clock is ahead of the universal time, in days.

@@ -34,7 +34,9 @@ TextView TabOf(const Window& window) {
                                                           : u"TabCalendar";
     }
     const auto& item = dynamic_cast<const Inspector&>(window).item;
-    return item->itemClass == ContactClass ? u"TabContact" : u"TabReadMessage";
+    return item->itemClass == ContactClass       ? u"TabContact"
+           : item->itemClass == AppointmentClass ? u"TabAppointment"
+                                                 : u"TabReadMessage";
 }
 
 TextView MenuFor(const Explorer& explorer) {
@@ -46,6 +48,8 @@ TextView MenuFor(const Explorer& explorer) {
             return u"ContextMenuMailItem";
         case ContactClass:
             return u"ContextMenuContactItem";
+        case AppointmentClass:
+            return u"ContextMenuCalendarItem";
         default:
             return {};
     }

@@ -25,12 +25,15 @@ constexpr TextView Explorer = u"Microsoft.Outlook.Explorer";
 constexpr OwnName OwnNames[] = {
     {Explorer, u"TabMail", u"GroupMailNew"},
     {Explorer, u"TabContacts", {}},
+    {Explorer, u"TabCalendar", {}},
     {Explorer, u"ContextMenuMailItem", {}},
     {Explorer, u"ContextMenuContactItem", {}},
     {Explorer, u"ContextMenuFlaggedContactItem", {}},
     {Explorer, u"ContextMenuMultipleItems", {}},
+    {Explorer, u"ContextMenuCalendarItem", {}},
     {u"Microsoft.Outlook.Mail.Read", u"TabReadMessage", u"GroupRespond"},
-    {u"Microsoft.Outlook.Contact", u"TabContact", {}}};
+    {u"Microsoft.Outlook.Contact", u"TabContact", {}},
+    {u"Microsoft.Outlook.Appointment", u"TabAppointment", {}}};
 
 Text Wide(const char* text) {
     const std::string bytes(text);

@@ -11,7 +11,9 @@ ObjectPtr OutlookModel::CreateSafeItem(std::int32_t itemClass) {
 }
 
 TextView SafeItem::ClassName() const {
-    return itemClass == MailClass ? u"SafeMailItem" : u"SafeDistList";
+    return itemClass == MailClass          ? u"SafeMailItem"
+           : itemClass == AppointmentClass ? u"SafeAppointmentItem"
+                                           : u"SafeDistList";
 }
 
 void SafeItem::Put(const Member& member, const Value& value) const {
@@ -35,7 +37,9 @@ const MemberTable& SafeItem::Table() const {
             members.Property(
                 member.name,
                 [&member](SafeItem& self) -> Value {
-                    return self.item ? member.get(*self.item, {}) : self.Fail(error::ObjectNotSet);
+                    if (!self.item) return self.Fail(error::ObjectNotSet);
+                    return member.name == u"Recipients" ? SafeRecipientsOf(self.item)
+                                                        : member.get(*self.item, {});
                 },
                 [&member](SafeItem& self, const Value& value) { self.Put(member, value); });
         }
@@ -61,7 +65,8 @@ const MemberTable& SafeItem::Table() const {
     static const MemberTable mail = make(MailClass, Item(outlook, MailClass));
     static const MemberTable list =
         make(DistributionListClass, Item(outlook, DistributionListClass));
-    return itemClass == MailClass ? mail : list;
+    static const MemberTable appointment = make(AppointmentClass, Item(outlook, AppointmentClass));
+    return itemClass == MailClass ? mail : itemClass == AppointmentClass ? appointment : list;
 }
 
 }  // namespace tellwick::standin

@@ -1,5 +1,7 @@
 #include "outlook/SampleItems.h"
 
+#include <cmath>
+
 #include "platform/OutlookEvents.h"
 
 namespace tellwick::standin {
@@ -37,7 +39,11 @@ void AddSampleItems(OutlookModel& outlook) {
                                    {u"HomeTelephoneNumber", u"0664 1112223"}});
     outlook.AddItem(ContactClass, {{u"FullName", u"Without Number"}});
     outlook.AddItem(DistributionListClass, {{u"DLName", u"Team"}});
-    outlook.AddItem(AppointmentClass, {{u"Subject", u"Dentist"}, {u"Location", u"Main Street 5"}});
+    const auto dentist = outlook.AddItem(
+        AppointmentClass, {{u"Subject", u"Dentist"}, {u"Location", u"Main Street 5"}});
+    constexpr double Ten = 10.0 / 24;
+    dentist->appointment->start = std::floor(outlook.now) + 1 + Ten;
+    dentist->appointment->attendees = {{u"Anna Berger", Required, {}}};
 }
 
 }  // namespace tellwick::standin

@@ -72,6 +72,8 @@ constexpr TextView ApplicationClass = u"{0006F03A-0000-0000-C000-000000000046}";
 constexpr TextView SafeMailItemProgId = u"Redemption.SafeMailItem";
 constexpr TextView SafeMailItemClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B8}";
 constexpr TextView SafeDistListProgId = u"Redemption.SafeDistList";
+constexpr TextView SafeAppointmentProgId = u"Redemption.SafeAppointmentItem";
+constexpr TextView SafeAppointmentClass = u"{4F0B7C15-93A2-4D6E-B0C8-52E1D7A9F346}";
 constexpr TextView SafeDistListClass = u"{9C1F6B64-2E8D-4B0C-8E57-7D3A0F6C21B9}";
 constexpr DWORD OthersToLetGo = 2000;  // milliseconds
 
@@ -284,15 +286,18 @@ int Run(const Options& options) {
         const auto safeItem = [&](std::int32_t itemClass) {
             return [&, itemClass] { return objects.Wrap(outlook.CreateSafeItem(itemClass)); };
         };
-        std::optional<RegisteredClass> safeMailItem, safeDistList;
+        std::optional<RegisteredClass> safeMailItem, safeDistList, safeAppointment;
         if (options.redemption && !outlook.Does(Documented::NoRedemption)) {
             safeMailItem.emplace(SafeMailItemProgId, SafeMailItemClass, false,
                                  safeItem(tellwick::outlook::MailClass));
             safeDistList.emplace(SafeDistListProgId, SafeDistListClass, false,
                                  safeItem(tellwick::outlook::DistributionListClass));
+            safeAppointment.emplace(SafeAppointmentProgId, SafeAppointmentClass, false,
+                                    safeItem(tellwick::outlook::AppointmentClass));
         } else {
             ForgetClass(SafeMailItemProgId, SafeMailItemClass);
             ForgetClass(SafeDistListProgId, SafeDistListClass);
+            ForgetClass(SafeAppointmentProgId, SafeAppointmentClass);
         }
 
         if (!options.stay) session.Start(options.window, options.late);

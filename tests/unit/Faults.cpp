@@ -29,7 +29,11 @@ struct Session : Host {
         contact = outlook.AddItem(outlook::ContactClass, {{u"FullName", u"Eva Maier"},
                                                           {u"MobileTelephoneNumber", u"0171"}});
         plain = outlook.AddItem(outlook::MailClass, {{u"SentOnBehalfOfName", u"Eva Maier"}});
-        other = outlook.AddItem(outlook::AppointmentClass);
+        other = outlook.AddItem(outlook::AppointmentClass, {{u"Subject", u"Eva Maier"}});
+        other->appointment->recurrence = standin::Master;
+        other->appointment->series = {standin::Weekly, 4, 0, 0, {46007}, true};
+        other->appointment->attendees = {{u"Eva Maier", standin::Required, contact}};
+        other->appointment->links = {contact};
     }
 
     // What a user does in Outlook and in the form.
@@ -67,6 +71,10 @@ struct Session : Host {
         ClickRibbon(inspector);
         ClickRibbon(outlook.InspectorOf(plain));
         ClickRibbon(outlook.OpenInspector(contact));
+        ClickRibbon(outlook.OpenInspector(other));
+        outlook.Select(first, {other});
+        outlook.ClickButton(Button(first));
+        Inside([this] { platform.timers.Tick(); });
         Type(u"0171;0176", u"five {Vorname}");
         Inside([this] {
             program.formSmsSend.AirCount_Click();

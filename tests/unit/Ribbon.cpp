@@ -108,7 +108,14 @@ TEST_CASE("what stands on the ribbon of each window, in each version that has on
         CHECK(Described(host.Menu({host.eva, host.sms})) == menu(u"ContextMenuMultipleItems"));
         // A mail being written has no sender.
         CHECK(host.Of(std::make_shared<standin::Item>(host.outlook, outlook::MailClass)).empty());
-        CHECK(host.Of(host.outlook.AddItem(outlook::AppointmentClass)).empty());
+        const auto appointment = host.outlook.AddItem(outlook::AppointmentClass);
+        const Text reminder = u"Per SMS erinnern: ";
+        CHECK(Described(host.Of(appointment)) ==
+              u"TabAppointment> [SMS] " + reminder + reminder +
+                  u"Teilnehmer und verkn\u00FCpfte Kontakte per SMS an diesen Termin erinnern "
+                  u"large10032\n");
+        CHECK(Described(host.Menu({appointment})) ==
+              (explorers ? u"ContextMenuCalendarItem> [] " + reminder + u": 10016\n" : Text()));
     }
 }
 
