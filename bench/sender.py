@@ -26,8 +26,8 @@ def seconds_until(condition, began, pause):
     return time.monotonic() - began
 
 
-def lie(windows, state):
-    """So many, without a look at each."""
+def count_in(windows, state):
+    """Of the SMS in that folder, without a look at each."""
     names = 0
     for _, _, files in os.walk(f'{windows.folder}/Spool/{state}'):
         names += len(files)
@@ -45,7 +45,7 @@ def take():
     queue(windows, TAKEN)
     began = time.monotonic()
     windows.start('nocheck')
-    taken = seconds_until(lambda: lie(windows, 'waiting') >= TAKEN, began, 0.5)
+    taken = seconds_until(lambda: count_in(windows, 'waiting') >= TAKEN, began, 0.5)
     print(f'{TAKEN} entries from the queue into the spool: {taken:.1f} s (target: below 5)')
     windows.end('/f')
 
@@ -57,7 +57,7 @@ def send():
     kannel.start()
     began = time.monotonic()
     windows.start('nocheck')
-    rate = SENT / seconds_until(lambda: lie(windows, 'sent') >= SENT, began, 0.2)
+    rate = SENT / seconds_until(lambda: count_in(windows, 'sent') >= SENT, began, 0.2)
     print(f'SMS a second from queue to Kannel: {rate:.0f} (target: 200)')
     windows.end('/f')
     kannel.close()

@@ -12,7 +12,7 @@ namespace tellwick {
 namespace {
 
 constexpr TextView CutMark = u"...";
-constexpr std::size_t LongestWord = 30;     // of which nothing is left when it is cut
+constexpr std::size_t LongestWord = 30;     // a longer one is cut itself
 constexpr std::size_t LongestAddress = 40;  // of a link that is shown whole
 constexpr TextView Blanks = u" \t\u00A0";
 

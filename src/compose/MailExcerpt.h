@@ -13,7 +13,7 @@ namespace tellwick {
 Text OwnWords(TextView body);
 
 // The whole text where it fits; else as much of it as does with "..." behind, cut between words
-// where there are some. What fits goes on doing so when it is cut.
+// where there are some. Of a text that fits, every beginning is to fit, too.
 Text CutToFit(TextView text, const std::function<bool(TextView)>& fits);
 
 }  // namespace tellwick

@@ -304,11 +304,12 @@ void RecipientField::TakeMatch(bool firstIfNone) {
             if (match < list.Size() && list.EntryText(match) == entry)
                 recipientPeople.ChooseRow(list.EntryAt(match).row, numbers);
         }
+        Text joined;
         for (const Text& number : numbers) {
-            if (&number != &numbers[0]) field += u';';
-            field += number;
+            if (!joined.empty()) joined += u';';
+            joined += number;
         }
-        SetText(field);
+        SetText(field + joined);
     }
     CloseMatches();
 }

@@ -92,14 +92,10 @@ class Windows:
 
     def press(self, window, *keys):
         """On the keyboard, once the window with that title has it."""
-        name = None
-
         def active():
-            nonlocal name
-            name = self.xdotool('getactivewindow', 'getwindowname')
-            return name == window
+            return self.xdotool('getactivewindow', 'getwindowname')
 
-        assert wait_until(active), f'"{name}" is active instead of "{window}"'
+        assert wait_until(lambda: active() == window), f'"{active()}" is active, not "{window}"'
         for key in keys:
             time.sleep(0.5)
             self.xdotool('key', key)
