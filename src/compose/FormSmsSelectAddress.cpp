@@ -36,6 +36,10 @@ Text WidthKey(std::size_t column) {
     return u"SMSSelectColumn" + NumberText(std::int64_t(column) + 1);
 }
 
+Text NameAndNumber(TextView name, TextView number) {
+    return Text(name).append(AddressList::Separator).append(number).append(u")");
+}
+
 }  // namespace
 
 FormSmsSelectAddress::FormSmsSelectAddress(const Services& services, FormSmsSelectAddressView& view,
@@ -93,7 +97,6 @@ void FormSmsSelectAddress::Load() {
     }
     list.SetSorted(sortedBy, descending);
     list.SetSource([this](std::size_t row, std::size_t column) { return Cell(row, column); });
-    chosen.clear();
     std::vector<Text> recipients = recipientField.Recipients();
     // The beginning of a name, typed last, is what the user looks for.
     view.TextSearch().SetText({});
@@ -101,10 +104,7 @@ void FormSmsSelectAddress::Load() {
         view.TextSearch().SetText(recipients.back());
         recipients.pop_back();
     }
-    for (Text& number : recipients) {
-        Text text = Shown(number);
-        chosen.push_back({std::move(number), std::move(text)});
-    }
+    chosen = Named(std::move(recipients));
     ShowChosen();
     FillFolders();
     SortRows();
@@ -264,12 +264,18 @@ void FormSmsSelectAddress::ListAddresses_ColumnClick(std::size_t column) {
 
 // Those chosen --------------------------------------------------------------------------------
 
-// With the name of the person, where one has the number.
-Text FormSmsSelectAddress::Shown(TextView number) const {
+std::vector<FormSmsSelectAddress::Recipient> FormSmsSelectAddress::Named(
+    std::vector<Text> numbers) const {
     const AddressList& list = addresses.List();
-    const std::optional<std::size_t> row = list.RowOfNumber(number);
-    if (!row) return Text(number);
-    return Text(list.Row(*row).name).append(u"  (").append(number).append(u")");
+    const std::vector<std::vector<std::uint32_t>> found = list.RowsOf(numbers);
+    std::vector<Recipient> named;
+    named.reserve(numbers.size());
+    for (std::size_t at = 0; at < numbers.size(); ++at) {
+        Text shown = found[at].empty() ? numbers[at]
+                                       : NameAndNumber(list.Row(found[at][0]).name, numbers[at]);
+        named.push_back({std::move(numbers[at]), std::move(shown)});
+    }
+    return named;
 }
 
 void FormSmsSelectAddress::ShowChosen() {
@@ -292,15 +298,21 @@ void FormSmsSelectAddress::ButtonAdd_Click() {
         std::vector<Text> numbers = Split(row.number, u";");
         for (Text& number : numbers) number = prefixes.NationalNumber(number);
         recipientPeople.ChooseRow(rows.Shown()[index], numbers);
-        for (Text& number : numbers) {
+        // Of a list each number is one member's; any other belongs to the person of the row.
+        std::vector<Recipient> added;
+        if (row.kind == NumberKind::List) {
+            added = Named(std::move(numbers));
+        } else {
+            for (Text& number : numbers) {
+                Text shown = NameAndNumber(row.name, number);
+                added.push_back({std::move(number), std::move(shown)});
+            }
+        }
+        for (Recipient& one : added) {
             const bool isNew = std::none_of(
                 chosen.begin(), chosen.end(),
-                [&](const Recipient& recipient) { return recipient.number == number; });
-            if (!isNew) continue;
-            Text text = row.kind == NumberKind::List
-                            ? Shown(number)
-                            : Text(row.name).append(u"  (").append(number).append(u")");
-            chosen.push_back({std::move(number), std::move(text)});
+                [&](const Recipient& recipient) { return recipient.number == one.number; });
+            if (isNew) chosen.push_back(std::move(one));
         }
     }
     ShowChosen();

@@ -63,7 +63,8 @@ private:
     void ShowChosen();
     MarkedText Cell(std::size_t row, std::size_t column) const;
     Text KindText(NumberKind kind) const;
-    Text Shown(TextView number) const;
+    // Each with the name of the person, where one has the number.
+    std::vector<Recipient> Named(std::vector<Text> numbers) const;
 
     std::vector<Text> folderNames;  // in the box
     AddressRows rows;

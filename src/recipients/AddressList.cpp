@@ -94,14 +94,6 @@ Text AddressList::EntryText(std::size_t index) const {
         .append(u")");
 }
 
-std::optional<std::size_t> AddressList::RowOfNumber(TextView number) const {
-    const std::uint32_t digits = LastDigits(number);
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        if (LastDigits(At(rows[row].number)) == digits) return row;
-    }
-    return {};
-}
-
 std::vector<std::vector<std::uint32_t>> AddressList::RowsOf(
     const std::vector<Text>& numbers) const {
     std::vector<std::vector<std::uint32_t>> found(numbers.size());

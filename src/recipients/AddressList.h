@@ -59,9 +59,6 @@ public:
     // lie in the order in which they were read.
     void FetchAhead(std::size_t index) const;
 
-    // The first row whose number is the same to dial, with or without its prefix.
-    std::optional<std::size_t> RowOfNumber(TextView number) const;
-
     // For each of the numbers the rows of all people who have it, with or without its prefix;
     // distribution lists have none.
     std::vector<std::vector<std::uint32_t>> RowsOf(const std::vector<Text>& numbers) const;
