@@ -39,8 +39,9 @@ public:
     // replaced; empty for what is no string.
     virtual std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) = 0;
 
-    // All values of a key; none where there is no key or it cannot be read.
-    virtual std::vector<RegistryValue> Values(Hive hive, TextView key) = 0;
+    // All values of a key. Empty optional when there is no such key, and so none below it either,
+    // or it cannot be read.
+    virtual std::optional<std::vector<RegistryValue>> Values(Hive hive, TextView key) = 0;
 
     // Creates the key with its missing levels, then writes. False when either fails.
     virtual bool WriteString(Hive hive, TextView key, TextView name, TextView value) = 0;

@@ -1,6 +1,7 @@
 #include "settings/Policies.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "settings/Debug.h"
 
@@ -42,24 +43,29 @@ std::span<const Policies::Known> Policies::All() {
 Policies::Policies(Registry& registry, Debug& debug) : registry(registry), debug(debug) {}
 
 void Policies::Load() {
-    fixed = Read(Text(PolicyKey));
-    defaults = Read(Text(PolicyKey).append(u"\\").append(PolicyDefaults));
-}
-
-Policies::Given Policies::Read(const Text& key) {
-    Given given;
-    given.values.resize(All().size());
+    const Text key(PolicyKey);
+    const Text defaultsKey = Text(key).append(u"\\").append(PolicyDefaults);
+    Given newFixed{std::vector<std::optional<Text>>(All().size()), {}};
+    Given newDefaults = newFixed;
     for (const Hive hive : {Hive::LocalMachine, Hive::CurrentUser}) {
-        ReadValues(hive, key, given);
-        const Text templates = Text(key).append(u"\\").append(PolicyTemplates);
-        if (given.templates.empty()) given.templates = ReadTemplates(hive, templates);
+        // Outlook's start waits: nobody looks below a key that is not there.
+        if (Read(hive, key, newFixed)) Read(hive, defaultsKey, newDefaults);
     }
-    return given;
+    fixed = std::move(newFixed);
+    defaults = std::move(newDefaults);
 }
 
-// Those that are not given yet.
-void Policies::ReadValues(Hive hive, const Text& key, Given& given) {
-    for (RegistryValue& value : registry.Values(hive, key)) {
+bool Policies::Read(Hive hive, const Text& key, Given& given) {
+    std::optional<std::vector<RegistryValue>> values = registry.Values(hive, key);
+    if (!values) return false;
+    TakeValues(*values, key, given);
+    if (given.templates.empty())
+        given.templates = ReadTemplates(hive, Text(key).append(u"\\").append(PolicyTemplates));
+    return true;
+}
+
+void Policies::TakeValues(std::vector<RegistryValue>& values, const Text& key, Given& given) {
+    for (RegistryValue& value : values) {
         const auto place = std::find_if(std::begin(known), std::end(known), [&](const Known& one) {
             return EqualFolded(one.name, value.name);
         });
@@ -74,7 +80,8 @@ void Policies::ReadValues(Hive hive, const Text& key, Given& given) {
 }
 
 std::vector<Text> Policies::ReadTemplates(Hive hive, const Text& key) {
-    std::vector<RegistryValue> values = registry.Values(hive, key);
+    std::vector<RegistryValue> values =
+        registry.Values(hive, key).value_or(std::vector<RegistryValue>());
     std::sort(values.begin(), values.end(), ByNumber);
     std::vector<Text> templates;
     for (RegistryValue& value : values) {

@@ -48,8 +48,9 @@ private:
         std::vector<Text> templates;
     };
 
-    Given Read(const Text& subkey);
-    void ReadValues(Hive hive, const Text& key, Given& given);
+    // Both take those that are not given yet; Read is false when there is no such key.
+    bool Read(Hive hive, const Text& key, Given& given);
+    void TakeValues(std::vector<RegistryValue>& values, const Text& key, Given& given);
     std::vector<Text> ReadTemplates(Hive hive, const Text& key);
     void TraceType(const Text& key, const Text& name);
     static std::optional<Text> Find(const Given& given, TextView section, TextView key);

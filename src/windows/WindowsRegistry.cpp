@@ -111,10 +111,10 @@ std::optional<std::vector<Text>> ValueNames(const RegistryKey& key) {
     }
 }
 
-std::vector<RegistryValue> WindowsRegistry::Values(Hive hive, TextView key) {
-    std::vector<RegistryValue> values;
+std::optional<std::vector<RegistryValue>> WindowsRegistry::Values(Hive hive, TextView key) {
     const RegistryKey opened = OpenKey(hive, key);
-    if (!opened) return values;
+    if (!opened) return {};
+    std::vector<RegistryValue> values;
     for (Text& name : ValueNames(opened).value_or(std::vector<Text>())) {
         RegistryValue value{std::move(name), {}, {}};
         if (auto text = ReadExpanded(hive, key, value.name)) {

@@ -18,7 +18,7 @@ class WindowsRegistry : public Registry {
 public:
     std::optional<Text> Read(Hive hive, TextView key, TextView name) override;
     std::optional<Text> ReadExpanded(Hive hive, TextView key, TextView name) override;
-    std::vector<RegistryValue> Values(Hive hive, TextView key) override;
+    std::optional<std::vector<RegistryValue>> Values(Hive hive, TextView key) override;
     bool WriteString(Hive hive, TextView key, TextView name, TextView value) override;
     // A text as it is, whatever the code page has.
     static bool WriteWide(Hive hive, TextView key, TextView name, TextView value);

@@ -53,17 +53,17 @@ public:
         if (value) value = ReplaceAll(*value, u"%Programs%", u"C:\\Programs");
         return value;
     }
-    std::vector<RegistryValue> Values(Hive hive, TextView key) override {
-        std::vector<RegistryValue> found;
-        if (faults.Hit()) return found;
+    std::optional<std::vector<RegistryValue>> Values(Hive hive, TextView key) override {
+        if (faults.Hit()) return {};
+        std::optional<std::vector<RegistryValue>> found;
         const Text path = ValuePath(hive, key, {});
         for (const auto& [name, value] : values) {
-            if (!StartsWithFolded(name, path) ||
-                Contains(TextView(name).substr(path.size()), u"\\"))
-                continue;
-            found.push_back({name.substr(path.size()),
-                             numbers.contains(name) ? RegistryType::Number : RegistryType::String,
-                             value});
+            if (!StartsWithFolded(name, path)) continue;
+            if (!found) found.emplace();
+            if (Contains(TextView(name).substr(path.size()), u"\\")) continue;
+            found->push_back({name.substr(path.size()),
+                              numbers.contains(name) ? RegistryType::Number : RegistryType::String,
+                              value});
         }
         return found;
     }
