@@ -3,13 +3,21 @@
 #include <algorithm>
 
 #include "compose/FormSmsPreviewView.h"
+#include "compose/WithoutReminder.h"
+#include "recipients/AppointmentReminders.h"
 #include "settings/LanguageTexts.h"
 
 namespace tellwick {
 
 PreviewPeople::PreviewPeople(const Services& services, FormSmsPreviewView& view,
-                             const PersonalTexts& personalTexts, const TextFields& textFields)
-    : Services(services), view(view), personalTexts(personalTexts), textFields(textFields) {}
+                             const PersonalTexts& personalTexts, const TextFields& textFields,
+                             const AppointmentReminders& reminders, Locale& locale)
+    : Services(services),
+      view(view),
+      personalTexts(personalTexts),
+      textFields(textFields),
+      reminders(reminders),
+      locale(locale) {}
 
 void PreviewPeople::Refresh() {
     texts.clear();
@@ -23,6 +31,8 @@ void PreviewPeople::Refresh() {
         lacking.push_back(at);
         rows.push_back(texts[at].Named() + u"\t" + textFields.Words(missing));
     }
+    for (const WithoutReminder& one : WithoutReminderIn(reminders, locale, language))
+        rows.push_back(one.named + u"\t" + one.why);
     view.ListMissing().SetItems(rows);
     MoveTo(shown);
 }

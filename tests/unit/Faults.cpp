@@ -75,7 +75,10 @@ struct Session : Host {
         outlook.Select(first, {other});
         outlook.ClickButton(Button(first));
         Inside([this] { platform.timers.Tick(); });
-        Type(u"0171;0176", u"five {Vorname}");
+        outlook.Select(first, {other, other});
+        outlook.ClickButton(Button(first));
+        Inside([this] { Settle(); });
+        Type(u"0171;0176", u"five {Vorname} {Betreff}");
         Inside([this] {
             program.formSmsSend.AirCount_Click();
             program.formSmsPreview.ButtonForward_Click();

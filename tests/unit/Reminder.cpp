@@ -230,3 +230,160 @@ TEST_CASE("every door of the calendar leads to the reminder") {
     old.Click();
     CHECK(old.view.TextTo().GetText() == u"0888;01711");
 }
+
+namespace {
+
+// Several selected: of one with two people, without a place, all day long, private, cancelled, with
+// nobody who has a number, and no appointment at all.
+struct SeveralHost : ReminderHost {
+    explicit SeveralHost(std::int32_t version = 16) : ReminderHost(version, version < 11) {
+        platform.programs.paths = {u"C:\\Tellwick.exe"};
+        SetRegistry(RootKey, u"On", u"1");
+        SetRegistry(RootKey, u"hWnd", u"4711");
+        const standin::Attendee withEva{u"Eva Maier", standin::Required, eva};
+        const standin::Attendee withOle{u"Ole Berg", standin::Required, {}};
+        item->appointment->attendees = {withEva, withOle};
+        Add(u"Friseur", 3).attendees = {withOle, {u"Ida", standin::Required, {}}};
+        standin::Appointment& trip = Add(u"Ausflug", 4);
+        trip.allDay = true;
+        trip.attendees = {withEva};
+        standin::Appointment& hidden = Add(u"Geheim", 5);
+        hidden.sensitivity = 2;
+        hidden.attendees = {withOle};
+        standin::Appointment& off = Add(u"Abgesagt: Chor", 6);
+        off.meetingStatus = 5;
+        off.attendees = {withEva};
+        Add(u"Urlaub", 7);
+        all.push_back(jo);
+    }
+    standin::Appointment& Add(TextView subject, double days) {
+        all.push_back(outlook.AddItem(outlook::AppointmentClass, {{u"Subject", subject}}));
+        all.back()->appointment->start = Today + days + Ten;
+        return *all.back()->appointment;
+    }
+    void ClickAll(const std::vector<std::shared_ptr<standin::Item>>& items) {
+        outlook.Select(first, items);
+        if (outlook.version >= 14) {
+            outlook.ribbons.MenuEntries(first)[0].click();
+        } else {
+            outlook.ClickButton(Button(first));
+        }
+    }
+    bool Send(std::deque<Answer> answers = {}) {
+        platform.dialogs.answers = std::move(answers);
+        return program.submission.ButtonSend_Click_(false, true, {}, {});
+    }
+    // Every entry, and an end of line behind it.
+    Text Queued() {
+        constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
+        Text entries;
+        for (int number = 1; !Registry(Queue, NumberText(number)).empty(); ++number)
+            entries +=
+                platform.locale.FromAnsi(
+                    platform.fileSystem.files[Registry(Queue, NumberText(number))].contents) +
+                u"\n";
+        return entries;
+    }
+    std::vector<std::shared_ptr<standin::Item>> all{item};
+};
+
+const Text Fields = u"Erinnerung: {Betreff}\r\n{Datum} {Uhrzeit}\r\n{Ort}";
+
+}  // namespace
+
+TEST_CASE("several appointments become an SMS for each person of each") {
+    for (const std::int32_t version : {9, 11, 12, 16}) {
+        CAPTURE(version);
+        SeveralHost host(version);
+        host.ClickAll(host.all);
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK(host.view.TextTo().GetText() == u"");
+        host.Settle();
+        CHECK(host.view.TextTo().GetText() == u"01711;01722");
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK(Contains(host.view.StatusBar1().pane, u"1 SMS × 5 = 5"));
+        CHECK(host.view.StatusBar1().GetText() ==
+              u"Ohne SMS: Ida, 12.12.2025 10:00 Friseur (keine Nummer); 16.12.2025 10:00 Urlaub "
+              u"(keine Nummer); 15.12.2025 10:00 Abgesagt: Chor (abgesagt)");
+        host.program.formSmsSend.AirCount_Click();
+        CHECK(host.previewView.LabelPerson().caption ==
+              u"Empfänger 1 von 5: Eva Maier (01711), 11.12.2025 10:00 Zahnarzt");
+        host.program.formSmsPreview.ButtonForward_Click();
+        CHECK(host.previewView.LabelPerson().caption ==
+              u"Empfänger 2 von 5: Eva Maier (01711), 13.12.2025 Ausflug");
+        CHECK(host.previewView.ListMissing().items.size() == 3);
+        CHECK(host.Send());
+        // Each as its own reminder would say it.
+        CHECK(host.Queued() ==
+              u"01711\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1\n"
+              u"01711\tErinnerung: Ausflug\r\n13.12.2025\n"
+              u"01722\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1\n"
+              u"01722\tErinnerung: Friseur\r\n12.12.2025 10:00\n"
+              u"01722\tErinnerung:\r\n14.12.2025 10:00\n");
+        CHECK_FALSE(host.view.Loaded());
+        CHECK(host.platform.dialogs.shown.empty());
+        // What the next form begins with is nobody's.
+        host.program.formSmsSend.Open({});
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK_FALSE(host.Send({Answer::Cancel}));
+        CHECK(EndsWith(host.platform.dialogs.shown.back().text,
+                       u"Ole Berg (01722): Betreff, Datum, Uhrzeit, Ort"));
+        CHECK(host.platform.messageLoop.posted.size() == 1);
+        CHECK_FALSE(Contains(host.Held(), u"AppointmentItem"));
+        CHECK_FALSE(Contains(host.Held(), u"Selection"));
+    }
+}
+
+TEST_CASE("the text for several appointments is the user's to change") {
+    SeveralHost host;
+    // One kind has its own; until that is known the box has the common one. Undone, both are gone.
+    host.program.formSmsSend.Open({});
+    host.view.Message().SetText(u"mine");
+    host.all.pop_back();
+    for (const auto& one : host.all) one->appointment->meetingStatus = 5;
+    host.ClickAll(host.all);
+    CHECK(host.view.Message().GetText() == Fields);
+    host.Settle();
+    CHECK(host.view.Message().GetText() == u"Abgesagt: {Betreff}\r\n{Datum} {Uhrzeit}");
+    CHECK(host.program.personalTexts.All().size() == 6);
+    host.view.Message().Undo();
+    CHECK(host.view.Message().GetText() == u"mine");
+    // Selected again it is the same SMS, even if its object is another one.
+    host.ClickAll({host.all[0], host.all[0]});
+    host.view.Message().SetText(u"{Betreff}");
+    host.Settle();
+    CHECK(host.view.Message().GetText() == u"{Betreff}");
+    CHECK(host.program.personalTexts.All().size() == 6);
+    // Whoever was put to it has no appointment, and whoever was taken out gets none.
+    host.view.TextTo().SetText(u"01711;0199");
+    host.program.fieldMenu.ButtonFields_Click();
+    CHECK(host.view.menu.size() == 9);
+    CHECK(host.Send({Answer::No}));
+    CHECK(host.platform.dialogs.shown.back().text.ends_with(u"0199: Betreff"));
+    CHECK(host.Queued() == u"01711\tZahnarzt\n01711\tAusflug\n01711\tAbgesagt: Chor\n");
+    // A text that is the same for all appointments is sent once, one without fields to all.
+    for (const auto& [text, entries] :
+         {std::pair<Text, Text>{u"{Vorname}!", u"01711\tEva!\n01722\tOle!\n"},
+          {u"Hallo", u"01711;01722\tHallo\n"}}) {
+        SeveralHost other;
+        other.ClickAll(other.all);
+        other.Settle();
+        other.view.Message().SetText(text);
+        CHECK(other.Send());
+        CHECK(other.Queued() == entries);
+    }
+}
+
+TEST_CASE("a form for hundreds of appointments opens at once") {
+    SeveralHost host;
+    while (host.all.size() < 201) host.Add(u"Friseur", double(host.all.size()));
+    int calls = 0;
+    host.outlook.failUse = [&](TextView, TextView) { return ++calls < 0; };
+    host.ClickAll(host.all);
+    CHECK(host.view.seen);
+    CHECK(calls < 50);
+    host.Settle();
+    CHECK(host.view.StatusBar1().GetText() ==
+          u"Zu viele Elemente ausgewählt: nur die ersten 200 wurden genommen.");
+    CHECK(host.view.TextTo().GetText() == u"01711;01722");
+}
