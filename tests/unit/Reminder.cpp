@@ -127,6 +127,23 @@ TEST_CASE("of a series the next occurrence counts") {
                    Today - 7 + Ten) == on(u"23.12.2025 10:00"));
     CHECK(reminder({standin::Daily, 0, 0, 0, {Today + 0.75}, true}, Today - 70.25) ==
           on(u"09.12.2025 18:00"));
+    // The next ones were deleted and moved, one of them to before the others and one into the past.
+    const auto tuesdays = [&](std::vector<standin::ChangedOccurrence> changes) {
+        return reminder({standin::Weekly,
+                         Tuesdays,
+                         0,
+                         0,
+                         {Today + 7 + Ten, Today + 14 + Ten, Today + 21 + Ten},
+                         true,
+                         std::move(changes)},
+                        Today - 7 + Ten);
+    };
+    CHECK(tuesdays({{Today + 7 + Ten, {}}}) == on(u"23.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 7 + Ten, {}}, {Today + 14 + Ten, Today + 15 + Ten}}) ==
+          on(u"24.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 21 + Ten, Today + 3 + Ten}}) == on(u"12.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 7 + Ten, Today - 1}}) == on(u"23.12.2025 10:00"));
+    CHECK(tuesdays({{Today + Ten, Today + 0.75}}) == on(u"09.12.2025 18:00"));
     // The last day of each month, a day in every March.
     CHECK(reminder({standin::Monthly, 0, 31, 0, {Today + 53 + Ten, Today + 81 + Ten}, true},
                    Today - 300 + Ten) == on(u"31.01.2026 10:00"));
