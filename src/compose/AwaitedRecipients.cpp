@@ -71,7 +71,7 @@ void AwaitedRecipients::ShowWithout() {
     if (all.empty()) return;
     Text names;
     for (std::size_t at = 0; at < std::min(all.size(), MostNamed); ++at)
-        names.append(at == 0 ? u"" : u"; ").append(all[at].named + u" (" + all[at].why + u")");
+        names.append(at == 0 ? u"" : u"; ").append(all[at].brief);
     if (all.size() > MostNamed) names += u"; …";
     view.StatusBar1().SetText(
         ReplaceAll(language.TextOrBuiltIn(FormSmsSend::Name, u"WithoutSms"), u"%c", names));

@@ -29,10 +29,13 @@ void PreviewPeople::Refresh() {
         const std::vector<Field>& missing = texts[at].filled.missing;
         if (missing.empty()) continue;
         lacking.push_back(at);
-        rows.push_back(texts[at].Named() + u"\t" + textFields.Words(missing));
+        const Text words = textFields.Words(missing);
+        // With an appointment the first column would reach into the second.
+        rows.push_back(texts[at].appointment.empty() ? texts[at].Named() + u"\t" + words
+                                                     : words + u": " + texts[at].Named());
     }
     for (const WithoutReminder& one : WithoutReminderIn(reminders, locale, language))
-        rows.push_back(one.named + u"\t" + one.why);
+        rows.push_back(one.named);
     view.ListMissing().SetItems(rows);
     MoveTo(shown);
 }

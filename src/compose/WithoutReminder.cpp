@@ -9,16 +9,19 @@ namespace tellwick {
 std::vector<WithoutReminder> WithoutReminderIn(const AppointmentReminders& reminders,
                                                Locale& locale, LanguageTexts& language) {
     std::vector<WithoutReminder> all;
-    const Text noNumber = language.TextOrBuiltIn(u"TextFields", u"NoNumber");
+    const auto add = [&](TextView why, const Appointment& appointment, const Text& person) {
+        const Text named = AppointmentValues(locale, appointment).Named();
+        Text row = language.TextOrBuiltIn(u"TextFields", why) + u": ";
+        if (!person.empty()) row.append(person).append(u", ");
+        const Text& subject = appointment.subject;
+        all.push_back({!person.empty() ? person : !subject.empty() ? subject : named, row + named});
+    };
     for (const AppointmentReminders::One& one : reminders.Taken()) {
-        const Text appointment = AppointmentValues(locale, *one.appointment).Named();
-        for (const Text& person : one.without)
-            all.push_back({Text(person).append(u", ").append(appointment), noNumber});
-        if (one.numbers.empty() && one.without.empty()) all.push_back({appointment, noNumber});
+        for (const Text& person : one.without) add(u"NoNumber", *one.appointment, person);
+        if (one.numbers.empty() && one.without.empty()) add(u"NoNumber", *one.appointment, {});
     }
-    const Text cancelled = language.TextOrBuiltIn(u"TextFields", u"IsCancelled");
     for (const AppointmentReminders::One& one : reminders.LeftOut())
-        all.push_back({AppointmentValues(locale, *one.appointment).Named(), cancelled});
+        add(u"IsCancelled", *one.appointment, {});
     return all;
 }
 

@@ -1,4 +1,4 @@
-// Who gets no reminder of the appointments that were selected, and why.
+// Who gets no reminder of the appointments that were selected.
 #pragma once
 
 #include <vector>
@@ -12,8 +12,8 @@ class LanguageTexts;
 class Locale;
 
 struct WithoutReminder {
-    Text named;  // a person and the appointment, or an appointment with nobody in it
-    Text why;    // "no number"
+    Text brief;  // a person, or an appointment with nobody in it
+    Text named;  // the person and the appointment, and why: "no number: ..."
 };
 
 std::vector<WithoutReminder> WithoutReminderIn(const AppointmentReminders& reminders,
