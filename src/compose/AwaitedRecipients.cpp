@@ -61,7 +61,7 @@ void AwaitedRecipients::Found(TextView recipients) {
         ShowCut();
     } else {
         recipientField.ShowPrefixHint();
-        ShowWithout();
+        if (recipientLookup.ForReminders()) ShowWithout();
     }
 }
 

@@ -34,8 +34,12 @@ void PreviewPeople::Refresh() {
         rows.push_back(texts[at].appointment.empty() ? texts[at].Named() + u"\t" + words
                                                      : words + u": " + texts[at].Named());
     }
-    for (const WithoutReminder& one : WithoutReminderIn(reminders, locale, language))
-        rows.push_back(one.named);
+    const bool reminding = std::ranges::any_of(
+        texts, [](const PersonalText& each) { return !each.appointment.empty(); });
+    if (reminding) {
+        for (const WithoutReminder& one : WithoutReminderIn(reminders, locale, language))
+            rows.push_back(one.named);
+    }
     view.ListMissing().SetItems(rows);
     MoveTo(shown);
 }

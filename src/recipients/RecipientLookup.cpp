@@ -102,7 +102,7 @@ void RecipientLookup::LookInAppointments(const ObjectPtr& collection, Origin new
     Stop();
     if (!collection) return;
     Take(collection, newOrigin);
-    looking = inSeveral = true;
+    looking = inSeveral = forReminders = true;
     GoOnLater();
 }
 
@@ -170,7 +170,7 @@ void RecipientLookup::Stop() {
     End();
     taken.clear();
     found.clear();
-    cut = false;
+    cut = forReminders = false;
 }
 
 void RecipientLookup::End() {

@@ -59,6 +59,8 @@ public:
     bool Looking() const { return looking; }
     // Whether more was selected than became recipients.
     bool Cut() const { return cut; }
+    // Whether the look, also one that has ended, is for reminders of several appointments.
+    bool ForReminders() const { return forReminders; }
     // Lets everything of Outlook's go.
     void Stop();
 
@@ -104,6 +106,7 @@ private:
     Text found;                                   // and not told yet
     bool looking = false;
     bool cut = false;
+    bool forReminders = false;
     bool working = false;  // a slice runs: Outlook may call in between
     Listener listener;
     std::unique_ptr<Timer> timer;
