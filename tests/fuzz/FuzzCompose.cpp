@@ -127,33 +127,27 @@ void FuzzFields(Input input) {
     const Text text = input.RestText();
     TestProgram test;
     const std::vector<FieldPlace> places = test.program.textFields.Find(text);
-    Text around;
-    std::size_t next = 0;
-    for (const FieldPlace& place : places) {
-        Require(place.start >= next && place.start + place.length <= text.size(), "in order");
-        Require(text[place.start] == u'{' && text[place.start + place.length - 1] == u'}',
-                "a field is in braces");
-        around += text.substr(next, place.start - next);
-        next = place.start + place.length;
-    }
-    around += text.substr(next);
     const auto filledWith = [&](std::optional<TextView> known) {
         return TextFields::FillWith(text, places, [&](Field) { return known; });
     };
-    FilledText filled = filledWith(value);
-    Require(filled.missing.empty(), "what is known is not missing");
-    if (!value.empty()) {
-        Require(filled.text.marks.size() == places.size(), "each field is filled");
-        for (auto mark = filled.text.marks.rbegin(); mark != filled.text.marks.rend(); ++mark) {
-            Require(filled.text.text.substr(mark->start, mark->length) == value, "by its value");
-            filled.text.text.erase(mark->start, mark->length);
-        }
-        Require(filled.text.text == around, "and nothing else changes");
+    const FilledText filled = filledWith(value);
+    Text expected;
+    std::size_t next = 0;
+    for (const FieldPlace& place : places) {
+        Require(place.start >= next && text[place.start] == u'{' &&
+                    text.at(place.start + place.length - 1) == u'}',
+                "a field is in braces, one behind the other");
+        expected += text.substr(next, place.start - next) + value;
+        next = place.start + place.length;
     }
+    expected += text.substr(next);
+    Require(filled.missing.empty(), "what is known is not missing");
+    Require(value.empty() ||
+                (filled.text.marks.size() == places.size() && filled.text.text == expected),
+            "each field is filled, and nothing else changes");
     const FilledText without = filledWith({});
     Require(without.missing.empty() == places.empty(), "what is not known is missing");
-    Require(without.text.marks.empty() && without.text.text.size() <= around.size(),
-            "and left out");
+    Require(without.text.marks.empty() && without.text.text.size() <= text.size(), "and left out");
     Require(without.text.text == filledWith(TextView()).text.text, "as is what there is none of");
 }
 

@@ -254,9 +254,7 @@ namespace {
 // nobody who has a number, and no appointment at all.
 struct SeveralHost : ReminderHost {
     explicit SeveralHost(std::int32_t version = 16) : ReminderHost(version, version < 11) {
-        platform.programs.paths = {u"C:\\Tellwick.exe"};
-        SetRegistry(RootKey, u"On", u"1");
-        SetRegistry(RootKey, u"hWnd", u"4711");
+        StartSender();
         const standin::Attendee withEva{u"Eva Maier", standin::Required, eva};
         const standin::Attendee withOle{u"Ole Berg", standin::Required, {}};
         item->appointment->attendees = {withEva, withOle};
@@ -286,24 +284,10 @@ struct SeveralHost : ReminderHost {
             outlook.ClickButton(Button(first));
         }
     }
-    bool Send(std::deque<Answer> answers = {}) {
-        platform.dialogs.answers = std::move(answers);
-        return program.submission.ButtonSend_Click_(false, true, {}, {});
-    }
-    // Every entry, and an end of line behind it.
-    Text Queued() {
-        constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-        Text entries;
-        for (int number = 1; !Registry(Queue, NumberText(number)).empty(); ++number)
-            entries +=
-                platform.locale.FromAnsi(
-                    platform.fileSystem.files[Registry(Queue, NumberText(number))].contents) +
-                u"\n";
-        return entries;
-    }
     std::vector<std::shared_ptr<standin::Item>> all{item};
 };
 
+using Entries = std::vector<std::string>;
 const Text Fields = u"Erinnerung: {Betreff}\r\n{Datum} {Uhrzeit}\r\n{Ort}";
 
 }  // namespace
@@ -332,12 +316,11 @@ TEST_CASE("several appointments become an SMS for each person of each") {
                                 u"abgesagt: 15.12.2025 10:00 Abgesagt: Chor"});
         CHECK(host.Send());
         // Each as its own reminder would say it.
-        CHECK(host.Queued() ==
-              u"01711\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1\n"
-              u"01711\tErinnerung: Ausflug\r\n13.12.2025\n"
-              u"01722\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1\n"
-              u"01722\tErinnerung: Friseur\r\n12.12.2025 10:00\n"
-              u"01722\tErinnerung:\r\n14.12.2025 10:00\n");
+        CHECK(host.Queued() == Entries{"01711\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1",
+                                       "01711\tErinnerung: Ausflug\r\n13.12.2025",
+                                       "01722\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1",
+                                       "01722\tErinnerung: Friseur\r\n12.12.2025 10:00",
+                                       "01722\tErinnerung:\r\n14.12.2025 10:00"});
         CHECK_FALSE(host.view.Loaded());
         CHECK(host.platform.dialogs.shown.empty());
         // What the next form begins with is nobody's.
@@ -378,11 +361,11 @@ TEST_CASE("the text for several appointments is the user's to change") {
     CHECK(host.view.menu.size() == 9);
     CHECK(host.Send({Answer::No}));
     CHECK(host.platform.dialogs.shown.back().text.ends_with(u"0199: Betreff"));
-    CHECK(host.Queued() == u"01711\tZahnarzt\n01711\tAusflug\n01711\tAbgesagt: Chor\n");
+    CHECK(host.Queued() == Entries{"01711\tZahnarzt", "01711\tAusflug", "01711\tAbgesagt: Chor"});
     // A text that is the same for all appointments is sent once, one without fields to all.
     for (const auto& [text, entries] :
-         {std::pair<Text, Text>{u"{Vorname}!", u"01711\tEva!\n01722\tOle!\n"},
-          {u"Hallo", u"01711;01722\tHallo\n"}}) {
+         {std::pair<Text, Entries>{u"{Vorname}!", {"01711\tEva!", "01722\tOle!"}},
+          {u"Hallo", {"01711;01722\tHallo"}}}) {
         SeveralHost other;
         other.ClickAll(other.all);
         other.Settle();

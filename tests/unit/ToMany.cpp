@@ -9,8 +9,6 @@ using namespace tellwick::test;
 
 namespace {
 
-constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-
 // Outlook with people in it, whom the address list knows, and a form that is open.
 struct ToMany : Host {
     explicit ToMany(bool read = true) {
@@ -20,9 +18,7 @@ struct ToMany : Host {
         Add(u"Ida Ost", u"", u"0173 3000003", u"");
         const auto list = outlook.AddItem(outlook::DistributionListClass, {{u"DLName", u"Skat"}});
         list->people = {{u"Ida Ost", u"i@x"}, {u"Anna Berger", u"a@x"}};
-        platform.programs.paths = {u"C:\\Tellwick.exe"};
-        SetRegistry(RootKey, u"On", u"1");
-        SetRegistry(RootKey, u"hWnd", u"4711");
+        StartSender();
         SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
         Connect();
         if (read) program.addresses.Refresh();
@@ -39,19 +35,6 @@ struct ToMany : Host {
         program.formSmsSend.Open({});
         view.TextTo().SetText(recipients);
         view.Message().SetText(text);
-    }
-    bool Send(std::deque<Answer> answers = {}) {
-        platform.dialogs.answers = std::move(answers);
-        return program.submission.ButtonSend_Click_(false, true, {}, {});
-    }
-    // Every entry's file, "number<TAB>text".
-    std::vector<std::string> Queued() {
-        std::vector<std::string> all;
-        for (int number = 1; !Registry(Queue, NumberText(number)).empty(); ++number) {
-            all.push_back(platform.fileSystem.Read(Registry(Queue, NumberText(number)))
-                              .value_or("(missing)"));
-        }
-        return all;
     }
     std::size_t TempFiles() { return platform.fileSystem.FileNames(u"C:\\Temp\\", u".tmp").size(); }
     std::shared_ptr<standin::Item> anna, hans;
@@ -183,7 +166,7 @@ TEST_CASE("a text with fields becomes one entry for each recipient, any other on
                                                     "e",
                                                     "01722000002\tHallo Hans, Gr\xFC\xDF"
                                                     "e"});
-    CHECK(form.Registry(Queue, u"cOut") == u"2");
+    CHECK(form.Registry(QueueKey, u"cOut") == u"2");
     CHECK(form.platform.messageLoop.posted.size() == 1);
     CHECK_FALSE(form.view.Loaded());
     CHECK(form.Setting(u"SMS", u"LastText") == u"Hallo {Vorname}, Grüße");
