@@ -7,6 +7,7 @@
 #                         lines; and one that takes two SMS for what its letters cost
 #   template              of a text
 #   mails, contacts       "sender|subject" and "name|mobile|home"
+#   appointment           "subject|place"
 sampleOf() {
     case $1 in
         Cesky)
@@ -16,6 +17,7 @@ sampleOf() {
                 'vlak bude mít zpoždění, sejdeme se až ve čtvrt na devět před kinem na náměstí.')
             mails=('Petra Svobodová|Zápis z úterní porady' '+420601234567|SMS od +420601234567'
                 'České dráhy|Vaše jízdenka')
+            appointment='Zubař|Hlavní 5'
             contacts=('Jan Novák|+420 602 345 678|+420 224 123 456'
                 'Petra Svobodová|+420 601 234 567|' 'Tomáš Dvořák|+420 777 123 456|')
             ;;
@@ -27,6 +29,7 @@ sampleOf() {
                 'wir kommen am Samstag um acht – bis dahin alles Gute, eure Anna und Jörg')
             mails=('Anna Berger|Protokoll der Sitzung vom Dienstag'
                 '+491701234567|SMS von +491701234567' 'Reisebüro|Ihre Fahrkarte')
+            appointment='Zahnarzt|Hauptstraße 5'
             contacts=('Anna Berger|+49 171 2345678|' 'Jörg Müller|+49 170 1234567|+49 89 654321'
                 'Sabine Krämer|+49 160 9876543|')
             ;;
@@ -37,6 +40,7 @@ sampleOf() {
                 'mañana llegaré a las ocho de la tarde, nos vemos en la estación. Recuerdos de María')
             mails=('Ana García|Acta de la reunión del martes' '+34612345678|SMS de +34612345678'
                 'Agencia de viajes|Su billete')
+            appointment='Dentista|Calle Mayor 5'
             contacts=('Ana García|+34 612 345 678|' 'José Martín|+34 623 456 789|+34 912 345 678'
                 'María Núñez|+34 634 567 890|')
             ;;
@@ -48,6 +52,7 @@ sampleOf() {
                 'le train a vingt minutes de retard, nous serons bientôt là. Ça va être une belle fête !')
             mails=('Anne Lefèvre|Compte rendu de la réunion de mardi'
                 '+33639981234|SMS de +33639981234' 'Agence de voyages|Votre billet')
+            appointment='Dentiste|5, rue Principale'
             contacts=('Anne Lefèvre|+33 6 39 98 12 34|'
                 'Hélène Garçon|+33 6 39 98 56 78|+33 1 99 00 12 34'
                 'Jérôme Petit|+33 6 39 98 90 12|')
@@ -59,6 +64,7 @@ sampleOf() {
                 'de trein is twintig minuten later – we zien elkaar om acht uur voor het café op het plein')
             mails=('Anna de Vries|Notulen van dinsdag' '+31612345678|Sms van +31612345678'
                 'Reisbureau|Uw kaartje')
+            appointment='Tandarts|Hoofdstraat 5'
             contacts=('Anna de Vries|+31 6 12345678|' 'Joost Bakker|+31 6 23456789|+31 20 7654321'
                 'Zoë Visser|+31 6 34567890|')
             ;;
@@ -69,6 +75,7 @@ sampleOf() {
                 'pociąg spóźni się o dwadzieścia minut, spotkajmy się o ósmej wieczorem przed kinem.')
             mails=('Anna Wiśniewska|Protokół z wtorkowego zebrania'
                 '+48512345678|SMS od +48512345678' 'Biuro podróży|Twój bilet')
+            appointment='Dentysta|ul. Główna 5'
             contacts=('Anna Wiśniewska|+48 512 345 678|'
                 'Paweł Zieliński|+48 601 234 567|+48 22 765 43 21' 'Łukasz Wójcik|+48 698 765 432|')
             ;;
@@ -80,6 +87,7 @@ sampleOf() {
                 'o ônibus vai atrasar vinte minutos, então a gente se encontra amanhã às oito na estação.')
             mails=('Ana Conceição|Ata da reunião de terça-feira'
                 '+5511912345678|SMS de +5511912345678' 'Agência de viagens|Sua passagem')
+            appointment='Dentista|Rua Principal, 5'
             contacts=('Ana Conceição|+55 11 91234-5678|'
                 'João Araújo|+55 21 98765-4321|+55 21 3456-7890' 'Luís Gonçalves|+55 31 99876-5432|')
             ;;
@@ -91,6 +99,7 @@ sampleOf() {
                 'the train is twenty minutes late – see you at eight in the café opposite the station')
             mails=("Anna Baker|Minutes of Tuesday's meeting" '+447700900123|SMS from +447700900123'
                 'Travel Desk|Your ticket')
+            appointment='Dentist|5 High Street'
             contacts=('Anna Baker|+44 7700 900123|' 'Joe Miller|+44 7700 900456|+44 20 7946 0123'
                 'Sophie Clark|+44 7700 900789|')
             ;;

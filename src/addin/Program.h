@@ -35,6 +35,7 @@
 #include "platform/Platform.h"
 #include "platform/ProcessValues.h"
 #include "recipients/Addresses.h"
+#include "recipients/AppointmentReminders.h"
 #include "recipients/Contacts.h"
 #include "recipients/Prefixes.h"
 #include "recipients/RecipientField.h"
@@ -97,6 +98,7 @@ public:
     Addresses addresses;
     Contacts contacts;
     RecipientPeople recipientPeople;
+    AppointmentReminders reminders;
     RecipientLookup recipientLookup;
     Process process;
     Tellwick tellwick;

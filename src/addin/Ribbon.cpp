@@ -246,13 +246,23 @@ Value Ribbon::RibbonSMSForward_Click(const ObjectPtr& control) {
 }
 
 Value Ribbon::RibbonSMSReminder_Click(const ObjectPtr& control) {
-    smsReminder.Open(ItemOf(control), RecipientLookup::Origin::Connection);
+    ObjectPtr context = ContextOf(control);
+    if (TypeName(context) == u"Inspector") {
+        ObjectPtr appointment = outlook::Inspector(errors, context).CurrentItem().Reference();
+        context.reset();
+        smsReminder.Open(std::move(appointment), RecipientLookup::Origin::Connection);
+    } else if (!smsReminder.OpenItems(context, RecipientLookup::Origin::Connection)) {
+        formSmsSend.Open({});
+    }
     return {};
 }
 
 Value Ribbon::RibbonSMSContact_Click(const ObjectPtr& control) {
     ObjectPtr context = ContextOf(control);
-    const Text recipients = TypeName(context) == u"Inspector"
+    const bool isInspector = TypeName(context) == u"Inspector";
+    if (!isInspector && smsReminder.OpenItems(context, RecipientLookup::Origin::Connection))
+        return {};
+    const Text recipients = isInspector
                                 ? recipientLookup.LookInItem(
                                       outlook::Inspector(errors, context).CurrentItem().Reference())
                                 : recipientLookup.LookInItems(context);

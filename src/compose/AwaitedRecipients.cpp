@@ -1,9 +1,12 @@
 #include "compose/AwaitedRecipients.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
+#include "compose/WithoutReminder.h"
+#include "recipients/AppointmentReminders.h"
 #include "recipients/RecipientField.h"
 #include "recipients/RecipientLookup.h"
 #include "settings/LanguageTexts.h"
@@ -11,27 +14,32 @@
 namespace tellwick {
 
 AwaitedRecipients::AwaitedRecipients(const Services& services, RecipientLookup& recipientLookup,
-                                     RecipientField& recipientField, FormSmsSendView& view)
+                                     AppointmentReminders& reminders,
+                                     RecipientField& recipientField, FormSmsSendView& view,
+                                     Locale& locale)
     : Services(services),
       recipientLookup(recipientLookup),
+      reminders(reminders),
       recipientField(recipientField),
-      view(view) {
+      view(view),
+      locale(locale) {
     recipientLookup.SetListener([this](TextView found) { Found(found); });
 }
 
 void AwaitedRecipients::Begin(bool remembered) {
     waiting.reset();
-    StatusBar& statusBar = view.StatusBar1();
-    if (recipientLookup.Cut()) {
-        statusBar.SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSend::Name, u"SelectionCut"),
-                                     u"%n", NumberText(RecipientLookup::MostItems)));
-    }
+    if (recipientLookup.Cut()) ShowCut();
     if (!recipientLookup.Looking()) return;
     Text before = view.TextTo().GetText();
     if (remembered) recipientField.SetText({});
     waiting = {std::move(before), view.TextTo().GetText(), remembered};
     if (!recipientLookup.Cut())
-        statusBar.SetText(language.TextOrBuiltIn(FormSmsSend::Name, u"LookingFor"));
+        view.StatusBar1().SetText(language.TextOrBuiltIn(FormSmsSend::Name, u"LookingFor"));
+}
+
+void AwaitedRecipients::ShowCut() {
+    view.StatusBar1().SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSend::Name, u"SelectionCut"),
+                                         u"%n", NumberText(RecipientLookup::MostItems)));
 }
 
 void AwaitedRecipients::Found(TextView recipients) {
@@ -49,13 +57,31 @@ void AwaitedRecipients::Found(TextView recipients) {
     }
     if (recipientLookup.Looking()) return;
     BringBack();
-    if (!recipientLookup.Cut()) recipientField.ShowPrefixHint();
+    if (recipientLookup.Cut()) {
+        ShowCut();
+    } else {
+        recipientField.ShowPrefixHint();
+        if (recipientLookup.ForReminders()) ShowWithout();
+    }
+}
+
+void AwaitedRecipients::ShowWithout() {
+    constexpr std::size_t MostNamed = 3;
+    const std::vector<WithoutReminder> all = WithoutReminderIn(reminders, locale, language);
+    if (all.empty()) return;
+    Text names;
+    for (std::size_t at = 0; at < std::min(all.size(), MostNamed); ++at)
+        names.append(at == 0 ? u"" : u"; ").append(all[at].brief);
+    if (all.size() > MostNamed) names += u"; …";
+    view.StatusBar1().SetText(
+        ReplaceAll(language.TextOrBuiltIn(FormSmsSend::Name, u"WithoutSms"), u"%c", names));
 }
 
 void AwaitedRecipients::End() {
     recipientLookup.Stop();
     if (waiting && view.TextTo().GetText() == waiting->now) BringBack();
     waiting.reset();
+    reminders.Forget();
 }
 
 void AwaitedRecipients::BringBack() {

@@ -9,26 +9,32 @@
 
 namespace tellwick {
 
+class AppointmentReminders;
 class FormSmsSendView;
+class Locale;
 class RecipientField;
 class RecipientLookup;
 
 class AwaitedRecipients : private Services {
 public:
     AwaitedRecipients(const Services& services, RecipientLookup& recipientLookup,
-                      RecipientField& recipientField, FormSmsSendView& view);
+                      AppointmentReminders& reminders, RecipientField& recipientField,
+                      FormSmsSendView& view, Locale& locale);
 
     // The field holds the recipients known by now. Those only `remembered` from the last form are
     // taken out while others are looked for, so that nobody sends to them by mistake, and are put
     // back when nobody is found. The status bar says what is going on.
     void Begin(bool remembered);
     bool Waiting() const { return waiting.has_value(); }
-    // The form closes, and the looking ends.
+    // The form closes, and the looking ends, and with it what was found of appointments.
     void End();
 
 private:
     void Found(TextView recipients);
     void BringBack();
+    void ShowCut();
+    // Who gets no reminder, if somebody does not.
+    void ShowWithout();
 
     struct Field {
         Text before, now;
@@ -37,8 +43,10 @@ private:
     std::optional<Field> waiting;
 
     RecipientLookup& recipientLookup;
+    AppointmentReminders& reminders;
     RecipientField& recipientField;
     FormSmsSendView& view;
+    Locale& locale;
 };
 
 }  // namespace tellwick

@@ -6,6 +6,7 @@
 
 namespace tellwick {
 
+class AppointmentReminders;
 class FormSmsSendView;
 class LastRun;
 class MessageText;
@@ -14,13 +15,14 @@ class TextFields;
 class FieldMenu : private Services {
 public:
     FieldMenu(const Services& services, FormSmsSendView& view, const TextFields& textFields,
-              MessageText& messageText, LastRun& lastRun);
+              const AppointmentReminders& reminders, MessageText& messageText, LastRun& lastRun);
 
     void ButtonFields_Click();
 
 private:
     FormSmsSendView& view;
     const TextFields& textFields;
+    const AppointmentReminders& reminders;
     MessageText& messageText;
     LastRun& lastRun;
 };

@@ -46,9 +46,9 @@ std::int64_t PartsWithout(TextView text, TextView kept) {
 FormSmsPreview::FormSmsPreview(const Services& services, FormSmsPreviewView& view, Forms& forms,
                                MessageText& messageText, const AirCountLine& airCountLine,
                                const PersonalTexts& personalTexts, const TextFields& textFields,
-                               Locale& locale)
+                               const AppointmentReminders& reminders, Locale& locale)
     : Services(services),
-      people(services, view, personalTexts, textFields),
+      people(services, view, personalTexts, textFields, reminders, locale),
       arrivesAsGsm([&locale](TextView character) {
           return InGsm(character) && SurvivesQueue(character, locale);
       }),

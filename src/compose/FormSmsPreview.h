@@ -14,6 +14,7 @@
 namespace tellwick {
 
 class AirCountLine;
+class AppointmentReminders;
 class Locale;
 class MessageText;
 struct QueueText;
@@ -23,7 +24,7 @@ public:
     FormSmsPreview(const Services& services, FormSmsPreviewView& view, Forms& forms,
                    MessageText& messageText, const AirCountLine& airCountLine,
                    const PersonalTexts& personalTexts, const TextFields& textFields,
-                   Locale& locale);
+                   const AppointmentReminders& reminders, Locale& locale);
     ~FormSmsPreview() override;
 
     void Show();

@@ -197,6 +197,14 @@ void MessageText::Replace(TextView text) {
         fitting.resize(std::size_t(LongestText(limit)));
     }
     PutWhole(fitting, 0);
+    replaced = fitting;
+}
+
+void MessageText::ReplaceAgain(TextView text) {
+    TextBox& box = view.Message();
+    if (hexFlag || replaced.empty() || text == replaced || box.GetText() != replaced) return;
+    box.Undo();
+    Replace(text);
 }
 
 // In a way that the user can undo.

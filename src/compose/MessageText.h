@@ -46,6 +46,9 @@ public:
     // Puts a text in place of the whole, shown as text, with the caret before it. What stood there
     // comes back when the user undoes it.
     void Replace(TextView text);
+    // The same in place of what the last one put, as if that had not been. Nothing happens when the
+    // user has changed it, or it is the same.
+    void ReplaceAgain(TextView text);
 
     Text GetText() const;
     // The same as text, where the box shows the digits of one.
@@ -80,6 +83,7 @@ private:
     std::int32_t extraLength = 0;     // characters counted beside the box's own text
     std::int32_t previousLength = 0;  // counted at the end of the change before
     Text exchanged;                   // what the last exchange left
+    Text replaced;                    // the same of Replace
 
     FormSmsSendView& view;
     Locale& locale;

@@ -3,13 +3,21 @@
 #include <algorithm>
 
 #include "compose/FormSmsPreviewView.h"
+#include "compose/WithoutReminder.h"
+#include "recipients/AppointmentReminders.h"
 #include "settings/LanguageTexts.h"
 
 namespace tellwick {
 
 PreviewPeople::PreviewPeople(const Services& services, FormSmsPreviewView& view,
-                             const PersonalTexts& personalTexts, const TextFields& textFields)
-    : Services(services), view(view), personalTexts(personalTexts), textFields(textFields) {}
+                             const PersonalTexts& personalTexts, const TextFields& textFields,
+                             const AppointmentReminders& reminders, Locale& locale)
+    : Services(services),
+      view(view),
+      personalTexts(personalTexts),
+      textFields(textFields),
+      reminders(reminders),
+      locale(locale) {}
 
 void PreviewPeople::Refresh() {
     texts.clear();
@@ -21,7 +29,16 @@ void PreviewPeople::Refresh() {
         const std::vector<Field>& missing = texts[at].filled.missing;
         if (missing.empty()) continue;
         lacking.push_back(at);
-        rows.push_back(texts[at].Named() + u"\t" + textFields.Words(missing));
+        const Text words = textFields.Words(missing);
+        // With an appointment the first column would reach into the second.
+        rows.push_back(texts[at].appointment.empty() ? texts[at].Named() + u"\t" + words
+                                                     : words + u": " + texts[at].Named());
+    }
+    const bool reminding = std::ranges::any_of(
+        texts, [](const PersonalText& each) { return !each.appointment.empty(); });
+    if (reminding) {
+        for (const WithoutReminder& one : WithoutReminderIn(reminders, locale, language))
+            rows.push_back(one.named);
     }
     view.ListMissing().SetItems(rows);
     MoveTo(shown);

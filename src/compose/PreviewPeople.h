@@ -9,12 +9,15 @@
 
 namespace tellwick {
 
+class AppointmentReminders;
 class FormSmsPreviewView;
+class Locale;
 
 class PreviewPeople : private Services {
 public:
     PreviewPeople(const Services& services, FormSmsPreviewView& view,
-                  const PersonalTexts& personalTexts, const TextFields& textFields);
+                  const PersonalTexts& personalTexts, const TextFields& textFields,
+                  const AppointmentReminders& reminders, Locale& locale);
 
     // Text or recipients have changed.
     void Refresh();
@@ -34,11 +37,14 @@ private:
 
     std::vector<PersonalText> texts;
     std::size_t shown = 0;
-    std::vector<std::size_t> lacking;  // of the texts; a row each
+    // Of the texts; a row each, before those of who gets none.
+    std::vector<std::size_t> lacking;
 
     FormSmsPreviewView& view;
     const PersonalTexts& personalTexts;
     const TextFields& textFields;
+    const AppointmentReminders& reminders;
+    Locale& locale;
 };
 
 }  // namespace tellwick

@@ -1,11 +1,9 @@
 #include "compose/ReminderText.h"
 
-#include <vector>
+#include <algorithm>
 
-#include "compose/DateText.h"
+#include "compose/AppointmentValues.h"
 #include "compose/TextFields.h"
-#include "platform/LocalDate.h"
-#include "recipients/AppointmentReader.h"
 #include "settings/InifilesLite.h"
 #include "settings/LanguageTexts.h"
 
@@ -13,52 +11,42 @@ namespace tellwick {
 
 namespace {
 
-// Whatever ends them.
-std::vector<Text> LinesOf(TextView text) {
-    return Split(ReplaceAll(ReplaceAll(text, LineBreak, u"\n"), u"\r", u"\n"), u"\n");
+// The keys are the same in the settings and in the language.
+TextView KeyOf(const Appointment& appointment) {
+    return appointment.cancelled ? u"ReminderTextCancelled"
+           : appointment.allDay  ? u"ReminderTextAllDay"
+                                 : u"ReminderText";
 }
 
 }  // namespace
 
-// The keys are the same in the settings and in the language.
-Text ReminderText::Template(const Appointment& appointment) const {
-    const TextView key = appointment.cancelled ? TextView(u"ReminderTextCancelled")
-                         : appointment.allDay  ? TextView(u"ReminderTextAllDay")
-                                               : TextView(u"ReminderText");
-    const Text own = FromSetting(inifilesLite.GetIniSetting(u"SMS", key));
-    return own.empty() ? language.TextOrBuiltIn(u"TextFields", key) : own;
+// Its lines end as in the form, whatever ends them in the file.
+Text ReminderText::Template(TextView key) const {
+    Text text = FromSetting(inifilesLite.GetIniSetting(u"SMS", key));
+    if (text.empty()) text = language.TextOrBuiltIn(u"TextFields", key);
+    text = ReplaceAll(ReplaceAll(text, LineBreak, u"\n"), u"\r", u"\n");
+    return ReplaceAll(text, u"\n", LineBreak);
 }
 
 Text ReminderText::Of(const Appointment& appointment) const {
-    Text date, time;
-    if (appointment.start) {
-        const LocalDate start(*appointment.start);
-        date = DateText(locale, start);
-        if (!appointment.allDay) time = TimeText(locale, start);
-    }
-    const auto valueOf = [&](Field field) -> TextView {
-        switch (field) {
-            case Field::Subject:
-                return appointment.subject;
-            case Field::Date:
-                return date;
-            case Field::Time:
-                return time;
-            case Field::Place:
-                return appointment.place;
-            default:
-                return {};
-        }
+    const Text text = Template(KeyOf(appointment));
+    const AppointmentValues values(locale, appointment);
+    return TextFields::FillWith(text, textFields.Find(text, AppointmentFields),
+                                [&](Field field) { return values.Of(field); })
+        .text.text;
+}
+
+Text ReminderText::OfAll(const std::vector<AppointmentReminders::One>& appointments) const {
+    Appointment common;
+    const auto all = [&](bool Appointment::*what) {
+        return !appointments.empty() &&
+               std::ranges::all_of(appointments, [&](const AppointmentReminders::One& one) {
+                   return (*one.appointment).*what;
+               });
     };
-    Text text;
-    for (const Text& line : LinesOf(Template(appointment))) {
-        const std::vector<FieldPlace> places = textFields.Find(line, AppointmentFields);
-        const Text filled = TextFields::FillWith(line, places, valueOf).text.text;
-        if (filled.empty() && !line.empty()) continue;
-        if (!text.empty()) text += LineBreak;
-        text += filled;
-    }
-    return text;
+    common.cancelled = all(&Appointment::cancelled);
+    common.allDay = all(&Appointment::allDay);
+    return Template(KeyOf(common));
 }
 
 }  // namespace tellwick

@@ -1,7 +1,10 @@
 // The text that reminds people of an appointment.
 #pragma once
 
+#include <vector>
+
 #include "platform/Text.h"
+#include "recipients/AppointmentReminders.h"
 
 namespace tellwick {
 
@@ -9,7 +12,6 @@ class InifilesLite;
 class LanguageTexts;
 class Locale;
 class TextFields;
-struct Appointment;
 
 class ReminderText {
 public:
@@ -18,11 +20,14 @@ public:
         : language(language), inifilesLite(inifilesLite), locale(locale), textFields(textFields) {}
 
     // From the template for such an appointment: the user's own, section "SMS", or the language's.
-    // Lines of which nothing is left are left out. Fields of persons stay as they are.
+    // Fields of persons stay as they are.
     Text Of(const Appointment& appointment) const;
+    // The template that goes for all of several: that of cancelled ones, or of those that last all
+    // day, if they all are. All fields stay as they are.
+    Text OfAll(const std::vector<AppointmentReminders::One>& appointments) const;
 
 private:
-    Text Template(const Appointment& appointment) const;
+    Text Template(TextView key) const;
 
     LanguageTexts& language;
     InifilesLite& inifilesLite;

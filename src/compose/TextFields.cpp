@@ -23,21 +23,6 @@ Text WithoutBlanks(TextView text) {
     return without;
 }
 
-TextView NameOf(const Person& person, Field field) {
-    switch (field) {
-        case Field::FirstName:
-            return person.firstName;
-        case Field::LastName:
-            return person.lastName;
-        case Field::FullName:
-            return person.fullName;
-        case Field::Company:
-            return person.company;
-        default:
-            return {};
-    }
-}
-
 // The blank before what is left out goes where a word's end, or another blank, follows, and the one
 // behind it at the beginning of a line.
 void LeaveOutBlank(Text& before, TextView behind, std::size_t& next) {
@@ -88,30 +73,51 @@ std::vector<FieldPlace> TextFields::Find(TextView text, std::span<const Field> w
     return places;
 }
 
-FilledText TextFields::Fill(TextView text, const std::vector<FieldPlace>& places,
-                            const Person& person) {
-    return FillWith(text, places, [&](Field field) { return NameOf(person, field); });
+std::optional<TextView> TextFields::NameOf(const Person& person, Field field) {
+    const TextView name = field == Field::FirstName  ? person.firstName
+                          : field == Field::LastName ? person.lastName
+                          : field == Field::FullName ? person.fullName
+                          : field == Field::Company  ? person.company
+                                                     : TextView();
+    if (name.empty()) return {};
+    return name;
 }
 
 FilledText TextFields::FillWith(TextView text, const std::vector<FieldPlace>& places,
                                 const ValueOf& valueOf) {
     FilledText filled;
     Text& out = filled.text.text;
-    std::size_t next = 0;
-    for (const FieldPlace& place : places) {
-        out += text.substr(next, place.start - next);
-        next = place.start + place.length;
-        const TextView value = valueOf(place.field);
-        if (!value.empty()) {
-            filled.text.marks.push_back({out.size(), value.size()});
-            out += value;
-            continue;
+    auto place = places.begin();
+    bool first = true;
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find(LineBreak, start), text.size());
+        const std::size_t before = out.size();
+        if (!first) out += LineBreak;
+        const std::size_t line = out.size();
+        bool leftOut = false;
+        std::size_t next = start;
+        for (; place != places.end() && place->start < end; ++place) {
+            out += text.substr(next, place->start - next);
+            next = place->start + place->length;
+            const std::optional<TextView> value = valueOf(place->field);
+            if (value && !value->empty()) {
+                filled.text.marks.push_back({out.size(), value->size()});
+                out += *value;
+                continue;
+            }
+            leftOut = true;
+            if (!value && std::ranges::find(filled.missing, place->field) == filled.missing.end())
+                filled.missing.push_back(place->field);
+            LeaveOutBlank(out, text.substr(next, end - next), next);
         }
-        if (std::ranges::find(filled.missing, place.field) == filled.missing.end())
-            filled.missing.push_back(place.field);
-        LeaveOutBlank(out, text.substr(next), next);
+        out += text.substr(next, end - next);
+        start = end + LineBreak.size();
+        if (leftOut && out.find_first_not_of(u' ', line) == Text::npos) {
+            out.resize(before);
+        } else {
+            first = false;
+        }
     }
-    out += text.substr(next);
     return filled;
 }
 

@@ -15,6 +15,8 @@ struct Appointment {
     std::optional<double> start;
     bool allDay = false;
     bool cancelled = false;
+
+    bool operator==(const Appointment& other) const = default;
 };
 
 // What cannot be read is as if it were not there. One whose sensitivity cannot be read is private.

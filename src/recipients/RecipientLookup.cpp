@@ -26,12 +26,20 @@ constexpr std::int32_t MostConversations = 20;
 constexpr double Slice = 5;
 constexpr std::uint32_t Interval = 20;
 
+// False when it is there already.
+bool AddOnce(std::vector<Text>& texts, const Text& text) {
+    const bool isNew = std::ranges::find(texts, text) == texts.end();
+    if (isNew) texts.push_back(text);
+    return isNew;
+}
+
 }  // namespace
 
 RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
                                  const ProcessValues& processValues, Contacts& contacts,
                                  Addresses& addresses, RecipientPeople& recipientPeople,
-                                 Clock& clock, Timers& timers, MessageLoop& messageLoop)
+                                 AppointmentReminders& reminders, Clock& clock, Timers& timers,
+                                 MessageLoop& messageLoop)
     : appointmentPeople(errors, automation),
       errors(errors),
       debug(debug),
@@ -40,6 +48,7 @@ RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation&
       contacts(contacts),
       addresses(addresses),
       recipientPeople(recipientPeople),
+      reminders(reminders),
       clock(clock),
       timers(timers),
       messageLoop(messageLoop) {}
@@ -67,21 +76,50 @@ Text RecipientLookup::LookInAppointment(const ObjectPtr& appointment, Origin new
     Stop();
     if (!appointment) return {};
     origin = newOrigin;
-    looking = inAppointment = true;
-    const bool trusted = IsTrusted();
+    looking = true;
+    BeginAppointment(appointment);
+    if (looking) GoOnLater();
+    return {};
+}
+
+void RecipientLookup::BeginAppointment(const ObjectPtr& appointment) {
     appointmentPeople.Begin(
         appointment,
-        trusted ? AppointmentPeople::Access::Straight : AppointmentPeople::Access::Redemption,
+        IsTrusted() ? AppointmentPeople::Access::Straight : AppointmentPeople::Access::Redemption,
         processValues.outlookVersion);
     if (!looking) {  // Outlook may have ended meanwhile
         appointmentPeople.Clear();
-        return {};
+        return;
     }
+    inAppointment = true;
     step = Step::Attendee;
     if (!appointmentPeople.HasAttendees())
         body = OneLine(AsText(Get(errors, appointment, u"Subject")));
+}
+
+void RecipientLookup::LookInAppointments(const ObjectPtr& collection, Origin newOrigin) {
+    LendApplicationOf(collection);
+    Stop();
+    if (!collection) return;
+    Take(collection, newOrigin);
+    looking = inSeveral = forReminders = true;
     GoOnLater();
-    return {};
+}
+
+void RecipientLookup::ReadAppointmentOf(const ObjectPtr& item) {
+    const auto appointment =
+        std::make_shared<const Appointment>(ReadAppointment(errors, item, clock.Now()));
+    if (!looking) return;  // Outlook may have ended meanwhile
+    read.push_back({appointment, {}, {}});
+    BeginAppointment(item);
+}
+
+void RecipientLookup::EndReading() {
+    if (!inSeveral) return;
+    for (const Text& number : reminders.Take(std::move(read))) {
+        if (!found.empty()) found += u';';
+        found += number;
+    }
 }
 
 // A connection without a window handed no application over that contacts could be read from.
@@ -93,13 +131,9 @@ void RecipientLookup::LendApplicationOf(const ObjectPtr& object) {
 Text RecipientLookup::Begin(const ObjectPtr& collection, Origin newOrigin, bool isSingle) {
     Stop();
     if (!collection) return {};
-    items = collection;
-    origin = newOrigin;
     single = isSingle;
-    const std::int32_t all = single ? 1 : outlook::Selection(errors, items).Count();
-    count = std::min(all, MostItems);
-    cut = count < all;
-    if (all == 0 && processValues.outlookVersion >= FirstWithConversations) {
+    Take(collection, newOrigin);
+    if (count == 0 && processValues.outlookVersion >= FirstWithConversations) {
         following =
             NewestOfConversations(errors, outlook::Selection(errors, items), MostConversations);
     }
@@ -115,6 +149,14 @@ Text RecipientLookup::Begin(const ObjectPtr& collection, Origin newOrigin, bool 
     return std::exchange(found, {});
 }
 
+void RecipientLookup::Take(const ObjectPtr& collection, Origin newOrigin) {
+    items = collection;
+    origin = newOrigin;
+    const std::int32_t all = single ? 1 : outlook::Selection(errors, items).Count();
+    count = std::min(all, MostItems);
+    cut = count < all;
+}
+
 void RecipientLookup::GoOnLater() {
     timer = timers.Create();
     timer->Start(Interval, [this] { Tick(); });
@@ -128,7 +170,7 @@ void RecipientLookup::Stop() {
     End();
     taken.clear();
     found.clear();
-    cut = false;
+    cut = forReminders = false;
 }
 
 void RecipientLookup::End() {
@@ -139,7 +181,8 @@ void RecipientLookup::End() {
     mail.reset();
     safeMail.reset();
     body.clear();
-    onlyName = inAppointment = false;
+    onlyName = inAppointment = inSeveral = single = false;
+    read.clear();
     appointmentPeople.Clear();
     next = 1;
     count = 0;
@@ -177,6 +220,7 @@ bool RecipientLookup::DoStep() {
 
 void RecipientLookup::LookAtNext() {
     if (next > count && following.empty()) {
+        EndReading();
         End();
         return;
     }
@@ -189,6 +233,10 @@ void RecipientLookup::LookAtNext() {
         following.erase(following.begin());
     }
     const std::int32_t itemClass = item.Class();
+    if (inSeveral) {
+        if (itemClass == outlook::AppointmentClass) ReadAppointmentOf(item.Reference());
+        return;
+    }
     if (itemClass == outlook::ContactClass) {
         const Text number = contacts.NumberOfContact(item.Reference());
         if (Found(number))
@@ -235,6 +283,8 @@ void RecipientLookup::LookAtAttendee() {
         const Text number = contacts.NumberOfContact(one->contact);
         if (Found(number)) recipientPeople.Choose(number, contacts.PersonOfContact(one->contact));
         if (!number.empty()) return;
+        // A link says no name.
+        if (one->name.empty()) NobodyFound(contacts.PersonOfContact(one->contact).fullName);
     }
     if (one->name.empty()) return;
     body = one->name;
@@ -252,6 +302,8 @@ bool RecipientLookup::FindPerson() {
     if (row && (!onlyName || EqualFolded(list.Row(*row).name, body))) {
         const Text number = contacts.Dialable(list.Row(*row).number);
         if (Found(number)) recipientPeople.ChooseRow(*row, {number});
+    } else if (onlyName) {
+        NobodyFound(body);
     }
     body.clear();
     step = inAppointment ? Step::Attendee : Step::Item;
@@ -260,11 +312,17 @@ bool RecipientLookup::FindPerson() {
 
 // False when it is none, or was found before.
 bool RecipientLookup::Found(const Text& number) {
-    if (number.empty() || std::ranges::find(taken, number) != taken.end()) return false;
+    if (number.empty()) return false;
+    if (!read.empty()) AddOnce(read.back().numbers, number);
+    if (!AddOnce(taken, number)) return false;
+    if (inSeveral) return true;
     if (!found.empty()) found += u';';
     found += number;
-    taken.push_back(number);
     return true;
+}
+
+void RecipientLookup::NobodyFound(const Text& name) {
+    if (!read.empty() && !name.empty()) AddOnce(read.back().without, name);
 }
 
 }  // namespace tellwick

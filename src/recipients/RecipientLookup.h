@@ -11,6 +11,7 @@
 #include "platform/ProcessValues.h"
 #include "platform/Timer.h"
 #include "recipients/AppointmentPeople.h"
+#include "recipients/AppointmentReminders.h"
 
 namespace tellwick {
 
@@ -32,8 +33,8 @@ public:
 
     RecipientLookup(PendingError& errors, Debug& debug, Automation& automation,
                     const ProcessValues& processValues, Contacts& contacts, Addresses& addresses,
-                    RecipientPeople& recipientPeople, Clock& clock, Timers& timers,
-                    MessageLoop& messageLoop);
+                    RecipientPeople& recipientPeople, AppointmentReminders& reminders, Clock& clock,
+                    Timers& timers, MessageLoop& messageLoop);
 
     void SetListener(Listener newListener) { listener = std::move(newListener); }
 
@@ -51,10 +52,15 @@ public:
     // An appointment: the contacts linked to it and its attendees; where it has none, or Outlook
     // would ask the user for them, the person whom its subject names first.
     Text LookInAppointment(const ObjectPtr& appointment, Origin origin);
+    // The appointments of a collection: who is to be reminded of which. All of them are heard at
+    // the end, when it is known which of them one text goes for.
+    void LookInAppointments(const ObjectPtr& items, Origin origin);
 
     bool Looking() const { return looking; }
     // Whether more was selected than became recipients.
     bool Cut() const { return cut; }
+    // Whether the look, also one that has ended, is for reminders of several appointments.
+    bool ForReminders() const { return forReminders; }
     // Lets everything of Outlook's go.
     void Stop();
 
@@ -62,12 +68,17 @@ private:
     enum class Step { Item, Reply, Person, Attendee };
 
     Text Begin(const ObjectPtr& collection, Origin newOrigin, bool single = false);
+    void Take(const ObjectPtr& collection, Origin newOrigin);
     // One step; false when there is nothing left, or it has to be waited.
     bool DoStep();
     void LookAtNext();
     void LookAtMail(const ObjectPtr& item);
     void ReadReply();
+    void BeginAppointment(const ObjectPtr& appointment);
+    void ReadAppointmentOf(const ObjectPtr& item);
     void LookAtAttendee();
+    void NobodyFound(const Text& name);
+    void EndReading();
     bool FindPerson();
     bool IsTrusted() const;
     bool Found(const Text& number);
@@ -89,10 +100,13 @@ private:
     bool onlyName = false;  // it is nothing but a name
     AppointmentPeople appointmentPeople;
     bool inAppointment = false;
-    std::vector<Text> taken;  // each recipient once
-    Text found;               // and not told yet
+    bool inSeveral = false;                       // appointments
+    std::vector<AppointmentReminders::One> read;  // of those, the last one not to its end
+    std::vector<Text> taken;                      // each recipient once
+    Text found;                                   // and not told yet
     bool looking = false;
     bool cut = false;
+    bool forReminders = false;
     bool working = false;  // a slice runs: Outlook may call in between
     Listener listener;
     std::unique_ptr<Timer> timer;
@@ -104,6 +118,7 @@ private:
     Contacts& contacts;
     Addresses& addresses;
     RecipientPeople& recipientPeople;
+    AppointmentReminders& reminders;
     Clock& clock;
     Timers& timers;
     MessageLoop& messageLoop;

@@ -17,6 +17,7 @@ constexpr int PartsHeight = 110;
 constexpr int ListHeight = 52;
 constexpr int MissingHeight = 36;
 constexpr int LabelHeight = 10;
+constexpr int PersonHeight = 20;  // two lines: an appointment is named behind the person
 constexpr int ButtonHeight = 14;
 // Where the columns of the list begin, in quarters of an average character: the first one holds the
 // names of characters that cannot be seen.
@@ -63,7 +64,7 @@ SIZE FormSmsPreviewWindow::LeastClient() const {
 
 // Of the row that says whose text it is, and of the list of those who lack something.
 int FormSmsPreviewWindow::PersonalHeight() const {
-    return Font().Metrics().Vertical(ButtonHeight + LabelHeight + MissingHeight + 2 * Gap);
+    return Font().Metrics().Vertical(PersonHeight + LabelHeight + MissingHeight + 2 * Gap);
 }
 
 void FormSmsPreviewWindow::SetPersonal(bool newPersonal) {
@@ -105,8 +106,9 @@ void FormSmsPreviewWindow::OnSize() {
             right -= own + metrics.Horizontal(Gap);
         }
         const int drop = metrics.Vertical((ButtonHeight - LabelHeight + 2) / 2);
-        placement.Move(labelPerson, left, y + drop, right - left, metrics.Vertical(LabelHeight));
-        y += metrics.Vertical(ButtonHeight + Gap);
+        const int height = metrics.Vertical(PersonHeight);
+        placement.Move(labelPerson, left, y + drop, right - left, height - drop);
+        y += height + metrics.Vertical(Gap);
     }
     put(labelParts, LabelHeight, 0);
     put(textParts, PartsHeight, Gap);

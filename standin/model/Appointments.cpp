@@ -126,21 +126,68 @@ public:
     const std::shared_ptr<Item> item;
 };
 
-Value OccurrenceAt(const RecurrencePattern& pattern, double date) {
-    const std::vector<double>& starts = pattern.Of().starts;
-    const auto found = std::ranges::find_if(
-        starts, [&](double start) { return std::abs(start - date) < Minute / 2; });
-    if (found == starts.end()) return pattern.Fail(error::Automation);
-    const auto one = std::make_shared<Item>(pattern.outlook, pattern.item->itemClass);
-    one->appointment = std::make_unique<Appointment>(*pattern.item->appointment);
-    one->appointment->end += *found - one->appointment->start;
-    one->appointment->start = *found;
-    one->appointment->recurrence = Occurrence;
-    one->folder = pattern.item->folder;
+ObjectPtr OccurrenceOf(const Item& master, double start, std::int32_t state) {
+    const auto one = std::make_shared<Item>(master.outlook, master.itemClass);
+    one->appointment = std::make_unique<Appointment>(*master.appointment);
+    one->appointment->end += start - one->appointment->start;
+    one->appointment->start = start;
+    one->appointment->recurrence = state;
+    one->folder = master.folder;
     for (const TextView field : FieldNames(one->itemClass))
-        one->SetField(field, pattern.item->Field(field));
+        one->SetField(field, master.Field(field));
     return one->Handle();
 }
+
+// The documents do not say that one which was moved is still found by a date.
+Value OccurrenceAt(const RecurrencePattern& pattern, double date) {
+    const auto isAt = [&](double start) { return std::abs(start - date) < Minute / 2; };
+    const Series& series = pattern.Of();
+    if (std::ranges::none_of(series.starts, isAt) ||
+        std::ranges::any_of(series.changes, isAt, &ChangedOccurrence::original))
+        return pattern.Fail(error::Automation);
+    return OccurrenceOf(*pattern.item, date, Occurrence);
+}
+
+class Exception : public ModelObject {
+public:
+    Exception(std::shared_ptr<Item> master, const ChangedOccurrence& change)
+        : ModelObject(master->outlook), master(std::move(master)), change(change) {}
+    TextView ClassName() const override { return u"Exception"; }
+    const MemberTable& Table() const override {
+        static const MemberTable table =
+            OutlookMembers<Exception>(30)
+                .Property(u"AppointmentItem",
+                          [](Exception& self) -> Value {
+                              if (!self.change.start) return self.Fail(error::Automation);
+                              return OccurrenceOf(*self.master, *self.change.start, ChangedOne);
+                          })
+                .Property(u"Deleted", [](Exception& self) { return !self.change.start; })
+                // Of one that was deleted it has no time.
+                .Property(u"OriginalDate", [](Exception& self) {
+                    const double original = self.change.original;
+                    return self.change.start ? original : std::floor(original);
+                });
+        return table;
+    }
+
+    const std::shared_ptr<Item> master;
+    const ChangedOccurrence change;
+};
+
+class Exceptions : public ModelObject {
+public:
+    explicit Exceptions(const std::shared_ptr<Item>& master) : ModelObject(master->outlook) {
+        for (const ChangedOccurrence& change : master->appointment->series.changes)
+            all.push_back(std::make_shared<Exception>(master, change));
+    }
+    TextView ClassName() const override { return u"Exceptions"; }
+    const MemberTable& Table() const override {
+        static const MemberTable table = OutlookMembers<Exceptions>(29).Collection();
+        return table;
+    }
+
+    std::vector<std::shared_ptr<Exception>> all;
+};
 
 const MemberTable& RecurrencePattern::Table() const {
     static const MemberTable table =
@@ -168,6 +215,10 @@ const MemberTable& RecurrencePattern::Table() const {
                                      : std::floor(series.starts.back());
                       })
             .Property(u"NoEndDate", [](RecurrencePattern& self) { return self.Of().endless; })
+            .Property(u"Exceptions",
+                      [](RecurrencePattern& self) {
+                          return std::make_shared<Exceptions>(self.item)->Handle();
+                      })
             .Method(u"GetOccurrence", {u"StartDate"},
                     [](RecurrencePattern& self, const Arguments& arguments) {
                         return OccurrenceAt(self, AsReal(arguments[0]));

@@ -17,6 +17,7 @@ inline constexpr std::int32_t MeetingCanceled = 5;
 inline constexpr std::int32_t NotRecurring = 0;
 inline constexpr std::int32_t Master = 1;
 inline constexpr std::int32_t Occurrence = 2;
+inline constexpr std::int32_t ChangedOne = 3;
 inline constexpr std::int32_t Organizer = 0;
 inline constexpr std::int32_t Required = 1;
 inline constexpr std::int32_t Resource = 3;
@@ -32,6 +33,12 @@ struct Attendee {
     std::weak_ptr<Item> contact;  // whose address it is
 };
 
+// An occurrence of a series that was moved, or deleted.
+struct ChangedOccurrence {
+    double original;              // a date, see Value
+    std::optional<double> start;  // now; none when it was deleted
+};
+
 // How a series goes on. Where there is an occurrence the test or the demo says by its dates.
 struct Series {
     std::int32_t type = Weekly;
@@ -40,6 +47,7 @@ struct Series {
     std::int32_t monthOfYear = 0;
     std::vector<double> starts;  // dates, see Value
     bool endless = true;
+    std::vector<ChangedOccurrence> changes = {};
 };
 
 struct Appointment {

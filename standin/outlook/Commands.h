@@ -17,7 +17,8 @@
 //   items                            numbers, kinds and titles
 //   add-mail FIELD=VALUE..., add-contact FIELD=VALUE..., add-appointment ..., add-list ...
 //                                    answers the item's number; names that are no field of the
-//                                    item become user properties ("true", "false" as truth)
+//                                    item become user properties ("true", "false" as truth); an
+//                                    appointment's "Days" from today, at ten, and its "Attendee"s
 //   long-mail KILOBYTES              adds a mail whose long body names nobody; answers its number
 //   many-contacts COUNT FOLDERS      adds contacts in so many folders below the default one
 //   slow-store NAME MILLISECONDS [pump]

@@ -1,5 +1,6 @@
 // The commands of windows and items.
 #include <algorithm>
+#include <cmath>
 
 #include "model/ManyContacts.h"
 #include "outlook/CommandText.h"
@@ -12,6 +13,18 @@ namespace {
 
 using namespace tellwick::outlook;
 
+bool AssignToAppointment(Item& item, TextView name, const Text& value) {
+    constexpr double Ten = 10.0 / 24;
+    if (item.itemClass != AppointmentClass) return false;
+    if (EqualFolded(name, u"Days")) {
+        item.appointment->start = std::floor(item.outlook.now) + LeadingNumber32(value) + Ten;
+        return true;
+    }
+    if (!EqualFolded(name, u"Attendee")) return false;
+    item.appointment->attendees.push_back({value, Required, {}});
+    return true;
+}
+
 // NAME=VALUE: a field of the item, or else a user property of it.
 void Assign(Item& item, const Text& word) {
     const std::size_t equals = word.find(u'=');
@@ -21,6 +34,7 @@ void Assign(Item& item, const Text& word) {
     const auto& names = FieldNames(item.itemClass);
     const bool isField = std::any_of(names.begin(), names.end(),
                                      [&](TextView field) { return EqualFolded(field, name); });
+    if (AssignToAppointment(item, name, value)) return;
     if (isField) {
         item.SetField(name, value);
     } else if (value == u"true" || value == u"false") {

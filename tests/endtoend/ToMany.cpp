@@ -101,3 +101,66 @@ TEST_CASE("each person gets a text of their own, but for those whom the user lea
         CheckClean(outlook.Quit());
     }
 }
+
+TEST_CASE("appointments become a reminder for each of their people, by every version's own door") {
+    for (const int version : {9, 11, 12, 16}) {
+        CAPTURE(version);
+        Machine machine;
+        StandIn outlook(version, L"--empty");
+        outlook.Command("add-contact \"FullName=Anna Berger\" MobileTelephoneNumber=01712345678");
+        outlook.Command(
+            "add-contact \"FullName=J\u00F6rg M\u00FCller\" MobileTelephoneNumber=0170");
+        outlook.Command(
+            "add-appointment Subject=Zahnarzt Location=Weg Days=1 \"Attendee=Anna Berger\" "
+            "\"Attendee=J\u00F6rg M\u00FCller\"");
+        outlook.Command("add-appointment Subject=Friseur Days=2 \"Attendee=Anna Berger\"");
+        const auto begins = [&](const std::wstring& text) {
+            const Form form = Form::Opened();
+            CHECK(WaitUntil([&] { return TextOf(form.message).starts_with(text); }));
+            CHECK(WaitUntil([&] { return TextOf(form.to) == L"01712345678;0170"; }));
+            return form;
+        };
+        for (const bool opened : {false, true}) {
+            outlook.Command(opened ? "open-inspector 3" : "select 1 3");
+            if (opened) outlook.Command("select 1");
+            if (opened && version >= 12) {
+                outlook.Command("click-ribbon-inspector 1 \"Per SMS erinnern\"");
+            } else {
+                outlook.ClickButton(1, "Neue SMS");
+            }
+            const HWND form = begins(L"Erinnerung: Zahnarzt\r\n").window;
+            SendMessageW(form, WM_CLOSE, 0, 0);
+            CHECK(WaitUntilGone(form));
+        }
+        outlook.Command("select 1 3 4");
+        if (version < 14) {
+            outlook.ClickButton(1, "Neue SMS");
+        } else {
+            outlook.Command("click-context 1 \"SMS schreiben\"");
+        }
+        const Form form = begins(L"Erinnerung: {Betreff}\r\n{Datum} {Uhrzeit}\r\n{Ort}");
+        Press('P', {VK_CONTROL});
+        const HWND preview = WaitForWindow(L"Vorschau");
+        REQUIRE(preview);
+        CHECK(Holds(preview, L"1 SMS \u00d7 3 = 3"));
+        Press(VK_NEXT);
+        CHECK(Holds(preview, L"Empf\u00e4nger 2 von 3: Anna Berger (01712345678), "));
+        CHECK(Holds(preview, L"Erinnerung: Friseur"));
+        Press(VK_ESCAPE);
+        CHECK(WaitUntilGone(preview));
+        Click(form.Control(L"SMS senden"));
+        CHECK(WaitUntil([] { return ReadText(QueueKey, L"cOut") == L"3"; }));
+        const auto entry = [](const wchar_t* number) {
+            return ReadBytes(ReadText(QueueKey, number).value_or(L""));
+        };
+        CHECK(entry(L"1").starts_with("01712345678\tErinnerung: Zahnarzt\r\n"));
+        CHECK(entry(L"1").ends_with("\r\nWeg"));
+        CHECK(entry(L"2").starts_with("01712345678\tErinnerung: Friseur\r\n"));
+        CHECK(entry(L"3").starts_with("0170\tErinnerung: Zahnarzt\r\n"));
+        const HWND start = WaitForBox();
+        REQUIRE(start);
+        Click(GetDlgItem(start, IDNO));
+        CHECK(WaitUntilGone(form.window));
+        CheckClean(outlook.Quit());
+    }
+}

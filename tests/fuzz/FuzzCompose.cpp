@@ -121,4 +121,34 @@ void FuzzQueue(Input input) {
     Require(test.platform.dialogs.shown.empty(), "nothing went wrong");
 }
 
+// Fields: what every field is filled with; then the text.
+void FuzzFields(Input input) {
+    const Text value = input.TextField();
+    const Text text = input.RestText();
+    TestProgram test;
+    const std::vector<FieldPlace> places = test.program.textFields.Find(text);
+    const auto filledWith = [&](std::optional<TextView> known) {
+        return TextFields::FillWith(text, places, [&](Field) { return known; });
+    };
+    const FilledText filled = filledWith(value);
+    Text expected;
+    std::size_t next = 0;
+    for (const FieldPlace& place : places) {
+        Require(place.start >= next && text[place.start] == u'{' &&
+                    text.at(place.start + place.length - 1) == u'}',
+                "a field is in braces, one behind the other");
+        expected += text.substr(next, place.start - next) + value;
+        next = place.start + place.length;
+    }
+    expected += text.substr(next);
+    Require(filled.missing.empty(), "what is known is not missing");
+    Require(value.empty() ||
+                (filled.text.marks.size() == places.size() && filled.text.text == expected),
+            "each field is filled, and nothing else changes");
+    const FilledText without = filledWith({});
+    Require(without.missing.empty() == places.empty(), "what is not known is missing");
+    Require(without.text.marks.empty() && without.text.text.size() <= text.size(), "and left out");
+    Require(without.text.text == filledWith(TextView()).text.text, "as is what there is none of");
+}
+
 }  // namespace tellwick::test

@@ -50,12 +50,13 @@ void FuzzPhone(Input input);
 void FuzzHex(Input input);
 void FuzzAir(Input input);
 void FuzzQueue(Input input);
+void FuzzFields(Input input);
 
 inline const std::vector<FuzzTarget> FuzzTargets = {
     {"ini", FuzzIni},         {"language", FuzzLanguage}, {"trace", FuzzTrace},
     {"numbers", FuzzNumbers}, {"known", FuzzKnown},       {"templates", FuzzTemplates},
     {"list", FuzzList},       {"phone", FuzzPhone},       {"hex", FuzzHex},
-    {"air", FuzzAir},         {"queue", FuzzQueue}};
+    {"air", FuzzAir},         {"queue", FuzzQueue},       {"fields", FuzzFields}};
 
 // Ends the run as a fault that was found.
 inline void Require(bool holds, const char* what) {

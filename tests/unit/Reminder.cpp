@@ -127,6 +127,23 @@ TEST_CASE("of a series the next occurrence counts") {
                    Today - 7 + Ten) == on(u"23.12.2025 10:00"));
     CHECK(reminder({standin::Daily, 0, 0, 0, {Today + 0.75}, true}, Today - 70.25) ==
           on(u"09.12.2025 18:00"));
+    // The next ones were deleted and moved, one of them to before the others and one into the past.
+    const auto tuesdays = [&](std::vector<standin::ChangedOccurrence> changes) {
+        return reminder({standin::Weekly,
+                         Tuesdays,
+                         0,
+                         0,
+                         {Today + 7 + Ten, Today + 14 + Ten, Today + 21 + Ten},
+                         true,
+                         std::move(changes)},
+                        Today - 7 + Ten);
+    };
+    CHECK(tuesdays({{Today + 7 + Ten, {}}}) == on(u"23.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 7 + Ten, {}}, {Today + 14 + Ten, Today + 15 + Ten}}) ==
+          on(u"24.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 21 + Ten, Today + 3 + Ten}}) == on(u"12.12.2025 10:00"));
+    CHECK(tuesdays({{Today + 7 + Ten, Today - 1}}) == on(u"23.12.2025 10:00"));
+    CHECK(tuesdays({{Today + Ten, Today + 0.75}}) == on(u"09.12.2025 18:00"));
     // The last day of each month, a day in every March.
     CHECK(reminder({standin::Monthly, 0, 31, 0, {Today + 53 + Ten, Today + 81 + Ten}, true},
                    Today - 300 + Ten) == on(u"31.01.2026 10:00"));
@@ -229,4 +246,145 @@ TEST_CASE("every door of the calendar leads to the reminder") {
     old.item->appointment->links = {old.eva};
     old.Click();
     CHECK(old.view.TextTo().GetText() == u"0888;01711");
+}
+
+namespace {
+
+// Several selected: of one with two people, without a place, all day long, private, cancelled, with
+// nobody who has a number, and no appointment at all.
+struct SeveralHost : ReminderHost {
+    explicit SeveralHost(std::int32_t version = 16) : ReminderHost(version, version < 11) {
+        StartSender();
+        const standin::Attendee withEva{u"Eva Maier", standin::Required, eva};
+        const standin::Attendee withOle{u"Ole Berg", standin::Required, {}};
+        item->appointment->attendees = {withEva, withOle};
+        Add(u"Friseur", 3).attendees = {withOle, {u"Ida", standin::Required, {}}};
+        standin::Appointment& trip = Add(u"Ausflug", 4);
+        trip.allDay = true;
+        trip.attendees = {withEva};
+        standin::Appointment& hidden = Add(u"Geheim", 5);
+        hidden.sensitivity = 2;
+        hidden.attendees = {withOle};
+        standin::Appointment& off = Add(u"Abgesagt: Chor", 6);
+        off.meetingStatus = 5;
+        off.attendees = {withEva};
+        Add(u"Urlaub", 7);
+        all.push_back(jo);
+    }
+    standin::Appointment& Add(TextView subject, double days) {
+        all.push_back(outlook.AddItem(outlook::AppointmentClass, {{u"Subject", subject}}));
+        all.back()->appointment->start = Today + days + Ten;
+        return *all.back()->appointment;
+    }
+    void ClickAll(const std::vector<std::shared_ptr<standin::Item>>& items) {
+        outlook.Select(first, items);
+        if (outlook.version >= 14) {
+            outlook.ribbons.MenuEntries(first)[0].click();
+        } else {
+            outlook.ClickButton(Button(first));
+        }
+    }
+    std::vector<std::shared_ptr<standin::Item>> all{item};
+};
+
+using Entries = std::vector<std::string>;
+const Text Fields = u"Erinnerung: {Betreff}\r\n{Datum} {Uhrzeit}\r\n{Ort}";
+
+}  // namespace
+
+TEST_CASE("several appointments become an SMS for each person of each") {
+    for (const std::int32_t version : {9, 11, 12, 16}) {
+        CAPTURE(version);
+        SeveralHost host(version);
+        host.ClickAll(host.all);
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK(host.view.TextTo().GetText() == u"");
+        host.Settle();
+        CHECK(host.view.TextTo().GetText() == u"01711;01722");
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK(Contains(host.view.StatusBar1().pane, u"1 SMS × 5 = 5"));
+        CHECK(host.view.StatusBar1().GetText() == u"Ohne SMS: Ida; Urlaub; Abgesagt: Chor");
+        host.program.formSmsSend.AirCount_Click();
+        CHECK(host.previewView.LabelPerson().caption ==
+              u"Empfänger 1 von 5: Eva Maier (01711), 11.12.2025 10:00 Zahnarzt");
+        host.program.formSmsPreview.ButtonForward_Click();
+        CHECK(host.previewView.LabelPerson().caption ==
+              u"Empfänger 2 von 5: Eva Maier (01711), 13.12.2025 Ausflug");
+        CHECK(host.previewView.ListMissing().items ==
+              std::vector<Text>{u"keine Nummer: Ida, 12.12.2025 10:00 Friseur",
+                                u"keine Nummer: 16.12.2025 10:00 Urlaub",
+                                u"abgesagt: 15.12.2025 10:00 Abgesagt: Chor"});
+        CHECK(host.Send());
+        // Each as its own reminder would say it.
+        CHECK(host.Queued() == Entries{"01711\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1",
+                                       "01711\tErinnerung: Ausflug\r\n13.12.2025",
+                                       "01722\tErinnerung: Zahnarzt\r\n11.12.2025 10:00\r\nWeg 1",
+                                       "01722\tErinnerung: Friseur\r\n12.12.2025 10:00",
+                                       "01722\tErinnerung:\r\n14.12.2025 10:00"});
+        CHECK_FALSE(host.view.Loaded());
+        CHECK(host.platform.dialogs.shown.empty());
+        // What the next form begins with is nobody's.
+        host.program.formSmsSend.Open({});
+        CHECK(host.view.Message().GetText() == Fields);
+        CHECK_FALSE(host.Send({Answer::Cancel}));
+        CHECK(EndsWith(host.platform.dialogs.shown.back().text,
+                       u"Ole Berg (01722): Betreff, Datum, Uhrzeit, Ort"));
+        CHECK(host.platform.messageLoop.posted.size() == 1);
+        CHECK_FALSE(Contains(host.Held(), u"AppointmentItem"));
+        CHECK_FALSE(Contains(host.Held(), u"Selection"));
+    }
+}
+
+TEST_CASE("the text for several appointments is the user's to change") {
+    SeveralHost host;
+    // One kind has its own; until that is known the box has the common one. Undone, both are gone.
+    host.program.formSmsSend.Open({});
+    host.view.Message().SetText(u"mine");
+    host.all.pop_back();
+    for (const auto& one : host.all) one->appointment->meetingStatus = 5;
+    host.ClickAll(host.all);
+    CHECK(host.view.Message().GetText() == Fields);
+    host.Settle();
+    CHECK(host.view.Message().GetText() == u"Abgesagt: {Betreff}\r\n{Datum} {Uhrzeit}");
+    CHECK(host.program.personalTexts.All().size() == 6);
+    host.view.Message().Undo();
+    CHECK(host.view.Message().GetText() == u"mine");
+    // Selected again it is the same SMS, even if its object is another one.
+    host.ClickAll({host.all[0], host.all[0]});
+    host.view.Message().SetText(u"{Betreff}");
+    host.Settle();
+    CHECK(host.view.Message().GetText() == u"{Betreff}");
+    CHECK(host.program.personalTexts.All().size() == 6);
+    // Whoever was put to it has no appointment, and whoever was taken out gets none.
+    host.view.TextTo().SetText(u"01711;0199");
+    host.program.fieldMenu.ButtonFields_Click();
+    CHECK(host.view.menu.size() == 9);
+    CHECK(host.Send({Answer::No}));
+    CHECK(host.platform.dialogs.shown.back().text.ends_with(u"0199: Betreff"));
+    CHECK(host.Queued() == Entries{"01711\tZahnarzt", "01711\tAusflug", "01711\tAbgesagt: Chor"});
+    // A text that is the same for all appointments is sent once, one without fields to all.
+    for (const auto& [text, entries] :
+         {std::pair<Text, Entries>{u"{Vorname}!", {"01711\tEva!", "01722\tOle!"}},
+          {u"Hallo", {"01711;01722\tHallo"}}}) {
+        SeveralHost other;
+        other.ClickAll(other.all);
+        other.Settle();
+        other.view.Message().SetText(text);
+        CHECK(other.Send());
+        CHECK(other.Queued() == entries);
+    }
+}
+
+TEST_CASE("a form for hundreds of appointments opens at once") {
+    SeveralHost host;
+    while (host.all.size() < 201) host.Add(u"Friseur", double(host.all.size()));
+    int calls = 0;
+    host.outlook.failUse = [&](TextView, TextView) { return ++calls < 0; };
+    host.ClickAll(host.all);
+    CHECK(host.view.seen);
+    CHECK(calls < 50);
+    host.Settle();
+    CHECK(host.view.StatusBar1().GetText() ==
+          u"Zu viele Elemente ausgewählt: nur die ersten 200 wurden genommen.");
+    CHECK(host.view.TextTo().GetText() == u"01711;01722");
 }

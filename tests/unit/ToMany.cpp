@@ -9,8 +9,6 @@ using namespace tellwick::test;
 
 namespace {
 
-constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-
 // Outlook with people in it, whom the address list knows, and a form that is open.
 struct ToMany : Host {
     explicit ToMany(bool read = true) {
@@ -20,9 +18,7 @@ struct ToMany : Host {
         Add(u"Ida Ost", u"", u"0173 3000003", u"");
         const auto list = outlook.AddItem(outlook::DistributionListClass, {{u"DLName", u"Skat"}});
         list->people = {{u"Ida Ost", u"i@x"}, {u"Anna Berger", u"a@x"}};
-        platform.programs.paths = {u"C:\\Tellwick.exe"};
-        SetRegistry(RootKey, u"On", u"1");
-        SetRegistry(RootKey, u"hWnd", u"4711");
+        StartSender();
         SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49");
         Connect();
         if (read) program.addresses.Refresh();
@@ -40,24 +36,16 @@ struct ToMany : Host {
         view.TextTo().SetText(recipients);
         view.Message().SetText(text);
     }
-    bool Send(std::deque<Answer> answers = {}) {
-        platform.dialogs.answers = std::move(answers);
-        return program.submission.ButtonSend_Click_(false, true, {}, {});
-    }
-    // Every entry's file, "number<TAB>text".
-    std::vector<std::string> Queued() {
-        std::vector<std::string> all;
-        for (int number = 1; !Registry(Queue, NumberText(number)).empty(); ++number) {
-            all.push_back(platform.fileSystem.Read(Registry(Queue, NumberText(number)))
-                              .value_or("(missing)"));
-        }
-        return all;
-    }
     std::size_t TempFiles() { return platform.fileSystem.FileNames(u"C:\\Temp\\", u".tmp").size(); }
     std::shared_ptr<standin::Item> anna, hans;
 };
 
 const Text Both = u"01711000001;01722000002";
+
+FilledText Fill(TextView text, const std::vector<FieldPlace>& places, const Person& person) {
+    return TextFields::FillWith(text, places,
+                                [&](Field field) { return TextFields::NameOf(person, field); });
+}
 
 }  // namespace
 
@@ -103,6 +91,7 @@ TEST_CASE("fields are words in braces, and what is not known goes with the blank
           {u"{First name}{ lastname }", u"AnnaBerger", u"", 2},
           {u"Liebe {Vorname} {Nachname}", u"Liebe Anna Berger", u"Liebe", 2},
           {u"{Vorname} komm\r\n{Firma} x", u"Anna komm\r\nNordwerk x", u"komm\r\nx", 2},
+          {u"{Firma} \r\na\r\n\r\n{Firma}", u"Nordwerk \r\na\r\n\r\nNordwerk", u"a\r\n", 2},
           {u"an{Vorname} b {Vorname}c", u"anAnna b Annac", u"an b c", 2},
           {u"{Vorname, {x} {} {Vor name} }{", u"{Vorname, {x} {} Anna }{", u"{Vorname, {x} {} }{",
            1},
@@ -111,14 +100,14 @@ TEST_CASE("fields are words in braces, and what is not known goes with the blank
         CAPTURE(Text(c.text));
         const std::vector<FieldPlace> places = fields.Find(c.text);
         CHECK(places.size() == c.fields);
-        CHECK(TextFields::Fill(c.text, places, person).text.text == c.all);
-        const FilledText nobody = TextFields::Fill(c.text, places, {});
+        CHECK(Fill(c.text, places, person).text.text == c.all);
+        const FilledText nobody = Fill(c.text, places, {});
         CHECK(nobody.text.text == c.none);
         CHECK(nobody.missing.empty() == places.empty());
     }
     const FilledText filled =
-        TextFields::Fill(u"Hi {Name} {Firma} {Firma}", fields.Find(u"Hi {Name} {Firma} {Firma}"),
-                         {u"", u"", u"Eva", u""});
+        Fill(u"Hi {Name} {Firma} {Firma}", fields.Find(u"Hi {Name} {Firma} {Firma}"),
+             {u"", u"", u"Eva", u""});
     CHECK(filled.missing == std::vector<Field>{Field::Company});
     REQUIRE(filled.text.marks.size() == 1);
     CHECK(filled.text.marks[0].start == 3);
@@ -177,7 +166,7 @@ TEST_CASE("a text with fields becomes one entry for each recipient, any other on
                                                     "e",
                                                     "01722000002\tHallo Hans, Gr\xFC\xDF"
                                                     "e"});
-    CHECK(form.Registry(Queue, u"cOut") == u"2");
+    CHECK(form.Registry(QueueKey, u"cOut") == u"2");
     CHECK(form.platform.messageLoop.posted.size() == 1);
     CHECK_FALSE(form.view.Loaded());
     CHECK(form.Setting(u"SMS", u"LastText") == u"Hallo {Vorname}, Grüße");
