@@ -43,10 +43,19 @@ def take():
     # Without a modem nothing is sent, and the spool fills.
     windows = Windows({})
     queue(windows, TAKEN)
+    folder = f'{windows.folder}/bare'
+    os.makedirs(folder)
+    count, bare = windows.run(BIN + 'taking.exe', windows.run('winepath', '-w', folder).strip()).split()
+    assert int(count) == TAKEN
+    windows = Windows({})
+    queue(windows, TAKEN)
+    # Where many files were deleted lately, ext4 takes a multiple of its time to make one.
+    time.sleep(60)
     began = time.monotonic()
-    windows.start('nocheck')
+    windows.launch('nocheck')
     taken = seconds_until(lambda: count_in(windows, 'waiting') >= TAKEN, began, 0.5)
-    print(f'{TAKEN} entries from the queue into the spool: {taken:.1f} s (target: below 5)')
+    print(f'{TAKEN} entries from the queue into the spool: {taken:.1f} s (target: below 5), the calls '
+          f'alone that this takes: {bare} s')
     windows.end('/f')
 
 

@@ -16,7 +16,7 @@ constexpr double FirstPause = 5 * Second;
 constexpr double LongestPause = 15 * 60 * Second;
 constexpr double LongestTrying = 1;
 
-constexpr std::size_t EntriesAtOnce = 200;
+constexpr std::size_t EntriesAtOnce = 500;
 constexpr std::uint32_t AtOnce = 1;              // milliseconds
 constexpr std::uint32_t BetweenLooks = 1000;     // at what could not be read
 constexpr std::uint32_t AfterFailure = 5000;     // of a step of the spool's

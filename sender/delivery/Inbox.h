@@ -20,8 +20,9 @@ namespace tellwick::sender {
 struct ReceivedSms {
     Text from;  // "+491711234567", or the name of a service
     Text text;
-    double sent = 0;          // by the service centre's clock
-    std::vector<Text> files;  // of its parts; what Done wants to know
+    double sent = 0;  // by the service centre's clock
+    std::vector<Text>
+        files;  // of its parts, the first one's being its name; what Done wants to know
 };
 
 // What is kept of those that are read: the settings StoreReadSMS and MaxReadSMS.

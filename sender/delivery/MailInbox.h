@@ -14,8 +14,10 @@ class MailInbox {
 public:
     virtual ~MailInbox() = default;
 
-    // One at a time. The answer never comes from within the call, and exactly once.
-    virtual void Store(const ReceivedSms& sms, std::function<void(Stored)> answer) = 0;
+    // One at a time. The answer never comes from within the call, and exactly once. What was tried
+    // before, by this run of the program or a former one, may be there already, whole or in part.
+    virtual void Store(const ReceivedSms& sms, bool triedBefore,
+                       std::function<void(Stored)> answer) = 0;
 };
 
 }  // namespace tellwick::sender

@@ -9,6 +9,9 @@ namespace tellwick::sender {
 namespace {
 
 constexpr std::int32_t YesNoProperty = 6;
+// A text of its own that every item has, and that can be searched for: a property of the user's can
+// be only where the folder knows it.
+constexpr TextView NameProperty = u"BillingInformation";
 constexpr std::size_t LongestSubject = 80;
 
 }  // namespace
@@ -28,7 +31,7 @@ Text SubjectOf(const ReceivedSms& sms) {
 // as a draft, and nobody could reply to it. Redemption can say otherwise before the mail is saved.
 // Without it the mail begins as a post, which counts as sent, and which Outlook takes for a mail
 // once it has let go of it and opens it anew.
-Stored OutlookInbox::Put(const ReceivedSms& sms) {
+Stored OutlookInbox::Put(const ReceivedSms& sms, bool triedBefore) {
     errors.Clear();
     const ObjectPtr outlook = automation.Running(u"Outlook.Application");
     if (!outlook) return Stored::Away;
@@ -37,10 +40,15 @@ Stored OutlookInbox::Put(const ReceivedSms& sms) {
         AsObject(Call(errors, session, u"GetDefaultFolder", {outlook::InboxFolder}));
     if (!inbox) return Stored::Away;
 
-    const ObjectPtr safeItem = automation.Create(u"Redemption.SafeMailItem");
+    ObjectPtr mail = triedBefore ? FormerOne(inbox, sms) : nullptr;
     errors.Clear();
-    ObjectPtr mail = NewMail(inbox, sms, safeItem);
-    if (!safeItem && !errors) mail = Reopened(session, std::move(mail));
+    ObjectPtr safeItem;
+    if (!mail) {
+        safeItem = automation.Create(u"Redemption.SafeMailItem");
+        errors.Clear();
+        mail = NewMail(inbox, sms, safeItem);
+        if (!safeItem && !errors) mail = Reopened(session, std::move(mail));
+    }
     if (!errors) {
         if (!safeItem) tellwick::Put(errors, mail, u"SentOnBehalfOfName", sms.from);
         tellwick::Put(errors, mail, u"UnRead", true);
@@ -61,6 +69,7 @@ ObjectPtr OutlookInbox::NewMail(const ObjectPtr& inbox, const ReceivedSms& sms,
         AsObject(Call(errors, items, u"Add", {Text(safeItem ? u"IPM.Note" : u"IPM.Post")}));
     put(mail, u"Subject", SubjectOf(sms));
     put(mail, u"Body", sms.text);
+    put(mail, NameProperty, sms.files.front());
     const ObjectPtr properties = AsObject(Get(errors, mail, u"UserProperties"));
     put(AsObject(Call(errors, properties, u"Add", {Text(u"IsSMS"), YesNoProperty})), u"Value",
         true);
@@ -73,6 +82,13 @@ ObjectPtr OutlookInbox::NewMail(const ObjectPtr& inbox, const ReceivedSms& sms,
     }
     if (!errors) Call(errors, mail, u"Save");
     return mail;
+}
+
+ObjectPtr OutlookInbox::FormerOne(const ObjectPtr& inbox, const ReceivedSms& sms) {
+    const Text filter = u"[" + Text(NameProperty) + u"] = '" + sms.files.front() + u"'";
+    const ObjectPtr items = AsObject(Get(errors, inbox, u"Items"));
+    const ObjectPtr found = AsObject(Call(errors, items, u"Restrict", {filter}));
+    return AsObject(Call(errors, found, u"GetFirst"));
 }
 
 ObjectPtr OutlookInbox::Reopened(const ObjectPtr& session, ObjectPtr item) {

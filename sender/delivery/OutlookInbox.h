@@ -11,11 +11,14 @@ public:
     OutlookInbox(PendingError& errors, Automation& automation)
         : errors(errors), automation(automation) {}
 
-    // Outlook is never started for it. What a failing call leaves behind is deleted again.
-    Stored Put(const ReceivedSms& sms);
+    // Outlook is never started for it. What a failing call leaves behind is deleted again; and what
+    // cannot be, or an end of the program leaves there, is found and finished when it is tried
+    // again.
+    Stored Put(const ReceivedSms& sms, bool triedBefore);
 
 private:
     ObjectPtr NewMail(const ObjectPtr& inbox, const ReceivedSms& sms, const ObjectPtr& safeItem);
+    ObjectPtr FormerOne(const ObjectPtr& inbox, const ReceivedSms& sms);
     ObjectPtr Reopened(const ObjectPtr& session, ObjectPtr item);
 
     PendingError& errors;

@@ -19,13 +19,22 @@ Reception::Reception(FileSystem& fileSystem, Clock& clock, TextView settingsFold
       mailInbox(mailInbox),
       timer(timers.Create()),
       pause(BetweenTries) {
-    open = inbox.Open();
+    Open();
     LookAfter(AtOnce);
 }
 
+bool Reception::Open() {
+    if (open) return true;
+    open = inbox.Open();
+    // A former run may have come as far as Outlook with these.
+    if (open) {
+        for (const ReceivedSms& sms : inbox.Whole()) tried.insert(sms.files.front());
+    }
+    return open;
+}
+
 bool Reception::Arrived(const ReceivedPart& part, std::string_view unit) {
-    open = open || inbox.Open();
-    if (!open || !inbox.Keep(part, unit)) return false;
+    if (!Open() || !inbox.Keep(part, unit)) return false;
     LookAfter(AtOnce);
     return true;
 }
@@ -38,8 +47,7 @@ void Reception::Look() {
     timer->Stop();
     if (underWay) return;
     failed.clear();
-    open = open || inbox.Open();
-    if (open) {
+    if (Open()) {
         HandOver();
     } else {
         LookAfter(BetweenTries);
@@ -59,7 +67,7 @@ void Reception::HandOver() {
         if (isThere) {
             answer(Stored::Done);
         } else {
-            mailInbox.Store(*next, answer);
+            mailInbox.Store(*next, tried.contains(next->files.front()), answer);
         }
     } else if (!whole.empty()) {
         LookAfter(pause);
@@ -80,12 +88,14 @@ void Reception::Answered(const ReceivedSms& sms, Stored answer) {
         stored.insert(first);
         if (inbox.Done(sms)) {
             stored.erase(first);
+            tried.erase(first);
             pause = BetweenTries;
         } else {
             failed.insert(first);
         }
     } else {
         failed.insert(first);
+        tried.insert(first);
     }
     HandOver();
 }

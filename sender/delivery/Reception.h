@@ -24,6 +24,7 @@ public:
     void SetLimits(const ReadLimits& limits) { inbox.SetLimits(limits); }
 
 private:
+    bool Open();
     void Look();
     void LookAfter(std::uint32_t milliseconds);
     void HandOver();
@@ -36,6 +37,7 @@ private:
     bool underWay = false;
     // By the first file of each.
     std::set<Text> failed;  // in this round
+    std::set<Text> tried;   // in another one, or by a former run
     std::set<Text> stored;  // and that not noted yet
     std::uint32_t pause;    // milliseconds until the next round
 };

@@ -75,7 +75,8 @@ bool QueueReader::KnowFormerOnes() {
     if (knowsFormerOnes) return true;
     // To read them all takes long where there are many; no entry has been there that they could
     // have.
-    std::optional<std::set<Text>> keys = pending.empty() ? std::set<Text>() : spool.Keys();
+    std::optional<std::map<Text, Text>> keys =
+        pending.empty() ? std::map<Text, Text>() : spool.Keys();
     const std::optional<std::vector<Text>> remembered = spool.Remembered();
     if (!keys || !remembered) return false;
     former = std::move(*keys);
@@ -87,7 +88,7 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
     std::erase_if(leftFiles, [this](const Text& path) {
         return fileSystem.Delete(path) || !fileSystem.Exists(path);
     });
-    const bool goesOn = !pending.empty();
+    const bool goesOn = !pending.empty() || !accepted.empty();
     if (!goesOn) {
         std::optional<std::vector<Entry>> entries = Entries();
         if (!entries) return Look::Again;
@@ -97,9 +98,16 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
     if (!KnowFormerOnes()) return Look::Again;
     for (; !pending.empty(); pending.pop_front()) {
         if (most == 0) return Look::More;
-        const Taken taken = TakeEntry(pending.front());
-        if (taken == Taken::Done) --most;
-        if (taken != Taken::Done) lookAgain = true;
+        if (TakeEntry(pending.front())) {
+            --most;
+        } else {
+            lookAgain = true;
+        }
+    }
+    for (; !accepted.empty(); accepted.pop_front()) {
+        if (most == 0) return Look::More;
+        --most;
+        if (!Remove(accepted.front())) lookAgain = true;
     }
     lookedThrough = true;
     if (lookAgain || !leftFiles.empty()) return Look::Again;
@@ -107,6 +115,7 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
     if (goesOn) return Look::More;
     // What was in the queue at the start is taken; what is remembered of it no longer is.
     former.clear();
+    spool.NoneIsInPart();
     for (const auto& [origin, state] : progress) {
         spool.Release(origin);
         if (state.remembered) spool.Forget(origin);
@@ -116,41 +125,40 @@ QueueReader::Look QueueReader::Take(std::size_t most) {
     return Look::Done;
 }
 
-QueueReader::Taken QueueReader::TakeEntry(const Entry& entry) {
+bool QueueReader::TakeEntry(const Entry& entry) {
     const Text path = queueValues.Read(entry.name).value_or(Text());
     const std::uint64_t modified = fileSystem.ModifiedTime(path);
     const Text origin = OriginOf(path, modified);
     const auto known = progress.find(origin);
-    if (modified != 0 && known != progress.end() && known->second.complete) {
-        return Remove(entry, path, origin) ? Taken::Done : Taken::Failed;
+    if (modified == 0 || known == progress.end() || !known->second.complete) {
+        const std::optional<std::string> contents =
+            modified == 0 ? std::optional<std::string>() : fileSystem.Read(path);
+        // An empty one is a file that could not be written, or not yet.
+        if (!contents || contents->empty()) return TakeMissing(entry, path);
+        misses.erase(entry.name);
+        spool.Hold(origin);
+        if (!Accept(origin, *contents)) return false;
+        progress[origin].complete = true;
     }
-    const std::optional<std::string> contents =
-        modified == 0 ? std::optional<std::string>() : fileSystem.Read(path);
-    // An empty one is a file that could not be written, or not yet.
-    if (!contents || contents->empty()) return TakeMissing(entry, path);
-    misses.erase(entry.name);
-    spool.Hold(origin);
-    if (!Accept(origin, *contents)) return Taken::Failed;
-    progress[origin].complete = true;
-    return Remove(entry, path, origin) ? Taken::Done : Taken::Failed;
+    accepted.push_back({entry.name, path, origin});
+    return true;
 }
 
-QueueReader::Taken QueueReader::TakeMissing(const Entry& entry, const Text& path) {
+bool QueueReader::TakeMissing(const Entry& entry, const Text& path) {
     Miss& miss = misses[entry.name];
     const double now = clock.Milliseconds();
-    if (miss.looks > 0 && now - miss.last < BetweenLooks) return Taken::NotYet;
+    if (miss.looks > 0 && now - miss.last < BetweenLooks) return false;
     miss.last = now;
-    if (++miss.looks < MostLooks) return Taken::NotYet;
+    if (++miss.looks < MostLooks) return false;
     const Text origin = OriginOf(path, 0);
     // Not looked for among former ones: temporary files get the same names again.
     bool& told = progress[origin].complete;
     told = told || !spool.Add(Refused({}, {}, reason::NoFile, path), origin).empty();
-    if (!told) return Taken::Failed;
     // What cannot be read is not ours to delete.
-    if (!queueValues.Delete(entry.name)) return Taken::Failed;
+    if (!told || !queueValues.Delete(entry.name)) return false;
     progress.erase(origin);
     misses.erase(entry.name);
-    return Taken::Done;
+    return true;
 }
 
 bool QueueReader::Accept(const Text& origin, std::string_view contents) {
@@ -194,22 +202,30 @@ bool QueueReader::Accept(const Text& origin, std::string_view contents) {
 
 bool QueueReader::AcceptOne(const Text& origin, Progress& state, std::size_t number,
                             const SpooledSms& sms) {
-    if (state.accepted.contains(number) || former.contains(Spool::Key(origin, number))) return true;
-    if (spool.Add(sms, origin, number).empty()) return false;
+    if (state.accepted.contains(number)) return true;
+    bool isThere = false;
+    if (const auto known = former.find(Spool::Key(origin, number)); known != former.end()) {
+        const std::optional<bool> whole = spool.IsWhole(known->second);
+        if (!whole || (!*whole && !spool.Delete(State::Waiting, known->second))) return false;
+        isThere = *whole;
+        if (!isThere) former.erase(known);
+    }
+    // It stands in the queue until it is whole.
+    if (!isThere && spool.Add(sms, origin, number, NewFile::InPlace).empty()) return false;
     state.accepted.insert(number);
     return true;
 }
 
-bool QueueReader::Remove(const Entry& entry, const Text& path, const Text& origin) {
-    if (!queueValues.Delete(entry.name)) {
+bool QueueReader::Remove(const Accepted& taken) {
+    if (!queueValues.Delete(taken.name)) {
         // It will be seen again, in this run or the next.
-        bool& remembered = progress[origin].remembered;
-        remembered = remembered || spool.Remember(origin);
-        if (remembered) spool.Release(origin);
+        bool& remembered = progress[taken.origin].remembered;
+        remembered = remembered || spool.Remember(taken.origin);
+        if (remembered) spool.Release(taken.origin);
         return false;
     }
-    spool.Release(origin);
-    if (!fileSystem.Delete(path)) leftFiles.push_back(path);
+    spool.Release(taken.origin);
+    if (!fileSystem.Delete(taken.path)) leftFiles.push_back(taken.path);
     return true;
 }
 

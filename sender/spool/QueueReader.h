@@ -1,9 +1,11 @@
 // Takes the entries of the queue that the add-in fills: numbered registry values, each the path of
 // a file with recipients, TAB, text in the system's code page.
 //
-// An entry is durable in the spool, whole, before its value is removed, and then its file. One that
-// is seen again is known by its file's name and time, and taken no second time. No entry stops the
-// queue; what can be sent to nobody becomes a failed SMS with the reason.
+// An entry is durable in the spool, whole, before its value is removed, and then its file. That is
+// done once all entries are in the spool: a file system may take long to make files where it has
+// just deleted many. One that is seen again is known by its file's name and time, and taken no
+// second time. No entry stops the queue; what can be sent to nobody becomes a failed SMS with the
+// reason.
 #pragma once
 
 #include <cstdint>
@@ -61,16 +63,22 @@ private:
         int looks = 0;
         double last = 0;  // Clock::Milliseconds
     };
-    enum class Taken { Done, Failed, NotYet };
+    // An entry that is in the spool and still in the queue.
+    struct Accepted {
+        Text name;  // of the value
+        Text path;
+        Text origin;
+    };
 
     std::optional<std::vector<Entry>> Entries();
     bool KnowFormerOnes();
-    Taken TakeEntry(const Entry& entry);
-    Taken TakeMissing(const Entry& entry, const Text& path);
+    // False for one that is to be looked at again.
+    bool TakeEntry(const Entry& entry);
+    bool TakeMissing(const Entry& entry, const Text& path);
     bool Accept(const Text& origin, std::string_view contents);
     bool AcceptOne(const Text& origin, Progress& progress, std::size_t number,
                    const SpooledSms& sms);
-    bool Remove(const Entry& entry, const Text& path, const Text& origin);
+    bool Remove(const Accepted& taken);
     SpooledSms Refused(TextView recipient, TextView text, TextView why, TextView detail = {});
 
     QueueValues& queueValues;
@@ -83,8 +91,9 @@ private:
     bool knowsFormerOnes = false;
     bool lookedThrough = false;
     std::deque<Entry> pending;          // of this look: to list the names takes long
+    std::deque<Accepted> accepted;      // likewise: to be removed
     bool lookAgain = false;             // one of this look could not be taken
-    std::set<Text> former;              // keys of the spool, until the first look has passed
+    std::map<Text, Text> former;        // what is in the spool, until the first look has passed
     std::map<Text, Progress> progress;  // by origin: not removed yet
     std::map<Text, Miss> misses;        // by the value's name
     std::vector<Text> leftFiles;        // of removed entries, that could not be deleted

@@ -74,10 +74,10 @@ Text Spool::Key(TextView origin, std::size_t number) {
            digits;
 }
 
-Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number) {
+Text Spool::Add(const SpooledSms& sms, TextView origin, std::size_t number, NewFile how) {
     const State state = sms.result == Result::Failed ? State::Failed : State::Waiting;
     const Text id = NewId(origin, number);
-    if (!files.Add(state, id, sms)) return {};
+    if (!files.Add(state, id, sms, how)) return {};
     if (state == State::Waiting) waiting.emplace(id, 0);
     Tell(id, state);
     return id;
@@ -95,17 +95,21 @@ Text Spool::AddFailed(SpooledSms sms, TextView origin, std::string_view wholeTex
     return id;
 }
 
-std::optional<std::set<Text>> Spool::Keys() {
-    std::set<Text> keys;
+std::optional<std::map<Text, Text>> Spool::Keys() {
+    std::map<Text, Text> keys;
     for (const State state : {State::Waiting, State::Sending, State::Unsure}) {
-        for (const Text& id : Ids(state)) keys.emplace(KeyOf(id));
+        for (const Text& id : Ids(state)) keys.emplace(KeyOf(id), id);
     }
     for (const State state : {State::Sent, State::Failed}) {
         const std::optional<std::vector<Text>> ids = files.Ids(state);
         if (!ids) return {};
-        for (const Text& id : *ids) keys.emplace(KeyOf(id));
+        for (const Text& id : *ids) keys.emplace(KeyOf(id), id);
     }
     return keys;
+}
+
+std::optional<bool> Spool::IsWhole(const Text& id) {
+    return waiting.contains(id) ? files.IsWhole(State::Waiting, id) : true;
 }
 
 void Spool::Release(TextView origin) {
@@ -137,7 +141,7 @@ std::optional<SpooledSms> Spool::Begin(const Text& id) {
     std::optional<SpooledSms> sms = files.Read(State::Waiting, id);
     if (!sms) return {};
     if (sms->reason.name == reason::Damaged) {
-        if (Move(id, State::Waiting, State::Failed)) Tell(id, State::Failed);
+        if (!inPart && Move(id, State::Waiting, State::Failed)) Tell(id, State::Failed);
         return {};
     }
     if (sms->result != Result::Unknown) {

@@ -35,7 +35,7 @@ class Spool {
 public:
     // The settings folder ends in "\". No more waiting ones lie in one folder than given.
     Spool(FileSystem& fileSystem, Clock& clock, TextView settingsFolder,
-          std::size_t mostInFolder = 256);
+          std::size_t mostInFolder = 128);
 
     // Makes the folders, finds out what is there, and brings to its place what was answered when
     // the program ended. False when the folders cannot be made or read: nothing else may be called
@@ -45,14 +45,22 @@ public:
     // Accepts an SMS to be sent, or, where it has failed already, to be shown. Durable when this
     // returns. The origin has letters, digits and "." only. Returns the id; empty when the file
     // cannot be written.
-    Text Add(const SpooledSms& sms, TextView origin, std::size_t number = 1);
+    Text Add(const SpooledSms& sms, TextView origin, std::size_t number = 1,
+             NewFile how = NewFile::Aside);
     // The same for one whose text is too long to be kept as such: its bytes go into a file of their
     // own, which the SMS names.
     Text AddFailed(SpooledSms sms, TextView origin, std::string_view wholeText);
 
-    // The keys of all that is in the spool. Empty optional when it cannot be read.
-    std::optional<std::set<Text>> Keys();
+    // All that is in the spool: its keys, and the id of each. Empty optional when it cannot be
+    // read.
+    std::optional<std::map<Text, Text>> Keys();
     static Text Key(TextView origin, std::size_t number);
+    // False for what was being added in place when the program ended, and waits in part. Empty
+    // optional when it cannot be read.
+    std::optional<bool> IsWhole(const Text& id);
+    // Nothing waits in part any more: what is damaged now is so for another reason. Until then
+    // Begin leaves it where it is.
+    void NoneIsInPart() { inPart = false; }
 
     // What has this origin is not sent until it is released: its acceptance is not complete.
     void Hold(TextView origin) { held.emplace(origin); }
@@ -119,6 +127,7 @@ private:
     Text inFlight;                         // in `sending`, with the carrier
     std::map<Text, SpooledSms> unsettled;  // in `sending`, answered, and not moved yet
     std::set<Text> held;                   // origins
+    bool inPart = true;                    // something may be waiting in part
     std::optional<std::size_t> sentCount;  // empty: not counted yet
     std::vector<Text> oldestSent;          // some of them, the oldest one last
     std::int64_t lastMoment = 0;           // of the newest id

@@ -163,10 +163,12 @@ std::optional<std::vector<Text>> SpoolFiles::IdsIn(const Text& folder) {
     return ids;
 }
 
-bool SpoolFiles::Add(State state, const Text& id, const SpooledSms& sms) {
+bool SpoolFiles::Add(State state, const Text& id, const SpooledSms& sms, NewFile how) {
     if (state != State::Waiting) return Write(state, id, sms);
     const std::uint32_t subfolder = SubfolderWithRoom();
-    if (!Put(Subfolder(subfolder) + id + Text(Ending), ToFile(sms))) return false;
+    const Text path = Subfolder(subfolder) + id + Text(Ending);
+    const std::string file = ToFile(sms);
+    if (!(how == NewFile::InPlace ? PutInPlace(path, file) : Put(path, file))) return false;
     Placed(id, subfolder);
     return true;
 }
@@ -183,6 +185,21 @@ bool SpoolFiles::Put(const Text& path, std::string_view contents) {
     }
     fileSystem.Delete(aside);
     return false;
+}
+
+bool SpoolFiles::PutInPlace(const Text& path, std::string_view contents) {
+    // There is one at most, and what it was to be is not taken from the queue before it has gone.
+    if (!part.empty() && !fileSystem.Delete(part) && fileSystem.Exists(part)) return false;
+    part.clear();
+    if (fileSystem.Write(path, contents, WriteMode::Replace)) return true;
+    if (!fileSystem.Delete(path) && fileSystem.Exists(path)) part = path;
+    return false;
+}
+
+std::optional<bool> SpoolFiles::IsWhole(State state, const Text& id) {
+    const std::optional<std::string> file = fileSystem.Read(Path(state, id));
+    if (!file) return {};
+    return FromFile(*file).has_value();
 }
 
 std::optional<SpooledSms> SpoolFiles::Read(State state, const Text& id) {

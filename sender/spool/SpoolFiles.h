@@ -8,8 +8,9 @@
 // is more lies in folders of its own, "00001" and so on, which go when they are empty. In which one
 // a file lies says nothing: the order is that of the ids.
 //
-// A file is whole from the moment it has its name, and goes from one folder to the next by being
-// renamed. Functions that fail change nothing that counts, and can be called again.
+// A file is whole from the moment it has its name, but one that is written in place; it goes from
+// one folder to the next by being renamed. Functions that fail change nothing that counts, and can
+// be called again.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +24,10 @@
 #include "spool/SpooledSms.h"
 
 namespace tellwick::sender {
+
+// How a new file is made. InPlace takes half the time; the end of the program can leave a part of
+// the file, which is known as such.
+enum class NewFile { Aside, InPlace };
 
 // What is unsure lies where it was when it was being sent.
 enum class State { Waiting, Sending, Unsure, Sent, Failed };
@@ -42,7 +47,9 @@ public:
     std::optional<std::vector<Text>> Ids(State state);
 
     // False when it cannot be written.
-    bool Add(State state, const Text& id, const SpooledSms& sms);
+    bool Add(State state, const Text& id, const SpooledSms& sms, NewFile how = NewFile::Aside);
+    // Whether all of it is there. Empty optional when it cannot be read.
+    std::optional<bool> IsWhole(State state, const Text& id);
     // In the place of what is there.
     bool Write(State state, const Text& id, const SpooledSms& sms);
     // Empty when the file cannot be read. A damaged one comes with the reason, its text being what
@@ -76,6 +83,7 @@ private:
     std::optional<std::vector<Text>> Names(const Text& folder);
     std::optional<std::vector<Text>> IdsIn(const Text& folder);
     bool Put(const Text& path, std::string_view contents);
+    bool PutInPlace(const Text& path, std::string_view contents);
 
     FileSystem& fileSystem;
     Text root;
@@ -85,6 +93,7 @@ private:
     std::map<std::uint32_t, std::size_t> subfolders;
     std::map<Text, std::uint32_t> inSubfolder;
     std::size_t inWaiting = 0;
+    Text part;  // of a file that could not be written, nor be deleted yet
 };
 
 }  // namespace tellwick::sender

@@ -7,14 +7,15 @@
 
 namespace tellwick::sender {
 
-void OutlookThread::Store(const ReceivedSms& sms, std::function<void(Stored)> answer) {
-    const auto work = [sms, answer, mainThread = mainThread] {
+void OutlookThread::Store(const ReceivedSms& sms, bool triedBefore,
+                          std::function<void(Stored)> answer) {
+    const auto work = [sms, triedBefore, answer, mainThread = mainThread] {
         Stored stored = Stored::Failed;
         CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         try {
             PendingError errors;
             windows::WindowsAutomation automation(errors);
-            stored = OutlookInbox(errors, automation).Put(sms);
+            stored = OutlookInbox(errors, automation).Put(sms, triedBefore);
         } catch (...) {
             // Want of memory: this SMS is tried again later.
             stored = Stored::Failed;

@@ -10,7 +10,8 @@ namespace tellwick::sender {
 class OutlookThread : public MailInbox {
 public:
     explicit OutlookThread(const MainThread& mainThread) : mainThread(mainThread) {}
-    void Store(const ReceivedSms& sms, std::function<void(Stored)> answer) override;
+    void Store(const ReceivedSms& sms, bool triedBefore,
+               std::function<void(Stored)> answer) override;
 
 private:
     MainThread mainThread;

@@ -103,7 +103,7 @@ LRESULT CALLBACK SenderWindow::Procedure(HWND window, UINT message, WPARAM first
 
 LRESULT SenderWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     if (message == callMessage) return Called(first != 0);
-    if (message == taskbarMessage) {
+    if (message == taskbarMessage && !closing) {
         // A new one, which knows of no icon.
         icon.Add(window);
         return 0;

@@ -144,8 +144,8 @@ std::optional<std::int32_t> ClassOfType(std::int32_t type) {
 
 const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
     static const std::vector<TextView> mail{
-        u"Subject", u"Body", u"SenderName",   u"SentOnBehalfOfName",
-        u"To",      u"CC",   u"MessageClass", u"EntryID"};
+        u"Subject", u"Body",         u"SenderName", u"SentOnBehalfOfName", u"To",
+        u"CC",      u"MessageClass", u"EntryID",    u"BillingInformation"};
     static const std::vector<TextView> contact{u"FullName",
                                                u"FirstName",
                                                u"LastName",
@@ -177,8 +177,8 @@ const std::vector<TextView>& FieldNames(std::int32_t itemClass) {
                                                u"OtherFaxNumber"};
     static const std::vector<TextView> appointment{u"Subject", u"Body", u"Location",
                                                    u"MessageClass", u"EntryID"};
-    static const std::vector<TextView> post{u"Subject", u"Body", u"SenderName", u"MessageClass",
-                                            u"EntryID"};
+    static const std::vector<TextView> post{u"Subject",      u"Body",    u"SenderName",
+                                            u"MessageClass", u"EntryID", u"BillingInformation"};
     static const std::vector<TextView> list{u"DLName", u"Subject", u"Body", u"MessageClass",
                                             u"EntryID"};
     switch (itemClass) {

@@ -1,5 +1,8 @@
 // One SMS on its way: form, queue, question, sender.
 #include <doctest.h>
+#include <windows.h>
+
+#include <shellapi.h>
 
 #include "endtoend/Form.h"
 
@@ -46,4 +49,14 @@ TEST_CASE("an SMS arrives in the queue, and at the sender after a Yes") {
     sent.emplace_back("01712345678\tNoch eine");
     CHECK(WaitUntil([&] { return machine.Taken() == sent; }));
     CHECK(outlook.Quit().exitCode == 0);
+
+    // Explorer has ended and begins anew, without the icon.
+    NOTIFYICONDATAW icon{};
+    icon.cbSize = NOTIFYICONDATAW_V2_SIZE;
+    icon.hWnd = FindWindowW(L"TellwickSender", nullptr);
+    icon.uID = 1;
+    CHECK(Shell_NotifyIconW(NIM_DELETE, &icon));
+    CHECK_FALSE(Shell_NotifyIconW(NIM_MODIFY, &icon));
+    PostMessageW(HWND_BROADCAST, RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    CHECK(WaitUntil([&] { return Shell_NotifyIconW(NIM_MODIFY, &icon) != 0; }));
 }

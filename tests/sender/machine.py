@@ -64,9 +64,12 @@ class Windows:
                           self.run('reg', 'query', KEY, '/v', name, check=False))
         return found and found[1]
 
-    def start(self, *words):
+    def launch(self, *words):
         self.sender = subprocess.Popen(self.command(BIN + SENDER, *words),
                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def start(self, *words):
+        self.launch(*words)
         assert wait_until(lambda: self.value('hWnd') not in (None, '0'))
 
     def end(self, *words):

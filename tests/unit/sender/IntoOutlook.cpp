@@ -31,13 +31,17 @@ struct Desk : test::MemoryPlatform, MailInbox {
         automation.running.clear();
         if (runs) automation.running[u"Outlook.Application"] = outlook.RunningApplication();
     }
-    Stored Put(TextView from, TextView text) {
-        return OutlookInbox(errors, automation).Put({Text(from), Text(text), 0, {}});
+    Stored Put(TextView from, TextView text, bool triedBefore = false) {
+        const ReceivedSms sms{Text(from), Text(text), 0, {u"name of " + Text(text)}};
+        return OutlookInbox(errors, automation).Put(sms, triedBefore);
     }
     // As from a thread of its own: the answer comes later.
-    void Store(const ReceivedSms& sms, std::function<void(Stored)> answer) override {
-        answers.emplace_back([this, sms, answer = std::move(answer)] {
-            const Stored stored = Put(sms.from, sms.text);
+    void Store(const ReceivedSms& sms, bool triedBefore,
+               std::function<void(Stored)> answer) override {
+        answers.emplace_back([this, sms, triedBefore, answer = std::move(answer)] {
+            const Stored stored = Put(sms.from, sms.text, triedBefore);
+            // The program ends here.
+            if (std::exchange(ends, false)) return Start();
             if (std::exchange(failNote, false)) faults.failAt = faults.calls + 1;
             answer(stored);
         });
@@ -73,6 +77,7 @@ struct Desk : test::MemoryPlatform, MailInbox {
     std::vector<std::function<void()>> answers;
     std::optional<Reception> reception;
     bool failNote = false;
+    bool ends = false;
 };
 
 }  // namespace
@@ -105,31 +110,43 @@ TEST_CASE("an SMS is an unread mail with its number and text, with Redemption an
     CHECK(cut == Text(79, u'x') + u'\u2026');
 }
 
-TEST_CASE("any one call that fails leaves no half a mail, and the next try brings one") {
+TEST_CASE(
+    "whatever call fails, or is the last one: no half a mail stays, and the next try has one") {
     for (const bool redemption : {false, true}) {
-        for (int at = 1;; ++at) {
-            CAPTURE(redemption);
-            CAPTURE(at);
-            Desk desk(11, redemption);
-            int calls = 0;
-            Text failing;
-            desk.outlook.failUse = [&](TextView, TextView member) {
-                if (++calls == at) failing = member;
-                return calls == at;
-            };
-            const Stored first = desk.Put(u"+49171", u"Hallo");
-            desk.outlook.failUse = nullptr;
-            if (failing.empty()) {
-                CHECK(first == Stored::Done);
-                CHECK(at > 12);
-                break;
+        for (const bool ends : {false, true}) {
+            for (int at = 1;; ++at) {
+                CAPTURE(redemption);
+                CAPTURE(ends);
+                CAPTURE(at);
+                Desk desk(11, redemption);
+                CHECK(desk.Put(u"+49172", u"before") == Stored::Done);
+                int calls = 0;
+                Text failing;
+                desk.outlook.failUse = [&](TextView, TextView member) {
+                    const bool fails = ++calls == at || (ends && calls > at);
+                    if (fails) failing = member;
+                    return fails;
+                };
+                const Stored first = desk.Put(u"+49171", u"Hallo");
+                desk.outlook.failUse = nullptr;
+                if (failing.empty()) {
+                    CHECK(first == Stored::Done);
+                    CHECK(at > 12);
+                    break;
+                }
+                CHECK(first != Stored::Done);
+                // What cannot be opened again cannot be deleted either.
+                if (!ends && failing != u"GetItemFromID") {
+                    CHECK(desk.Bodies() == std::vector<Text>{u"before"});
+                }
+                CHECK(desk.Put(u"+49171", u"Hallo", true) == Stored::Done);
+                REQUIRE(desk.Bodies() == std::vector<Text>{u"before", u"Hallo"});
+                const auto& mail = desk.Mails(outlook::InboxFolder)[1];
+                CHECK(mail->itemClass == outlook::MailClass);
+                CHECK((mail->sent && mail->unread));
+                CHECK(mail->Field(u"SentOnBehalfOfName") == u"+49171");
+                CHECK(desk.outlook.questions == 0);
             }
-            CHECK(first != Stored::Done);
-            // What cannot be opened again cannot be deleted either.
-            const std::size_t left = failing == u"GetItemFromID" ? 1 : 0;
-            CHECK(desk.Mails(outlook::InboxFolder).size() == left);
-            CHECK(desk.Put(u"+49171", u"Hallo") == Stored::Done);
-            CHECK(desk.Mails(outlook::InboxFolder).size() == left + 1);
         }
     }
 }
@@ -178,4 +195,12 @@ TEST_CASE("what arrives waits for Outlook, is stored once, and the newest are ke
     CHECK(desk.Bodies().size() == 6);
     CHECK(desk.Kept(u"received", u".pdu") == 0);
     CHECK(desk.Kept(u"read", u".txt") == 2);
+
+    // Nor when the program ends between the two.
+    desk.Arrive(u"sieben");
+    desk.ends = true;
+    desk.Pass(30);
+    CHECK_FALSE(desk.ends);
+    CHECK(desk.Bodies().size() == 7);
+    CHECK(desk.Kept(u"received", u".pdu") == 0);
 }
