@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """The sender's figures, with Kannel and the stand-in modem: bench/sender.py, with TELLWICK_BITS."""
 
+import glob
 import os
+import re
 import subprocess
 import sys
 import time
@@ -104,10 +106,39 @@ def show():
     Windows({})
 
 
+def private_memory(windows, *words):
+    """What a program at rest has for itself, in MB."""
+    program = subprocess.Popen(windows.command(*words), stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL)
+    time.sleep(8)
+    name = words[0].rsplit('/', 1)[-1]
+    kilobytes = 0
+    for folder in glob.glob('/proc/[0-9]*'):
+        try:
+            with open(f'{folder}/comm', encoding='utf-8') as file:
+                if file.read().strip() != name:
+                    continue
+            with open(f'{folder}/smaps_rollup', encoding='utf-8') as file:
+                kilobytes = int(re.search(r'Private_Dirty: *(\d+)', file.read())[1])
+        except FileNotFoundError:
+            continue  # it has just ended
+    windows.run('taskkill', '/im', name, '/f')
+    program.wait(20)
+    return kilobytes / 1000
+
+
+def rest():
+    windows = Windows({})
+    sender = private_memory(windows, BIN + SENDER, 'nocheck')
+    bare = private_memory(windows, 'winemine.exe')
+    print(f"private memory at rest: {sender:.1f} MB (target: below 5), Wine's smallest game: "
+          f'{bare:.1f} MB')
+
+
 def main():
     size = os.path.getsize(BIN + SENDER)
     print(f'sender: {size} bytes (target: below 1500000)')
-    for part in (take, send, wait_for_modem, show):
+    for part in (take, send, wait_for_modem, show, rest):
         part()
         sys.stdout.flush()
 

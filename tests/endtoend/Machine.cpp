@@ -132,9 +132,12 @@ std::vector<std::string> Machine::Taken() const {
     std::vector<std::string> taken;
     for (const auto& [name, path] : files) {
         const std::string sms = ReadBytes(path.wstring());
-        const std::size_t to = sms.find("\r\nTo=") + 5;
-        taken.push_back(sms.substr(to, sms.find("\r\n", to) - to) + "\t" +
-                        sms.substr(sms.find("\r\n\r\n") + 4));
+        const std::size_t to = sms.find("\r\nTo=") + 5, end = sms.find("\r\n\r\n");
+        const std::size_t bytes = sms.find("\r\nBytes=");
+        // One that is just being written is not taken yet.
+        if (end == std::string::npos || sms.size() - end - 4 != std::stoul(sms.substr(bytes + 8)))
+            continue;
+        taken.push_back(sms.substr(to, sms.find("\r\n", to) - to) + "\t" + sms.substr(end + 4));
     }
     return taken;
 }

@@ -109,9 +109,11 @@ class Windows:
         for path in sorted(self.files(state), key=os.path.basename):
             try:
                 with open(path, newline='', encoding='utf-8') as file:
-                    head, _, text = file.read().partition('\r\n\r\n')
+                    head, end, text = file.read().partition('\r\n\r\n')
             except FileNotFoundError:
                 continue  # moved on meanwhile
+            if not end:
+                continue  # just being written
             values = dict(line.split('=', 1) for line in head.split('\r\n')[1:])
             result.append((values, text))
         return result

@@ -92,9 +92,7 @@ TEST_CASE("an SMS is an unread mail with its number and text, with Redemption an
                   Stored::Done);
             REQUIRE(desk.Mails(outlook::InboxFolder).size() == 1);
             const auto mail = desk.Mails(outlook::InboxFolder)[0];
-            CHECK(mail->itemClass == outlook::MailClass);
-            CHECK(mail->sent);
-            CHECK(mail->unread);
+            CHECK((mail->itemClass == outlook::MailClass && mail->sent && mail->unread));
             CHECK(mail->Field(u"MessageClass") == u"IPM.Note");
             CHECK(mail->Field(u"SentOnBehalfOfName") == u"+491711234567");
             CHECK(mail->Field(u"Subject") == u"Komme um 5.");
@@ -142,8 +140,7 @@ TEST_CASE(
                 CHECK(desk.Put(u"+49171", u"Hallo", true) == Stored::Done);
                 REQUIRE(desk.Bodies() == std::vector<Text>{u"before", u"Hallo"});
                 const auto& mail = desk.Mails(outlook::InboxFolder)[1];
-                CHECK(mail->itemClass == outlook::MailClass);
-                CHECK((mail->sent && mail->unread));
+                CHECK((mail->itemClass == outlook::MailClass && mail->sent && mail->unread));
                 CHECK(mail->Field(u"SentOnBehalfOfName") == u"+49171");
                 CHECK(desk.outlook.questions == 0);
             }

@@ -16,21 +16,16 @@ TEST_CASE("without settings the modem sends as it is; with them as they say, cha
     CHECK(settings.submit.concatenation == Concatenation::Reference8);
     CHECK(settings.sent.store);
     CHECK(settings.sent.most == 999);
-    CHECK(settings.gatewaySettings.utf8);
     host.SetFile(host.inifilesLite.CurrentFile(),
-                 "[Settings]\r\nComPort=COM5\r\nBaudrate=115200\r\nRTS=-1\r\n[SMS]\r\n"
+                 "[Settings]\r\nRTS=-1\r\n[SMS]\r\n"
                  "ServiceCenterUseNotDefault=1\r\nServiceCenter=+49 (171) 076-0000\r\n"
                  "MaxSentSMS=-5\r\nStoreSentSMS=0\r\nDoNotContactLong=1\r\nValidity=-1\r\n"
-                 "[Sender]\r\nGateway=1\r\nAddress=https://x/?t={text}\r\nUtf8=0\r\n");
+                 "[Sender]\r\nGateway=1\r\n");
     settings = SenderSettings::Read(host.inifilesLite);
     CHECK(settings.gateway);
-    CHECK(settings.serial.port == u"COM5");
-    CHECK(settings.serial.baudRate == 115200);
     CHECK(settings.serial.rts);
     CHECK(settings.submit.serviceCentre == u"+491710760000");
     CHECK(settings.submit.concatenation == Concatenation::None);
     CHECK(settings.submit.validityMinutes == 0);
     CHECK_FALSE(settings.sent.store);
-    CHECK(settings.gatewaySettings.address == u"https://x/?t={text}");
-    CHECK_FALSE(settings.gatewaySettings.utf8);
 }
