@@ -21,8 +21,8 @@ struct ReceivedSms {
     Text from;  // "+491711234567", or the name of a service
     Text text;
     double sent = 0;  // by the service centre's clock
-    std::vector<Text>
-        files;  // of its parts, the first one's being its name; what Done wants to know
+    // Of its parts; the first one's is its name.
+    std::vector<Text> files;
 };
 
 // What is kept of those that are read: the settings StoreReadSMS and MaxReadSMS.
