@@ -43,6 +43,7 @@ private:
     windows::WindowCheckBox checkRts;
     Control frameSms;
     windows::WindowCheckBox checkServiceCentre, checkFlash, checkStatusReport;
+    Control labelServiceCentre;
     windows::WindowTextBox textServiceCentre;
     Control labelValidity, labelLong;
     windows::WindowComboBox boxValidity, boxLong;
@@ -55,6 +56,7 @@ private:
 
     Control frameKept;
     windows::WindowCheckBox checkStoreSent;
+    Control labelMaxSent;
     windows::WindowTextBox textMaxSent;
     Control frameTest, labelTestNumber, buttonTest;
     windows::WindowTextBox textTestNumber;

@@ -156,6 +156,8 @@ void SenderControls::ShowPinButton(bool show) {
     const HWND button = Window(ButtonPin);
     if (!show && GetFocus() == button) SetFocus(listWindow);
     ShowWindow(button, show ? SW_SHOWNA : SW_HIDE);
+    // The system listens to the mnemonic of a hidden button, too.
+    EnableWindow(button, show);
 }
 
 void SenderControls::SetStatus(TextView text) {

@@ -189,6 +189,7 @@ constexpr BuiltInTextEntry texts[] = {
     {u"FormSmsSelectAddress", u"ButtonOK", u"OK"},
     {u"FormSmsSelectAddress", u"Matches", u"Einträge: %n"},
     {u"FormSmsSelectAddress", u"LabelFolder", u"&Ordner:"},
+    {u"FormSmsSelectAddress", u"LabelAddresses", u"Kontakte"},
     {u"FormSmsSelectAddress", u"LabelChosen", u"&Ausgewählt:"},
     {u"FormSmsSelectAddress", u"ButtonRemove", u"&Entfernen"},
     {u"FormSmsSelectAddress", u"ButtonCancel", u"Abbrechen"},

@@ -36,7 +36,7 @@ private:
 
     FormSmsSelectAddressEvents* events = nullptr;
 
-    WindowLabel labelSearch, labelFolder, labelChosen;
+    WindowLabel labelSearch, labelFolder, labelAddresses, labelChosen;
     WindowTextBox textSearch;
     WindowComboBox boxFolder;
     WindowListView listAddresses;

@@ -26,7 +26,8 @@ void WindowControl::Attach(HWND newWindow, HWND newToolTips) {
     const bool waited = std::exchange(makeWindow, nullptr) != nullptr;
     window = newWindow;
     if (!waitingCaption.empty()) SetCaption(std::exchange(waitingCaption, {}));
-    if (waited) SetEnabled(waitingEnabled);
+    enabled = enabled || !waited;
+    if (waited) SetEnabled(enabled);
     AttachToolTips(newToolTips);
 }
 
@@ -37,7 +38,7 @@ void WindowControl::AttachToolTips(HWND newToolTips) {
 
 void WindowControl::AttachLater(std::function<void()> make) {
     makeWindow = std::move(make);
-    waitingEnabled = true;
+    enabled = true;
 }
 
 bool WindowControl::Need() {
@@ -49,7 +50,7 @@ bool WindowControl::Need() {
 void WindowControl::Detach() {
     window = toolTips = nullptr;
     makeWindow = nullptr;
-    waitingEnabled = false;
+    enabled = deaf = false;
     waitingCaption.clear();
     toolTip.clear();
 }
@@ -59,9 +60,9 @@ void WindowControl::SetCaption(TextView caption) {
     SetWindowTextTo(caption);
 }
 
-void WindowControl::SetEnabled(bool enabled) {
-    if (makeWindow) waitingEnabled = enabled;
-    if (window) EnableWindow(window, enabled);
+void WindowControl::SetEnabled(bool newEnabled) {
+    enabled = newEnabled;
+    if (window) EnableWindow(window, enabled && Visible());
 }
 
 bool WindowControl::Visible() const {
@@ -70,7 +71,21 @@ bool WindowControl::Visible() const {
 
 void WindowControl::SetVisible(bool visible) {
     if (visible) Need();
-    if (window) ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+    if (!window) return;
+    ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+    HearMnemonic(visible);
+}
+
+// The system listens to the mnemonics of hidden controls, too: to that of a button unless it is
+// disabled, to that of a label unless it has none.
+void WindowControl::HearMnemonic(bool hears) {
+    EnableWindow(window, enabled && hears);
+    wchar_t name[8] = L"";
+    GetClassNameW(window, name, 8);
+    const LONG style = GetWindowLongW(window, GWL_STYLE);
+    if (lstrcmpiW(name, WC_STATICW) != 0 || (!deaf && (style & SS_NOPREFIX))) return;
+    deaf = !hears;
+    SetWindowLongW(window, GWL_STYLE, deaf ? style | SS_NOPREFIX : style & ~SS_NOPREFIX);
 }
 
 void WindowControl::SetFocus() {

@@ -24,7 +24,7 @@ public:
     bool Need();
     void Detach();
 
-    bool Enabled() const override { return window ? IsWindowEnabled(window) : waitingEnabled; }
+    bool Enabled() const override { return enabled; }
     void SetEnabled(bool enabled) override;
     // Whether it shows once its form does.
     bool Visible() const override;
@@ -44,12 +44,14 @@ protected:
 
 private:
     void ShowToolTip();
+    void HearMnemonic(bool hears);
 
     HWND window = nullptr;
     HWND toolTips = nullptr;
     std::function<void()> makeWindow;  // while the control has none but will when it is needed
     Text waitingCaption;
-    bool waitingEnabled = false;
+    bool enabled = false;
+    bool deaf = false;  // a label that hears no mnemonic while it is hidden
     Text toolTip;
 };
 

@@ -23,8 +23,4 @@ bool PushButton(const Text& caption);
 // corner, as the system does it.
 void ChangeResolution(HWND window, int resolution);
 
-// One text for each visible control of a window: its class, its rectangle in the window, the width
-// that its caption needs in its own font (0 without one), and its caption with its mnemonic.
-std::vector<Text> DescribeControls(HWND window);
-
 }  // namespace tellwick::standin

@@ -6,6 +6,7 @@
 
 #include "outlook/AddInForms.h"
 #include "outlook/CommandText.h"
+#include "outlook/ControlDescriptions.h"
 #include "outlook/ExplorerWindow.h"
 
 namespace tellwick::standin {

@@ -1,0 +1,128 @@
+// The sender's windows in every language at every resolution, and by keys alone. A modem on COM5,
+// whose SIM card asks for its PIN, is a program outside Windows: tests/sender/layout_tests.py.
+#include <doctest.h>
+
+#include <algorithm>
+#include <cwctype>
+
+#include "endtoend/Form.h"
+#include "endtoend/Layout.h"
+#include "outlook/ControlDescriptions.h"
+#include "platform/Utf8.h"
+
+using namespace tellwick::endtoend;
+
+namespace {
+
+class Sender {
+public:
+    Sender(const Machine& machine, const std::string& language)
+        : program(Prepare(machine, language)) {
+        REQUIRE(WaitUntil([&] {
+            window = FindWindowW(L"TellwickSender", nullptr);
+            return window && IsWindowVisible(window);
+        }));
+    }
+    Sender(const Sender&) = delete;
+    Sender& operator=(const Sender&) = delete;
+    ~Sender() { EndSender(); }
+
+    HWND Window() const { return window; }
+    // The dialog that is open now.
+    HWND Dialog() const {
+        HWND dialog = nullptr;
+        REQUIRE(WaitUntil([&] {
+            dialog = GetLastActivePopup(window);
+            return dialog != window && IsWindowVisible(dialog) && GetForegroundWindow() == dialog;
+        }));
+        return dialog;
+    }
+    void Close(HWND dialog) const {
+        PostMessageW(dialog, WM_CLOSE, 0, 0);
+        REQUIRE(WaitUntil([&] { return IsChild(window, Focus()) != 0; }));
+    }
+
+private:
+    static std::wstring Prepare(const Machine& machine, const std::string& language) {
+        WriteBytes(machine.SettingsFile(),
+                   "[Settings]\r\nComPort=COM5\r\nLanguage=" + language + "\r\n");
+        return L"\"" + machine.ProgramFolder() + L"Tellwick.exe\"";
+    }
+
+    Child program;
+    HWND window = nullptr;
+};
+
+// The settings' second option.
+void ChooseGateway(HWND settings) {
+    PostMessageW(Descendants(settings)[2], BM_CLICK, 0, 0);
+    REQUIRE(WaitUntil([&] {
+        const std::vector<HWND> controls = Descendants(settings);
+        return std::any_of(controls.begin(), controls.end(), [](HWND control) {
+            return IsWindowVisible(control) &&
+                   TextOf(control).find(L"{password}") != std::wstring::npos;
+        });
+    }));
+}
+
+void Check(HWND window, int resolution, std::size_t least) {
+    std::vector<ControlOnForm> controls;
+    for (const auto& description : tellwick::standin::DescribeControls(window, resolution))
+        controls.push_back(Described(tellwick::ToUtf8(description)));
+    CheckLayout(controls, least);
+    CheckReading(window);
+}
+
+// The tabulator goes once round, and the mnemonic of each label leads to its field.
+void CheckKeys(HWND window) {
+    REQUIRE(WaitUntil([&] { return IsChild(window, Focus()) != 0; }));
+    CheckTabOrder(window);
+    for (const HWND label : Descendants(window)) {
+        const std::wstring text = TextOf(label);
+        const std::size_t mark = text.find(L'&');
+        if (ClassOf(label) != L"Static" || !IsWindowVisible(label) || mark > text.size()) continue;
+        CAPTURE(text);
+        Press(WORD(std::towupper(text[mark + 1])), {VK_MENU});
+        CHECK(WaitUntil([&] { return Focus() == GetWindow(label, GW_HWNDNEXT); }));
+    }
+}
+
+}  // namespace
+
+TEST_CASE("every caption of the sender fits and nothing overlaps, in every look") {
+    Machine machine;
+    InEveryLook([&](const std::string& language, int resolution) {
+        const Sender sender(machine, language);
+        const HWND pin = sender.Dialog();
+        Check(pin, resolution, 6);
+        sender.Close(pin);
+        Check(sender.Window(), resolution, 9);
+        SetWindowPos(sender.Window(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+        Check(sender.Window(), resolution, 9);
+        const std::vector<HWND> buttons = Descendants(sender.Window());
+        PostMessageW(*std::find_if(buttons.begin(), buttons.end(),
+                                   [](HWND button) { return TextOf(button).ends_with(L"..."); }),
+                     BM_CLICK, 0, 0);
+        const HWND settings = sender.Dialog();
+        Check(settings, resolution, 25);
+        ChooseGateway(settings);
+        Check(settings, resolution, 20);
+    });
+}
+
+TEST_CASE("the sender's windows are used by keys alone") {
+    Machine machine;
+    const Sender sender(machine, "Deutsch");
+    CheckKeys(sender.Dialog());
+    sender.Close(sender.Dialog());
+    CheckKeys(sender.Window());
+    Press('P', {VK_MENU});
+    sender.Dialog();
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntil([&] { return IsChild(sender.Window(), Focus()) != 0; }));
+    Press('N', {VK_MENU});
+    const HWND settings = sender.Dialog();
+    CheckKeys(settings);
+    ChooseGateway(settings);
+    CheckKeys(settings);
+}
