@@ -57,7 +57,10 @@ void OutlookModel::SaveItem(const std::shared_ptr<Item>& item) {
     constexpr double Second = 1.0 / 86400;
     item->modified = now += Second;
     if (item->created == 0) item->created = now;
-    if (!item->folder.expired()) return;
+    if (!item->folder.expired()) {
+        Changed();
+        return;
+    }
     if (item->Field(u"EntryID").empty()) item->SetField(u"EntryID", NewEntryId());
     if (item->Field(u"MessageClass").empty())
         item->SetField(u"MessageClass", MessageClassOf(item->itemClass));

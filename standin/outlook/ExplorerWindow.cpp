@@ -33,16 +33,17 @@ std::vector<Column> ColumnsOf(const Folder& folder) {
                     {u"Home Phone", u"HomeTelephoneNumber", 130},
                     {u"Business Phone", u"BusinessTelephoneNumber", 130}};
         case InboxFolder:
-            return {{u"From", u"SenderName", 180}, {u"Subject", u"Subject", 340}};
+            return {{u"From", u"SentOnBehalfOfName", 180}, {u"Subject", u"Subject", 340}};
         default:
             return {{u"Subject", u"Subject", 300}, {u"Location", u"Location", 180}};
     }
 }
 
-// What a list shows in a field; senders that are only a number stand in another one.
+// What a list shows in a field. A mail is from whom it was sent for (PR_SENT_REPRESENTING_NAME),
+// not from who sent it for him.
 Text Shown(const Item& item, TextView field) {
     Text text = item.Field(field);
-    if (text.empty() && field == u"SenderName") text = item.Field(u"SentOnBehalfOfName");
+    if (text.empty() && field == u"SentOnBehalfOfName") text = item.Field(u"SenderName");
     if (text.empty() && field == u"FullName") text = item.Title();
     return text;
 }
@@ -130,6 +131,9 @@ void ExplorerWindow::Layout(const RECT& inside) {
 void ExplorerWindow::Refresh() {
     Frame::Refresh();
     if (shownFolder != explorer->folder || shownItems != explorer->folder->items->all) FillList();
+    for (std::size_t row = 0; row < shownItems.size(); ++row) {
+        if (shownItems[row]->modified != shownSaves[row]) ShowRow(row);
+    }
     ShowSelection();
 }
 
@@ -150,24 +154,30 @@ void ExplorerWindow::FillList() {
         column.cx = look.Scale(columns[index].width);
         ListView_InsertColumn(itemList, int(index), &column);
     }
+    shownSaves.assign(shownItems.size(), 0);
     for (std::size_t row = 0; row < shownItems.size(); ++row) {
-        for (std::size_t index = 0; index < columns.size(); ++index) {
-            Text text = Shown(*shownItems[row], columns[index].field);
-            LVITEMW entry{};
-            entry.mask = LVIF_TEXT;
-            entry.iItem = int(row);
-            entry.iSubItem = int(index);
-            entry.pszText = reinterpret_cast<wchar_t*>(text.data());
-            if (index == 0) {
-                ListView_InsertItem(itemList, &entry);
-            } else {
-                ListView_SetItem(itemList, &entry);
-            }
-        }
+        LVITEMW entry{};
+        entry.iItem = int(row);
+        ListView_InsertItem(itemList, &entry);
+        ShowRow(row);
     }
     const Text count = NumberText(std::int64_t(shownItems.size()));
     SetWindowTextW(status, Wide(ReplaceAll(look.Say(u"%n Items"), u"%n", count)));
     filling = false;
+}
+
+void ExplorerWindow::ShowRow(std::size_t row) {
+    const std::vector<Column> columns = ColumnsOf(*shownFolder);
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+        Text text = Shown(*shownItems[row], columns[index].field);
+        LVITEMW entry{};
+        entry.mask = LVIF_TEXT;
+        entry.iItem = int(row);
+        entry.iSubItem = int(index);
+        entry.pszText = reinterpret_cast<wchar_t*>(text.data());
+        ListView_SetItem(itemList, &entry);
+    }
+    shownSaves[row] = shownItems[row]->modified;
 }
 
 // The list shows the model's selection, unless the user's newer one is on its way there.

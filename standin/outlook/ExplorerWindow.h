@@ -31,6 +31,7 @@ protected:
 
 private:
     void FillList();
+    void ShowRow(std::size_t row);
     void ShowSelection();
     void TakeSelection();
     void OpenContextMenu();
@@ -44,7 +45,8 @@ private:
     std::shared_ptr<Folder> shownFolder;
     Text shownBody;
     std::vector<std::shared_ptr<Item>> shownItems;
-    bool filling = false;  // changes of the controls are not the user's
+    std::vector<double> shownSaves;  // when each was saved last
+    bool filling = false;            // changes of the controls are not the user's
     bool selectionPosted = false;
 };
 

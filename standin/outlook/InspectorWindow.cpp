@@ -36,8 +36,8 @@ InspectorWindow::InspectorWindow(const Look& userLook, std::shared_ptr<Inspector
 
 Text InspectorWindow::HeaderText() const {
     static const std::pair<TextView, TextView> Lines[] = {
-        {u"From", u"SenderName"},
         {u"From", u"SentOnBehalfOfName"},
+        {u"From", u"SenderName"},
         {u"To", u"To"},
         {u"Subject", u"Subject"},
         {u"Full Name", u"FullName"},
