@@ -23,7 +23,10 @@ public:
 
     // What has failed is told of once, until the user has seen the window.
     void Failed(const Text& id);
-    void Seen() { failed = told = 0; }
+    void Seen() {
+        failed = told = 0;
+        icon.HideBalloon();
+    }
     void ShowFailed();
     void ShowPinWanted();
     // How many wait, in words, and why they do.

@@ -60,6 +60,12 @@ void TrayIcon::ShowBalloon(TextView title, TextView text) {
     Copy(title, data.szInfoTitle);
     Copy(text, data.szInfo);
     if (shown) Shell_NotifyIconW(NIM_MODIFY, &data);
+    balloon = !text.empty();
+}
+
+void TrayIcon::HideBalloon() {
+    // One without a text takes away the one that is there.
+    if (balloon) ShowBalloon({}, {});
 }
 
 TrayIcon::Event TrayIcon::EventOf(LPARAM second) {

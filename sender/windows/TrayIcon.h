@@ -28,6 +28,8 @@ public:
     void SetTip(TextView newTip);
     // A warning.
     void ShowBalloon(TextView title, TextView text);
+    // Once its user knows.
+    void HideBalloon();
 
     // What the message's second parameter says.
     static Event EventOf(LPARAM second);
@@ -40,6 +42,7 @@ private:
     windows::IconHandle icon;
     Text tip;
     bool shown = false;
+    bool balloon = false;  // one was shown
 };
 
 }  // namespace tellwick::sender
