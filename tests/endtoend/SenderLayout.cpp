@@ -14,44 +14,37 @@ using namespace tellwick::endtoend;
 
 namespace {
 
-class Sender {
-public:
-    Sender(const Machine& machine, const std::string& language)
-        : program(Prepare(machine, language)) {
-        REQUIRE(WaitUntil([&] {
-            window = FindWindowW(L"TellwickSender", nullptr);
-            return window && IsWindowVisible(window);
-        }));
-    }
-    Sender(const Sender&) = delete;
-    Sender& operator=(const Sender&) = delete;
-    ~Sender() { EndSender(); }
+// What starts it, with the modem.
+std::wstring CommandLine(const Machine& machine, const std::string& language) {
+    WriteBytes(machine.SettingsFile(),
+               "[Settings]\r\nComPort=COM5\r\nLanguage=" + language + "\r\n");
+    return L"\"" + machine.ProgramFolder() + L"Tellwick.exe\"";
+}
 
-    HWND Window() const { return window; }
-    // The dialog that is open now.
-    HWND Dialog() const {
-        HWND dialog = nullptr;
-        REQUIRE(WaitUntil([&] {
-            dialog = GetLastActivePopup(window);
-            return dialog != window && IsWindowVisible(dialog) && GetForegroundWindow() == dialog;
-        }));
-        return dialog;
-    }
-    void Close(HWND dialog) const {
-        PostMessageW(dialog, WM_CLOSE, 0, 0);
-        REQUIRE(WaitUntil([&] { return IsChild(window, Focus()) != 0; }));
-    }
-
-private:
-    static std::wstring Prepare(const Machine& machine, const std::string& language) {
-        WriteBytes(machine.SettingsFile(),
-                   "[Settings]\r\nComPort=COM5\r\nLanguage=" + language + "\r\n");
-        return L"\"" + machine.ProgramFolder() + L"Tellwick.exe\"";
-    }
-
-    Child program;
+HWND Started() {
     HWND window = nullptr;
-};
+    REQUIRE(WaitUntil([&] {
+        window = FindWindowW(L"TellwickSender", nullptr);
+        return window && IsWindowVisible(window);
+    }));
+    return window;
+}
+
+// The dialog of the sender's window that is open now.
+HWND Dialog(HWND window) {
+    HWND dialog = nullptr;
+    REQUIRE(WaitUntil([&] {
+        dialog = GetLastActivePopup(window);
+        return dialog != window && IsWindowVisible(dialog) && GetForegroundWindow() == dialog;
+    }));
+    return dialog;
+}
+
+void Leave(HWND dialog) {
+    const HWND owner = GetWindow(dialog, GW_OWNER);
+    Press(VK_ESCAPE);
+    REQUIRE(WaitUntil([&] { return IsChild(owner, Focus()) != 0; }));
+}
 
 // The settings' second option.
 void ChooseGateway(HWND settings) {
@@ -92,18 +85,19 @@ void CheckKeys(HWND window) {
 TEST_CASE("every caption of the sender fits and nothing overlaps, in every look") {
     Machine machine;
     InEveryLook([&](const std::string& language, int resolution) {
-        const Sender sender(machine, language);
-        const HWND pin = sender.Dialog();
+        const Child sender(CommandLine(machine, language));
+        const HWND window = Started();
+        const HWND pin = Dialog(window);
         Check(pin, resolution, 6);
-        sender.Close(pin);
-        Check(sender.Window(), resolution, 9);
-        SetWindowPos(sender.Window(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
-        Check(sender.Window(), resolution, 9);
-        const std::vector<HWND> buttons = Descendants(sender.Window());
+        Leave(pin);
+        Check(window, resolution, 9);
+        SetWindowPos(window, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+        Check(window, resolution, 9);
+        const std::vector<HWND> buttons = Descendants(window);
         PostMessageW(*std::find_if(buttons.begin(), buttons.end(),
                                    [](HWND button) { return TextOf(button).ends_with(L"..."); }),
                      BM_CLICK, 0, 0);
-        const HWND settings = sender.Dialog();
+        const HWND settings = Dialog(window);
         Check(settings, resolution, 25);
         ChooseGateway(settings);
         Check(settings, resolution, 20);
@@ -112,17 +106,15 @@ TEST_CASE("every caption of the sender fits and nothing overlaps, in every look"
 
 TEST_CASE("the sender's windows are used by keys alone") {
     Machine machine;
-    const Sender sender(machine, "Deutsch");
-    CheckKeys(sender.Dialog());
-    sender.Close(sender.Dialog());
-    CheckKeys(sender.Window());
+    const Child sender(CommandLine(machine, "Deutsch"));
+    const HWND window = Started();
+    CheckKeys(Dialog(window));
+    Leave(Dialog(window));
+    CheckKeys(window);
     Press('P', {VK_MENU});
-    sender.Dialog();
-    Press(VK_ESCAPE);
-    REQUIRE(WaitUntil([&] { return IsChild(sender.Window(), Focus()) != 0; }));
+    Leave(Dialog(window));
     Press('N', {VK_MENU});
-    const HWND settings = sender.Dialog();
-    CheckKeys(settings);
-    ChooseGateway(settings);
-    CheckKeys(settings);
+    CheckKeys(Dialog(window));
+    ChooseGateway(Dialog(window));
+    CheckKeys(Dialog(window));
 }
