@@ -1,5 +1,5 @@
-// loading.exe LIBRARY: prints the milliseconds that loading it takes, first into a bare process, then
-// as a copy, once the system's libraries that it needs are there, as Outlook has them.
+// loading.exe LIBRARY: prints the milliseconds that loading it takes, first into a bare process,
+// then as a copy, once the system's libraries that it needs are there, as Outlook has them.
 #include <windows.h>
 
 #include <cstdio>
