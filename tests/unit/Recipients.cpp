@@ -143,6 +143,13 @@ TEST_CASE("AddNumberToList: cells, shown items and growth") {
     field.Save();
     CHECK(form.Number(5) == u"a");
     CHECK(form.Number(6).empty());
+    // Nothing is written for the ten thousand cells without a number that a setting may want.
+    field.NumUsedNumber = 10000;
+    field.AddNumberToList(u"f");
+    field.Save();
+    CHECK(form.Number(6) == u"a");
+    const Text file = form.program.inifilesLite.CurrentFile();
+    CHECK(form.platform.fileSystem.files[file].contents.size() < 1000);
 }
 
 TEST_CASE("clearing the list asks, empties one key more than items, and starts anew") {
