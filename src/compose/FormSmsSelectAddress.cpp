@@ -27,9 +27,10 @@ constexpr std::array<TextView, KindCount> KindKeys{u"KindMobile",   u"KindHome",
                                                    u"KindOther",    u"KindPrimary",   u"KindList"};
 constexpr std::int32_t WidestColumn = 4000;
 
-// Milliseconds.
-constexpr double Slice = 10;
+// Milliseconds. To grow takes the list as long as a slice, for its scroll bar.
+constexpr double Slice = 5;
 constexpr std::uint32_t Interval = 15;
+constexpr double ListInterval = 100;
 constexpr std::size_t RowsAStep = 500;
 
 Text WidthKey(std::size_t column) {
@@ -188,10 +189,13 @@ bool FormSmsSelectAddress::FillRows(double milliseconds) {
     while (more && clock.Milliseconds() < end) more = rows.DoSome(RowsAStep);
     ListView& list = view.ListAddresses();
     const std::size_t found = rows.Shown().size();
-    if (list.RowCount() != 0) {
+    const double now = clock.Milliseconds();
+    if (list.RowCount() == 0) {
+        if (found != 0) list.SetRowCount(found);
+        listed = now;
+    } else if (!more || now - listed >= ListInterval) {
         list.AddRows(found);
-    } else if (found != 0) {
-        list.SetRowCount(found);
+        listed = now;
     }
     ShowStatus();
     return more;

@@ -69,6 +69,7 @@ private:
     std::vector<Text> folderNames;  // in the box
     AddressRows rows;
     std::unique_ptr<Timer> timer;  // while rows are looked for
+    double listed = 0;             // when the list last grew
     std::vector<Recipient> chosen;
     std::size_t sortedBy = Name;
     bool descending = false;

@@ -99,17 +99,17 @@ Text Language::ChosenName() {
     return name.empty() ? Text(LanguageOfLocale(WindowsLocaleCode())) : name;
 }
 
-// The file of a language in the language folder; empty when there is none.
-Text Language::FileOf(TextView language) {
-    const Text folder = LanguageFolder();
+// The file of a language in that folder; empty when there is none.
+Text Language::FileOf(TextView language, const Text& folder) {
     Text name(language);
     if (!EndsWithFolded(name, FileEnding)) name += FileEnding;
-    if (!fileSystem.Exists(folder + name)) name = WithoutAccents(name);
+    if (fileSystem.Exists(folder + name)) return name;
+    name = WithoutAccents(name);
     return fileSystem.Exists(folder + name) ? name : Text();
 }
 
 Text Language::LanguageName(TextView setting) {
-    return WithoutEnding(FileOf(setting));
+    return WithoutEnding(FileOf(setting, LanguageFolder()));
 }
 
 std::vector<LanguageChoice> Language::Languages() {
@@ -136,7 +136,7 @@ void Language::LoadLanguageFile() {
     if (!inifilesLite.Located()) inifilesLite.GetIniFile();
 
     const Text folder = LanguageFolder();
-    Text name = FileOf(ChosenName());
+    Text name = FileOf(ChosenName(), folder);
     if (name.empty()) name = EnglishFile;
 
     std::string contents = fileSystem.Read(folder + name).value_or(std::string());

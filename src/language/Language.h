@@ -48,7 +48,7 @@ public:
 private:
     Text LanguageFolder();
     Text ChosenName();
-    Text FileOf(TextView language);
+    Text FileOf(TextView language, const Text& folder);
     void NameManualAndHelp(TextView name);
     void ReadLoadedTexts(const Text& folder);
 

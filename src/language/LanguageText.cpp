@@ -21,13 +21,19 @@ LanguageText::LanguageText(std::string_view bytes, Locale& locale) {
 }
 
 void LanguageText::Use(TextView contents) {
-    text = ReplaceAll(contents, LineBreak, LineEnd);
+    text.resize(contents.size());
     sections.clear();
     brackets.clear();
-    std::replace(text.begin(), text.end(), LineFeed, CarriageReturn);
-    for (std::size_t at = text.find(u'['); at != Text::npos; at = text.find(u'[', at + 1)) {
-        brackets.push_back(at);
+    std::size_t length = 0;
+    char16_t before = 0;
+    for (const char16_t unit : contents) {
+        if (unit == u'[') brackets.push_back(length);
+        // Of the two that end a line the second goes.
+        if (unit != LineFeed || before != CarriageReturn)
+            text[length++] = unit == LineFeed ? CarriageReturn : unit;
+        before = unit;
     }
+    text.resize(length);
 }
 
 LanguageText::Section* LanguageText::FindSection(const Text& bracketed) {

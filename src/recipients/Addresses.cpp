@@ -19,6 +19,7 @@ namespace {
 constexpr double Slice = 4;
 constexpr double WithoutPause = 13;
 constexpr std::uint32_t Interval = 15;
+constexpr std::uint32_t PauseAfterKey = 30;
 constexpr double ProgressInterval = 100;
 const Text NoFolder;
 const std::vector<Text> NoMembers;
@@ -79,7 +80,16 @@ void Addresses::Refresh() {
         if (!more) return;
     }
     timer = timers.Create();
-    timer->Start(Interval, [this] { Tick(); });
+    GoOnAfter(Interval);
+}
+
+void Addresses::GoOnAfter(std::uint32_t milliseconds) {
+    interval = milliseconds;
+    timer->Start(interval, [this] { Tick(); });
+}
+
+void Addresses::GiveWay() {
+    if (timer) GoOnAfter(PauseAfterKey);
 }
 
 void Addresses::Stop() {
@@ -119,6 +129,7 @@ void Addresses::Tick() {
     if (messageLoop.InDoEvents()) return;
     Procedure procedure{debug, u"TimerAddresses_Timer"};
     if (working) return;  // Outlook runs its message loop within a slice
+    if (interval != Interval) GoOnAfter(Interval);
     const double end = surroundings.clock.Milliseconds() + WithoutPause;
     bool more = true;
     double left = WithoutPause;

@@ -56,6 +56,8 @@ public:
     // The same, once for each time that the user comes to need the list.
     void RefreshOnce();
     void NeededAnew() { looked = false; }
+    // The user types: a reading goes on when he has paused, if only as long as between two keys.
+    void GiveWay();
     // Whether somebody is known, or it is known that nobody is there.
     bool Known() const { return book.list.Size() != 0 || harvested; }
     // Ends the reading; what is known stays. The next Refresh begins anew.
@@ -82,6 +84,7 @@ private:
     void BeginHarvest();
     void BeginWriting();
     void TakeBook();
+    void GoOnAfter(std::uint32_t milliseconds);
     void Tick();
     void Tell(bool listChanged);
     bool Caches();
@@ -91,6 +94,7 @@ private:
     Timers& timers;
     MessageLoop& messageLoop;
     std::unique_ptr<Timer> timer;  // while something is read or written
+    std::uint32_t interval = 0;    // its own
     ObjectPtr application;
     bool lent = false;  // the application
     std::vector<Listener> listeners;

@@ -210,6 +210,7 @@ void RecipientField::TextTo_Change() {
     prefixHint = false;
     searching = true;
     if (!SearchText().empty()) addresses.RefreshOnce();
+    addresses.GiveWay();
     ShowMatches();
 }
 

@@ -68,7 +68,7 @@ IniFile::Held IniFile::Load(TextView file) {
     const std::int64_t length = fileSystem.Length(file);
     if (length >= maxSize) return Held::TooBig;
     DropCache();
-    cacheTime = fileSystem.ModifiedTime(file);
+    cacheTime = length < 0 ? 0 : fileSystem.ModifiedTime(file);
     if (length > 0) {
         std::optional<std::string> contents = fileSystem.Read(file);
         // Not held as an empty file: the next write would wipe it.

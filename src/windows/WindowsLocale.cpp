@@ -11,11 +11,12 @@ namespace tellwick::windows {
 namespace {
 
 Text Decoded(UINT codePage, std::string_view bytes) {
+    // No code page makes more units of a text than it has bytes.
+    Text text(bytes.size(), u'\0');
     const int length =
-        MultiByteToWideChar(codePage, 0, bytes.data(), int(bytes.size()), nullptr, 0);
-    Text text(std::size_t(length), u'\0');
-    MultiByteToWideChar(codePage, 0, bytes.data(), int(bytes.size()),
-                        reinterpret_cast<wchar_t*>(text.data()), length);
+        MultiByteToWideChar(codePage, 0, bytes.data(), int(bytes.size()),
+                            reinterpret_cast<wchar_t*>(text.data()), int(text.size()));
+    text.resize(std::size_t(length));
     return text;
 }
 

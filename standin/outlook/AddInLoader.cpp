@@ -157,9 +157,9 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
     const ComPtr<IDispatch> application = objects.Wrap(outlook.Application());
     const ComPtr<IDispatch> instance = objects.Wrap(addIn->Handle());
     if (bytesBeforeConnection == 0) bytesBeforeConnection = PrivateBytes();
+    CLSID identifier{};
     {
         const Stopwatch stopwatch(connectionTime);
-        CLSID identifier{};
         if (FAILED(CLSIDFromProgID(Wide(addIn->progId), &identifier))) return false;
         ComPtr<IUnknown> created;
         if (FAILED(CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
@@ -169,12 +169,6 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
         auto events = created.As<IDTExtensibility2>(ExtensibilityIdentifier);
         if (!events) return false;
 
-        wchar_t* text = nullptr;
-        if (SUCCEEDED(StringFromCLSID(identifier, &text))) {
-            libraries.insert(
-                ReadText(HKEY_CLASSES_ROOT, u"CLSID\\" + FromWide(text) + u"\\InprocServer32"));
-            CoTaskMemFree(text);
-        }
         addIn->connected = true;
         const auto ribbon = RibbonAddInOf(objects, created.Get());
         connected.push_back({addIn, events, ribbon});
@@ -184,6 +178,12 @@ bool AddInLoader::Connect(const std::shared_ptr<ComAddIn>& addIn, ConnectMode mo
         if (ribbon) outlook.ribbons.Add(addIn->description, ribbon);
     }
     bytesAfterConnection = PrivateBytes();
+    wchar_t* text = nullptr;
+    if (SUCCEEDED(StringFromCLSID(identifier, &text))) {
+        libraries.insert(
+            ReadText(HKEY_CLASSES_ROOT, u"CLSID\\" + FromWide(text) + u"\\InprocServer32"));
+        CoTaskMemFree(text);
+    }
     return true;
 }
 

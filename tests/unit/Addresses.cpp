@@ -88,6 +88,16 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
     }
     CHECK(addresses.Reading());
     CHECK(Contains(folders, u"Kontakte 1"));
+    // A key gives it a pause.
+    people.view.TextTo().SetText(u"anna be");
+    std::int32_t progress = addresses.Progress();
+    for (const double passed : {20, 10, 15}) {
+        people.platform.clock.milliseconds += passed;
+        people.platform.timers.RunDue();
+        CHECK((addresses.Progress() > progress) == (passed < 20));
+        progress = addresses.Progress();
+    }
+    people.view.TextTo().SetText(u"anna b");
     SUBCASE("to its end") {
         // With something waiting, one slice a tick; otherwise some, but nobody waits for a tick.
         for (const bool waiting : {true, false}) {
