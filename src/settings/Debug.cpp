@@ -1,7 +1,6 @@
 #include "settings/Debug.h"
 
-#include <array>
-#include <charconv>
+#include <cmath>
 #include <exception>
 #include <new>
 
@@ -26,11 +25,22 @@ void FoldLetters(Text& text) {
     }
 }
 
-// The shortest decimal text of the number, without an exponent.
-Text ShortestText(float number) {
-    std::array<char, 64> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number, std::chars_format::fixed);
-    return Text(digits.begin(), end.ptr);
+// The shortest decimal text that means these seconds of a day and no others. The standard library's
+// function for all numbers would be an eighth of the whole add-in.
+Text ShortestText(float seconds) {
+    constexpr std::size_t MostDecimals = 9;
+    double power = 1;
+    double scaled = std::nearbyint(seconds);
+    std::size_t decimals = 0;
+    while (float(scaled / power) != seconds && decimals < MostDecimals) {
+        power *= 10;
+        ++decimals;
+        scaled = std::nearbyint(double(seconds) * power);
+    }
+    Text digits = NumberText(std::int64_t(scaled));
+    if (decimals == 0) return digits;
+    if (digits.size() <= decimals) digits.insert(0, decimals + 1 - digits.size(), u'0');
+    return digits.insert(digits.size() - decimals, 1, u'.');
 }
 
 }  // namespace

@@ -88,6 +88,21 @@ TEST_CASE("modes") {
     }
 }
 
+TEST_CASE("a time stamp is the shortest text of its seconds") {
+    Traced traced(u"17");
+    traced.debug.DebugInit(false, false);
+    const char* const texts[] = {"0",         "0.001",   "0.016",    "7",
+                                 "59.999",    "1000.5",  "4095.999", "16384.062",
+                                 "16384.188", "60000.1", "86399.99"};
+    for (const char* text : texts) {
+        traced.Gained();
+        traced.platform.clock.seconds = std::stof(text);
+        traced.debug.DebugTrace(u"a", 7);
+        const std::string gained = traced.Gained();
+        CHECK(gained.substr(0, gained.find(':')) == text);
+    }
+}
+
 TEST_CASE("registry mode keeps the last record in the registry only") {
     Traced traced(u"-1");
     traced.debug.DebugInit(false, false);
