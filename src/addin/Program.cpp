@@ -66,9 +66,9 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                 return Draft::Contents{formSmsSendView.TextTo().GetText(), messageText.MeantText()};
             }),
       // The form is made after its parts; what they are handed of it they only keep.
-      submission(services, formSmsSend, formSmsSendView, recipientField, messageText,
-                 lostCharacters, personalTexts, personalSubmission, draft, platform.messageLoop,
-                 smsQueue, tellwick),
+      submission(services, formSmsSend, formSmsSendView, recipientField, awaitedRecipients,
+                 messageText, lostCharacters, personalTexts, personalSubmission, draft,
+                 platform.messageLoop, smsQueue, tellwick),
       formSmsSelectAddress(services, formSmsSelectAddressView, forms, prefixes, addresses,
                            recipientPeople, recipientField, platform.clock, platform.timers),
       supportFile(errors, debug, regEdit, inifilesLite, platform.fileSystem, platform.programs,

@@ -92,8 +92,11 @@ void cOlExplorer::objExplorer_SelectionChange() {
     if (selection.Count() != 0) {
         smsReply.Follow(objMailItem, selection.Item(1), SmsReply::Place::Explorer);
     } else if (processValues.outlookVersion >= FirstWithConversations) {
-        for (const outlook::Item& mail : NewestOfConversations(errors, selection, 1)) {
-            smsReply.Follow(objMailItem, mail, SmsReply::Place::Explorer);
+        NewestOfConversations newest(errors);
+        newest.Begin(selection, 1);
+        while (newest.More()) {
+            if (const outlook::Item mail = newest.Next())
+                smsReply.Follow(objMailItem, mail, SmsReply::Place::Explorer);
         }
     }
 }

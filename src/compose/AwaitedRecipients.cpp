@@ -26,13 +26,18 @@ AwaitedRecipients::AwaitedRecipients(const Services& services, RecipientLookup& 
     recipientLookup.SetListener([this](TextView found) { Found(found); });
 }
 
-void AwaitedRecipients::Begin(bool remembered) {
-    waiting.reset();
+void AwaitedRecipients::Begin(bool remembered, Text notice) {
+    if (waiting) {  // Office may raise one click in several places
+        notice = std::move(waiting->notice);
+        remembered = waiting->remembered && view.TextTo().GetText() == waiting->now;
+        if (remembered) BringBack();
+        waiting.reset();
+    }
     if (recipientLookup.Cut()) ShowCut();
     if (!recipientLookup.Looking()) return;
     Text before = view.TextTo().GetText();
     if (remembered) recipientField.SetText({});
-    waiting = {std::move(before), view.TextTo().GetText(), remembered};
+    waiting = {std::move(before), view.TextTo().GetText(), remembered, std::move(notice)};
     if (!recipientLookup.Cut())
         view.StatusBar1().SetText(language.TextOrBuiltIn(FormSmsSend::Name, u"LookingFor"));
 }
@@ -56,13 +61,22 @@ void AwaitedRecipients::Found(TextView recipients) {
         waiting->now = view.TextTo().GetText();
     }
     if (recipientLookup.Looking()) return;
+    const Text notice = std::move(waiting->notice);
     BringBack();
     if (recipientLookup.Cut()) {
         ShowCut();
     } else {
         recipientField.ShowPrefixHint();
+        if (!notice.empty() && !recipientField.PrefixHintShown()) view.StatusBar1().SetText(notice);
         if (recipientLookup.ForReminders()) ShowWithout();
     }
+}
+
+void AwaitedRecipients::TakeThose() {
+    if (!waiting || view.TextTo().GetText().empty()) return;
+    waiting.reset();
+    recipientLookup.Stop();
+    recipientField.ShowPrefixHint();
 }
 
 void AwaitedRecipients::ShowWithout() {

@@ -23,9 +23,11 @@ public:
 
     // The field holds the recipients known by now. Those only `remembered` from the last form are
     // taken out while others are looked for, so that nobody sends to them by mistake, and are put
-    // back when nobody is found. The status bar says what is going on.
-    void Begin(bool remembered);
+    // back when nobody is found. The status bar says what is going on, and the notice at the end.
+    void Begin(bool remembered, Text notice = {});
     bool Waiting() const { return waiting.has_value(); }
+    // An SMS goes to those in the field, if there are any: nobody joins them any more.
+    void TakeThose();
     // The form closes, and the looking ends, and with it what was found of appointments.
     void End();
 
@@ -39,6 +41,7 @@ private:
     struct Field {
         Text before, now;
         bool remembered;
+        Text notice;
     };
     std::optional<Field> waiting;
 

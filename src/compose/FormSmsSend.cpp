@@ -73,7 +73,8 @@ void FormSmsSend::OpenAnew(TextView recipients, Remembered remembered) {
         parts.recipientField.ShowPrefixHint();
     }
     SayRestored();
-    awaitedRecipients.Begin(recipients.empty() && !restored);
+    awaitedRecipients.Begin(recipients.empty() && !restored,
+                            restored ? view.StatusBar1().GetText() : Text());
     draft.Begin();
     view.Show();
     // What is to be written next has the focus.

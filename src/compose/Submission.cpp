@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "compose/AwaitedRecipients.h"
 #include "compose/Draft.h"
 #include "compose/FormSmsSend.h"
 #include "compose/FormSmsSendView.h"
@@ -28,14 +29,15 @@ constexpr std::int32_t TextMissing = 4;
 }  // namespace
 
 Submission::Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
-                       RecipientField& recipientField, MessageText& messageText,
-                       LostCharacters& lostCharacters, const PersonalTexts& personalTexts,
-                       PersonalSubmission& personalSubmission, Draft& draft,
-                       MessageLoop& messageLoop, SmsQueue& queue, Tellwick& tellwick)
+                       RecipientField& recipientField, AwaitedRecipients& awaitedRecipients,
+                       MessageText& messageText, LostCharacters& lostCharacters,
+                       const PersonalTexts& personalTexts, PersonalSubmission& personalSubmission,
+                       Draft& draft, MessageLoop& messageLoop, SmsQueue& queue, Tellwick& tellwick)
     : Services(services),
       form(form),
       view(view),
       recipientField(recipientField),
+      awaitedRecipients(awaitedRecipients),
       messageText(messageText),
       lostCharacters(lostCharacters),
       personalTexts(personalTexts),
@@ -72,6 +74,7 @@ bool Submission::ButtonSend_Click_(bool fromKey, bool sendNow, TextView number, 
     ++begun;
     closeRequested = false;
     recipientField.StopSearch();
+    awaitedRecipients.TakeThose();
 
     Outcome outcome = Outcome::Refused;
     try {

@@ -9,6 +9,7 @@
 
 namespace tellwick {
 
+class AwaitedRecipients;
 class Draft;
 class FormSmsSend;
 class FormSmsSendView;
@@ -24,10 +25,10 @@ class Tellwick;
 class Submission : private Services {
 public:
     Submission(const Services& services, FormSmsSend& form, FormSmsSendView& view,
-               RecipientField& recipientField, MessageText& messageText,
-               LostCharacters& lostCharacters, const PersonalTexts& personalTexts,
-               PersonalSubmission& personalSubmission, Draft& draft, MessageLoop& messageLoop,
-               SmsQueue& queue, Tellwick& tellwick);
+               RecipientField& recipientField, AwaitedRecipients& awaitedRecipients,
+               MessageText& messageText, LostCharacters& lostCharacters,
+               const PersonalTexts& personalTexts, PersonalSubmission& personalSubmission,
+               Draft& draft, MessageLoop& messageLoop, SmsQueue& queue, Tellwick& tellwick);
 
     // Queues what the form holds, a text with fields once for each recipient, and sees to the
     // sender application; the form closes. A `number` or `text` that is not empty replaces the
@@ -68,6 +69,7 @@ private:
     FormSmsSend& form;
     FormSmsSendView& view;
     RecipientField& recipientField;
+    AwaitedRecipients& awaitedRecipients;
     MessageText& messageText;
     LostCharacters& lostCharacters;
     const PersonalTexts& personalTexts;

@@ -182,13 +182,14 @@ bool Addresses::DoStage(double milliseconds) {
             return stage != Stage::Idle;
         case Stage::Harvest:
             if (harvest->DoSlice(milliseconds)) return true;
-            harvested = true;
             failed = harvest->Failed();
             readBook = harvest->TakeBook();
             harvest.reset();
+            harvested = !readBook;
             stage = readBook ? Stage::HarvestRead : Stage::Idle;
             return stage != Stage::Idle;
         case Stage::HarvestRead:
+            harvested = true;  // and not before: nobody would seem to be there
             stage = Stage::Idle;
             TakeBook();
             BeginWriting();

@@ -1,6 +1,7 @@
 #include "recipients/Conversation.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tellwick {
 
@@ -11,29 +12,40 @@ constexpr std::int32_t MostMails = 100;          // of a conversation that are l
 
 }  // namespace
 
-std::vector<outlook::Item> NewestOfConversations(PendingError& errors,
-                                                 const outlook::Selection& selection,
-                                                 std::int32_t most) {
+void NewestOfConversations::Begin(const outlook::Selection& selection, std::int32_t most) {
+    Clear();
     const outlook::Collection<outlook::View> headers(
         errors,
         AsObject(Call(errors, selection.Reference(), u"GetSelection", {ConversationHeaders})));
-    std::vector<outlook::Item> newest;
-    for (std::int32_t header = 1, count = std::min(headers.Count(), most); header <= count;
-         ++header) {
+    at.conversations = std::min(headers.Count(), most);
+    at.headers = headers.Reference();
+}
+
+outlook::Item NewestOfConversations::Next() {
+    Place now = at;  // Outlook may end meanwhile, and Clear
+    if (!now.mails) {
+        const auto header =
+            outlook::Collection<outlook::View>(errors, now.headers).Item(now.conversation + 1);
         const outlook::Collection<outlook::Item> mails(
-            errors, AsObject(Call(errors, headers.Item(header).Reference(), u"GetItems")));
-        double latest = 0;
-        outlook::Item last(errors, nullptr);
-        for (std::int32_t mail = 1, all = std::min(mails.Count(), MostMails); mail <= all; ++mail) {
-            const outlook::Item item = mails.Item(mail);
-            const double received = AsReal(Get(errors, item.Reference(), u"ReceivedTime"));
-            if (last && received <= latest) continue;
-            latest = received;
-            last = item;
-        }
-        if (last) newest.push_back(last);
+            errors, AsObject(Call(errors, header.Reference(), u"GetItems")));
+        now.mails = mails.Reference();
+        now.count = std::min(mails.Count(), MostMails);
     }
-    return newest;
+    if (now.mail < now.count) {
+        const auto mail = outlook::Selection(errors, now.mails).Item(++now.mail);
+        const double received = AsReal(Get(errors, mail.Reference(), u"ReceivedTime"));
+        if (!now.last || received > now.latest) {
+            now.latest = received;
+            now.last = mail.Reference();
+        }
+    }
+    ObjectPtr newest;
+    if (now.mail >= now.count) {
+        newest = now.last;
+        now = {now.headers, now.conversations, now.conversation + 1, {}, {}};
+    }
+    if (More()) at = std::move(now);
+    return {errors, newest};
 }
 
 }  // namespace tellwick

@@ -1,8 +1,7 @@
 // Mails that Outlook 2010 and later show as one line, which counts as nothing selected.
 #pragma once
 
-#include <cstddef>
-#include <vector>
+#include <cstdint>
 
 #include "platform/Outlook.h"
 
@@ -10,10 +9,31 @@ namespace tellwick {
 
 inline constexpr std::int32_t FirstWithConversations = 14;
 
-// Of each conversation whose line is selected, so many at most, the mail that came last; empty
-// where none is, or Outlook does not tell.
-std::vector<outlook::Item> NewestOfConversations(PendingError& errors,
-                                                 const outlook::Selection& selection,
-                                                 std::int32_t most);
+// Of each conversation whose line is selected the mail that came last.
+class NewestOfConversations {
+public:
+    explicit NewestOfConversations(PendingError& errors) : errors(errors) {}
+
+    // So many conversations at most; none where Outlook does not tell.
+    void Begin(const outlook::Selection& selection, std::int32_t most);
+    bool More() const { return at.conversation < at.conversations; }
+    // Looks at one mail. Behind the last one of a conversation it returns the one that came last,
+    // otherwise none.
+    outlook::Item Next();
+    // Lets everything of Outlook's go.
+    void Clear() { at = {}; }
+
+private:
+    struct Place {
+        ObjectPtr headers;
+        std::int32_t conversations = 0, conversation = 0;
+        ObjectPtr mails, last;  // of the conversation
+        std::int32_t count = 0, mail = 0;
+        double latest = 0;
+    };
+    Place at;
+
+    PendingError& errors;
+};
 
 }  // namespace tellwick

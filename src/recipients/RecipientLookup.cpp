@@ -9,7 +9,6 @@
 #include "platform/OutlookEvents.h"
 #include "recipients/Addresses.h"
 #include "recipients/Contacts.h"
-#include "recipients/Conversation.h"
 #include "recipients/NumberInText.h"
 #include "recipients/RecipientPeople.h"
 #include "settings/Debug.h"
@@ -40,7 +39,8 @@ RecipientLookup::RecipientLookup(PendingError& errors, Debug& debug, Automation&
                                  Addresses& addresses, RecipientPeople& recipientPeople,
                                  AppointmentReminders& reminders, Clock& clock, Timers& timers,
                                  MessageLoop& messageLoop)
-    : appointmentPeople(errors, automation),
+    : following(errors),
+      appointmentPeople(errors, automation),
       errors(errors),
       debug(debug),
       automation(automation),
@@ -133,10 +133,8 @@ Text RecipientLookup::Begin(const ObjectPtr& collection, Origin newOrigin, bool 
     if (!collection) return {};
     single = isSingle;
     Take(collection, newOrigin);
-    if (count == 0 && processValues.outlookVersion >= FirstWithConversations) {
-        following =
-            NewestOfConversations(errors, outlook::Selection(errors, items), MostConversations);
-    }
+    if (count == 0 && processValues.outlookVersion >= FirstWithConversations)
+        following.Begin(outlook::Selection(errors, items), MostConversations);
     looking = true;
     const double end = clock.Milliseconds() + Slice;
     {
@@ -177,7 +175,7 @@ void RecipientLookup::End() {
     looking = false;
     timer.reset();
     items.reset();
-    following.clear();
+    following.Clear();
     mail.reset();
     safeMail.reset();
     body.clear();
@@ -219,7 +217,7 @@ bool RecipientLookup::DoStep() {
 }
 
 void RecipientLookup::LookAtNext() {
-    if (next > count && following.empty()) {
+    if (next > count && !following.More()) {
         EndReading();
         End();
         return;
@@ -229,8 +227,8 @@ void RecipientLookup::LookAtNext() {
         item = single ? outlook::Item(errors, items) : outlook::Selection(errors, items).Item(next);
         ++next;
     } else {
-        item = following.front();
-        following.erase(following.begin());
+        item = following.Next();
+        if (!item) return;
     }
     const std::int32_t itemClass = item.Class();
     if (inSeveral) {

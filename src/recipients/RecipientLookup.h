@@ -12,6 +12,7 @@
 #include "platform/Timer.h"
 #include "recipients/AppointmentPeople.h"
 #include "recipients/AppointmentReminders.h"
+#include "recipients/Conversation.h"
 
 namespace tellwick {
 
@@ -87,8 +88,8 @@ private:
     void Tick();
     void LendApplicationOf(const ObjectPtr& object);
 
-    ObjectPtr items;                       // a collection, or one item
-    std::vector<outlook::Item> following;  // behind those
+    ObjectPtr items;                  // a collection, or one item
+    NewestOfConversations following;  // behind those
     bool single = false;
     std::int32_t next = 1;
     std::int32_t count = 0;

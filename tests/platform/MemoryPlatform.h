@@ -370,10 +370,12 @@ public:
     std::vector<Shown> shown;
     std::deque<Answer> answers;
     std::deque<Text> inputs;
-    bool check = false;  // the user ticks the check box
+    bool check = false;            // the user ticks the check box
+    std::function<void()> onShow;  // while a box is open
 
 private:
     Answer Next(std::uint32_t flags) {
+        if (onShow) onShow();
         if (answers.empty())
             return (flags & box::ButtonMask) == box::YesNo ? Answer::Yes : Answer::Ok;
         const Answer answer = answers.front();

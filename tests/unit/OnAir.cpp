@@ -139,6 +139,18 @@ TEST_CASE("before characters get lost the user is asked, and can replace them or
     }
 }
 
+TEST_CASE("a replacement that does not fit is said to be none, and nothing is queued") {
+    OnAir form;
+    form.platform.dialogs.answers = {Answer::Yes};
+    const Text text = Text(797, u'x') + u"→→";
+    form.Type(text);
+    CHECK_FALSE(form.program.submission.ButtonSend_Click_(false, true, u"1", {}));
+    CHECK(StartsWith(form.platform.dialogs.shown.back().text,
+                     u"Mit den Ersatzzeichen wird der Text zu lang"));
+    CHECK(form.view.Message().GetText() == text);
+    CHECK(form.Registry(u"Software\\Omberline\\Tellwick\\SMSQueue", u"cOut").empty());
+}
+
 TEST_CASE("nothing is asked of digits, without the setting, or once the answer is remembered") {
     OnAir form;
     const auto asked = [&](TextView text, std::deque<Answer> answers) {

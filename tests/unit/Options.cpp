@@ -261,6 +261,18 @@ TEST_CASE("an answer to it is written when it is one, and else said to be none w
     }
 }
 
+TEST_CASE("new country codes hold at once, also in place of several") {
+    Options options;
+    options.SetSetting(u"Prefixes", u"Remove0InPrefixes", u"+49 +43");
+    options.program.formSmsSend.Open({});
+    CHECK(options.program.prefixes.GetNumber(u"(+49171)") == u"0171");
+    options.form.Show();
+    options.window.TextPrefixes().SetText(u"+41 +1");
+    options.form.ButtonOK_Click();
+    CHECK(options.program.prefixes.GetNumber(u"(+49171)") == u"+49171");
+    CHECK(options.program.prefixes.GetNumber(u"(+4179)") == u"079");
+}
+
 TEST_CASE("a click on the hint leads to the answer that stands; what was typed meanwhile stays") {
     Options options;
     options.platform.locale.country = u"DE";

@@ -120,6 +120,8 @@ TEST_CASE("GetList splits, replaces and drops as it always did") {
 // The lists are read to their first gap: the fuzz targets "numbers" and "templates".
 TEST_CASE("AddNumberToList: cells, shown items and growth") {
     OpenedForm form;
+    form.SetRegistry(Text(RootKey) + u"\\Settings", u"SaveIn", u"2");
+    form.program.inifilesLite.GetIniFile();
     form.Open();
     auto& log = form.To().items;
     RecipientField field(form.program.services, form.program.prefixes, form.program.addresses,
@@ -143,6 +145,12 @@ TEST_CASE("AddNumberToList: cells, shown items and growth") {
     field.Save();
     CHECK(form.Number(5) == u"a");
     CHECK(form.Number(6).empty());
+    // Nothing is written for the ten thousand cells without a number that a setting may want.
+    field.NumUsedNumber = 10000;
+    field.AddNumberToList(u"f");
+    field.Save();
+    CHECK(form.Number(6) == u"a");
+    CHECK(form.platform.registry.writes.size() < 100);
 }
 
 TEST_CASE("clearing the list asks, empties one key more than items, and starts anew") {

@@ -96,6 +96,25 @@ TEST_CASE("the selection window sorts, filters, adds several, removes, and write
     people.program.addresses.Release();
 }
 
+TEST_CASE(
+    "a number is taken over whole, and what a cancelled selection rewrote is no hint's matter") {
+    People people;
+    people.Add(u"Quax", u"", u"+49 171 2345678 p 12", nullptr);
+    people.program.addresses.SetApplication(people.outlook.Application());
+    people.program.formSmsSend.Open({});
+    for (const bool cancelled : {true, false}) {
+        people.program.formSmsSend.ButtonTo_Click();
+        people.selectAddressView.TextSearch().SetText(u"Quax");
+        people.program.formSmsSelectAddress.ButtonAdd_Click();
+        if (cancelled) people.program.formSmsSelectAddress.Unload();
+        if (!cancelled) people.program.formSmsSelectAddress.ButtonOK_Click();
+        people.program.recipientField.ShowPrefixHint();
+        CHECK(people.program.recipientField.PrefixHintShown() != cancelled);
+        CHECK(people.view.TextTo().GetText() == (cancelled ? u"" : u"0491712345678p12"));
+    }
+    people.program.addresses.Release();
+}
+
 TEST_CASE("the selection window looks for rows in slices, and what is chosen stays chosen") {
     People people;
     standin::AddManyContacts(people.outlook, 3000, 3);

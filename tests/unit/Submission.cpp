@@ -146,15 +146,6 @@ TEST_CASE("a click while the submission waits for the sender's window queues not
     CHECK_FALSE(form.view.Loaded());
 }
 
-TEST_CASE("a form closed while the submission waits stays closed and saved") {
-    OpenForm form;
-    form.SetRegistry(RootKey, u"hWnd", u"0");
-    form.Fill(u"1", u"zwei\r\nZeilen");
-    form.platform.messageLoop.onDoEvents = [&] { form.program.formSmsSend.Form_Close(); };
-    CHECK(form.Send());
-    CHECK(form.Setting(u"SMS", u"LastText") == u"zwei\\13\\10Zeilen");
-}
-
 TEST_CASE("a file that cannot be written is reported and queued all the same") {
     OpenForm form;
     form.platform.fileSystem.failWrites = true;
