@@ -7,33 +7,8 @@ using namespace tellwick;
 using namespace tellwick::test;
 using namespace std::string_literals;
 
-// What else stands in such files is compared with the plainest search by the fuzz targets.
-TEST_CASE("texts are found by section and key") {
-    struct Case {
-        std::string file;
-        TextView section, key, value;
-    };
-    const Case cases[] = {
-        {"[Misc]\r\nOk=fine\r\n", u"Misc", u"Ok", u"fine"},
-        {"[Misc]\r\nOk=fine\r\n", u"[Misc]", u"Ok", u"fine"},
-        {"[A]\r\nk=one\\ntwo\\tthree\\x\\\\n\r\n", u"A", u"k", u"one\rtwo\tthree\\x\\\r"},
-        {"[A]\r\nk=Gr\xFC\xDF"
-         "e \x80\x81\r\n",
-         u"A", u"k", u"Grüße €\x81"},
-        // "[=" is an entry, but only the first following line is looked at.
-        {"[A]\r\n[=1\r\nk=2\r\n[B]\r\nj=3\r\n", u"A", u"k", u"2"},
-        {"[A]\r\n[=1\r\n[=2\r\nk=3\r\n", u"A", u"k", u""},
-        {"\xEF\xBB\xBF[A]\r\nk=1", u"A", u"k", u"1"},
-    };
-    for (const Case& c : cases) {
-        CAPTURE(c.file);
-        SettingsModules m(c.file);
-        for (int search = 0; search < 3; ++search) {
-            CHECK((m.language.GetLanguageString(c.section, c.key) == c.value));
-        }
-    }
-}
-
+// What is found in all kinds of files is compared with the plainest search by the fuzz target
+// "language".
 TEST_CASE("a file that names its code page is read by it, any other by the system's") {
     const std::string word =
         "k=Wy\x9C"
