@@ -3,10 +3,7 @@
 
 #include <windows.h>
 
-#include <oleauto.h>
 #include <tlhelp32.h>
-
-#include <memory>
 
 #include "endtoend/StandIn.h"
 
@@ -39,67 +36,7 @@ std::string RunScript(const Machine& machine, const std::wstring& name) {
     return ReadBytes(output);
 }
 
-template <class Interface>
-using Pointer = std::unique_ptr<Interface, decltype([](IUnknown* held) { held->Release(); })>;
-
-// A member without arguments, by name; what has none is what every object has, by identifier.
-VARIANT Get(IDispatch* object, const wchar_t* name, DISPID identifier = DISPID_UNKNOWN) {
-    auto member = const_cast<LPOLESTR>(name);
-    if (name) object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &identifier);
-    DISPPARAMS none{};
-    VARIANT result{};
-    CHECK(object->Invoke(identifier, IID_NULL, LOCALE_USER_DEFAULT,
-                         DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, &result, nullptr,
-                         nullptr) == S_OK);
-    return result;
-}
-
 }  // namespace
-
-TEST_CASE("a collection is walked in any steps, from another process") {
-    RenewService();
-    Machine machine;
-    StandIn outlook(11);
-    outlook.Command("pump");
-    REQUIRE(SUCCEEDED(CoInitialize(nullptr)));
-    {
-        CLSID type;
-        REQUIRE(CLSIDFromProgID(L"Outlook.Application", &type) == S_OK);
-        IDispatch* created = nullptr;
-        REQUIRE(CoCreateInstance(type, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
-                                 reinterpret_cast<void**>(&created)) == S_OK);
-        const Pointer<IDispatch> application(created);
-        const Pointer<IDispatch> explorer(Get(created, L"ActiveExplorer").pdispVal);
-        const Pointer<IDispatch> folder(Get(explorer.get(), L"CurrentFolder").pdispVal);
-        const Pointer<IDispatch> items(Get(folder.get(), L"Items").pdispVal);
-        const Pointer<IUnknown> unknown(Get(items.get(), nullptr, DISPID_NEWENUM).punkVal);
-        IEnumVARIANT* found = nullptr;
-        REQUIRE(unknown->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(&found)) ==
-                S_OK);
-        const Pointer<IEnumVARIANT> first(found);
-        IEnumVARIANT* cloned = nullptr;
-
-        // How many come next of so many.
-        const auto next = [](IEnumVARIANT* from, ULONG count, HRESULT expected) {
-            VARIANT elements[8]{};
-            ULONG fetched = 0;
-            CHECK(from->Next(count, elements, &fetched) == expected);
-            for (ULONG index = 0; index < fetched; ++index) VariantClear(&elements[index]);
-            return fetched;
-        };
-        CHECK(next(found, 3, S_OK) == 3);
-        REQUIRE(found->Clone(&cloned) == S_OK);
-        const Pointer<IEnumVARIANT> second(cloned);
-        CHECK(next(found, 3, S_FALSE) == 1);
-        CHECK(next(cloned, 2, S_FALSE) == 1);
-        CHECK(cloned->Reset() == S_OK);
-        CHECK(cloned->Skip(2) == S_OK);
-        CHECK(next(cloned, 3, S_FALSE) == 2);
-        CHECK(cloned->Skip(1) == S_FALSE);
-    }
-    CoUninitialize();
-    CheckClean(outlook.Quit());
-}
 
 TEST_CASE("a macro finds the button, takes the add-in out and in, answers SMS and quits") {
     const std::string controls =
