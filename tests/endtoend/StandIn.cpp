@@ -99,11 +99,17 @@ void StandIn::ClickButton(int explorer, const std::string& caption) {
 }
 
 bool StandIn::HasBars(const std::string& explorer) {
-    const std::string mark = "<!TellwickOutlookAddIn.Connect>";
-    const bool button = Command("toolbar " + explorer).find(mark) != std::string::npos;
-    const bool entry = Command("menu " + explorer).find(mark) != std::string::npos;
-    CHECK(button == entry);
-    return button || entry;
+    const auto has = [&](const std::string& controls) {
+        for (const std::string& control : List(controls + explorer)) {
+            if (control.find("<!TellwickOutlookAddIn.Connect>") == std::string::npos) continue;
+            CHECK_MESSAGE(control.find("face=16x16") != std::string::npos, control);
+            return true;
+        }
+        return false;
+    };
+    const bool button = has("toolbar ");
+    CHECK(button == has("menu "));
+    return button;
 }
 
 StandIn::End StandIn::Quit() {

@@ -34,7 +34,7 @@ public:
     void ClickButton(int explorer, const std::string& caption);
 
     HWND Window(int explorer);
-    // Whether the add-in's button or entry is on a window's command bars.
+    // Whether the add-in's button and entry, with their pictures, are on a window's command bars.
     bool HasBars(const std::string& explorer);
 
     HANDLE Process() const { return child->Process(); }
