@@ -102,7 +102,7 @@ void EndSender() {
     CloseHandle(process);
 }
 
-Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for Outlook\\") {
+Machine::Machine() : programFolder(L"C:\\Tellwick for Outlook\\") {
     REQUIRE(GetACP() == 1252);
     EndSender();
     DeleteKey(RootKey);
@@ -113,7 +113,7 @@ Machine::Machine(const std::string& language) : programFolder(L"C:\\Tellwick for
         fs::remove_all(folder);
         fs::create_directories(folder);
     }
-    WriteBytes(SettingsFile(), "[Settings]\r\nLanguage=" + language + "\r\n");
+    WriteBytes(SettingsFile(), "[Settings]\r\nLanguage=Deutsch\r\n");
     // Where the tests' settings say so, the library that stops at undefined behaviour.
     const std::wstring library = L"TellwickOutlookAddIn.dll";
     fs::copy(BuildFolder() + (_wgetenv(L"TELLWICK_CHECKED") ? L"checked\\" : L"") + library,

@@ -36,11 +36,11 @@ bool Run(const std::wstring& commandLine);
 // Ends the sender application if it runs.
 void EndSender();
 
-// A clean user who works in that language, with the add-in installed in a folder of its own and
+// A clean user who works in German, with the add-in installed in a folder of its own and
 // registered.
 class Machine {
 public:
-    explicit Machine(const std::string& language = "Deutsch");
+    Machine();
     ~Machine();
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
