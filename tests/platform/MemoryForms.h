@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "compose/FormOptionsView.h"
@@ -93,6 +94,13 @@ public:
     Text Item(std::int32_t index) const override { return items.at(std::size_t(index)); }
     std::int32_t SelectedIndex() const override { return selected; }
     void SetSelectedIndex(std::int32_t index) override { selected = index; }
+    // The user chooses the first item that begins so.
+    void ChooseItem(TextView beginning) {
+        const auto found = std::ranges::find_if(
+            items, [&](const Text& item) { return StartsWith(item, beginning); });
+        if (found == items.end()) throw std::out_of_range("no such item");
+        selected = std::int32_t(found - items.begin());
+    }
     std::vector<Text> items;
     std::int32_t selected = -1;
 };

@@ -35,8 +35,6 @@ struct HostRibbon : standin::RibbonAddIn {
     std::function<void(const std::function<void()>&)> around = [](const auto& call) { call(); };
 };
 
-inline constexpr TextView QueueKey = u"Software\\Omberline\\Tellwick\\SMSQueue";
-
 // A program in an Outlook of some version, which has one window unless told otherwise.
 struct Host : TestProgram {
     explicit Host(std::int32_t version = 11, bool window = true)
@@ -70,12 +68,6 @@ struct Host : TestProgram {
             outlook.AddItem(outlook::MailClass, {{u"SentOnBehalfOfName", sender}, {u"Body", body}});
         sms->SetUserProperty(u"IsSMS", true);
         return sms;
-    }
-    // The sender application runs.
-    void StartSender() {
-        platform.programs.paths = {u"C:\\Tellwick.exe"};
-        SetRegistry(RootKey, u"On", u"1");
-        SetRegistry(RootKey, u"hWnd", u"4711");
     }
     bool Send(std::deque<Answer> answers = {}) {
         platform.dialogs.answers = std::move(answers);

@@ -9,6 +9,8 @@
 
 namespace tellwick::test {
 
+inline constexpr TextView QueueKey = u"Software\\Omberline\\Tellwick\\SMSQueue";
+
 struct TestProgram {
     MemoryPlatform platform;
     MemoryFormSmsSendView view;
@@ -32,6 +34,12 @@ struct TestProgram {
     }
     void SetRegistry(TextView key, TextView name, TextView value) {
         platform.registry.WriteString(Hive::CurrentUser, key, name, value);
+    }
+    // The sender application runs, switched on and listening.
+    void StartSender() {
+        platform.programs.paths = {u"C:\\Tellwick.exe"};
+        SetRegistry(RootKey, u"On", u"1");
+        SetRegistry(RootKey, u"hWnd", u"4711");
     }
     // Also begins the trace's file.
     void SwitchTraceOn() {

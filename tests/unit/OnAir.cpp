@@ -105,9 +105,7 @@ TEST_CASE("before characters get lost the user is asked, and can replace them or
            u"абвгдежзийкл"}}) {
         CAPTURE(Text(c.text));
         OnAir form;
-        form.SetRegistry(RootKey, u"hWnd", u"4711");
-        form.platform.programs.paths = {u"C:\\Tellwick.exe"};
-        form.SetRegistry(RootKey, u"On", u"1");
+        form.StartSender();
         form.view.TextTo().SetText(u"1");
         form.Type(c.text);
         form.platform.dialogs.answers = c.answers;
@@ -148,7 +146,7 @@ TEST_CASE("a replacement that does not fit is said to be none, and nothing is qu
     CHECK(StartsWith(form.platform.dialogs.shown.back().text,
                      u"Mit den Ersatzzeichen wird der Text zu lang"));
     CHECK(form.view.Message().GetText() == text);
-    CHECK(form.Registry(u"Software\\Omberline\\Tellwick\\SMSQueue", u"cOut").empty());
+    CHECK(form.Registry(QueueKey, u"cOut").empty());
 }
 
 TEST_CASE("nothing is asked of digits, without the setting, or once the answer is remembered") {
@@ -242,11 +240,7 @@ TEST_CASE("the preview replaces what it is told to, and one undo brings all of i
     form.view.Message().Select(4, 0);
     CHECK(form.program.formSmsSend.Form_KeyDown(u'P', key::Control));
     const auto choose = [&](TextView character) {
-        MemoryListBox& list = form.previewView.ListCharacters();
-        const auto row = std::find_if(list.items.begin(), list.items.end(), [&](const Text& item) {
-            return StartsWith(item, character);
-        });
-        list.selected = std::int32_t(row - list.items.begin());
+        form.previewView.ListCharacters().ChooseItem(character);
         preview.ListCharacters_Click();
     };
     choose(u"ж");

@@ -35,12 +35,6 @@ struct Options : TestProgram {
 Text Chosen(const MemoryListBox& box) {
     return box.Item(box.selected);
 }
-void Choose(MemoryListBox& box, TextView item) {
-    const auto found = std::find(box.items.begin(), box.items.end(), item);
-    REQUIRE(found != box.items.end());
-    box.selected = std::int32_t(found - box.items.begin());
-}
-
 using TwoTexts = std::pair<TextView, TextView>;
 
 }  // namespace
@@ -119,9 +113,9 @@ TEST_CASE("OK writes what was changed, at once, and the SMS form follows") {
     options.form.CheckStoreNumbers_Click();
     CHECK_FALSE(options.window.TextNumUsedNumber().Enabled());
     CHECK_FALSE(options.window.LabelNumUsedNumber().Enabled());
-    Choose(options.window.BoxFont(), u"Arial");
-    Choose(options.window.BoxFontSize(), u"12");
-    Choose(options.window.BoxLanguage(), u"Français");
+    options.window.BoxFont().ChooseItem(u"Arial");
+    options.window.BoxFontSize().ChooseItem(u"12");
+    options.window.BoxLanguage().ChooseItem(u"Français");
     options.window.CheckAirCount().SetChecked(false);
     options.window.CheckAskLostCharacters().SetChecked(false);
     const int writes = options.platform.fileSystem.writes;

@@ -8,14 +8,10 @@ using namespace tellwick::test;
 
 namespace {
 
-constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-
 // A form that is open, with the sender application running, switched on and listening.
 struct OpenForm : TestProgram {
     OpenForm() {
-        platform.programs.paths = {u"C:\\Program Files\\Tellwick\\TELLWICK.EXE"};
-        SetRegistry(RootKey, u"On", u"1");
-        SetRegistry(RootKey, u"hWnd", u"4711");
+        StartSender();
         program.formSmsSend.Open({});
     }
     void Fill(TextView recipient, TextView text) {
@@ -24,7 +20,7 @@ struct OpenForm : TestProgram {
     }
     bool Send() { return program.submission.ButtonSend_Click_(false, true, {}, {}); }
     std::string QueuedFile(TextView number) {
-        return platform.fileSystem.Read(Registry(Queue, number)).value_or("(missing)");
+        return platform.fileSystem.Read(Registry(QueueKey, number)).value_or("(missing)");
     }
 };
 
@@ -38,7 +34,7 @@ TEST_CASE("a submission writes file, entry and counter and tells the sender") {
         CHECK(form.QueuedFile(u"1") ==
               "+491701; +431\tGr\xFC\xDF"
               "e\tan\r\nalle");
-        CHECK(form.Registry(Queue, u"cOut") == u"1");
+        CHECK(form.Registry(QueueKey, u"cOut") == u"1");
         CHECK(form.platform.messageLoop.posted ==
               std::vector<MemoryMessageLoop::Posted>{{4711, 0x101, 0, 0}});
         CHECK_FALSE(form.view.Loaded());
@@ -61,7 +57,7 @@ TEST_CASE("what fails leaves a form that can still send, and sends once") {
     SUBCASE("before it is queued") {
         form.platform.fileSystem.onCreateTempFile = [] { throw std::bad_alloc(); };
         CHECK_THROWS_AS(form.Send(), std::bad_alloc);
-        CHECK(form.Registry(Queue, u"1").empty());
+        CHECK(form.Registry(QueueKey, u"1").empty());
         form.platform.fileSystem.onCreateTempFile = nullptr;
         CHECK(form.Send());
     }
@@ -71,7 +67,7 @@ TEST_CASE("what fails leaves a form that can still send, and sends once") {
         CHECK(form.Send());
     }
     CHECK(form.QueuedFile(u"1") == "1\tx");
-    CHECK(form.Registry(Queue, u"2").empty());
+    CHECK(form.Registry(QueueKey, u"2").empty());
     CHECK_FALSE(form.view.Loaded());
 }
 
@@ -87,20 +83,20 @@ TEST_CASE("an empty recipient or text is refused, and the form stays busy") {
               form.program.language.TextOrBuiltIn(u"FormSmsSend", told));
         CHECK(form.platform.dialogs.shown.back().flags == box::IconInformation);
         CHECK((recipient.empty() ? form.view.TextTo().HasFocus() : form.view.Message().HasFocus()));
-        CHECK(form.Registry(Queue, u"cOut").empty());
+        CHECK(form.Registry(QueueKey, u"cOut").empty());
         CHECK(form.view.Loaded());
         // Still busy: neither a second submission nor the close button does anything.
         form.Fill(u"1", u"x");
         CHECK(form.Send());
         form.program.formSmsSend.ButtonOK_Click();
         CHECK(form.view.Loaded());
-        CHECK(form.Registry(Queue, u"cOut").empty());
+        CHECK(form.Registry(QueueKey, u"cOut").empty());
     }
     // Initialised anew, it works again.
     form.program.formSmsSend.Open({});
     form.Fill(u"1", u"x");
     CHECK(form.Send());
-    CHECK(form.Registry(Queue, u"cOut") == u"1");
+    CHECK(form.Registry(QueueKey, u"cOut") == u"1");
 }
 
 TEST_CASE("the number is remembered before the tests for emptiness, unless switched off") {
@@ -128,31 +124,13 @@ TEST_CASE("a submission by key takes the line break before the caret back") {
     }
 }
 
-TEST_CASE("a click while the submission waits for the sender's window queues nothing") {
-    OpenForm form;
-    form.SetRegistry(RootKey, u"hWnd", u"0");
-    form.Fill(u"1", u"x");
-    int clicks = 0;
-    form.platform.messageLoop.onDoEvents = [&] {
-        if (++clicks == 3) CHECK(form.Send());
-        if (clicks == 4) form.program.formSmsSend.ButtonOK_Click();
-        CHECK(form.view.Loaded());
-    };
-    CHECK(form.Send());
-    CHECK(clicks == 50);
-    CHECK(form.platform.messageLoop.slept == 50 * 50);
-    CHECK(form.Registry(Queue, u"cOut") == u"1");
-    CHECK(form.platform.messageLoop.posted.empty());
-    CHECK_FALSE(form.view.Loaded());
-}
-
 TEST_CASE("a file that cannot be written is reported and queued all the same") {
     OpenForm form;
     form.platform.fileSystem.failWrites = true;
     form.Fill(u"1", u"x");
     CHECK(form.Send());
     CHECK(StartsWith(form.platform.dialogs.shown.back().text, u"Error writing file: "));
-    CHECK(form.Registry(Queue, u"cOut") == u"1");
+    CHECK(form.Registry(QueueKey, u"cOut") == u"1");
     CHECK(form.platform.messageLoop.posted.size() == 1);
 }
 

@@ -9,8 +9,6 @@ using namespace tellwick::test;
 
 namespace {
 
-constexpr TextView Queue = u"Software\\Omberline\\Tellwick\\SMSQueue";
-
 enum Wait { ForKey, ForSender, ForReply };
 enum Event { SecondClick, Escape, Quit, Disconnection };
 
@@ -23,8 +21,7 @@ TEST_CASE("what comes while somebody waits is done once, and nothing typed is lo
             CAPTURE(event);
             Host host;
             host.InstallRedemption();
-            host.platform.programs.paths = {u"C:\\Tellwick.exe"};
-            host.SetRegistry(RootKey, u"On", u"1");
+            host.StartSender();
             host.SetRegistry(RootKey, u"hWnd", u"0");
             host.Connect();
             const auto sms = host.AddSms(u"+491701234567", u"question");
@@ -45,7 +42,8 @@ TEST_CASE("what comes while somebody waits is done once, and nothing typed is lo
             CHECK(come);
             CHECK(host.platform.dialogs.shown.empty());
             const bool sent = wait == ForSender || event == SecondClick;
-            CHECK(host.Registry(Queue, u"cOut") == (sent ? u"1" : u""));
+            CHECK(host.Registry(QueueKey, u"cOut") == (sent ? u"1" : u""));
+            CHECK(host.platform.messageLoop.posted.empty());
             CHECK(host.Setting(u"SMS", u"LastText") == u"typed");
             CHECK_FALSE(host.view.Loaded());
         }
@@ -57,8 +55,7 @@ TEST_CASE("nobody waits longer because contacts of a slow store are being read")
         double taken[2] = {};
         for (const bool reading : {false, true}) {
             Host host(16);
-            host.platform.programs.paths = {u"C:\\Tellwick.exe"};
-            host.SetRegistry(RootKey, u"On", u"1");
+            host.StartSender();
             host.SetRegistry(RootKey, u"hWnd", u"0");
             host.Connect();
             standin::AddManyContacts(host.outlook, 5000, 5);

@@ -13,15 +13,7 @@ using namespace tellwick::test;
 
 namespace {
 
-struct MemorySettingsView : FormSettingsView {
-    bool Load() override { return SetLoaded(true); }
-    bool Loaded() const override { return loaded; }
-    void Show() override {}
-    void Unload() override { SetLoaded(false); }
-    FormPlace Place() const override { return {}; }
-    void SetPlace(const FormPlace&, bool) override {}
-    void SetCaption(TextView) override {}
-    void ForEachControl(const std::function<void(TextView, Control&)>&) override {}
+struct MemorySettingsView : MemoryFormView<FormSettingsView> {
     FormSettingsFields Fields() override {
         return {modem,  gateway,  port,   baudrate, parity, stopbits, rts,    ownCentre,
                 centre, flash,    report, validity, longs,  address,  method, kannel,
@@ -31,23 +23,17 @@ struct MemorySettingsView : FormSettingsView {
     std::vector<Text> Ports() override { return {u"COM1", u"COM10"}; }
     void Tell(TextView text) override { told.emplace_back(text); }
     void SetEvents(FormSettingsEvents&) override {}
-    bool SetLoaded(bool now) {
-        for (MemoryTextBox* box : {&centre, &address, &user, &password, &answer, &most, &number}) {
-            box->loaded = now;
-        }
-        return loaded = now;
-    }
-    void Choose(MemoryListBox& box, TextView item) {
-        const auto found = std::find(box.items.begin(), box.items.end(), item);
-        REQUIRE(found != box.items.end());
-        box.selected = std::int32_t(found - box.items.begin());
-    }
 
-    MemoryCheckBox modem, gateway, rts, ownCentre, flash, report, store;
-    MemoryListBox port, baudrate, parity, stopbits, validity, longs, method;
-    MemoryTextBox centre, address, user, password, answer, most, number;
-    MemoryControl kannel, state, fixed;
-    bool loaded = false;
+    MemoryCheckBox &modem = Own(u"modem"), &gateway = Own(u"gateway"), &rts = Own(u"rts"),
+                   &ownCentre = Own(u"ownCentre"), &flash = Own(u"flash"), &report = Own(u"report"),
+                   &store = Own(u"store");
+    MemoryListBox &port = Own(u"port"), &baudrate = Own(u"baudrate"), &parity = Own(u"parity"),
+                  &stopbits = Own(u"stopbits"), &validity = Own(u"validity"),
+                  &longs = Own(u"longs"), &method = Own(u"method");
+    MemoryTextBox &centre = Own(u"centre"), &address = Own(u"address"), &user = Own(u"user"),
+                  &password = Own(u"password"), &answer = Own(u"answer"), &most = Own(u"most"),
+                  &number = Own(u"number");
+    MemoryControl &kannel = Own(u"kannel"), &state = Own(u"state"), &fixed = Own(u"fixed");
     bool gatewayShown = false;
     std::vector<Text> told;
 };
@@ -92,15 +78,15 @@ TEST_CASE("what is chosen is kept where the sender reads it, and used at once; t
     CHECK(desk.Settings() == "[Settings]\r\nComPort=COM7\r\nBaudrate=300\r\nOther=1\r\n");
 
     desk.form.Show();
-    view.Choose(view.port, u"COM10");
-    view.Choose(view.baudrate, u"115200");
-    view.Choose(view.validity, u"2 days");
-    view.Choose(view.longs, u"several SMS");
+    view.port.ChooseItem(u"COM10");
+    view.baudrate.ChooseItem(u"115200");
+    view.validity.ChooseItem(u"2 days");
+    view.longs.ChooseItem(u"several SMS");
     view.rts.checked = view.report.checked = view.ownCentre.checked = true;
     view.centre.SetText(u"+49 (171) 076-0000");
     view.most.SetText(u"20");
     desk.form.ButtonOK_Click();
-    CHECK_FALSE(view.loaded);
+    CHECK_FALSE(view.Loaded());
     CHECK(desk.applied == 2);
     const SenderSettings kept = desk.Kept();
     CHECK(kept.serial == SerialSettings{u"COM10", 115200, 0, 0, true});
@@ -140,12 +126,12 @@ TEST_CASE("what cannot be used is shown and explained, and nothing is kept until
         desk.form.ButtonOK_Click();
         CHECK(view.told.size() == 1);
         CHECK(MemoryControl::focus == &field);
-        CHECK(view.loaded);
+        CHECK(view.Loaded());
         CHECK(desk.Settings() == Broken);
         correct();
     };
-    refused(view.baudrate, [&] { view.Choose(view.baudrate, u"9600"); });
-    refused(view.parity, [&] { view.Choose(view.parity, u"none"); });
+    refused(view.baudrate, [&] { view.baudrate.ChooseItem(u"9600"); });
+    refused(view.parity, [&] { view.parity.ChooseItem(u"none"); });
     CHECK(view.centre.text == u"abc");
     refused(view.centre, [&] { view.centre.SetText(u"+49171"); });
     CHECK(view.most.text == u"many");
@@ -162,17 +148,17 @@ TEST_CASE("what cannot be used is shown and explained, and nothing is kept until
     view.told.clear();
     desk.form.ButtonOK_Click();
     CHECK(view.told == std::vector<Text>{u"The settings could not be saved."});
-    CHECK(view.loaded);
+    CHECK(view.Loaded());
     CHECK(desk.applied == 0);
     desk.secrets.works = true;
     desk.form.ButtonOK_Click();
-    CHECK_FALSE(view.loaded);
+    CHECK_FALSE(view.Loaded());
     CHECK(desk.applied == 1);
 }
 
 TEST_CASE("the test SMS goes out with the settings as they are entered, to a number only") {
     Desk desk("[x]\r\n");
-    desk.view.Choose(desk.view.port, u"COM1");
+    desk.view.port.ChooseItem(u"COM1");
     desk.form.ButtonTest_Click();
     CHECK(desk.view.told.size() == 1);
     CHECK(MemoryControl::focus == &desk.view.number);
@@ -181,7 +167,7 @@ TEST_CASE("the test SMS goes out with the settings as they are entered, to a num
     CHECK(desk.sent == std::vector<Text>{u"0171"});
     CHECK(desk.Kept().serial.port == u"COM1");
     CHECK(desk.view.state.caption == u"sent");
-    CHECK(desk.view.loaded);
+    CHECK(desk.view.Loaded());
 }
 
 TEST_CASE("a gateway that an administrator has fixed is used, and grey") {
