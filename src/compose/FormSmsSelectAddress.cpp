@@ -292,7 +292,7 @@ void FormSmsSelectAddress::ButtonAdd_Click() {
     Procedure procedure{debug, u"ButtonAdd_Click"};
     std::vector<std::size_t> chosenRows = view.ListAddresses().ChosenRows();
     if (chosenRows.empty()) {
-        while (FillRows(Slice)) {
+        while (rows.Shown().size() < 2 && FillRows(Slice)) {
         }
         if (rows.Shown().size() == 1) chosenRows.push_back(0);
     }
