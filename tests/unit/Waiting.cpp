@@ -76,5 +76,6 @@ TEST_CASE("nobody waits longer because contacts of a slow store are being read")
         }
         CHECK(taken[true] == taken[false]);
         CHECK(taken[true] <= 2500);
+        CHECK((wait == ForReply || taken[true] == 2500));  // no sooner for the sender
     }
 }
