@@ -10,6 +10,8 @@ Program::Program(const Platform& platform, FormSmsSendView& formSmsSendView,
                  FormOptionsView& formOptionsView, FormSmsPreviewView& formSmsPreviewView,
                  FormSupportView& formSupportView)
     : errors(platform.errors),
+      clock(platform.clock),
+      timers(platform.timers),
       messageBoxes(platform.dialogs),
       errorBoxes(messageBoxes),
       debug(errors, platform.registry, errorBoxes, platform.fileSystem, platform.clock,
@@ -112,7 +114,7 @@ std::shared_ptr<OutlookAddIn> Program::CreateOutlookAddIn() {
     };
     const auto createExplorer = [this, openSms] {
         return std::make_shared<cOlExplorer>(errors, debug, language, olButtons, formT1, smsReply,
-                                             processValues, ribbon, openSms);
+                                             processValues, ribbon, clock, timers, openSms);
     };
     auto created =
         std::make_shared<OutlookAddIn>(errors, debug, regEdit, iniFile, addresses, recipientLookup,

@@ -76,6 +76,8 @@ public:
     std::shared_ptr<OutlookAddIn> CreateOutlookAddIn();
 
     PendingError& errors;
+    Clock& clock;
+    Timers& timers;
     ProcessValues processValues;
     MessageBoxes messageBoxes;
     ErrorBoxes errorBoxes;

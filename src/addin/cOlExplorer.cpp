@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "addin/Ribbon.h"
+#include "platform/Clock.h"
 #include "platform/Outlook.h"
 #include "platform/OutlookEvents.h"
 #include "platform/Product.h"
-#include "recipients/Conversation.h"
 #include "settings/Debug.h"
 #include "settings/LanguageTexts.h"
 
@@ -19,6 +19,9 @@ constexpr TextView MenuBar = u"Menu Bar";
 constexpr std::int32_t ButtonIdentifier = 101;
 constexpr std::int32_t NoFace = -1;
 constexpr std::int32_t FirstWithDeferredSetUp = 10;  // Outlook 2002
+// Milliseconds.
+constexpr double Slice = 5;
+constexpr std::uint32_t Interval = 20;
 
 Text CaptionOr(LanguageTexts& language, TextView key, TextView other) {
     const Text caption = language.GetLanguageString(ComponentTitle, key);
@@ -33,8 +36,10 @@ Text ButtonCaption(LanguageTexts& language) {
 
 cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language,
                          OlButtons& olButtons, FormT1& formT1, SmsReply& smsReply,
-                         const ProcessValues& processValues, Ribbon& ribbon, SmsOpener openSms)
-    : errors(errors),
+                         const ProcessValues& processValues, Ribbon& ribbon, Clock& clock,
+                         Timers& timers, SmsOpener openSms)
+    : conversation(errors),
+      errors(errors),
       debug(debug),
       language(language),
       olButtons(olButtons),
@@ -42,6 +47,8 @@ cOlExplorer::cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& lang
       smsReply(smsReply),
       processValues(processValues),
       ribbon(ribbon),
+      clock(clock),
+      timers(timers),
       openSms(std::move(openSms)) {}
 
 void cOlExplorer::OpenItem(const ObjectPtr& explorer, TextView progId, TextView tag) {
@@ -87,18 +94,39 @@ void cOlExplorer::objExplorer_SelectionChange() {
     if (processValues.outlookVersion >= FirstWithDeferredSetUp && !bMenusSet) {
         SetMenus(objExplorer.Reference());
     }
-    objMailItem.Clear();
+    ForgetSelected();
     const auto selection = outlook::Explorer(errors, objExplorer.Reference()).Selection();
     if (selection.Count() != 0) {
         smsReply.Follow(objMailItem, selection.Item(1), SmsReply::Place::Explorer);
     } else if (processValues.outlookVersion >= FirstWithConversations) {
-        NewestOfConversations newest(errors);
-        newest.Begin(selection, 1);
-        while (newest.More()) {
-            if (const outlook::Item mail = newest.Next())
-                smsReply.Follow(objMailItem, mail, SmsReply::Place::Explorer);
-        }
+        conversation.Begin(selection, 1);
+        FollowConversation();
     }
+}
+
+// Who replies has seen the mail before.
+void cOlExplorer::FollowConversation() {
+    const double end = clock.Milliseconds() + Slice;
+    while (conversation.More() && clock.Milliseconds() < end) {
+        if (const outlook::Item mail = conversation.Next())
+            smsReply.Follow(objMailItem, mail, SmsReply::Place::Explorer);
+    }
+    if (!conversation.More()) {
+        conversation.Clear();
+        timer.reset();
+    } else if (!timer) {
+        timer = timers.Create();
+        timer->Start(Interval, [weak = weak_from_this()] {
+            const auto self = weak.lock();
+            if (self) self->debug.Guarded([&] { self->FollowConversation(); });
+        });
+    }
+}
+
+void cOlExplorer::ForgetSelected() {
+    timer.reset();
+    conversation.Clear();
+    objMailItem.Clear();
 }
 
 void cOlExplorer::CompleteMenus() {
@@ -177,7 +205,7 @@ void cOlExplorer::objExplorer_Close() {
     bMenusSet = false;
     ButtonSMSNew.Clear();
     MenuSMSNew.Clear();
-    objMailItem.Clear();
+    ForgetSelected();
     objExplorer.Clear();
 }
 

@@ -9,9 +9,12 @@
 #include "addin/SmsReply.h"
 #include "platform/Object.h"
 #include "platform/ProcessValues.h"
+#include "platform/Timer.h"
+#include "recipients/Conversation.h"
 
 namespace tellwick {
 
+class Clock;
 class Debug;
 class LanguageTexts;
 class Ribbon;
@@ -24,7 +27,7 @@ class cOlExplorer : public MenuRequester, public std::enable_shared_from_this<cO
 public:
     cOlExplorer(PendingError& errors, Debug& debug, LanguageTexts& language, OlButtons& olButtons,
                 FormT1& formT1, SmsReply& smsReply, const ProcessValues& processValues,
-                Ribbon& ribbon, SmsOpener openSms);
+                Ribbon& ribbon, Clock& clock, Timers& timers, SmsOpener openSms);
 
     // True from the initialisation until the window's Close.
     bool bOpen = false;
@@ -62,6 +65,8 @@ private:
     void OnExplorerEvent(std::int32_t event);
     void objExplorer_Activate();
     void objExplorer_SelectionChange();
+    void FollowConversation();
+    void ForgetSelected();
     void ButtonSMSNew_Click(std::vector<Value>& arguments);
     void MenuSMSNew_Click(std::vector<Value>& arguments);
     void Click(std::vector<Value>& arguments);
@@ -69,7 +74,9 @@ private:
                     ClickHandler handler);
 
     SunkObject objExplorer;
-    SunkObject objMailItem;  // the first selected item, when that is a mail
+    SunkObject objMailItem;              // the first selected item, when that is a mail
+    NewestOfConversations conversation;  // else that of the selected one
+    std::unique_ptr<Timer> timer;        // while it is looked for
     SunkObject ButtonSMSNew;
     SunkObject MenuSMSNew;
     bool bMenusSet = false;
@@ -84,6 +91,8 @@ private:
     SmsReply& smsReply;
     const ProcessValues& processValues;
     Ribbon& ribbon;
+    Clock& clock;
+    Timers& timers;
     SmsOpener openSms;
 };
 

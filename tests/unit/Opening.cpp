@@ -58,7 +58,9 @@ TEST_CASE("the form opens within 100 ms whatever is selected and known, and find
                 if (selected == ManyMails) {
                     host.outlook.Select(host.first, mails);
                 } else {
+                    const double before = host.platform.clock.milliseconds;
                     host.outlook.SelectConversation(host.first, mails);
+                    CHECK(host.platform.clock.milliseconds - before < 16);
                 }
                 recipients = u"017199";  // of the hundred that are looked at the newest
             }
