@@ -52,8 +52,10 @@ TEST_CASE("the form opens within 100 ms whatever is selected and known, and find
                 while (body.size() < 0x100000) body += u"morgen um zehn im Haus am Markt, ";
                 host.outlook.Select(host.first, {host.Mail(u"", body + u"Zoe Quax")});
             } else {
+                constexpr int Mails = 1000;
                 std::vector<std::shared_ptr<standin::Item>> mails;
-                for (int mail = 0; mail < 1000; ++mail)
+                mails.reserve(Mails);
+                for (int mail = 0; mail < Mails; ++mail)
                     mails.push_back(host.Mail(u"0171" + NumberText(mail), u""));
                 if (selected == ManyMails) {
                     host.outlook.Select(host.first, mails);
