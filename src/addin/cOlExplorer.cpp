@@ -104,7 +104,7 @@ void cOlExplorer::objExplorer_SelectionChange() {
     }
 }
 
-// Who replies has seen the mail before.
+// In slices: Outlook waits for the event's end, and nobody replies before he has read the mail.
 void cOlExplorer::FollowConversation() {
     const double end = clock.Milliseconds() + Slice;
     while (conversation.More() && clock.Milliseconds() < end) {

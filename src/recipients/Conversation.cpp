@@ -22,7 +22,7 @@ void NewestOfConversations::Begin(const outlook::Selection& selection, std::int3
 }
 
 outlook::Item NewestOfConversations::Next() {
-    Place now = at;  // Outlook may end meanwhile, and Clear
+    Place now = at;
     if (!now.mails) {
         const auto header =
             outlook::Collection<outlook::View>(errors, now.headers).Item(now.conversation + 1);
@@ -44,7 +44,9 @@ outlook::Item NewestOfConversations::Next() {
         newest = now.last;
         now = {now.headers, now.conversations, now.conversation + 1, {}, {}};
     }
-    if (More()) at = std::move(now);
+    // Outlook may have ended, or something else been selected, within one of the calls.
+    if (at.headers != now.headers) return {errors, nullptr};
+    at = std::move(now);
     return {errors, newest};
 }
 

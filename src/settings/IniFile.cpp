@@ -68,6 +68,7 @@ IniFile::Held IniFile::Load(TextView file) {
     const std::int64_t length = fileSystem.Length(file);
     if (length >= maxSize) return Held::TooBig;
     DropCache();
+    // What is not there is looked for once: Outlook's start waits for that.
     cacheTime = length < 0 ? 0 : fileSystem.ModifiedTime(file);
     if (length > 0) {
         std::optional<std::string> contents = fileSystem.Read(file);

@@ -134,6 +134,27 @@ TEST_CASE("of a conversation that is selected the newest mail counts") {
     }
 }
 
+TEST_CASE("a conversation that is selected while another is looked through takes its place") {
+    ReplyHost host(16, false);
+    const auto before = host.AddSms(u"+4917123456", u"before");
+    const auto now = host.AddSms(u"+4917234567", u"now");
+    host.platform.clock.step = 2;  // every look at the clock: one mail a slice
+    bool selects = false;
+    host.outlook.failUse = [&](TextView, TextView member) {
+        if (member == u"ReceivedTime" && std::exchange(selects, false))
+            host.outlook.SelectConversation(host.first, {now, host.AddSms(u"", u"")});
+        return false;
+    };
+    for (const bool within : {false, true}) {
+        host.outlook.SelectConversation(host.first, {before, before, before});
+        selects = within;
+        while (host.platform.timers.Tick() != 0) {
+        }
+        CAPTURE(within);
+        CHECK(host.outlook.PressReply(before) == within);
+    }
+}
+
 TEST_CASE("a field that does not keep the recipient gets it by way of the list") {
     ReplyHost host;
     const auto sms = host.AddSms(u"+491701234567", u"Hello");
