@@ -2,6 +2,7 @@
 #include <doctest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "carrier/Modem.h"
 #include "delivery/PinKeeper.h"
@@ -44,6 +45,7 @@ struct Desk : BytePort, CarrierListener, ModemListener {
             const char last = written[end];
             const std::string line = written.substr(0, end);
             written.erase(0, end + 1);
+            if (std::exchange(taking, taking && last != '\x1B')) continue;
             if (last == '\x1A') units.push_back(line);
             if (last == '\r') commands.push_back(line);
             if (echo) modem.Received(line + (last == '\r' ? "\r" : "\x1A\r\n"));
@@ -93,6 +95,7 @@ struct Desk : BytePort, CarrierListener, ModemListener {
     std::vector<Text> arrived;
     std::size_t unsent = 0;
     bool echo = false, durable = true;
+    bool taking = false;  // what comes for the text of an SMS
 };
 
 }  // namespace
@@ -156,6 +159,16 @@ TEST_CASE("what a modem's answer means for an SMS") {
         desk.Send(u"y");
         CHECK(desk.outcomes.back().kind == Kind::Sent);
     }
+}
+
+TEST_CASE("a modem that waits for the text of a program that has ended sends what comes next") {
+    Desk desk;
+    desk.taking = true;
+    desk.Start();
+    desk.Pass(10);
+    desk.Send(u"x");
+    REQUIRE(desk.outcomes.size() == 1);
+    CHECK(desk.outcomes[0].kind == Kind::Sent);
 }
 
 TEST_CASE("unplugged at every byte: unsure only when the unit may be out") {
