@@ -89,8 +89,11 @@ def send():
 def wait_for_modem():
     windows = Windows({'Settings': {'ComPort': 'COM5', 'Baudrate': 115200}})
     modem = Modem(windows)
+    modem.play('unplug')
     queue(windows, BY_MODEM)
     windows.start('nocheck')
+    time.sleep(5)  # until all that Wine starts along has started
+    modem.play('plug')
     assert wait_until(lambda: len(modem.lines('SUBMIT')) == BY_MODEM, PATIENCE)
     waits = sorted(int(wait) / 1000 for wait in modem.lines('NEXT'))
     print(f"a modem's wait from its answer to the next command: median {waits[len(waits) // 2]:.1f} "

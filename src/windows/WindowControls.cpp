@@ -71,7 +71,7 @@ bool WindowControl::Visible() const {
 
 void WindowControl::SetVisible(bool visible) {
     if (visible) Need();
-    if (!window) return;
+    if (!window || (visible && Visible())) return;
     ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
     HearMnemonic(visible);
 }
