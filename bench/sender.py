@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """The sender's figures, with Kannel and the stand-in modem: bench/sender.py, with TELLWICK_BITS."""
 
-import contextlib
 import glob
 import os
 import re
@@ -18,15 +17,6 @@ SENT = 2000
 BY_MODEM = 50
 SHOWN = 100000
 PATIENCE = 300  # seconds
-
-
-@contextlib.contextmanager
-def one_processor():
-    """What is started within shares one with Wine's server: see tools/bench."""
-    allowed = os.sched_getaffinity(0)
-    os.sched_setaffinity(0, {max(allowed)})
-    yield
-    os.sched_setaffinity(0, allowed)
 
 
 def seconds_until(condition, began, pause):
@@ -51,7 +41,6 @@ def queue(windows, count):
                    capture_output=True)
 
 
-@one_processor()
 def take():
     # Without a modem nothing is sent, and the spool fills.
     windows = Windows({})
@@ -72,7 +61,6 @@ def take():
     windows.end('/f')
 
 
-@one_processor()
 def send():
     kannel = Kannel()
     windows = Windows(kannel.settings() | {'SMS': {'MaxSentSMS': 99999}})

@@ -77,8 +77,8 @@ void AtDialogue::AskWithUnit(std::string newCommand, std::string newUnit,
     done = std::move(newDone);
     timer->Start(milliseconds, [this] {
         answer.unitOut = unitWritten;
-        // A modem that waits for a unit, be it that of a program which has ended within its command,
-        // is not to take the next command for it.
+        // A modem that waits for a unit, be it that of a program which has ended within its
+        // command, is not to take the next command for it.
         if (!unitWritten && port) port->Write(GiveUp);
         Finish(AtAnswer::Final::Silence);
     });

@@ -23,8 +23,10 @@ constexpr std::int32_t FirstUnread = 50;  // so many keys less one are ever read
 constexpr std::int32_t AskClear = 52;
 constexpr std::uint32_t AskClearStyle = QuestionBox::AffirmativeIsOne | box::YesNo;
 constexpr std::int32_t LongestList = 10000;  // whatever the setting says
-constexpr std::size_t RowsAtOnce = 200;      // of the match list, filled when they come near
+// Of the match list, which is built with each key: what is behind is filled when it comes near.
 constexpr std::size_t MostRowsShown = 10;
+constexpr std::size_t FirstRows = 4 * MostRowsShown;
+constexpr std::size_t MoreRows = 200;
 
 Text NumberKey(std::int32_t position) {
     return u"Number" + NumberText(position);
@@ -233,7 +235,7 @@ void RecipientField::ShowMatches() {
     while (chosenNow < matches.size() && list.EntryText(matches[chosenNow]) != chosenEntry)
         ++chosenNow;
     listBoxNumbers.SetItems({});
-    FillMatches(chosenNow < matches.size() ? chosenNow + RowsAtOnce : RowsAtOnce);
+    FillMatches(chosenNow < matches.size() ? chosenNow + FirstRows : FirstRows);
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
     if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
     listBoxNumbers.SetVisible(true);
@@ -252,7 +254,7 @@ void RecipientField::FillMatches(std::size_t rows) {
 void RecipientField::ListBoxNumbers_Scroll(std::int32_t lastRow) {
     if (!listBoxNumbers.Visible()) return;
     if (std::size_t(lastRow) + MostRowsShown >= std::size_t(listBoxNumbers.Count()))
-        FillMatches(std::size_t(lastRow) + RowsAtOnce);
+        FillMatches(std::size_t(lastRow) + MoreRows);
 }
 
 // Outlook's contacts are being read, or were.

@@ -114,17 +114,11 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
             CHECK(longest > (waiting ? 3 : 8));
         }
         CHECK(people.view.ListBoxNumbers().Visible());
-        CHECK(Contains(people.view.StatusBar1().GetText(),
-                       NumberText(std::int64_t(people.view.ListBoxNumbers().items.size()))));
         // Of many matches the rows that come near are filled, down to the last.
         const auto& rows = people.view.ListBoxNumbers().items;
-        std::int32_t all = 0;
-        for (char16_t letter = u'a'; all <= 200; ++letter) {
-            REQUIRE(letter <= u'z');
-            people.view.TextTo().SetText(Text(1, letter));
-            all = LeadingNumber32(people.view.StatusBar1().GetText());
-        }
-        CHECK(rows.size() == 200);
+        const std::int32_t all = LeadingNumber32(people.view.StatusBar1().GetText());
+        CHECK(all > 40);
+        CHECK(rows.size() == 40);
         while (std::int32_t(rows.size()) < all) {
             const std::size_t before = rows.size();
             people.program.recipientField.ListBoxNumbers_Scroll(std::int32_t(before) - 1);
