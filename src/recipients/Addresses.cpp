@@ -17,7 +17,7 @@ namespace {
 // another without a pause; then Outlook's message loop has a turn all the same, and time in which
 // no timer is due: whoever takes out messages until there are none comes to an end.
 constexpr double Slice = 4;
-constexpr double WithoutPause = 13;
+constexpr double WithoutPause = 12;
 constexpr std::uint32_t Interval = 15;
 constexpr std::uint32_t PauseAfterKey = 30;
 constexpr double ProgressInterval = 100;
