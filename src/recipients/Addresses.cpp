@@ -13,12 +13,14 @@ namespace tellwick {
 
 namespace {
 
-// Milliseconds. A slice's last step may take some more. As long as nothing waits, slices follow one
-// another without a pause; then Outlook's message loop has a turn all the same, and time in which
-// no timer is due: whoever takes out messages until there are none comes to an end.
+// Milliseconds. A slice's last step may take some more; none begins with less than the least, its
+// steps being longer. As long as nothing waits, slices follow one another without a pause; then
+// Outlook's message loop has a turn all the same, and time in which no timer is due: whoever takes
+// out messages until there are none comes to an end.
 constexpr double Slice = 4;
+constexpr double LeastSlice = 2.5;
 constexpr double WithoutPause = 12;
-constexpr std::uint32_t Interval = 15;
+constexpr std::uint32_t Interval = 14;
 constexpr std::uint32_t PauseAfterKey = 30;
 constexpr double ProgressInterval = 100;
 const Text NoFolder;
@@ -66,7 +68,7 @@ void Addresses::Refresh() {
     if (stage != Stage::Idle || working) return;
     stopped = false;
     if (cacheRead || !Caches()) {
-        BeginHarvest();
+        stage = Stage::CacheRead;
     } else {
         reader = std::make_unique<NumberCacheReader>(fileSystem, surroundings.locale,
                                                      inifilesLite.SettingsFolder());
@@ -136,7 +138,7 @@ void Addresses::Tick() {
     do {
         more = DoSlice(std::min(Slice, left));
         left = end - surroundings.clock.Milliseconds();
-    } while (more && !IsRead() && !messageLoop.Waiting() && left > 0);
+    } while (more && !IsRead() && !messageLoop.Waiting() && left > LeastSlice);
     if (!more) timer.reset();
     const double now = surroundings.clock.Milliseconds();
     if (more && now - told < ProgressInterval) return;

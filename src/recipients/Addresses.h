@@ -73,7 +73,7 @@ public:
     void ApplySettings();
 
 private:
-    // What was read is put in the list's place in a slice of its own.
+    // What was read is put in the list's place in a slice of its own; so does the harvest begin.
     enum class Stage { Idle, Cache, CacheRead, Harvest, HarvestRead, Writing };
 
     // Goes on for so many milliseconds; false when all is done.

@@ -234,8 +234,8 @@ void RecipientField::ShowMatches() {
     std::size_t chosenNow = chosen < 0 ? matches.size() : 0;
     while (chosenNow < matches.size() && list.EntryText(matches[chosenNow]) != chosenEntry)
         ++chosenNow;
-    listBoxNumbers.SetItems({});
-    FillMatches(chosenNow < matches.size() ? chosenNow + FirstRows : FirstRows);
+    listBoxNumbers.SetItems(
+        MatchRows(0, chosenNow < matches.size() ? chosenNow + FirstRows : FirstRows));
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
     if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
     listBoxNumbers.SetVisible(true);
@@ -243,18 +243,18 @@ void RecipientField::ShowMatches() {
                                   NumberText(std::int64_t(matches.size()))));
 }
 
-void RecipientField::FillMatches(std::size_t rows) {
-    std::vector<Text> entries;
-    for (auto row = std::size_t(listBoxNumbers.Count()); row < std::min(rows, matches.size());
-         ++row)
-        entries.push_back(addresses.List().EntryText(matches[row]));
-    if (!entries.empty()) listBoxNumbers.AddItems(entries);
+std::vector<Text> RecipientField::MatchRows(std::size_t first, std::size_t end) const {
+    std::vector<Text> rows;
+    for (std::size_t row = first; row < std::min(end, matches.size()); ++row)
+        rows.push_back(addresses.List().EntryText(matches[row]));
+    return rows;
 }
 
 void RecipientField::ListBoxNumbers_Scroll(std::int32_t lastRow) {
-    if (!listBoxNumbers.Visible()) return;
-    if (std::size_t(lastRow) + MostRowsShown >= std::size_t(listBoxNumbers.Count()))
-        FillMatches(std::size_t(lastRow) + MoreRows);
+    const auto filled = std::size_t(listBoxNumbers.Count());
+    if (!listBoxNumbers.Visible() || std::size_t(lastRow) + MostRowsShown < filled) return;
+    const std::vector<Text> more = MatchRows(filled, std::size_t(lastRow) + MoreRows);
+    if (!more.empty()) listBoxNumbers.AddItems(more);
 }
 
 // Outlook's contacts are being read, or were.

@@ -206,17 +206,26 @@ Text WindowListBox::Item(std::int32_t index) const {
         LB_GETTEXTLEN, LB_GETTEXT, index);
 }
 
-// The system would measure and draw the list again for each of them.
 void WindowListBox::SetItems(const std::vector<Text>& items) {
     if (!items.empty()) Need();
-    Send(WM_SETREDRAW, FALSE);
-    Clear();
-    AddItems(items);
+    Change([&] {
+        Clear();
+        for (const Text& item : items) Add(item);
+    });
 }
 
 void WindowListBox::AddItems(const std::vector<Text>& items) {
+    Change([&] {
+        for (const Text& item : items) Add(item);
+    });
+}
+
+// The system would measure and draw the list again for each item, and take its scroll bar away from
+// one that is empty for a moment.
+template <class Changes>
+void WindowListBox::Change(const Changes& changes) {
     Send(WM_SETREDRAW, FALSE);
-    for (const Text& item : items) Add(item);
+    changes();
     Send(WM_SETREDRAW, TRUE);
     if (Window()) InvalidateRect(Window(), nullptr, TRUE);
 }

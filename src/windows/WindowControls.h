@@ -109,6 +109,10 @@ public:
     void SetSelectedIndex(std::int32_t index) override { Send(LB_SETCURSEL, WPARAM(index)); }
     // Of the rows that are to be seen.
     std::int32_t LastVisibleIndex() const;
+
+private:
+    template <class Changes>
+    void Change(const Changes& changes);
 };
 
 class WindowComboBox : public ComboBox, public WindowTextBox {
