@@ -72,7 +72,17 @@ bool WindowControl::Visible() const {
 void WindowControl::SetVisible(bool visible) {
     if (visible) Need();
     if (!window || (visible && Visible())) return;
-    ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+    if (visible) {
+        // It is drawn with all else that waits for it: its frame and scroll bar would be drawn at
+        // once.
+        SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                     SWP_SHOWWINDOW | SWP_NOREDRAW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER |
+                         SWP_NOACTIVATE);
+        RedrawWindow(window, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    } else {
+        ShowWindow(window, SW_HIDE);
+    }
     HearMnemonic(visible);
 }
 
