@@ -234,13 +234,27 @@ void RecipientField::ShowMatches() {
     std::size_t chosenNow = chosen < 0 ? matches.size() : 0;
     while (chosenNow < matches.size() && list.EntryText(matches[chosenNow]) != chosenEntry)
         ++chosenNow;
-    listBoxNumbers.SetItems(
-        MatchRows(0, chosenNow < matches.size() ? chosenNow + FirstRows : FirstRows));
+    if (!ShowsMatches()) {
+        listBoxNumbers.SetItems(
+            MatchRows(0, chosenNow < matches.size() ? chosenNow + FirstRows : FirstRows));
+        if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
+    }
     placeList(std::int32_t(std::min(matches.size(), MostRowsShown)));
-    if (chosenNow < matches.size()) listBoxNumbers.SetSelectedIndex(std::int32_t(chosenNow));
     listBoxNumbers.SetVisible(true);
     statusBar1.SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, u"Matches"), u"%n",
                                   NumberText(std::int64_t(matches.size()))));
+}
+
+// The same rows stay where the user has scrolled them.
+bool RecipientField::ShowsMatches() const {
+    if (!listBoxNumbers.Visible()) return false;
+    const auto filled = std::size_t(listBoxNumbers.Count());
+    const std::vector<Text> rows = MatchRows(0, std::max(filled, FirstRows));
+    if (rows.size() != filled) return false;
+    for (std::size_t row = 0; row < filled; ++row) {
+        if (listBoxNumbers.Item(std::int32_t(row)) != rows[row]) return false;
+    }
+    return true;
 }
 
 std::vector<Text> RecipientField::MatchRows(std::size_t first, std::size_t end) const {

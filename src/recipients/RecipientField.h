@@ -87,6 +87,7 @@ private:
     void TellRecent();
     Text SearchText() const;
     void ShowMatches();
+    bool ShowsMatches() const;
     std::vector<Text> MatchRows(std::size_t first, std::size_t end) const;
     void Addresses_Change(bool listChanged);
     // The number, or numbers of a distribution list, of an entry as they are put into the field.

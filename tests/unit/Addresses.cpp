@@ -125,6 +125,10 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
             REQUIRE(rows.size() > before);
         }
         CHECK(std::set<Text>(rows.begin(), rows.end()).size() == std::size_t(all));
+        // And stay where the user is when nothing new was read.
+        addresses.Refresh();
+        for (ticks = 0; addresses.Reading(); ++ticks) REQUIRE(people.platform.timers.Tick() != 0);
+        CHECK(std::int32_t(rows.size()) == all);
     }
     SUBCASE("or not") {
         people.program.formSmsSend.Unload();
