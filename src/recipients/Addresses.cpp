@@ -13,10 +13,10 @@ namespace tellwick {
 
 namespace {
 
-// Milliseconds. A slice's last step may take some more; none begins with less than the least, its
-// steps being longer. As long as nothing waits, slices follow one another without a pause; then
-// Outlook's message loop has a turn all the same, and time in which no timer is due: whoever takes
-// out messages until there are none comes to an end.
+// Milliseconds. A slice's last step may take some more, so none begins where less than the least is
+// left. As long as nothing waits, slices follow one another without a pause; then Outlook's message
+// loop has a turn all the same, and time in which no timer is due: whoever takes out messages until
+// there are none comes to an end.
 constexpr double Slice = 4;
 constexpr double LeastSlice = 2.5;
 constexpr double WithoutPause = 12;

@@ -73,7 +73,8 @@ public:
     void ApplySettings();
 
 private:
-    // What was read is put in the list's place in a slice of its own; so does the harvest begin.
+    // What was read is put in the list's place in a slice of its own. After CacheRead, which is the
+    // first stage where there is no cache to read, the harvest begins.
     enum class Stage { Idle, Cache, CacheRead, Harvest, HarvestRead, Writing };
 
     // Goes on for so many milliseconds; false when all is done.

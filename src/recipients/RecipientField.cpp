@@ -245,14 +245,15 @@ void RecipientField::ShowMatches() {
                                   NumberText(std::int64_t(matches.size()))));
 }
 
-// The same rows stay where the user has scrolled them.
+// As far as the list is filled. It stays as it is then, where the user has scrolled it.
 bool RecipientField::ShowsMatches() const {
-    if (!listBoxNumbers.Visible()) return false;
     const auto filled = std::size_t(listBoxNumbers.Count());
-    const std::vector<Text> rows = MatchRows(0, std::max(filled, FirstRows));
-    if (rows.size() != filled) return false;
+    if (!listBoxNumbers.Visible() ||
+        filled != std::min(std::max(filled, FirstRows), matches.size()))
+        return false;
     for (std::size_t row = 0; row < filled; ++row) {
-        if (listBoxNumbers.Item(std::int32_t(row)) != rows[row]) return false;
+        if (listBoxNumbers.Item(std::int32_t(row)) != addresses.List().EntryText(matches[row]))
+            return false;
     }
     return true;
 }

@@ -73,8 +73,8 @@ void WindowControl::SetVisible(bool visible) {
     if (visible) Need();
     if (!window || (visible && Visible())) return;
     if (visible) {
-        // It is drawn with all else that waits for it: its frame and scroll bar would be drawn at
-        // once.
+        // All of it is drawn in a later turn of the message loop. ShowWindow would draw frame and
+        // scroll bar at once, for a list within the key that opens it.
         SetWindowPos(window, nullptr, 0, 0, 0, 0,
                      SWP_SHOWWINDOW | SWP_NOREDRAW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER |
                          SWP_NOACTIVATE);
@@ -218,14 +218,14 @@ Text WindowListBox::Item(std::int32_t index) const {
 
 void WindowListBox::SetItems(const std::vector<Text>& items) {
     if (!items.empty()) Need();
-    Change([&] {
+    WithoutDrawing([&] {
         Clear();
         for (const Text& item : items) Add(item);
     });
 }
 
 void WindowListBox::AddItems(const std::vector<Text>& items) {
-    Change([&] {
+    WithoutDrawing([&] {
         for (const Text& item : items) Add(item);
     });
 }
@@ -233,7 +233,7 @@ void WindowListBox::AddItems(const std::vector<Text>& items) {
 // The system would measure and draw the list again for each item, and take its scroll bar away from
 // one that is empty for a moment.
 template <class Changes>
-void WindowListBox::Change(const Changes& changes) {
+void WindowListBox::WithoutDrawing(const Changes& changes) {
     Send(WM_SETREDRAW, FALSE);
     changes();
     Send(WM_SETREDRAW, TRUE);

@@ -112,7 +112,7 @@ public:
 
 private:
     template <class Changes>
-    void Change(const Changes& changes);
+    void WithoutDrawing(const Changes& changes);
 };
 
 class WindowComboBox : public ComboBox, public WindowTextBox {

@@ -125,9 +125,16 @@ TEST_CASE("reading is done in slices, and ends at the next one when the form goe
             REQUIRE(rows.size() > before);
         }
         CHECK(std::set<Text>(rows.begin(), rows.end()).size() == std::size_t(all));
-        // And stay where the user is when nothing new was read.
+        // They stay when nothing new is read, which begins behind the key that asks for it.
+        int uses = 0;
+        people.outlook.failUse = [&](TextView, TextView) {
+            ++uses;
+            return false;
+        };
         addresses.Refresh();
+        CHECK(uses == 0);
         for (ticks = 0; addresses.Reading(); ++ticks) REQUIRE(people.platform.timers.Tick() != 0);
+        CHECK(uses > 0);
         CHECK(std::int32_t(rows.size()) == all);
     }
     SUBCASE("or not") {
