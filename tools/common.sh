@@ -25,8 +25,8 @@ fail() { printf 'error: %s\n' "$*" >&2 && exit 1; }
 buildPresets() {
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache
-        # What one clone compiled serves the next one.
-        export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+        # What one clone compiled serves the next one. What is new is not preprocessed twice.
+        export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_DEPEND=1
     fi
     local preset
     for preset in "$@"; do
