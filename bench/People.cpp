@@ -10,6 +10,8 @@
 #include "platform/Grid.h"
 #include "platform/OutlookEvents.h"
 #include "platform/TestProgram.h"
+#include "recipients/AddressRows.h"
+#include "recipients/Addresses.h"
 
 namespace tellwick::bench {
 
@@ -156,6 +158,35 @@ void MeasureFinding(const AddressList& list) {
     if (found == 0) std::puts("nothing was found");
 }
 
+// In the recipient selection: a column that is clicked, and a name typed while the list has the
+// focus.
+void MeasureRows(test::TestProgram& test, const ObjectPtr& application) {
+    Addresses& addresses = test.program.addresses;
+    addresses.SetApplication(application);
+    addresses.RefreshOnce();
+    while (test.platform.timers.Tick() != 0) {
+    }
+    AddressRows rows(addresses);
+    Reading sorting;
+    for (const auto order :
+         {AddressRows::Order::Number, AddressRows::Order::Kind, AddressRows::Order::Folder}) {
+        rows.Sort(order, false);
+        rows.Narrow({}, {});
+        for (bool more = true; more;) {
+            const double step = Milliseconds([&] { more = rows.DoSome(500); });
+            sorting.total += step;
+            sorting.longest = std::max(sorting.longest, step);
+        }
+    }
+    Report("the selection, sorted by a column, on average", sorting.total / 3, "ms", 50);
+    Report("its longest step", sorting.longest, "ms", 5);
+    std::optional<std::size_t> found;
+    Report("a name looked for in all its rows", Milliseconds([&] { found = rows.Find(0, u"@"); }),
+           "ms", 16);
+    if (found || rows.Shown().size() < Contacts) std::puts("wrong rows");
+    addresses.Release();
+}
+
 }  // namespace
 
 void MeasurePeople() {
@@ -209,6 +240,7 @@ void MeasurePeople() {
         Report("start with the files", reading.total, "ms", 150);
         Report("its longest step", reading.longest, "ms", 15);
         if (!known || known->list.Size() != book.list.Size()) std::puts("the files are wrong");
+        MeasureRows(test, application);
     }
 }
 

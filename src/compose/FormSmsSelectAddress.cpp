@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
+#include <unordered_set>
 #include <utility>
 
 #include "recipients/Addresses.h"
@@ -32,6 +34,8 @@ constexpr double Slice = 5;
 constexpr std::uint32_t Interval = 15;
 constexpr double ListInterval = 100;
 constexpr std::size_t RowsAStep = 500;
+// Of those marked: more would take the form too long, and are hardly meant.
+constexpr std::size_t MostAdded = 1000;
 
 Text WidthKey(std::size_t column) {
     return u"SMSSelectColumn" + NumberText(std::int64_t(column) + 1);
@@ -97,7 +101,9 @@ void FormSmsSelectAddress::Load() {
                             width > 0 ? std::min(width, WidestColumn) : UsualWidths[column]);
     }
     list.SetSorted(sortedBy, descending);
-    list.SetSource([this](std::size_t row, std::size_t column) { return Cell(row, column); });
+    list.SetSource(
+        [this](std::size_t row, std::size_t column) { return Cell(row, column); },
+        [this](std::size_t first, TextView beginning) { return rows.Find(first, beginning); });
     std::vector<Text> recipients = recipientField.Recipients();
     // The beginning of a name, typed last, is what the user looks for.
     view.TextSearch().SetText({});
@@ -105,7 +111,10 @@ void FormSmsSelectAddress::Load() {
         view.TextSearch().SetText(recipients.back());
         recipients.pop_back();
     }
-    chosen = Named(std::move(recipients));
+    const RowsOfNumbers found = addresses.List().RowsOf(recipients);
+    chosen.clear();
+    for (std::size_t at = 0; at < recipients.size(); ++at)
+        chosen.push_back(Named(std::move(recipients[at]), found[at]));
     ShowChosen();
     FillFolders();
     SortRows();
@@ -130,6 +139,7 @@ void FormSmsSelectAddress::Unload() {
     // What was rewritten and is not taken over needs no hint.
     prefixes.TakeRewritten();
     timer.reset();
+    looking = addsOnly = false;
     rows.Clear();
 }
 
@@ -177,37 +187,37 @@ void FormSmsSelectAddress::NarrowRows(double firstSlice) {
                 folder < 0 ? std::optional<std::uint16_t>() : std::uint16_t(folder));
     view.ListAddresses().SetRowCount(0);
     timer.reset();
-    if (!FillRows(firstSlice)) return;
+    looking = true;
+    FillRows(firstSlice);
+    if (!looking) return;
     timer = timers.Create();
     timer->Start(Interval, [this] { TimerRows_Timer(); });
 }
 
-// Goes on for so many milliseconds; false when all rows are shown.
-bool FormSmsSelectAddress::FillRows(double milliseconds) {
+// Goes on for so many milliseconds.
+void FormSmsSelectAddress::FillRows(double milliseconds) {
     const double end = clock.Milliseconds() + milliseconds;
-    bool more = true;
-    while (more && clock.Milliseconds() < end) more = rows.DoSome(RowsAStep);
+    while (looking && clock.Milliseconds() < end) looking = rows.DoSome(RowsAStep);
     ListView& list = view.ListAddresses();
     const std::size_t found = rows.Shown().size();
     const double now = clock.Milliseconds();
     if (list.RowCount() == 0) {
         if (found != 0) list.SetRowCount(found);
         listed = now;
-    } else if (!more || now - listed >= ListInterval) {
+    } else if (!looking || now - listed >= ListInterval) {
         list.AddRows(found);
         listed = now;
     }
     ShowStatus();
-    return more;
 }
 
 void FormSmsSelectAddress::TimerRows_Timer() {
     Procedure procedure{debug, u"TimerRows_Timer"};
     // Stopped while it works: a step that fails is not done again, and again.
     timer->Stop();
-    if (FillRows(Slice)) {
-        timer->Start(Interval, [this] { TimerRows_Timer(); });
-    }
+    FillRows(Slice);
+    AddOnly();
+    if (looking) timer->Start(Interval, [this] { TimerRows_Timer(); });
 }
 
 void FormSmsSelectAddress::ShowStatus() {
@@ -250,11 +260,13 @@ MarkedText FormSmsSelectAddress::Cell(std::size_t index, std::size_t column) con
 
 void FormSmsSelectAddress::TextSearch_Change() {
     Procedure procedure{debug, u"TextSearch_Change"};
+    addsOnly = false;
     NarrowRows();
 }
 
 void FormSmsSelectAddress::BoxFolder_Click() {
     Procedure procedure{debug, u"BoxFolder_Click"};
+    addsOnly = false;
     NarrowRows();
 }
 
@@ -268,55 +280,83 @@ void FormSmsSelectAddress::ListAddresses_ColumnClick(std::size_t column) {
 
 // Those chosen --------------------------------------------------------------------------------
 
-std::vector<FormSmsSelectAddress::Recipient> FormSmsSelectAddress::Named(
-    std::vector<Text> numbers) const {
-    const AddressList& list = addresses.List();
-    const std::vector<std::vector<std::uint32_t>> found = list.RowsOf(numbers);
-    std::vector<Recipient> named;
-    named.reserve(numbers.size());
-    for (std::size_t at = 0; at < numbers.size(); ++at) {
-        Text shown = found[at].empty() ? numbers[at]
-                                       : NameAndNumber(list.Row(found[at][0]).name, numbers[at]);
-        named.push_back({std::move(numbers[at]), std::move(shown)});
-    }
-    return named;
+FormSmsSelectAddress::Recipient FormSmsSelectAddress::Named(
+    Text number, const std::vector<std::uint32_t>& rowsOf) const {
+    Text shown =
+        rowsOf.empty() ? number : NameAndNumber(addresses.List().Row(rowsOf[0]).name, number);
+    return {std::move(number), std::move(shown)};
 }
 
 void FormSmsSelectAddress::ShowChosen() {
-    view.ListChosen().Clear();
-    for (const Recipient& recipient : chosen) view.ListChosen().Add(recipient.shown);
+    std::vector<Text> items;
+    items.reserve(chosen.size());
+    for (const Recipient& recipient : chosen) items.push_back(recipient.shown);
+    view.ListChosen().SetItems(items);
     view.ButtonRemove().SetEnabled(!chosen.empty());
 }
 
 void FormSmsSelectAddress::ButtonAdd_Click() {
     Procedure procedure{debug, u"ButtonAdd_Click"};
-    std::vector<std::size_t> chosenRows = view.ListAddresses().ChosenRows();
-    if (chosenRows.empty()) {
-        while (rows.Shown().size() < 2 && FillRows(Slice)) {
-        }
-        if (rows.Shown().size() == 1) chosenRows.push_back(0);
+    const ListView& list = view.ListAddresses();
+    const std::size_t marked = list.ChosenCount();
+    addsOnly = marked == 0;
+    if (addsOnly) {
+        AddOnly();
+        return;
     }
-    for (const std::size_t index : chosenRows) {
-        if (index >= rows.Shown().size()) continue;
-        const AddressRow row = addresses.List().Row(rows.Shown()[index]);
-        std::vector<Text> numbers = Split(row.number, u";");
-        for (Text& number : numbers) number = prefixes.NationalNumber(number);
-        recipientPeople.ChooseRow(rows.Shown()[index], numbers);
+    AddRows(list.ChosenRows(MostAdded));
+    if (marked <= MostAdded) return;
+    view.StatusBar1().SetText(ReplaceAll(language.TextOrBuiltIn(FormSmsSendTexts, u"SelectionCut"),
+                                         u"%n", NumberText(std::int64_t(MostAdded))));
+}
+
+// That it is the only one is known when all rows were looked at.
+void FormSmsSelectAddress::AddOnly() {
+    const std::size_t found = rows.Shown().size();
+    if (!addsOnly || (looking && found < 2)) return;
+    addsOnly = false;
+    if (found == 1) AddRows({0});
+}
+
+void FormSmsSelectAddress::AddRows(const std::vector<std::size_t>& places) {
+    struct Pick {
+        std::size_t index;
+        AddressRow row;
+        std::vector<Text> numbers;
+    };
+    const AddressList& list = addresses.List();
+    std::vector<Pick> picks;
+    std::vector<Text> members;  // of all distribution lists
+    for (const std::size_t place : places) {
+        if (place >= rows.Shown().size()) continue;
+        const std::size_t index = rows.Shown()[place];
+        picks.push_back({index, list.Row(index), {}});
+        for (const Text& number : Split(picks.back().row.number, u";"))
+            picks.back().numbers.push_back(prefixes.NationalNumber(number));
+        if (picks.back().row.kind == NumberKind::List)
+            members.insert(members.end(), picks.back().numbers.begin(), picks.back().numbers.end());
+    }
+    const RowsOfNumbers found = list.RowsOf(members);
+    std::size_t firstMember = 0;
+    std::unordered_set<Text> present;
+    for (const Recipient& recipient : chosen) present.insert(recipient.number);
+    const auto add = [&](Recipient recipient) {
+        if (present.insert(recipient.number).second) chosen.push_back(std::move(recipient));
+    };
+    for (Pick& pick : picks) {
         // Of a list each number is one member's; any other belongs to the person of the row.
-        std::vector<Recipient> added;
-        if (row.kind == NumberKind::List) {
-            added = Named(std::move(numbers));
+        if (pick.row.kind == NumberKind::List) {
+            const auto rowsOf = std::span(found).subspan(firstMember, pick.numbers.size());
+            firstMember += pick.numbers.size();
+            recipientPeople.ChooseMembers(pick.row.item, pick.numbers, rowsOf);
+            for (std::size_t at = 0; at < pick.numbers.size(); ++at)
+                add(Named(std::move(pick.numbers[at]), rowsOf[at]));
         } else {
-            for (Text& number : numbers) {
-                Text shown = NameAndNumber(row.name, number);
-                added.push_back({std::move(number), std::move(shown)});
+            recipientPeople.ChooseRow(pick.index, pick.numbers);
+            for (Text& number : pick.numbers) {
+                Text shown = NameAndNumber(pick.row.name, number);
+                add({std::move(number), std::move(shown)});
             }
-        }
-        for (Recipient& one : added) {
-            const bool isNew = std::none_of(
-                chosen.begin(), chosen.end(),
-                [&](const Recipient& recipient) { return recipient.number == one.number; });
-            if (isNew) chosen.push_back(std::move(one));
         }
     }
     ShowChosen();
@@ -334,6 +374,7 @@ void FormSmsSelectAddress::ButtonRemove_Click() {
 
 void FormSmsSelectAddress::ButtonOK_Click() {
     Procedure procedure{debug, u"ButtonOK_Click"};
+    while (addsOnly) TimerRows_Timer();  // the user asked for it before
     Text field;
     for (const Recipient& recipient : chosen) {
         if (!field.empty()) field += u';';

@@ -38,7 +38,7 @@ public:
     void ListAddresses_ColumnClick(std::size_t column) override;
     void ListAddresses_DblClick() override { ButtonAdd_Click(); }
     void ListChosen_DblClick() override { ButtonRemove_Click(); }
-    // Adds the chosen rows, or the only one that is shown.
+    // Adds the chosen rows, at most a thousand, or the only one that is left.
     void ButtonAdd_Click() override;
     void ButtonRemove_Click() override;
     // Puts those chosen so far into the SMS form's field, in their order.
@@ -57,19 +57,24 @@ private:
     void FillFolders();
     void SortRows();
     void NarrowRows(double firstSlice = 4);  // milliseconds
-    bool FillRows(double milliseconds);
+    void FillRows(double milliseconds);
     void TimerRows_Timer();
     void ShowStatus();
     void ShowChosen();
     MarkedText Cell(std::size_t row, std::size_t column) const;
     Text KindText(NumberKind kind) const;
-    // Each with the name of the person, where one has the number.
-    std::vector<Recipient> Named(std::vector<Text> numbers) const;
+    void AddOnly();
+    // By their places in the list.
+    void AddRows(const std::vector<std::size_t>& places);
+    // With the name of the first of those who have the number.
+    Recipient Named(Text number, const std::vector<std::uint32_t>& rowsOf) const;
 
     std::vector<Text> folderNames;  // in the box
     AddressRows rows;
-    std::unique_ptr<Timer> timer;  // while rows are looked for
-    double listed = 0;             // when the list last grew
+    std::unique_ptr<Timer> timer;
+    bool looking = false;   // for rows, in slices
+    bool addsOnly = false;  // the only row, once it is known to be that
+    double listed = 0;      // when the list last grew
     std::vector<Recipient> chosen;
     std::size_t sortedBy = Name;
     bool descending = false;

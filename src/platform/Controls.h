@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/Text.h"
@@ -86,15 +87,20 @@ struct MarkedText {
 class ListView : public virtual Control {
 public:
     using CellSource = std::function<MarkedText(std::size_t row, std::size_t column)>;
+    // The next row, from one on and around, that begins so.
+    using RowFinder =
+        std::function<std::optional<std::size_t>(std::size_t first, TextView beginning)>;
 
-    // Raises nothing.
-    virtual void SetSource(CellSource source) = 0;
+    // Raises nothing. The finder is for who types a beginning while the list has the focus.
+    virtual void SetSource(CellSource source, RowFinder finder) = 0;
     // All rows may be others now; none is chosen, and the first is the one the arrows go on from.
     virtual void SetRowCount(std::size_t rows) = 0;
     // So many rows are there now: those before, and others behind them.
     virtual void AddRows(std::size_t rows) = 0;
     virtual std::size_t RowCount() const = 0;
-    virtual std::vector<std::size_t> ChosenRows() const = 0;  // ascending
+    virtual std::size_t ChosenCount() const = 0;
+    // The first of them, at most so many, ascending.
+    virtual std::vector<std::size_t> ChosenRows(std::size_t most) const = 0;
     virtual void ChooseRow(std::size_t row) = 0;
     virtual void SetColumnCaption(std::size_t column, TextView caption) = 0;
     // Shows by an arrow how the rows are sorted.

@@ -94,9 +94,8 @@ Text AddressList::EntryText(std::size_t index) const {
         .append(u")");
 }
 
-std::vector<std::vector<std::uint32_t>> AddressList::RowsOf(
-    const std::vector<Text>& numbers) const {
-    std::vector<std::vector<std::uint32_t>> found(numbers.size());
+RowsOfNumbers AddressList::RowsOf(const std::vector<Text>& numbers) const {
+    RowsOfNumbers found(numbers.size());
     std::vector<std::pair<std::uint32_t, std::size_t>> wanted;  // by the last digits
     for (std::size_t at = 0; at < numbers.size(); ++at) {
         if (const std::uint32_t digits = LastDigits(numbers[at])) wanted.emplace_back(digits, at);

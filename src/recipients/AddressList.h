@@ -36,6 +36,9 @@ struct AddressRow {
     std::uint32_t item;    // likewise of the contact
 };
 
+// Rows of the address list, for each of several numbers.
+using RowsOfNumbers = std::vector<std::vector<std::uint32_t>>;
+
 class AddressList {
 public:
     // Rows and entries are numbered from 0. A row has one entry "Name  (number)", and another one
@@ -61,7 +64,7 @@ public:
 
     // For each of the numbers the rows of all people who have it, with or without its prefix;
     // distribution lists have none.
-    std::vector<std::vector<std::uint32_t>> RowsOf(const std::vector<Text>& numbers) const;
+    RowsOfNumbers RowsOf(const std::vector<Text>& numbers) const;
 
     // The row of the person whom a text names first, letter case ignored; of several names that
     // begin there the longest, of equal ones the first. A name counts where it stands by itself,

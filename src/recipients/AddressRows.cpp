@@ -10,14 +10,16 @@ namespace tellwick {
 
 namespace {
 
-// The first units of a number, which is all digits but for a few; they mostly decide.
-constexpr std::size_t KeyUnits = 12;
-
-std::uint64_t KeyOf(TextView number) {
-    constexpr TextView Units = u"#*+0123456789;Pp";  // in their order
+// The first units of a number, in four bits each. They mostly decide.
+std::uint64_t KeyOfNumber(TextView number) {
+    constexpr std::size_t KeyUnits = 16;
+    constexpr TextView Units = u"#*+0123456789;";  // in their order; all others come behind
     std::uint64_t key = 0;
-    for (std::size_t at = 0; at < KeyUnits; ++at)
-        key = key << 5 | (at < number.size() ? Units.find(number[at]) + 1 : 0);
+    for (std::size_t at = 0; at < KeyUnits; ++at) {
+        std::uint64_t place = 0;
+        if (at < number.size()) place = std::min(Units.find(number[at]), Units.size()) + 1;
+        key = key << 4 | place;
+    }
     return key;
 }
 
@@ -27,6 +29,9 @@ void AddressRows::Sort(Order newOrder, bool newDescending) {
     order = newOrder;
     descending = newDescending;
     isSorted = false;
+    next = 0;
+    keyed.clear();
+    runs.clear();
     sorted.clear();
     shown.clear();
 }
@@ -44,15 +49,23 @@ void AddressRows::Narrow(TextView text, std::optional<std::uint16_t> newFolder) 
 void AddressRows::Clear() {
     isSorted = true;
     next = 0;
+    keyed = {};
+    runs.clear();
     sorted = {};
     shown = {};
 }
 
 bool AddressRows::DoSome(std::size_t most) {
     if (!isSorted) {
-        Collect();
-        isSorted = true;
-        next = 0;
+        if (runs.empty()) {
+            Begin();
+        } else if (nextEntry < addresses.List().Size()) {
+            Collect(most);
+        } else if (runs.size() > 2) {
+            Merge();
+        } else {
+            EndSorting();
+        }
         return true;
     }
     if (next == 0 && search.IsEmpty() && !folder) {
@@ -69,63 +82,82 @@ bool AddressRows::DoSome(std::size_t most) {
     return next < sorted.size();
 }
 
-void AddressRows::Collect() {
-    const AddressList& list = addresses.List();
-    // The list's own order is the alphabetical one, by the user's language.
-    sorted.clear();
-    sorted.reserve(list.Rows());
-    for (std::size_t index = 0; index < list.Size(); ++index) {
-        if (!list.EntryAt(index).byFileAs) sorted.push_back(list.EntryAt(index).row);
-    }
-    if (order == Order::Number) {
-        SortByNumber();
-    } else if (order != Order::Name) {
-        SortByClass();
-    }
-    if (descending) std::reverse(sorted.begin(), sorted.end());
+void AddressRows::Begin() {
+    runs = {0};
+    nextRun = nextEntry = 0;
+    keyed.reserve(addresses.List().Rows());
+    if (order != Order::Folder) return;
+    std::vector<std::pair<std::string, std::size_t>> keys;
+    for (std::size_t each = 0; each < addresses.Folders(); ++each)
+        keys.emplace_back(addresses.SortKey(addresses.FolderTitle(std::uint16_t(each))), each);
+    std::ranges::sort(keys);
+    folderPlaces.resize(keys.size());
+    for (std::size_t place = 0; place < keys.size(); ++place)
+        folderPlaces[keys[place].second] = place;
 }
 
-// There are few kinds and few folders.
-void AddressRows::SortByClass() {
+// The list's own order is the alphabetical one, by the user's language.
+void AddressRows::Collect(std::size_t most) {
     const AddressList& list = addresses.List();
-    std::vector<std::size_t> classes(KindCount);  // where they stand
-    if (order == Order::Folder) {
-        std::vector<std::pair<std::string, std::size_t>> keys;
-        for (std::size_t each = 0; each < addresses.Folders(); ++each)
-            keys.emplace_back(addresses.SortKey(addresses.FolderTitle(std::uint16_t(each))), each);
-        std::ranges::sort(keys);
-        classes.resize(keys.size());
-        for (std::size_t place = 0; place < keys.size(); ++place)
-            classes[keys[place].second] = place;
+    const std::size_t end = std::min(nextEntry + most, list.Size());
+    for (; nextEntry < end; ++nextEntry) {
+        list.FetchAhead(nextEntry);
+        const AddressList::Entry entry = list.EntryAt(nextEntry);
+        if (entry.byFileAs) continue;
+        keyed.push_back({KeyOf(entry.row), entry.row, std::uint32_t(keyed.size())});
+    }
+    if (order == Order::Name) {
+        // All of it is one run.
+        runs.resize(1);
     } else {
-        for (std::size_t kind = 0; kind < classes.size(); ++kind) classes[kind] = kind;
+        std::sort(keyed.begin() + std::ptrdiff_t(runs.back()), keyed.end(),
+                  [this](const Keyed& one, const Keyed& other) { return Before(one, other); });
     }
-    std::vector<std::vector<std::uint32_t>> rows(classes.size());
-    for (const std::uint32_t index : sorted) {
-        const AddressRow row = list.Row(index);
-        rows[classes[order == Order::Folder ? row.folder : std::size_t(row.kind)]].push_back(index);
-    }
-    sorted.clear();
-    for (const std::vector<std::uint32_t>& each : rows)
-        sorted.insert(sorted.end(), each.begin(), each.end());
+    runs.push_back(keyed.size());
 }
 
-void AddressRows::SortByNumber() {
-    struct Keyed {
-        std::uint64_t key;
-        std::uint32_t row, place;
-    };
-    const AddressList& list = addresses.List();
-    std::vector<Keyed> keyed;
-    keyed.reserve(sorted.size());
-    for (const std::uint32_t row : sorted)
-        keyed.push_back({KeyOf(list.Row(row).number), row, std::uint32_t(keyed.size())});
-    std::sort(keyed.begin(), keyed.end(), [&](const Keyed& one, const Keyed& other) {
-        if (one.key != other.key) return one.key < other.key;
-        const int numbers = list.Row(one.row).number.compare(list.Row(other.row).number);
-        return numbers != 0 ? numbers < 0 : one.place < other.place;
-    });
+// Two neighbours become one run.
+void AddressRows::Merge() {
+    if (nextRun + 2 >= runs.size()) nextRun = 0;
+    const auto at = [&](std::size_t run) { return keyed.begin() + std::ptrdiff_t(runs[run]); };
+    std::inplace_merge(at(nextRun), at(nextRun + 1), at(nextRun + 2),
+                       [this](const Keyed& one, const Keyed& other) { return Before(one, other); });
+    runs.erase(runs.begin() + std::ptrdiff_t(nextRun) + 1);
+    ++nextRun;
+}
+
+void AddressRows::EndSorting() {
+    sorted.resize(keyed.size());
     std::ranges::transform(keyed, sorted.begin(), &Keyed::row);
+    if (descending) std::ranges::reverse(sorted);
+    isSorted = true;
+    keyed = {};
+    runs.clear();
+}
+
+std::uint64_t AddressRows::KeyOf(std::uint32_t index) const {
+    if (order == Order::Name) return 0;
+    const AddressRow row = addresses.List().Row(index);
+    if (order == Order::Number) return KeyOfNumber(row.number);
+    return order == Order::Folder ? folderPlaces[row.folder] : std::uint64_t(row.kind);
+}
+
+bool AddressRows::Before(const Keyed& one, const Keyed& other) const {
+    if (one.key != other.key) return one.key < other.key;
+    if (order == Order::Number) {
+        const AddressList& list = addresses.List();
+        const int numbers = list.Row(one.row).number.compare(list.Row(other.row).number);
+        if (numbers != 0) return numbers < 0;
+    }
+    return one.place < other.place;
+}
+
+std::optional<std::size_t> AddressRows::Find(std::size_t first, TextView start) const {
+    for (std::size_t count = 0; count < shown.size(); ++count) {
+        const std::size_t place = (first + count) % shown.size();
+        if (StartsWithFolded(addresses.List().Row(shown[place]).name, start)) return place;
+    }
+    return {};
 }
 
 }  // namespace tellwick

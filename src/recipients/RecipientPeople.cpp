@@ -49,15 +49,20 @@ void RecipientPeople::ChooseRow(std::size_t row, const std::vector<Text>& number
         for (const Text& number : numbers) Choose(number, PersonOf(chosenRow));
         return;
     }
-    const std::vector<Text>& members = addresses.MembersOf(chosenRow.item);
+    ChooseMembers(chosenRow.item, numbers, list.RowsOf(numbers));
+}
+
+void RecipientPeople::ChooseMembers(std::uint32_t item, const std::vector<Text>& numbers,
+                                    std::span<const std::vector<std::uint32_t>> rowsOf) {
+    const AddressList& list = addresses.List();
+    const std::vector<Text>& members = addresses.MembersOf(item);
     const auto isMember = [&](TextView name) {
         return !name.empty() && std::ranges::any_of(members, [&](const Text& member) {
             return EqualFolded(member, name);
         });
     };
-    const std::vector<std::vector<std::uint32_t>> found = list.RowsOf(numbers);
     for (std::size_t at = 0; at < numbers.size(); ++at) {
-        for (const std::uint32_t one : found[at]) {
+        for (const std::uint32_t one : rowsOf[at]) {
             const AddressRow member = list.Row(one);
             if (!isMember(member.name) && !isMember(member.fileAs)) continue;
             Choose(numbers[at], PersonOf(member));
@@ -76,7 +81,7 @@ std::vector<Person> RecipientPeople::Of(const std::vector<Text>& numbers) {
     if (numbers.empty()) return {};
     if (numbers == lastNumbers) return lastPeople;
     const AddressList& list = addresses.List();
-    const std::vector<std::vector<std::uint32_t>> found = list.RowsOf(numbers);
+    const RowsOfNumbers found = list.RowsOf(numbers);
     std::vector<Person> people;
     people.reserve(numbers.size());
     bool missing = false;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <span>
 #include <vector>
 
 #include "recipients/Person.h"
@@ -25,6 +26,9 @@ public:
     // The same of a row of the address list: one number of a person, or those of a distribution
     // list, each of which belongs to the member who has it.
     void ChooseRow(std::size_t row, const std::vector<Text>& numbers);
+    // The members of a distribution list, an item; for each number the rows of all who have it.
+    void ChooseMembers(std::uint32_t item, const std::vector<Text>& numbers,
+                       std::span<const std::vector<std::uint32_t>> rowsOf);
     // The form goes, and what was chosen with it.
     void Forget();
 

@@ -30,11 +30,15 @@ std::size_t WindowListView::RowCount() const {
     return std::size_t(Send(LVM_GETITEMCOUNT));
 }
 
-std::vector<std::size_t> WindowListView::ChosenRows() const {
+// The control looks at each row for the next that is chosen: never behind the last of them.
+std::vector<std::size_t> WindowListView::ChosenRows(std::size_t most) const {
     std::vector<std::size_t> rows;
-    if (!Window()) return rows;
-    for (LRESULT row = -1; (row = Send(LVM_GETNEXTITEM, WPARAM(row), LVNI_SELECTED)) >= 0;)
+    LRESULT row = -1;
+    for (std::size_t left = std::min(most, ChosenCount()); left > 0; --left) {
+        row = Send(LVM_GETNEXTITEM, WPARAM(row), LVNI_SELECTED);
+        if (row < 0) break;
         rows.push_back(std::size_t(row));
+    }
     return rows;
 }
 
@@ -123,14 +127,10 @@ LRESULT WindowListView::Answer(const NMHDR& notification) {
 
 // The user types the beginning of a name while the list has the focus.
 LRESULT WindowListView::FindRow(const NMLVFINDITEMW& wanted) const {
-    if (!(wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !source) return -1;
-    const Text start = FromWide(wanted.lvfi.psz);
-    const std::size_t rows = RowCount();
-    for (std::size_t count = 0; count < rows; ++count) {
-        const std::size_t row = (std::size_t(std::max(wanted.iStart, 0)) + count) % rows;
-        if (StartsWithFolded(source(row, 0).text, start)) return LRESULT(row);
-    }
-    return -1;
+    if (!(wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !finder) return -1;
+    const auto row = finder(std::size_t(std::max(wanted.iStart, 0)), FromWide(wanted.lvfi.psz));
+    // What is found may not be listed yet.
+    return row && *row < RowCount() ? LRESULT(*row) : -1;
 }
 
 // Cells with marks are drawn here, the others by the control.

@@ -11,11 +11,15 @@ class WindowListView : public ListView, public WindowControl {
 public:
     static constexpr DWORD Style = WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
 
-    void SetSource(CellSource newSource) override { source = std::move(newSource); }
+    void SetSource(CellSource newSource, RowFinder newFinder) override {
+        source = std::move(newSource);
+        finder = std::move(newFinder);
+    }
     void SetRowCount(std::size_t rows) override;
     void AddRows(std::size_t rows) override;
     std::size_t RowCount() const override;
-    std::vector<std::size_t> ChosenRows() const override;
+    std::size_t ChosenCount() const override { return std::size_t(Send(LVM_GETSELECTEDCOUNT)); }
+    std::vector<std::size_t> ChosenRows(std::size_t most) const override;
     void ChooseRow(std::size_t row) override;
     void SetColumnCaption(std::size_t column, TextView caption) override;
     void SetSorted(std::size_t column, bool descending) override;
@@ -35,6 +39,7 @@ private:
     LRESULT FindRow(const NMLVFINDITEMW& wanted) const;
 
     CellSource source;
+    RowFinder finder;
     int resolution = 96;
     GdiObject markFont;  // made of the other
     HFONT plainFont = nullptr;

@@ -118,14 +118,20 @@ public:
 
 class MemoryListView : public ListView, public MemoryControl {
 public:
-    void SetSource(CellSource newSource) override { source = std::move(newSource); }
+    void SetSource(CellSource newSource, RowFinder newFinder) override {
+        source = std::move(newSource);
+        finder = std::move(newFinder);
+    }
     void SetRowCount(std::size_t newRows) override {
         rows = newRows;
         chosen.clear();
     }
     void AddRows(std::size_t newRows) override { rows = newRows; }
     std::size_t RowCount() const override { return rows; }
-    std::vector<std::size_t> ChosenRows() const override { return chosen; }
+    std::size_t ChosenCount() const override { return chosen.size(); }
+    std::vector<std::size_t> ChosenRows(std::size_t most) const override {
+        return {chosen.begin(), chosen.begin() + std::ptrdiff_t(std::min(most, chosen.size()))};
+    }
     void ChooseRow(std::size_t row) override { chosen = {row}; }
     void SetColumnCaption(std::size_t, TextView) override {}
     void SetSorted(std::size_t, bool) override {}
@@ -143,6 +149,7 @@ public:
     }
 
     CellSource source;
+    RowFinder finder;
     std::size_t rows = 0;
     std::vector<std::size_t> chosen;
     std::array<std::int32_t, 4> widths{};

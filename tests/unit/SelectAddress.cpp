@@ -36,9 +36,10 @@ TEST_CASE("the selection's search: words from their start, digits anywhere, acce
         CHECK(search.Matches(row) == !c.marked.empty());
         if (c.marked.empty()) continue;
         MemoryListView cells;
-        cells.SetSource([&](std::size_t, std::size_t column) {
+        const auto cell = [&](std::size_t, std::size_t column) {
             return column == 0 ? search.MarkWords(row.name) : search.MarkNumber(row.number);
-        });
+        };
+        cells.SetSource(cell, {});
         CHECK(cells.Cell(0, 0) + u" " + cells.Cell(0, 1) == c.marked);
     }
 }
@@ -138,7 +139,15 @@ TEST_CASE("the selection window looks for rows in slices, and what is chosen sta
         CHECK(std::ranges::is_sorted(column(order)));
         CHECK(std::ranges::is_permutation(column(FormSmsSelectAddress::Number), all));
     }
+    // Within a folder, by name.
+    window.BoxFolder().ChooseItem(u"Personal Folders\\Contacts\\Kontakte 1");
+    form.BoxFolder_Click();
+    const std::vector<Text> inFolder = column(FormSmsSelectAddress::Number);
     form.ListAddresses_ColumnClick(FormSmsSelectAddress::Name);
+    CHECK(inFolder.size() > 500);
+    CHECK(column(FormSmsSelectAddress::Number) == inFolder);
+    window.BoxFolder().SetSelectedIndex(0);
+    form.BoxFolder_Click();
     people.platform.clock.step = 2;  // every look at the clock
     window.TextSearch().SetText(u"b");
     const std::size_t first = list.rows;
@@ -173,6 +182,18 @@ TEST_CASE("the selection window looks for rows in slices, and what is chosen sta
     window.TextSearch().SetText(u"zz");
     CHECK(list.rows == 0);
     form.ButtonAdd_Click();
-    CHECK(window.ListChosen().items.size() == 1);
+    CHECK(window.ListChosen().items.empty());
+    form.ButtonOK_Click();  // waits for what was asked for
+    CHECK(people.view.TextTo().GetText() == u"017999");
+    // Many rows at once, and only so many.
+    people.platform.clock.step = 0;
+    people.program.formSmsSend.ButtonTo_Click();
+    window.TextSearch().SetText({});
+    CHECK(list.finder(1, u"ZZ B") == list.rows - 1);
+    CHECK(list.finder(0, u"Berta") == std::nullopt);
+    for (std::size_t row = 0; row < list.rows; ++row) list.chosen.push_back(row);
+    form.ButtonAdd_Click();
+    CHECK(window.ListChosen().items.size() == 1001);
+    CHECK(window.StatusBar1().GetText().find(u" 1000 ") != Text::npos);
     addresses.Release();
 }
