@@ -196,16 +196,21 @@ std::vector<std::uint32_t> AddressList::Matches(TextView search) const {
     if (folded.empty() || entries.empty()) return matches;
     Marks begins(entries.size()), others(entries.size()), taken(numberIds);
     MatchAll(folded, begins, others);
-    const auto offer = [&](std::size_t entry) {
-        if (taken.Take(rows[entries[entry].row].numberId)) {
-            matches.push_back(std::uint32_t(entry));
-        }
-    };
+    const auto offer = [&](std::size_t entry) { matches.push_back(std::uint32_t(entry)); };
     for (const std::uint32_t entry : recent) {
         if (begins.Has(entry) || others.Has(entry)) offer(entry);
     }
     begins.ForEach(offer);
     others.ForEach(offer);
+    // Whose number each is lies scattered in memory.
+    constexpr std::size_t Ahead = 16;
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < matches.size(); ++at) {
+        if (at + Ahead < matches.size())
+            __builtin_prefetch(&rows[entries[matches[at + Ahead]].row].numberId);
+        if (taken.Take(rows[entries[matches[at]].row].numberId)) matches[kept++] = matches[at];
+    }
+    matches.resize(kept);
     return matches;
 }
 

@@ -176,6 +176,10 @@ void FormSmsSendWindow::OnCommand(HWND control, WORD notification, WORD identifi
 
 void FormSmsSendWindow::TextToCommand(WORD notification) {
     switch (notification) {
+        case CBN_SETFOCUS:
+            // What is typed next needs it, and should not wait for its making.
+            controls.listBoxNumbers.Need();
+            break;
         case CBN_EDITCHANGE:
             controls.textTo.Changed();
             break;

@@ -76,7 +76,8 @@ Text Commands::UntilFile(const Words& words) {
     return RealText(watch.Elapsed());
 }
 
-// Each key's time ends when all is done that it set off, its painting too.
+// Each key's time begins when it waits to be taken, as one of a keyboard does, and ends when all is
+// done that it set off, its painting too.
 Text Commands::TypeKeys(const Words& words) {
     constexpr DWORD BetweenKeys = 50;
     Require(!words[0].empty(), "nothing to type");
@@ -84,8 +85,8 @@ Text Commands::TypeKeys(const Words& words) {
     std::vector<double> times;
     for (const char16_t character : words[0]) {
         desk.RunMessages(BetweenKeys);
-        const Stopwatch watch;
         PressKeyOf(character);
+        const Stopwatch watch;
         desk.RunMessages(0);
         times.push_back(watch.Elapsed());
     }
