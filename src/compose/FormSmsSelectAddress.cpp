@@ -209,6 +209,7 @@ void FormSmsSelectAddress::FillRows(double milliseconds) {
         listed = now;
     }
     ShowStatus();
+    AddOnly();
 }
 
 void FormSmsSelectAddress::TimerRows_Timer() {
@@ -216,7 +217,6 @@ void FormSmsSelectAddress::TimerRows_Timer() {
     // Stopped while it works: a step that fails is not done again, and again.
     timer->Stop();
     FillRows(Slice);
-    AddOnly();
     if (looking) timer->Start(Interval, [this] { TimerRows_Timer(); });
 }
 
@@ -374,7 +374,11 @@ void FormSmsSelectAddress::ButtonRemove_Click() {
 
 void FormSmsSelectAddress::ButtonOK_Click() {
     Procedure procedure{debug, u"ButtonOK_Click"};
-    while (addsOnly) TimerRows_Timer();  // the user asked for it before
+    // Add was asked for before. Where looking fails, those chosen are not to wait for it again.
+    if (std::exchange(addsOnly, false)) {
+        while (looking && rows.Shown().size() < 2) FillRows(Slice);
+        if (rows.Shown().size() == 1) AddRows({0});
+    }
     Text field;
     for (const Recipient& recipient : chosen) {
         if (!field.empty()) field += u';';

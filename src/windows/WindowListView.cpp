@@ -30,7 +30,8 @@ std::size_t WindowListView::RowCount() const {
     return std::size_t(Send(LVM_GETITEMCOUNT));
 }
 
-// The control looks at each row for the next that is chosen: never behind the last of them.
+// For the next chosen row the control looks at all in between: it is asked for no more than there
+// are.
 std::vector<std::size_t> WindowListView::ChosenRows(std::size_t most) const {
     std::vector<std::size_t> rows;
     LRESULT row = -1;

@@ -409,3 +409,23 @@ TEST_CASE("the menu puts a field in at the caret, and opens the last run when th
     CHECK(form.platform.programs.opened == std::vector<Text>{u"C:\\Data\\Tellwick\\lastrun.txt"});
     form.Disconnect();
 }
+
+TEST_CASE("of several distribution lists marked at once each number is shown as its member's") {
+    ToMany host;
+    const auto choir = host.outlook.AddItem(outlook::DistributionListClass, {{u"DLName", u"Chor"}});
+    choir->people = {{u"Dr. Hans von der Heide", u"h@x"}, {u"Eva Ost", u"e@x"}};
+    host.outlook.now += 1;
+    host.program.addresses.Refresh();
+    host.Settle();
+    host.program.formSmsSend.Open({});
+    host.program.formSmsSend.ButtonTo_Click();
+    MemoryListView& rows = host.selectAddressView.ListAddresses();
+    for (std::size_t row = 0; row < rows.rows; ++row) {
+        if (rows.Cell(row, 1).find(u';') != Text::npos) rows.chosen.push_back(row);
+    }
+    REQUIRE(rows.chosen.size() == 2);
+    host.program.formSmsSelectAddress.ButtonAdd_Click();
+    CHECK(host.selectAddressView.ListChosen().items ==
+          std::vector<Text>{u"Dr. Hans von der Heide  (01722000002)", u"Eva Ost  (01733000003)",
+                            u"Anna Berger  (01711000001)"});
+}
